@@ -1,0 +1,52 @@
+#pragma once
+
+#include "automation/variant.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Conversions between automation values, as the automation runtime does them:
+/// - Empty becomes 0, False, "" or the date zero; Null raises InvalidUseOfNull (94); Missing, objects and
+/// byte
+///   arrays raise TypeMismatch (13).
+/// - Fractions round half to even; a number outside the target raises Overflow (6).
+/// - True is -1 as a number and "True" as text; any non-zero number is True; the texts True and False convert
+/// to
+///   Boolean in any case, other texts through their number.
+/// - Text becomes a number when, blanks around it removed, all of it is one: sign, digits, decimal point,
+///   exponent, "&H" and "&O" literals; anything else, the empty text included, raises TypeMismatch (13).
+/// The conversions follow the invariant English locale.
+namespace korvex::automation {
+
+bool ToBoolean(const Variant& value);
+std::uint8_t ToByte(const Variant& value);
+std::int16_t ToInteger(const Variant& value);
+std::int32_t ToLong(const Variant& value);
+std::int64_t ToLongLong(const Variant& value);
+float ToSingle(const Variant& value);
+double ToDouble(const Variant& value);
+Currency ToCurrency(const Variant& value);
+/// Text is read as ISO 8601 ("2026-11-21", "2026-11-21T08:30:00", a blank for the "T") or month/day/year
+/// with an optional time and AM or PM.
+Date ToDate(const Variant& value);
+/// Numbers in their shortest decimal form that reads back the same within 7 (Single) or 15 (Double) digits;
+/// dates as month/day/year with the time of day only when there is one.
+std::string ToString(const Variant& value);
+/// The object held; raises ObjectRequired (424) for anything that is no object, ObjectVariableNotSet (91) for
+/// Nothing.
+ObjectRef ToObject(const Variant& value);
+
+/// `value` as `type`. VarType::Variant leaves it as it is; Missing passes through for Variant only.
+Variant ChangeType(const Variant& value, VarType type);
+
+/// The numeric value of a text as the conversions above read it, or TypeMismatch (13).
+double ParseNumber(std::string_view text);
+
+/// ISO 8601 text of a date: "2026-11-21", with "T08:30:00" when there is a time of day, with milliseconds
+/// when there are any.
+std::string FormatIsoDate(Date date);
+/// Reads what FormatIsoDate writes; TypeMismatch (13) for anything else.
+Date ParseIsoDate(std::string_view text);
+
+}  // namespace korvex::automation

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace korvex::automation {
+
+class Object;
+/// A counted reference to an automation object; a null reference is the automation value Nothing.
+using ObjectRef = std::shared_ptr<Object>;
+/// Binary data (an automation array of bytes).
+using Bytes = std::vector<std::uint8_t>;
+
+/// Type numbers of automation variants (the VARTYPE values of the platform).
+enum class VarType : std::uint16_t {
+    Empty = 0,
+    Null = 1,
+    Integer = 2,  ///< 16-bit signed
+    Long = 3,     ///< 32-bit signed
+    Single = 4,
+    Double = 5,
+    Currency = 6,
+    Date = 7,
+    String = 8,
+    Object = 9,
+    Missing = 10,  ///< an omitted optional argument (the runtime's "parameter not found" error value)
+    Boolean = 11,
+    Variant = 12,  ///< only as the declared type of a parameter or result: any value
+    Byte = 17,
+    LongLong = 20,  ///< 64-bit signed
+    Void = 24,      ///< only as a declared result type: no result
+    Bytes = 8209,   ///< array of bytes
+};
+
+struct EmptyValue {
+    friend bool operator==(EmptyValue, EmptyValue) = default;
+};
+struct NullValue {
+    friend bool operator==(NullValue, NullValue) = default;
+};
+struct MissingValue {
+    friend bool operator==(MissingValue, MissingValue) = default;
+};
+
+/// Fixed-point money: `units` are ten-thousandths.
+struct Currency {
+    std::int64_t units = 0;
+    friend bool operator==(Currency, Currency) = default;
+};
+
+/// Days since 1899-12-30 00:00; the fraction is the time of day (for negative values too, it counts
+/// forward from midnight, as the automation runtime has it).
+struct Date {
+    double days = 0;
+    friend bool operator==(Date, Date) = default;
+};
+
+/// A value of any automation type. Text is UTF-8. Copying copies the value; objects are shared.
+/// `==` compares type and value exactly, without conversion.
+class Variant {
+  public:
+    using Storage =
+        std::variant<EmptyValue, NullValue, MissingValue, bool, std::uint8_t, std::int16_t, std::int32_t,
+                     std::int64_t, float, double, Currency, Date, std::string, Bytes, ObjectRef>;
+
+    Variant() = default;
+    Variant(NullValue value) : m_value(value) {}
+    Variant(MissingValue value) : m_value(value) {}
+    template <std::same_as<bool> T>
+    Variant(T value) : m_value(value) {}
+    Variant(std::uint8_t value) : m_value(value) {}
+    Variant(std::int16_t value) : m_value(value) {}
+    Variant(std::int32_t value) : m_value(value) {}
+    Variant(std::int64_t value) : m_value(value) {}
+    Variant(float value) : m_value(value) {}
+    Variant(double value) : m_value(value) {}
+    Variant(Currency value) : m_value(value) {}
+    Variant(Date value) : m_value(value) {}
+    Variant(std::string value) : m_value(std::move(value)) {}
+    Variant(std::string_view value) : m_value(std::string(value)) {}
+    Variant(const char* value) : m_value(std::string(value)) {}
+    Variant(Bytes value) : m_value(std::move(value)) {}
+    Variant(ObjectRef value) : m_value(std::move(value)) {}
+    template <std::derived_from<Object> T>
+    Variant(std::shared_ptr<T> value) : m_value(ObjectRef(std::move(value))) {}
+
+    static Variant Null() { return NullValue{}; }
+    /// Stands for an optional argument that the caller left out.
+    static Variant Missing() { return MissingValue{}; }
+
+    VarType Type() const noexcept;
+    bool IsEmpty() const noexcept { return Holds<EmptyValue>(); }
+    bool IsNull() const noexcept { return Holds<NullValue>(); }
+    bool IsMissing() const noexcept { return Holds<MissingValue>(); }
+    bool IsString() const noexcept { return Holds<std::string>(); }
+    bool IsObject() const noexcept { return Holds<ObjectRef>(); }
+    bool IsNothing() const noexcept { return IsObject() && std::get<ObjectRef>(m_value) == nullptr; }
+
+    template <class T>
+    bool Holds() const noexcept {
+        return std::holds_alternative<T>(m_value);
+    }
+    /// The stored value when it is exactly a T, else a null pointer.
+    template <class T>
+    const T* If() const noexcept {
+        return std::get_if<T>(&m_value);
+    }
+    template <class T>
+    T* If() noexcept {
+        return std::get_if<T>(&m_value);
+    }
+
+    const Storage& Value() const noexcept { return m_value; }
+
+    friend bool operator==(const Variant&, const Variant&) = default;
+
+  private:
+    Storage m_value;
+};
+
+}  // namespace korvex::automation

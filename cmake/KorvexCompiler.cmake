@@ -1,0 +1,12 @@
+# Settings that every target of this project is compiled with.
+set(KORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them (for example address,undefined)")
+
+function(korvex_compile_settings target)
+    target_compile_features(${target} PRIVATE cxx_std_20)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+    if(KORVEX_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${KORVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${KORVEX_SANITIZE})
+    endif()
+endfunction()

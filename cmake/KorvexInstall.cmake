@@ -1,0 +1,1 @@
+# Filled by the install rules: library, headers, package files, the command.

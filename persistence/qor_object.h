@@ -1,0 +1,68 @@
+#pragma once
+
+#include "automation/dispatch.h"
+#include "automation/variant.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex {
+
+/// Attribute identifiers of data objects and their definitions. The bands tell the type: 200000s 16-bit,
+/// 300000s 32-bit, 800000s text, 1100000s Boolean, 1300000s object; the negative ones are state that a data
+/// object itself carries.
+enum AttributeId : std::int32_t {
+    attName = 800001,             ///< member name of a value; column name of a primary-key entry
+    attForeignKeyField = 800004,  ///< column name of a foreign-key entry
+    attFieldName = 800007,        ///< column of a value; "" when it has none
+    attTableName = 800010,
+    attValueIndex = 300001,     ///< index of a value inside the data object
+    attIsIncluded = 1100002,    ///< the definition or value is stored in the database
+    attIsAutoNumber = 1100003,  ///< the column is filled by the database on insert
+    attValues = 1300001,        ///< value definitions; on a value definition: it is a child data object
+    attElementDef = 1300003,    ///< definition of the elements of a collection-kind object
+    attForeignKeys = 1300005,
+    attPrimaryKeys = 1300006,
+    attSelectedItem = -300005,
+    attCounterHolder = -300004,
+    attCounter = -300003,
+    attSelectState = -200001,
+};
+
+/// A data object, its definition, or an entry of the definition's collections: one interface serves all
+/// three. Hosts implement it; the members stand in the slot order of the automation interface. An
+/// implementation answers "", 0, False or nothing for an attribute that it does not carry. Collections and
+/// collection-kind data objects enumerate through NewEnum, every item being a QORObject. Errors that a member
+/// raises reach the caller of the persistence member unchanged.
+class QORObject : public automation::TableObject {
+  public:
+    using Ref = std::shared_ptr<QORObject>;
+
+    virtual Ref Parent() = 0;     ///< the data object that owns this one
+    virtual bool Modified() = 0;  ///< changed since it was loaded or saved
+    virtual void Modified(bool value) = 0;
+    virtual std::string StringAttribute(std::int32_t id) = 0;
+    virtual std::int32_t LongAttribute(std::int32_t id) = 0;
+    virtual void LongAttribute(std::int32_t id, std::int32_t value) = 0;
+    virtual bool BooleanAttribute(std::int32_t id) = 0;
+    virtual std::int16_t IntegerAttribute(std::int32_t id) = 0;
+    virtual void IntegerAttribute(std::int32_t id, std::int16_t value) = 0;
+    virtual automation::Variant Value(std::int32_t index) = 0;
+    virtual void Value(std::int32_t index, const automation::Variant& value) = 0;
+    virtual automation::Variant NamedValue(std::string_view name) = 0;
+    virtual Ref ObjectAttribute(std::int32_t id) = 0;  ///< nullptr for nothing
+    virtual void DataDef(const Ref& definition) = 0;   ///< nullptr releases it
+    virtual Ref DataDef() = 0;
+    /// On a collection-kind data object: appends a new element and gives it.
+    virtual Ref AddItem(const automation::Variant& first = automation::Variant::Missing(),
+                        const automation::Variant& second = automation::Variant::Missing()) = 0;
+    virtual bool HasAttribute(std::int32_t id) = 0;
+    virtual std::int32_t ValueIndex(std::string_view fieldName) = 0;
+
+    /// Serves the members above by name as well.
+    const automation::ClassInfo& Class() const noexcept override;
+};
+
+}  // namespace korvex

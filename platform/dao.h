@@ -1,0 +1,120 @@
+#pragma once
+
+#include "automation/variant.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+/// Port to the definition repository's engine, in the shape of DAO 3.x. Every failure is an automation::Error
+/// that carries DAO's number and a description which names the file, statement, table or column.
+namespace korvex::dao {
+
+/// DAO's own constants (RecordsetTypeEnum, WorkspaceTypeEnum, RecordsetOptionEnum, LockTypeEnum).
+inline constexpr std::int32_t dbOpenDynaset = 2;
+inline constexpr std::int32_t dbOpenSnapshot = 4;
+inline constexpr std::int32_t dbUseODBC = 1;
+inline constexpr std::int32_t dbExecDirect = 2048;
+inline constexpr std::int32_t dbOptimistic = 3;
+/// Stands for an argument of OpenRecordset that is left out.
+inline constexpr std::int32_t dbOmitted = -1;
+
+/// DAO's error numbers that the engines raise.
+enum ErrorNumber : std::int32_t {
+    NoCurrentRecord = 3021,
+    UpdateWithoutEdit = 3020,  ///< Update without AddNew or Edit
+    DuplicateKey = 3022,
+    FileNotFound = 3024,
+    DiskIsFull = 3026,
+    ReadOnlyDatabase = 3027,
+    FieldNotFoundInQuery = 3061,  ///< "Too few parameters": an unknown column name in a statement
+    CannotOpenFile = 3051,        ///< no permission, a directory, opened exclusively by another
+    SyntaxError = 3075,
+    TableNotFound = 3078,
+    QueryFailed = 3146,  ///< "ODBC--call failed"
+    OdbcConnectFailed = 3151,
+    RecordChanged = 3197,  ///< the record was changed or removed by another since it was read
+    RecordLocked = 3260,
+    ItemNotFound = 3265,        ///< no field of that name
+    UnrecognizedFormat = 3343,  ///< the file is no database of this engine
+    ObjectInvalid = 3420,       ///< the object was closed
+    ConstraintViolated = 3201,
+    ValueOutOfColumn = 3421,  ///< a value that does not convert to the column
+};
+
+/// One column of a recordset, of its current record.
+class Field {
+  public:
+    virtual ~Field() = default;
+    virtual std::string_view Name() const = 0;
+    /// NoCurrentRecord (3021) when there is none. SQL NULL is the automation value Null.
+    virtual automation::Variant Value() = 0;
+    /// Sets the value of the record being added or edited; UpdateWithoutEdit (3020) outside of both.
+    virtual void Value(const automation::Variant& value) = 0;
+};
+
+/// A snapshot or dynaset. Closes itself when it goes out of scope.
+class Recordset {
+  public:
+    virtual ~Recordset() = default;
+    /// True when there is no current record (behind the last one, or none at all). (`EOF` is a macro of the C
+    /// library.)
+    virtual bool Eof() = 0;
+    virtual void MoveNext() = 0;
+    /// Moves to the last record; records added through this recordset stand behind all others, in the order
+    /// added.
+    virtual void MoveLast() = 0;
+    /// The field of that name, in any case; ItemNotFound (3265) otherwise. Stays valid until the recordset
+    /// closes.
+    virtual Field& Fields(std::string_view name) = 0;
+    /// Starts a new record / an edit of the current one; Update stores it. Only the columns that were set are
+    /// sent.
+    virtual void AddNew() = 0;
+    virtual void Edit() = 0;
+    virtual void Update() = 0;
+    /// Ends the recordset; further calls raise ObjectInvalid (3420).
+    virtual void Close() = 0;
+};
+
+/// An open repository: DAO's Database (file) or Connection (ODBC), which offer the same members.
+class Database {
+  public:
+    virtual ~Database() = default;
+    /// `type` is dbOpenSnapshot or dbOpenDynaset; `options` and `lockEdit` may be dbOmitted. A table or
+    /// column that does not exist is reported here, not at the first read.
+    virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view sql, std::int32_t type,
+                                                     std::int32_t options = dbOmitted,
+                                                     std::int32_t lockEdit = dbOmitted) = 0;
+    /// Runs one action or definition statement.
+    virtual void Execute(std::string_view sql) = 0;
+    virtual void Close() = 0;
+
+    /// Transactions of the workspace the database was opened in. BeginTrans answers False, and does nothing,
+    /// where a failing statement would spoil the whole transaction or the engine has none; then neither of
+    /// the other two is called.
+    virtual bool BeginTrans() = 0;
+    virtual void CommitTrans() = 0;
+    virtual void Rollback() = 0;
+};
+
+class Workspace {
+  public:
+    virtual ~Workspace() = default;
+    virtual std::unique_ptr<Database> OpenConnection(std::string_view name, bool readOnly,
+                                                     std::string_view connect) = 0;
+};
+
+class DBEngine {
+  public:
+    virtual ~DBEngine() = default;
+    virtual std::shared_ptr<Workspace> CreateWorkspace(std::string_view name, std::string_view user,
+                                                       std::string_view password, std::int32_t type) = 0;
+    /// Opens an existing database file, shared and read-write: FileNotFound (3024), CannotOpenFile (3051),
+    /// UnrecognizedFormat (3343).
+    virtual std::unique_ptr<Database> OpenDatabase(std::string_view name) = 0;
+    /// Creates a new, empty database file; PathFileAccessError (75) when the name is taken or cannot be
+    /// written.
+    virtual std::unique_ptr<Database> CreateDatabase(std::string_view name) = 0;
+};
+
+}  // namespace korvex::dao

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "automation/variant.h"
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex::repository {
+
+/// The definition repository of one clsCreateDb: opening, the query helpers through which everything else
+/// reads and writes it, and closing.
+class Repository {
+  public:
+    explicit Repository(Platform platform);
+
+    /// Opens a database file, or through ODBC any string that holds "DSN=" in any case. Raises the engine's
+    /// error. An earlier repository that was not closed is let go.
+    void OpenRepository(std::string_view sConnection);
+
+    /// Opens a read-only recordset. A statement that fails shows the engine's description in a message box
+    /// and gives nullptr.
+    std::unique_ptr<dao::Recordset> OpenSnapshot(std::string_view sSQL);
+    /// As OpenSnapshot, for a recordset that adds and edits rows.
+    std::unique_ptr<dao::Recordset> OpenDynaset(std::string_view sSQL);
+
+    /// The field's value with Null turned into Empty. Every column value that is read passes through here.
+    static automation::Variant FieldValue(dao::Field& field);
+
+    /// Whether the object takes part in the scripts. A query that failed raises ObjectVariableNotSet (91).
+    bool IsObjectIncluded(std::int32_t lObjectID);
+
+    /// Runs an action statement; engine errors reach the caller.
+    void Execute(std::string_view sSQL);
+
+    /// The open repository; ObjectVariableNotSet (91) when there is none.
+    dao::Database& Open();
+    bool IsOpen() const noexcept { return m_dbRepository != nullptr; }
+    bool IsOdbc() const noexcept { return m_bOdbc; }
+
+    /// Closes the repository; ObjectVariableNotSet (91) when none is open. The ODBC workspace stays.
+    void Close();
+
+    platform::Desktop& Desktop() noexcept { return *m_platform.desktop; }
+
+  private:
+    Platform m_platform;
+    bool m_bOdbc = false;
+    std::shared_ptr<dao::Workspace> m_wsOdbc;
+    std::unique_ptr<dao::Database> m_dbRepository;
+};
+
+}  // namespace korvex::repository

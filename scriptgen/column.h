@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace korvex::scriptgen {
+
+/// One column of the table being scripted: the values behind a clsField, under the same names.
+struct Column {
+    std::string FieldName;
+    std::int32_t DataType = 0;  ///< automation variant type number of the value
+    bool IsPrimaryKey = false;
+    bool IsAutoNumber = false;  ///< filled by the database on insert
+    bool IsForeignKey = false;
+    std::int32_t FKObjectID = 0;  ///< object of the referenced table; -1 when the column is no foreign key
+    std::string MaxLength;        ///< declared length of a character column, as numeric text
+    std::int32_t ValueID = 0;     ///< repository value stored in the column; 0 for added columns
+    std::int32_t FKValueID = 0;   ///< referenced key value; -1 when the column is no foreign key
+    std::string TypeSize;         ///< type text of the dialect
+    std::int16_t nPrimaryKeySeq = 0;  ///< position within the primary key
+    std::string DefaultVal;
+    bool IsLongFld = false;  ///< became a long text or long binary type
+};
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "repository/repository.h"
+#include "scriptgen/run_state.h"
+
+#include <string_view>
+
+namespace korvex::scriptgen {
+
+/// Walks every data definition of that storage name (all of them when it is empty) and appends the scripts of
+/// its tables to the state's buffers, in the dialect of `run.m_nScriptType`. An object that is its own
+/// ancestor raises OutOfStackSpace (28).
+void GenerateForStorage(RunState& run, repository::Repository& repository, std::string_view storageName);
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "scriptgen/column.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace korvex::scriptgen {
+
+/// Target dialect of a run; None before the first one.
+enum class ScriptType : std::int32_t { None = 0, SqlServer = 1, Oracle = 2, Sybase = 3 };
+
+/// What one run of the generator works on and leaves behind.
+struct RunState {
+    // The five script buffers, in the order in which their files are written.
+    std::string m_sDbSQL;
+    std::string m_sDropSQL;
+    std::string m_sStoredProcSQL;
+    std::string m_sFkConstraintSQL;
+    std::string m_sDropFkConstraintSQL;
+
+    ScriptType m_nScriptType = ScriptType::None;
+    std::int16_t m_nMaxCharLen = 0;  ///< longest variable-length character column of the dialect
+    bool m_bLongWarning = false;     ///< a table has more than one long column (Oracle)
+
+    // Full paths of the five script files, in the order of the buffers.
+    std::string m_sCreateFile;
+    std::string m_sDropFile;
+    std::string m_sProcFile;
+    std::string m_sFkCreateFile;
+    std::string m_sFkDropFile;
+
+    // The table in hand.
+    std::int32_t m_lCurrentObjectID = -1;
+    std::string m_sCurrentTable;
+    std::vector<Column> m_colFields;
+};
+
+/// Clears the state for a new run. The create-foreign-key buffer is left as it is: it grows from run to run.
+void ResetRun(RunState& run);
+
+/// Sets the five file paths for the state's script type: `folder`, one separator, the dialect's file names.
+/// An empty folder gives paths at the root. Without a script type the paths stay as they are.
+void BuildScriptFileNames(RunState& run, std::string folder, char separator);
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "automation/dispatch.h"
+#include "persistence/qor_object.h"
+#include "platform/platform.h"
+#include "surface/db_results.h"
+
+#include <memory>
+#include <string>
+
+namespace korvex {
+
+/// Reads and writes QORObject data to and from a relational database. One object is used from one thread.
+///
+/// The members stand in the slot order of the automation interface and are virtual: calls between members go
+/// through them, so a derived class sees them, and each resets LastResult. LastResult therefore holds the
+/// code set last in the whole call tree.
+class clsCRUD : public automation::TableObject {
+  public:
+    clsCRUD();
+    explicit clsCRUD(Platform platform);
+    ~clsCRUD() override;
+
+    virtual dbResults LastResult();
+    /// Prefix of foreign-key column names, stored as given.
+    virtual std::string FKPrefix();
+    virtual void FKPrefix(const std::string& value);
+    /// The connection in use. Setting one does not connect the object: operations want a successful ConnectDB
+    /// before.
+    virtual std::shared_ptr<ado::Connection> DbConn();
+    virtual void DbConn(const std::shared_ptr<ado::Connection>& connection);
+    /// Drops an earlier connection and opens `sConnection`. A failure shows the engine's description and
+    /// gives dbConnectError.
+    virtual bool ConnectDB(const automation::Variant& sConnection,
+                           const automation::Variant& sFKPrefix = automation::Variant::Missing());
+    virtual automation::Variant DisconnectDB();
+    virtual bool DbDataExists(const QORObject::Ref& coData,
+                              const automation::Variant& lKey = automation::Variant::Missing());
+    virtual bool DbGetField(const automation::Variant& lKey, const std::string& sKeyFieldName,
+                            const std::string& sTableName, const std::string& sFieldName,
+                            automation::Variant& vntFieldValue);
+    virtual bool DbSaveField(const automation::Variant& lKey, const std::string& sKeyFieldName,
+                             const std::string& sTableName, const std::string& sFieldName,
+                             const automation::Variant& vntFieldValue);
+    /// Loads a record and everything beneath it; the object's own key, 0 when nothing was loaded.
+    virtual std::int32_t DbGetData(const QORObject::Ref& coData, const automation::Variant& lKey,
+                                   const std::string& sKeyFieldName = {});
+    /// Inserts a record and everything beneath it; the new key of the topmost record, 0 when nothing was
+    /// written.
+    virtual std::int32_t DbSaveData(const QORObject::Ref& coData);
+    /// Writes only what differs from the stored records; the key, 0 on failure.
+    virtual std::int32_t DbUpdateData(const QORObject::Ref& coData,
+                                      const automation::Variant& lKey = automation::Variant::Missing(),
+                                      const std::string& sKeyFieldName = {});
+    /// Keeps the root's record and key, replaces everything beneath it; the key, 0 on failure.
+    virtual std::int32_t DbUpdateDataRetainRoot(const QORObject::Ref& coData,
+                                                const automation::Variant& lKey);
+    /// Deletes the record and everything beneath it; the key once it was looked up, 0 when the call stopped
+    /// earlier.
+    virtual std::int32_t DbDeleteData(const QORObject::Ref& coData, const automation::Variant& lKey,
+                                      const std::string& sSelKey = {});
+    virtual std::string GetTableName(const QORObject::Ref& coDataDef);
+    virtual std::string GetPrimaryKeyFieldName(const QORObject::Ref& coDataDef);
+    virtual std::string GetForeignKeyFieldName(const QORObject::Ref& coDataDef);
+    /// A keyset recordset with optimistic locks; nullptr when it did not open, an unopened one when not
+    /// connected.
+    virtual std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+
+    const automation::ClassInfo& Class() const noexcept override;
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+}  // namespace korvex

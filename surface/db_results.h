@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+namespace korvex {
+
+/// Outcome of the last public method of a clsCRUD. The error codes are the 16-bit pattern 0x8001 upward read
+/// as signed numbers; one is skipped, and dbObjectNotModified is a positive 10.
+enum dbResults : std::int32_t {
+    dbNoError = 0,
+    dbConnectError = -32767,
+    dbNotConnected = -32766,
+    dbPrimaryKeyFieldNameMissing = -32765,
+    dbPrimaryKeyMissing = -32764,
+    dbTableNameMissing = -32763,
+    dbBadParameter = -32762,
+    dbNoMatchingRecord = -32761,
+    dbCannotOpenRecordset = -32760,
+    dbParentNotInDatabase = -32759,
+    dbObjectNotModified = 10,
+    dbTableNotIncluded = -32757,
+};
+
+}  // namespace korvex
