@@ -1,1 +1,24 @@
-# Filled by the install rules: library, headers, package files, the command.
+# Installs the library with its headers and a package that find_package(Korvex) finds: Korvex::korvex.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS korvex EXPORT KorvexTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+# The public header, and the headers of the rooms that it or a host's own parts need.
+install(DIRECTORY include/korvex DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+foreach(room automation platform repository scriptgen persistence surface hosts/objects)
+    install(DIRECTORY ${room}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/korvex/${room}
+        FILES_MATCHING PATTERN "*.h"
+        PATTERN "windows" EXCLUDE
+        PATTERN "com" EXCLUDE)
+endforeach()
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Korvex)
+install(EXPORT KorvexTargets NAMESPACE Korvex:: DESTINATION ${package_folder})
+configure_package_config_file(cmake/KorvexConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/KorvexConfig.cmake
+    INSTALL_DESTINATION ${package_folder})
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/KorvexConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KorvexConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/KorvexConfigVersion.cmake
+    DESTINATION ${package_folder})

@@ -1,0 +1,30 @@
+#!/bin/sh
+# Installs the Debian packages that a job needs: packages.sh build | test [more sets ...]
+# Sets: build (compile and run korvex), test (GoogleTest, sanitizers, the ODBC driver of SQLite).
+# Packages that are there already are left alone; without them it needs root or sudo.
+set -eu
+
+packages=""
+for set in "$@"; do
+    case "$set" in
+        build) packages="$packages g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev nlohmann-json3-dev" ;;
+        test) packages="$packages git clang libclang-rt-14-dev clang-format libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3" ;;
+        *) echo "packages.sh: no such set: $set" >&2; exit 2 ;;
+    esac
+done
+
+missing=""
+for package in $packages; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+as_root=""
+[ "$(id -u)" = 0 ] || as_root="sudo"
+echo "installing:$missing" >&2
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { $as_root apt-get update && DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends $missing; } >"$log" 2>&1; then
+    cat "$log" >&2
+    exit 1
+fi

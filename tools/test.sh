@@ -1,0 +1,29 @@
+#!/bin/sh
+# From a fresh Debian 12 machine to passing tests: formatting, the optimised build with GCC, the sanitizer build with
+# clang, an installed copy used by a separate project. Ends with the test runner's summary.
+set -eu
+cd "$(dirname "$0")/.."
+
+sh tools/packages.sh build test
+step() { printf '\n== %s\n' "$*"; }
+
+step "formatting"
+git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+
+step "optimised build (GCC)"
+cmake --preset release >/dev/null
+cmake --build --preset release
+
+step "an installed copy, used by a project of its own"
+sh tests/consumer/run.sh build/release build/consumer
+
+step "sanitizer build (clang)"
+cmake --preset asan-ubsan >/dev/null
+cmake --build --preset asan-ubsan
+
+step "tests, optimised"
+ctest --preset release --output-log build/release-tests.log -Q || { cat build/release-tests.log; exit 1; }
+tail -n 4 build/release-tests.log
+
+step "tests, with address and undefined-behaviour sanitizers"
+ctest --preset asan-ubsan
