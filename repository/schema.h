@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/dao.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The seven tables of a definition repository.
+namespace korvex::repository {
+
+struct SchemaColumn {
+    std::string_view name;
+    std::string_view type;  ///< declared type in a new repository file
+};
+
+struct SchemaTable {
+    std::string_view name;
+    std::span<const SchemaColumn> columns;
+    std::string_view key;  ///< primary-key clause, or empty
+};
+
+/// All tables with all their columns, in the order in which they are created.
+std::span<const SchemaTable> SchemaTables() noexcept;
+
+/// The statements that make an empty repository on the embedded engine: the tables, then one index for each
+/// look-up that no primary key serves.
+std::vector<std::string> SchemaStatements();
+
+/// Makes the tables and indexes in an empty database. Engine errors reach the caller.
+void CreateSchema(dao::Database& database);
+
+/// A table, or a column of a table, that a database lacks.
+struct SchemaGap {
+    std::string table;
+    std::string column;  ///< empty when the whole table is missing
+};
+
+/// What `database` lacks to be a repository; empty for a complete one. Reads no rows. Engine errors other
+/// than a missing table or column reach the caller.
+std::vector<SchemaGap> CheckSchema(dao::Database& database);
+
+/// "table tValues is missing" or "column tValues.VID is missing"; several joined with "; ".
+std::string DescribeGaps(std::span<const SchemaGap> gaps);
+
+}  // namespace korvex::repository
