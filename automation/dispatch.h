@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/error.h"
 #include "automation/variant.h"
 
 #include <cstdint>
@@ -28,11 +29,11 @@ class Object : public std::enable_shared_from_this<Object> {
     Object& operator=(const Object&) = delete;
     virtual ~Object() = default;
 
-    /// Calls a member by name, in any case. For PropertyLet and PropertySet the new value is the last
-    /// argument. `arguments` are the caller's variables: a by-reference parameter may change its variable.
-    /// Trailing optional arguments may be left out or passed as Missing. Raises MemberNotFound (438),
-    /// PropertyIsReadOnly (383), WrongArgumentCount (450), ArgumentNotOptional (449), the conversion errors,
-    /// and whatever the member raises.
+    /// Calls a member by name, in any case; the empty name is the default member. For PropertyLet and
+    /// PropertySet the new value is the last argument. `arguments` are the caller's variables: a by-reference
+    /// parameter may change its variable. Optional arguments may be left out or passed as Missing. Raises
+    /// MemberNotFound (438), PropertyIsReadOnly (383), WrongArgumentCount (450) for too many arguments,
+    /// ArgumentNotOptional (449) for too few, the conversion errors, and whatever the member raises.
     virtual Variant Invoke(std::string_view name, InvokeKind kind, std::span<Variant> arguments) = 0;
 
     /// Starts a For Each; raises MemberNotFound (438) for an object that is no collection.
@@ -55,22 +56,23 @@ struct Parameter {
 struct Member {
     std::string_view name;
     InvokeKind kind = InvokeKind::Method;
-    std::span<const Parameter> parameters;  ///< for a let: the indexes, then the new value
+    std::span<const Parameter> parameters = {};  ///< for a let: the indexes, then the new value
     VarType result = VarType::Void;
     /// Receives one value per parameter, converted to the declared type. Missing optionals arrive as Missing
-    /// (Variant parameters) or as the empty text (String parameters). Changes to by-reference parameters go
-    /// back.
+    /// (Variant parameters), as Nothing (Object) or as the Empty value of their type ("", 0, False). Changes
+    /// to by-reference parameters go back.
     Variant (*call)(Object& self, std::span<Variant> arguments) = nullptr;
     std::string_view description = {};  ///< published help text
-    std::string_view resultTypeName =
-        {};  ///< named type of the result ("dbResults", "ADODB.Connection"), if any
+    /// Named type of the result ("dbResults", "ADODB.Connection"), if any.
+    std::string_view resultTypeName = {};
 };
 
 /// The member table of a public class: the one source for late binding on every build.
 struct ClassInfo {
     std::string_view name;         ///< "clsCreateDb"
     std::string_view description;  ///< published help text
-    std::span<const Member> members;
+    std::span<const Member> members = {};
+    std::string_view defaultMember = {};  ///< what an object alone stands for, if anything ("Item")
 };
 
 /// An object whose late-bound calls are served from its class's member table.
@@ -80,16 +82,29 @@ class TableObject : public Object {
     Variant Invoke(std::string_view name, InvokeKind kind, std::span<Variant> arguments) override;
 };
 
-/// The row that serves (`name`, `kind`), or nullptr. A get is also found for Method, as late-bound callers
-/// that cannot tell the two apart send both.
+/// The row that serves (`name`, `kind`), or nullptr. `kind` may hold several flags, as late-bound callers
+/// send them that cannot tell a get from a call; a get is also found for Method alone. Let and Set serve each
+/// other when only one of them is there.
 const Member* FindMember(const ClassInfo& info, std::string_view name, InvokeKind kind) noexcept;
 
-/// Calls one row: counts, fills and converts the arguments, calls, writes the by-reference ones back (also
-/// when the member has raised nothing but changed them; not when it raised).
+/// Calls one row: counts, fills and converts the arguments, calls, and puts by-reference arguments that the
+/// member changed back into the caller's variables (not when it raised). A variable of another type that the
+/// member only read keeps its type.
 Variant CallMember(Object& self, const ClassInfo& info, const Member& member, std::span<Variant> arguments);
 
-/// Shorthand for hosts: by-value calls on any object. `Call(o, "Add", 1, "x")`, `Get(o, "Count")`, `Let(o,
-/// "FKPrefix", "F_")`.
+/// The object in `value` as a T for the rows of a member table: a null reference for Nothing, TypeMismatch
+/// (13) for anything that is no T.
+template <class T>
+std::shared_ptr<T> ObjectAs(const Variant& value) {
+    const auto* object = value.If<ObjectRef>();
+    if (object != nullptr && *object == nullptr) return nullptr;
+    auto typed = object != nullptr ? std::dynamic_pointer_cast<T>(*object) : nullptr;
+    if (typed == nullptr) throw Error(TypeMismatch);
+    return typed;
+}
+
+/// Shorthand for hosts: by-value calls on any object.
+/// `Call(o, "Add", 1, "x")`, `Get(o, "Count")`, `Let(o, "FKPrefix", "F_")`.
 template <class... Args>
 Variant Call(Object& object, std::string_view name, Args&&... args) {
     Variant values[] = {Variant(std::forward<Args>(args))..., Variant()};

@@ -1,0 +1,226 @@
+#include "automation/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace korvex::automation {
+
+namespace {
+
+constexpr char32_t replacementCharacter = 0xFFFD;
+
+/// One character of a UTF-8 text.
+struct Decoded {
+    char32_t character;
+    std::size_t bytes;
+
+    std::size_t Units() const noexcept { return character > 0xFFFF ? 2 : 1; }
+};
+
+constexpr std::uint8_t ByteAt(std::string_view text, std::size_t position) noexcept {
+    return static_cast<std::uint8_t>(text[position]);
+}
+
+/// The lead byte of a sequence tells its length and, against overlong forms, surrogates and values beyond
+/// U+10FFFF, the range of the second byte.
+struct Lead {
+    std::size_t length;
+    std::uint8_t secondMin;
+    std::uint8_t secondMax;
+};
+
+constexpr Lead LeadOf(std::uint8_t byte) noexcept {
+    if (byte < 0x80) return {1, 0, 0};
+    if (byte < 0xC2) return {0, 0, 0};
+    if (byte < 0xE0) return {2, 0x80, 0xBF};
+    if (byte == 0xE0) return {3, 0xA0, 0xBF};
+    if (byte == 0xED) return {3, 0x80, 0x9F};
+    if (byte < 0xF0) return {3, 0x80, 0xBF};
+    if (byte == 0xF0) return {4, 0x90, 0xBF};
+    if (byte < 0xF4) return {4, 0x80, 0xBF};
+    if (byte == 0xF4) return {4, 0x80, 0x8F};
+    return {0, 0, 0};
+}
+
+/// The character at `position`. An ill-formed sequence reads as one U+FFFD per longest start of a well-formed
+/// one, so that counting and converting always agree.
+Decoded Decode(std::string_view text, std::size_t position) noexcept {
+    const std::uint8_t first = ByteAt(text, position);
+    const Lead lead = LeadOf(first);
+    if (lead.length == 1) return {first, 1};
+    if (lead.length == 0) return {replacementCharacter, 1};
+
+    char32_t character = first & (0x7FU >> lead.length);
+    for (std::size_t i = 1; i < lead.length; ++i) {
+        if (position + i >= text.size()) return {replacementCharacter, i};
+        const std::uint8_t next = ByteAt(text, position + i);
+        const std::uint8_t lowest = i == 1 ? lead.secondMin : std::uint8_t{0x80};
+        const std::uint8_t highest = i == 1 ? lead.secondMax : std::uint8_t{0xBF};
+        if (next < lowest || next > highest) return {replacementCharacter, i};
+        character = (character << 6) | (next & 0x3FU);
+    }
+    return {character, lead.length};
+}
+
+/// Number of ASCII bytes from `position` on; most texts are nothing else.
+std::size_t AsciiRun(std::string_view text, std::size_t position) noexcept {
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    std::size_t end = position;
+    while (end + sizeof(std::uint64_t) <= text.size()) {
+        std::uint64_t block = 0;
+        std::memcpy(&block, text.data() + end, sizeof block);
+        if ((block & highBits) != 0) break;
+        end += sizeof block;
+    }
+    while (end < text.size() && ByteAt(text, end) < 0x80)
+        ++end;
+    return end - position;
+}
+
+void AppendUtf8(std::string& text, char32_t character) {
+    const auto append = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+    const auto appendTail = [&](int shift) { append(0x80 | ((character >> shift) & 0x3F)); };
+    if (character < 0x80) {
+        append(character);
+    } else if (character < 0x800) {
+        append(0xC0 | (character >> 6));
+        appendTail(0);
+    } else if (character < 0x10000) {
+        append(0xE0 | (character >> 12));
+        appendTail(6);
+        appendTail(0);
+    } else {
+        append(0xF0 | (character >> 18));
+        appendTail(12);
+        appendTail(6);
+        appendTail(0);
+    }
+}
+
+constexpr char16_t highSurrogates = 0xD800;
+constexpr char16_t lowSurrogates = 0xDC00;
+
+constexpr bool IsSurrogate(char16_t unit, char16_t half) noexcept { return (unit & 0xFC00) == half; }
+
+constexpr char UpperAscii(char c) noexcept {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+constexpr bool SameIgnoringCase(char a, char b) noexcept { return UpperAscii(a) == UpperAscii(b); }
+
+/// The position at which the first `units` UTF-16 units end, before a character that does not fit whole.
+/// `units` gets what is left of the count: 1 where a character was not to be split, or more than the text
+/// holds.
+std::size_t Advance(std::string_view text, std::size_t& units) noexcept {
+    std::size_t position = 0;
+    while (position < text.size() && units > 0) {
+        const std::size_t ascii = std::min(AsciiRun(text, position), units);
+        if (ascii > 0) {
+            position += ascii;
+            units -= ascii;
+            continue;
+        }
+        const Decoded next = Decode(text, position);
+        if (next.Units() > units) break;
+        position += next.bytes;
+        units -= next.Units();
+    }
+    return position;
+}
+
+}  // namespace
+
+std::u16string ToUtf16(std::string_view utf8) {
+    std::u16string result;
+    result.reserve(utf8.size());
+    std::size_t position = 0;
+    while (position < utf8.size()) {
+        if (const std::size_t ascii = AsciiRun(utf8, position); ascii > 0) {
+            const std::string_view run = utf8.substr(position, ascii);
+            result.append(run.begin(), run.end());
+            position += ascii;
+            continue;
+        }
+        const Decoded next = Decode(utf8, position);
+        if (next.Units() == 2) {
+            const char32_t offset = next.character - 0x10000;
+            result.push_back(static_cast<char16_t>(highSurrogates + (offset >> 10)));
+            result.push_back(static_cast<char16_t>(lowSurrogates + (offset & 0x3FF)));
+        } else {
+            result.push_back(static_cast<char16_t>(next.character));
+        }
+        position += next.bytes;
+    }
+    return result;
+}
+
+std::string ToUtf8(std::u16string_view utf16) {
+    std::string result;
+    result.reserve(utf16.size());
+    for (std::size_t i = 0; i < utf16.size(); ++i) {
+        const char16_t unit = utf16[i];
+        if (IsSurrogate(unit, highSurrogates) && i + 1 < utf16.size() &&
+            IsSurrogate(utf16[i + 1], lowSurrogates)) {
+            const char32_t high = unit & 0x3FFU;
+            const char32_t low = utf16[++i] & 0x3FFU;
+            AppendUtf8(result, 0x10000 + (high << 10) + low);
+        } else if (IsSurrogate(unit, highSurrogates) || IsSurrogate(unit, lowSurrogates)) {
+            AppendUtf8(result, replacementCharacter);
+        } else {
+            AppendUtf8(result, unit);
+        }
+    }
+    return result;
+}
+
+std::size_t Length(std::string_view text) noexcept {
+    std::size_t units = 0;
+    std::size_t position = 0;
+    while (position < text.size()) {
+        const std::size_t ascii = AsciiRun(text, position);
+        units += ascii;
+        position += ascii;
+        if (position == text.size()) break;
+        const Decoded next = Decode(text, position);
+        units += next.Units();
+        position += next.bytes;
+    }
+    return units;
+}
+
+std::string_view Left(std::string_view text, std::size_t units) noexcept {
+    return text.substr(0, Advance(text, units));
+}
+
+std::string_view Right(std::string_view text, std::size_t units) noexcept {
+    const std::size_t length = Length(text);
+    if (length <= units) return text;
+    std::size_t skip = length - units;
+    std::size_t start = Advance(text, skip);
+    if (skip > 0) start += Decode(text, start).bytes;
+    return text.substr(start);
+}
+
+std::string_view Trim(std::string_view text) noexcept {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), SameIgnoringCase);
+}
+
+bool ContainsIgnoreCase(std::string_view text, std::string_view part) noexcept {
+    return part.empty() ||
+           std::search(text.begin(), text.end(), part.begin(), part.end(), SameIgnoringCase) != text.end();
+}
+
+std::string ToUpperAscii(std::string_view text) {
+    std::string result(text);
+    std::ranges::transform(result, result.begin(), UpperAscii);
+    return result;
+}
+
+}  // namespace korvex::automation
