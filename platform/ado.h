@@ -9,7 +9,8 @@
 
 /// Port to the target database, in the shape of ADO 1.5. Failures are automation::Errors with ADO's numbers
 /// (its HRESULTs) and a description that names the table, column or statement. Connection, Recordset, Fields
-/// and Field are automation objects: hosts also reach them late bound, by ADO's own member names.
+/// and Field are automation objects: hosts also reach them late bound, by ADO's own member names. Default
+/// members: Fields of a recordset, Item of its fields, Value of a field.
 namespace korvex::ado {
 
 /// ADO's own constants (CursorTypeEnum, LockTypeEnum, ObjectStateEnum, DataTypeEnum, FieldAttributeEnum).
@@ -114,8 +115,9 @@ class Connection : public automation::TableObject {
                       std::string_view password = {}, std::int32_t options = adUnspecified) = 0;
     virtual void Close() = 0;
     /// Runs a statement; the answer is a recordset for one that gives rows, else a closed one.
-    virtual std::shared_ptr<Recordset> Execute(std::string_view text,
-                                               std::int32_t options = adUnspecified) = 0;
+    /// `recordsAffected`, where given, receives the number of records that an action changed.
+    virtual std::shared_ptr<Recordset> Execute(std::string_view text, std::int32_t options = adUnspecified,
+                                               std::int32_t* recordsAffected = nullptr) = 0;
     virtual std::int32_t State() const = 0;
     virtual std::int32_t BeginTrans() = 0;  ///< answers the nesting level
     virtual void CommitTrans() = 0;
