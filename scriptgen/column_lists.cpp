@@ -1,0 +1,43 @@
+#include "scriptgen/column_lists.h"
+
+#include "scriptgen/script_text.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace korvex::scriptgen {
+
+bool HasPrimaryKey(std::span<const Column> columns) noexcept {
+    return std::ranges::any_of(columns, &Column::IsPrimaryKey);
+}
+
+std::string PrimaryKeyColumnList(std::span<const Column> columns) {
+    std::vector<std::reference_wrapper<const Column>> keys;
+    for (const Column& column : columns) {
+        const bool hasPlace =
+            column.nPrimaryKeySeq >= 0 && std::cmp_less_equal(column.nPrimaryKeySeq, columns.size());
+        if (column.IsPrimaryKey && hasPlace) keys.emplace_back(column);
+    }
+    std::ranges::stable_sort(keys, {}, [](const Column& column) { return column.nPrimaryKeySeq; });
+
+    JoinedText names(", ");
+    for (const Column& key : keys)
+        names.Add(key.FieldName);
+    return names.Text();
+}
+
+std::vector<std::int32_t> GetForeignKeyTargets(std::span<const Column> columns) {
+    std::vector<std::int32_t> targets;
+    std::string listed;
+    for (const Column& column : columns) {
+        if (!column.IsForeignKey) continue;
+        const std::string digits = std::to_string(column.FKObjectID);
+        if (listed.find(digits) != std::string::npos) continue;
+        Append(listed, ",", digits);
+        targets.push_back(column.FKObjectID);
+    }
+    return targets;
+}
+
+}  // namespace korvex::scriptgen

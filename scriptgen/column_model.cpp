@@ -1,0 +1,188 @@
+#include "scriptgen/column_model.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "automation/variant.h"
+#include "repository/lookups.h"
+#include "scriptgen/column_text.h"
+#include "scriptgen/read_value.h"
+#include "scriptgen/script_text.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvex::scriptgen {
+
+using automation::ToBoolean;
+using automation::ToInteger;
+using automation::ToLong;
+using automation::ToString;
+using repository::Repository;
+
+namespace {
+
+struct PrimaryKeyValue {
+    std::int32_t ValueID = 0;
+    std::int16_t Seq = 0;
+};
+
+struct ForeignKeyField {
+    std::string FieldName;
+    std::int32_t FKObjectID = 0;
+    std::int32_t FKValueID = 0;
+};
+
+/// Opens the statement followed by the identifier; nullptr when it failed.
+std::unique_ptr<dao::Recordset> OpenFor(Repository& repository, std::string_view sql, std::int32_t id) {
+    std::string text;
+    Append(text, sql, std::to_string(id));
+    return repository.OpenSnapshot(text);
+}
+
+std::string Description(const RunState& run) { return "table " + run.m_sCurrentTable; }
+
+std::string Trimmed(const std::string& text) { return std::string(automation::Trim(text)); }
+
+void AddColumn(RunState& run, const Dialect& dialect, Column column) {
+    column.FKObjectID = -1;
+    column.FKValueID = -1;
+    column.TypeSize = dialect.ColumnTypeText(run, column);
+    run.m_colFields.push_back(std::move(column));
+}
+
+/// Adds the stored values of one interface. False when the repository could not be asked.
+bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& dialect,
+                        std::int32_t lInterfaceID) {
+    const auto rows = OpenFor(repository,
+                              "SELECT ValueID, MaxLength, DataType, FieldName, "
+                              "IsAutoNumber, DefaultVal FROM tValues where ChildObjectID = 0 and FieldName "
+                              "is not null and IsIncluded <> 0 "
+                              " and DataType <> 13 "
+                              " and InterfaceID = ",
+                              lInterfaceID);
+    if (rows == nullptr) return false;
+    const std::string what = Description(run);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        Column column;
+        column.ValueID = ReadValue(rows->Fields("ValueID"), ToLong, what);
+        column.FieldName = Trimmed(ReadValue(rows->Fields("FieldName"), ToString, what));
+        column.DataType = ReadValue(rows->Fields("DataType"), ToLong, what);
+        column.IsAutoNumber = ReadValue(rows->Fields("IsAutoNumber"), ToBoolean, what);
+        column.DefaultVal = Trimmed(ReadValue(rows->Fields("DefaultVal"), ToString, what));
+        column.MaxLength = Trimmed(ReadValue(rows->Fields("MaxLength"), ToString, what));
+        if (column.MaxLength.empty()) column.MaxLength = "0";
+        AddColumn(run, dialect, std::move(column));
+    }
+    rows->Close();
+    return true;
+}
+
+std::vector<PrimaryKeyValue> GetPrimaryKeyValues(const RunState& run, Repository& repository,
+                                                 std::int32_t lObjectID) {
+    std::vector<PrimaryKeyValue> values;
+    const auto rows = OpenFor(repository,
+                              "SELECT ValueID, Seq from tPrimaryKeys "
+                              "where ObjectID = ",
+                              lObjectID);
+    if (rows == nullptr) return values;
+    const std::string what = "the primary key of " + Description(run);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        values.push_back({.ValueID = ReadValue(rows->Fields("ValueID"), ToLong, what),
+                          .Seq = ReadValue(rows->Fields("Seq"), ToInteger, what)});
+    }
+    rows->Close();
+    return values;
+}
+
+std::vector<ForeignKeyField> GetForeignKeyFields(const RunState& run, Repository& repository,
+                                                 std::int32_t lObjectID) {
+    std::vector<ForeignKeyField> fields;
+    const auto rows = OpenFor(repository,
+                              "SELECT tValues.FieldName, tForeignKeys.FKObjectID, tForeignKeys.FKValueID "
+                              "FROM tObjects INNER JOIN "
+                              "(tForeignKeys INNER JOIN tValues ON "
+                              "tForeignKeys.ValueID = tValues.ValueID) "
+                              "ON tObjects.ObjectID = tForeignKeys.ObjectID "
+                              "where tObjects.ObjectID =",
+                              lObjectID);
+    if (rows == nullptr) return fields;
+    const std::string what = "a foreign key of " + Description(run);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        fields.push_back({.FieldName = ReadValue(rows->Fields("FieldName"), ToString, what),
+                          .FKObjectID = ReadValue(rows->Fields("FKObjectID"), ToLong, what),
+                          .FKValueID = ReadValue(rows->Fields("FKValueID"), ToLong, what)});
+    }
+    rows->Close();
+    return fields;
+}
+
+void MarkPrimaryKey(RunState& run, Repository& repository, std::int32_t lObjectID) {
+    for (const PrimaryKeyValue& key : GetPrimaryKeyValues(run, repository, lObjectID)) {
+        for (Column& column : run.m_colFields) {
+            if (column.ValueID != key.ValueID) continue;
+            column.IsPrimaryKey = true;
+            column.nPrimaryKeySeq = key.Seq;
+        }
+    }
+}
+
+void MarkForeignKeys(RunState& run, Repository& repository, std::int32_t lObjectID) {
+    for (const ForeignKeyField& key : GetForeignKeyFields(run, repository, lObjectID)) {
+        for (Column& column : run.m_colFields) {
+            if (column.FieldName != key.FieldName) continue;
+            column.IsForeignKey = true;
+            column.FKObjectID = key.FKObjectID;
+            column.FKValueID = key.FKValueID;
+        }
+    }
+}
+
+/// Adds the two whole-number columns of an object's kind when the statement finds the object to be of it.
+void AddStateFields(RunState& run, const Dialect& dialect, std::unique_ptr<dao::Recordset> object,
+                    std::string_view first, std::string_view second) {
+    if (object == nullptr || object->Eof()) return;
+    object->Close();
+    for (const std::string_view name : {first, second}) {
+        Column column;
+        column.FieldName = name;
+        column.DataType = TypeCode(automation::VarType::Long);
+        column.MaxLength = "0";
+        AddColumn(run, dialect, std::move(column));
+    }
+}
+
+void AddTopLevelFields(RunState& run, Repository& repository, const Dialect& dialect,
+                       std::int32_t lObjectID) {
+    AddStateFields(run, dialect,
+                   OpenFor(repository,
+                           "SELECT Name from tObjects where CollectionObjectID = 0 "
+                           " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
+                           lObjectID),
+                   "QORSelectState", "QORCounter");
+}
+
+void AddCollectionItemFields(RunState& run, Repository& repository, const Dialect& dialect,
+                             std::int32_t lObjectID) {
+    AddStateFields(run, dialect,
+                   OpenFor(repository,
+                           "SELECT Name from tObjects where CollectionObjectID <> 0 "
+                           " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
+                           lObjectID),
+                   "QORSelectedItem", "QORCounterHolder");
+}
+
+}  // namespace
+
+void BuildTableFields(RunState& run, Repository& repository, const Dialect& dialect, std::int32_t lObjectID) {
+    for (const std::int32_t lInterfaceID : repository::GetObjectInterfaces(repository, lObjectID)) {
+        if (!AddInterfaceFields(run, repository, dialect, lInterfaceID)) return;
+    }
+    MarkPrimaryKey(run, repository, lObjectID);
+    MarkForeignKeys(run, repository, run.m_lCurrentObjectID);
+    AddTopLevelFields(run, repository, dialect, lObjectID);
+    AddCollectionItemFields(run, repository, dialect, lObjectID);
+}
+
+}  // namespace korvex::scriptgen

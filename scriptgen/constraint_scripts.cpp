@@ -1,0 +1,38 @@
+#include "scriptgen/constraint_scripts.h"
+
+#include "repository/names.h"
+#include "scriptgen/column_lists.h"
+#include "scriptgen/script_text.h"
+
+namespace korvex::scriptgen {
+
+void AddForeignKeyScripts(RunState& run, std::string_view table, std::string_view terminator,
+                          ReferencedNames& names) {
+    std::string fullName;
+    Append(fullName, "FK_", table, "_");
+    // The same name for every constraint of the table.
+    const std::string constraint = repository::LimitNameLength(fullName, 2) + "1";
+
+    // Never emptied: each constraint is written with all those before it.
+    std::string constraints;
+    for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields)) {
+        const std::string referencedTable = names.GetObjectTableName(target);
+        JoinedText foreignKey(", ");
+        JoinedText referenced(", ");
+        for (const Column& column : run.m_colFields) {
+            if (column.FKObjectID != target) continue;
+            foreignKey.Add(column.FieldName);
+            referenced.Add(names.GetFieldName(column.FKValueID));
+        }
+
+        Append(constraints, "ALTER TABLE ", table, "\r\n");
+        Append(constraints, "ADD CONSTRAINT ", constraint, " FOREIGN KEY (", foreignKey.Text(), ")\r\n");
+        Append(constraints, " REFERENCES ", referencedTable, "(", referenced.Text(), ")", terminator, "\r\n");
+        Append(run.m_sFkConstraintSQL, constraints, "\r\n");
+
+        Append(run.m_sDropFkConstraintSQL, "ALTER TABLE ", table, "\r\n");
+        Append(run.m_sDropFkConstraintSQL, "DROP CONSTRAINT ", constraint, terminator, "\r\n\r\n");
+    }
+}
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "scriptgen/dialect.h"
+
+namespace korvex::scriptgen {
+
+/// Oracle: a table's counter column is filled by a sequence and a trigger.
+class OracleDialect final : public Dialect {
+  public:
+    /// Nothing: types are written with the table, and procedures refer to its columns for them.
+    std::string ColumnTypeText(const RunState& run, Column& column) const override;
+    std::string_view ConstraintTerminator() const noexcept override { return "; \r\n"; }
+    void AddStoredProcedures(RunState& run) const override;
+    /// Sets the run's warning when the table gets more than one long column by their declared lengths.
+    void AddTable(RunState& run, std::string& createText) const override;
+};
+
+}  // namespace korvex::scriptgen

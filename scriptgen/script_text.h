@@ -1,0 +1,38 @@
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+namespace korvex::scriptgen {
+
+/// Appends the pieces to `text`, one behind the other.
+template <std::convertible_to<std::string_view>... Pieces>
+void Append(std::string& text, const Pieces&... pieces) {
+    (text.append(std::string_view(pieces)), ...);
+}
+
+/// A list within a statement: items with a separator between them.
+class JoinedText {
+  public:
+    /// `separator` must outlive the list; it is a literal of the emitter.
+    explicit JoinedText(std::string_view separator) : m_separator(separator) {}
+
+    /// Adds one item, given in pieces.
+    template <std::convertible_to<std::string_view>... Pieces>
+    void Add(const Pieces&... pieces) {
+        if (!m_empty) Append(m_text, m_separator);
+        Append(m_text, pieces...);
+        m_empty = false;
+    }
+
+    bool Empty() const noexcept { return m_empty; }
+    const std::string& Text() const noexcept { return m_text; }
+
+  private:
+    std::string_view m_separator;
+    std::string m_text;
+    bool m_empty = true;
+};
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,91 @@
+#include "scriptgen/sql_server_tables.h"
+
+#include "scriptgen/column_text.h"
+#include "scriptgen/script_text.h"
+#include "scriptgen/sql_server_procedures.h"
+#include "scriptgen/table_parts.h"
+
+namespace korvex::scriptgen {
+
+using automation::VarType;
+
+namespace {
+
+constexpr std::string_view Varchar = "varchar";
+
+std::string_view TypeName(std::int32_t dataType) {
+    switch (dataType) {
+        case TypeCode(VarType::Integer):
+            return "smallint";
+        case TypeCode(VarType::Long):
+            return "int";
+        case TypeCode(VarType::Single):
+            return "real";
+        case TypeCode(VarType::Double):
+        case TypeCode(VarType::Currency):
+            return "float";
+        case TypeCode(VarType::Date):
+            return "datetime";
+        case TypeCode(VarType::Object):
+        case TypeCode(VarType::Variant):
+            return "image";
+        case TypeCode(VarType::Boolean):
+            return "bit";
+        default:
+            return Varchar;
+    }
+}
+
+}  // namespace
+
+std::string ServerFamilyDialect::ColumnTypeText(const RunState& run, Column& column) const {
+    const std::string_view typeName = TypeName(column.DataType);
+    if (typeName != Varchar) return std::string(typeName);
+
+    const double length = DeclaredLength(run, column);
+    if (length > run.m_nMaxCharLen) {
+        column.IsLongFld = true;
+        return "text";
+    }
+    return SizedTypeText(typeName, column, length);
+}
+
+void ServerFamilyDialect::AddStoredProcedures(RunState& run) const {
+    scriptgen::AddStoredProcedures(run, run.m_sCurrentTable);
+}
+
+void ServerFamilyDialect::AddTable(RunState& run, std::string& createText) const {
+    const std::string_view owner = TableOwner();
+    const std::string& table = run.m_sCurrentTable;
+
+    std::string& drop = run.m_sDropSQL;
+    Append(drop, "if exists(select * from sysobjects where id = object_id('", owner, table,
+           "') and sysstat & 0xf = 3)\r\n");
+    Append(drop, "\tDROP TABLE ", owner, table, "\r\n");
+    Append(drop, "GO\r\n");
+    Append(drop, "\r\n");
+
+    Append(createText, "CREATE TABLE ", owner, table, "\r\n");
+    Append(createText, "( \r\n");
+    std::string_view before = "\t";
+    for (const Column& column : run.m_colFields) {
+        Append(createText, before, column.FieldName, " ");
+        AppendColumnType(createText, column);
+        AppendNullOrDefault(createText, column);
+        before = ",\r\n\t";
+    }
+    AppendPrimaryKey(createText, run, "PRIMARY KEY CLUSTERED");
+    Append(createText, ")\r\n");
+    Append(createText, "GO\r\n");
+    AppendForeignKeyIndexes(createText, run, owner, "\r\nGO\r\n");
+}
+
+void SqlServerDialect::AppendColumnType(std::string& text, const Column& column) const {
+    Append(text, column.TypeSize, column.IsAutoNumber ? " IDENTITY (1, 1)" : "");
+}
+
+void SybaseDialect::AppendColumnType(std::string& text, const Column& column) const {
+    Append(text, column.IsAutoNumber ? std::string_view("numeric(18, 0)  identity") : column.TypeSize);
+}
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,38 @@
+#include "scriptgen/table_parts.h"
+
+#include "automation/convert.h"
+#include "scriptgen/column_lists.h"
+#include "scriptgen/script_text.h"
+
+namespace korvex::scriptgen {
+
+void AppendPrimaryKey(std::string& text, const RunState& run, std::string_view keyKind) {
+    if (HasPrimaryKey(run.m_colFields)) {
+        Append(text, ",\r\n");
+        Append(text, "\tCONSTRAINT PK_", run.m_sCurrentTable, " ", keyKind, "\r\n");
+        Append(text, "\t(\r\n");
+        Append(text, "\t\t", PrimaryKeyColumnList(run.m_colFields), "\r\n");
+        Append(text, "\t)\r\n");
+    } else {
+        Append(text, "\r\n");
+    }
+}
+
+void AppendForeignKeyIndexes(std::string& text, const RunState& run, std::string_view owner,
+                             std::string_view terminator) {
+    const std::string& table = run.m_sCurrentTable;
+    std::int16_t number = 0;
+    for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields)) {
+        JoinedText names(", ");
+        for (const Column& column : run.m_colFields) {
+            if (column.FKObjectID == target) names.Add(column.FieldName);
+        }
+        if (names.Empty()) continue;
+        number = automation::ToInteger(number + 1);
+        Append(text, "\r\n");
+        Append(text, "CREATE INDEX ", table, std::to_string(number), " ON ", owner, table, "(", names.Text(),
+               ")", terminator);
+    }
+}
+
+}  // namespace korvex::scriptgen
