@@ -1,0 +1,54 @@
+#pragma once
+
+#include "repository/repository.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace korvex::repository {
+
+/// Key values are numbered apart from the values that users model: above LowestKeyVid and below
+/// HighestKeyVid, the first one LowestKeyVid + 1.
+inline constexpr std::int32_t LowestKeyVid = 10000;
+inline constexpr std::int32_t HighestKeyVid = 20000;
+
+/// Whether a value of that number was written as a key.
+constexpr bool IsKeyVid(std::int32_t vid) noexcept { return vid > LowestKeyVid && vid < HighestKeyVid; }
+
+/// A key value as its row in tValues tells it: a 32-bit integer that is stored in a column of its own name.
+struct KeyValue {
+    std::int32_t interfaceID = 0;
+    std::string name;
+    std::string caption;
+    std::string description;
+    bool isAutoNumber = false;
+};
+
+/// The rows of key values in tValues.
+class KeyValues {
+  public:
+    explicit KeyValues(Repository& repository) : m_repository(repository) {}
+
+    /// The value of that name in the key's interface: at EOF when there is none, nullptr when the query
+    /// failed.
+    std::unique_ptr<dao::Recordset> Open(const KeyValue& key);
+
+    /// Adds the key's row through `values`; gives its ValueID.
+    std::int32_t Add(dao::Recordset& values, const KeyValue& key);
+    /// Makes the current row of `values` the key's; gives its ValueID.
+    std::int32_t Edit(dao::Recordset& values, const KeyValue& key);
+    /// Makes the key's a value that was written for it under another name. False, with nothing changed, when
+    /// the value is gone or was not written as such a key.
+    bool Rename(std::int32_t valueID, const KeyValue& key);
+
+  private:
+    std::int32_t NextVid(std::int32_t interfaceID);
+
+    Repository& m_repository;
+    std::unordered_map<std::int32_t, std::int32_t> m_lastVids;  ///< by interface
+};
+
+}  // namespace korvex::repository
