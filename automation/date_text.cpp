@@ -249,8 +249,9 @@ class LooseDateReader {
     }
 
     bool SetTime(int hour, std::optional<bool> isAfternoon, std::int64_t msAfterHour) {
-        if (m_time || hour < 0 || hour > (isAfternoon ? 12 : 23)) return false;
-        if (isAfternoon) hour = hour % 12 + (*isAfternoon ? 12 : 0);
+        const bool isMorning = isAfternoon && !*isAfternoon;
+        if (m_time || hour < 0 || hour > (isMorning ? 12 : 23)) return false;
+        if (isAfternoon) hour = hour % 12 + (isMorning ? 0 : 12);
         m_time = hour * msPerHour + msAfterHour;
         return true;
     }
@@ -262,6 +263,9 @@ class LooseDateReader {
         if (m_month && m_numberCount == 2) {
             return first.IsYear() ? Join(first.AsYear(), *m_month, second.value, ms)
                                   : Join(second.AsYear(), *m_month, first.value, ms);
+        }
+        if (!m_month && m_numberCount == 2 && second.IsYear()) {
+            return Join(second.AsYear(), first.value, 1, ms);
         }
         if (m_month || m_numberCount != 3) return std::nullopt;
         if (first.IsYear()) return Join(first.AsYear(), second.value, third.value, ms);
@@ -285,7 +289,7 @@ std::string FormatDate(Date date) {
     if (moment.isDayZero) return FormatTime(moment.ms);
     std::string text = std::to_string(static_cast<unsigned>(moment.day.month()));
     text.append("/").append(std::to_string(static_cast<unsigned>(moment.day.day()))).append("/");
-    AppendPadded(text, static_cast<int>(moment.day.year()), 4);
+    text.append(std::to_string(static_cast<int>(moment.day.year())));
     if (moment.ms != 0) text.append(" ").append(FormatTime(moment.ms));
     return text;
 }

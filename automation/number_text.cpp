@@ -34,17 +34,18 @@ class NumberReader {
 
     /// False when the text is no number.
     bool Read(NumberText& result) {
-        while (TakeIf(IsBlank)) {
-        }
+        TakeBlanks();
         while (!m_rest.empty() && IsBlank(m_rest.back()))
             m_rest.remove_suffix(1);
         if (TakeChar('&')) return ReadBitPattern(result) && m_rest.empty();
 
         while (TakeSign(result.negative) || TakeOnce('$', m_hasCurrency) || TakeOpening(result.negative)) {
+            TakeBlanks();
         }
         if (!ReadDigits(result) || !ReadExponent(result)) return false;
-        while (TakeSign(result.negative) || TakeOnce('$', m_hasCurrency) || TakeClosing()) {
-        }
+        TakeBlanks();
+        while (TakeSign(result.negative) || TakeOnce('$', m_hasCurrency) || TakeClosing())
+            TakeBlanks();
         return m_rest.empty() && !m_isOpen;
     }
 
@@ -58,18 +59,22 @@ class NumberReader {
     bool TakeChar(char wanted) {
         return TakeIf([wanted](char c) { return c == wanted; });
     }
+    void TakeBlanks() {
+        while (TakeIf(IsBlank)) {
+        }
+    }
     bool TakeOnce(char wanted, bool& taken) {
         if (taken || !TakeChar(wanted)) return false;
         return taken = true;
     }
     bool TakeSign(bool& negative) {
         if (m_hasSign) return false;
-        if (TakeChar('-')) return negative = m_hasSign = true;
+        if (TakeChar('-')) return m_hasSign = negative = true;
         return m_hasSign = TakeChar('+');
     }
     bool TakeOpening(bool& negative) {
-        if (m_hasSign || !TakeChar('(')) return false;
-        return m_isOpen = negative = m_hasSign = true;
+        if (m_hasParentheses || !TakeChar('(')) return false;
+        return m_isOpen = m_hasParentheses = negative = true;
     }
     bool TakeClosing() {
         if (!m_isOpen || !TakeChar(')')) return false;
@@ -127,6 +132,7 @@ class NumberReader {
     std::string_view m_rest;
     bool m_hasSign = false;
     bool m_hasCurrency = false;
+    bool m_hasParentheses = false;
     bool m_isOpen = false;
 };
 
