@@ -1,0 +1,203 @@
+#include "surface/cls_create_db.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "repository/relationship_builder.h"
+#include "repository/repository.h"
+#include "scriptgen/generator.h"
+#include "scriptgen/run_state.h"
+#include "scriptgen/script_types.h"
+#include "surface/language_service.h"
+
+#include <exception>
+#include <string_view>
+#include <utility>
+
+namespace korvex {
+
+using automation::Variant;
+using scriptgen::ScriptType;
+using scriptgen::ScriptTypeInfo;
+
+namespace {
+
+constexpr std::string_view DefaultFKPrefix = "FK_";
+
+constexpr std::string_view LongWarningTitle = "Script Creation Warning";
+constexpr std::string_view LongWarning =
+    "The scripts were created with the following warning!\r\n"
+    "Some of the tables contain more than one \r\n"
+    "LONG or LONG RAW fields.  You will not be able\r\n"
+    "to create tables using the scripts.";
+
+/// A script of a run: where its file stands, and its text.
+struct Script {
+    std::string scriptgen::RunState::*path;
+    const std::string& (clsCreateDb::*text)();
+};
+
+constexpr Script Scripts[] = {
+    {&scriptgen::RunState::m_sCreateFile, &clsCreateDb::DbSQL},
+    {&scriptgen::RunState::m_sDropFile, &clsCreateDb::DropSQL},
+    {&scriptgen::RunState::m_sProcFile, &clsCreateDb::StoredProcSQL},
+    {&scriptgen::RunState::m_sFkCreateFile, &clsCreateDb::FkConstraintSQL},
+    {&scriptgen::RunState::m_sFkDropFile, &clsCreateDb::DropFkConstraintSQL},
+};
+
+template <class Action>
+void IgnoreErrors(Action action) noexcept {
+    try {
+        action();
+    } catch (const std::exception&) {
+    }
+}
+
+/// What a host calls a dialect: its number, or its name at a language service.
+std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const ScriptTypeInfo& type) {
+    if (!oLanguageSvr) return std::string(type.number);
+    return surface::GetLocalString(oLanguageSvr, type.stringNumber, type.displayName);
+}
+
+}  // namespace
+
+struct clsCreateDb::Impl {
+    explicit Impl(Platform parts) : platform(std::move(parts)), repository(platform) {}
+
+    void DoRun(clsCreateDb& self, ScriptType type, const std::string& FileName,
+               const std::string& storageName, const Variant& sFKPrefix);
+    void SetupRun(clsCreateDb& self, const ScriptTypeInfo& type, const std::string& storageName,
+                  const Variant& sFKPrefix);
+
+    Platform platform;
+    repository::Repository repository;
+    scriptgen::RunState run;
+    std::string m_sFKPrefix;
+    std::string m_sScriptFilePath;
+};
+
+/// One whole run. An error leaves it where it stands: the repository open, no further file written.
+void clsCreateDb::Impl::DoRun(clsCreateDb& self, ScriptType type, const std::string& FileName,
+                              const std::string& storageName, const Variant& sFKPrefix) {
+    repository.OpenRepository(FileName);
+    SetupRun(self, *scriptgen::FindScriptType(type), storageName, sFKPrefix);
+    self.ShutDown();
+}
+
+void clsCreateDb::Impl::SetupRun(clsCreateDb& self, const ScriptTypeInfo& type,
+                                 const std::string& storageName, const Variant& sFKPrefix) {
+    const bool isOracle = type.type == ScriptType::Oracle;
+    scriptgen::ResetRun(run);
+    run.m_nMaxCharLen = type.maxCharLen;
+    if (isOracle) run.m_bLongWarning = false;
+    self.CreateRelationship(storageName, sFKPrefix);
+    run.m_nScriptType = type.type;
+    scriptgen::BuildScriptFileNames(run, self.ScriptFilePath(), platform.files->Separator());
+    scriptgen::GenerateForStorage(run, repository, storageName);
+    if (isOracle && run.m_bLongWarning) {
+        platform.desktop->ShowMessage(LongWarning, platform::StyleExclamation, LongWarningTitle);
+    }
+}
+
+clsCreateDb::clsCreateDb() : clsCreateDb(DefaultPlatform()) {}
+
+clsCreateDb::clsCreateDb(Platform platform) : m_impl(std::make_unique<Impl>(std::move(platform))) {
+    clsCreateDb::ScriptFilePath(m_impl->platform.files->LibraryFolder());
+}
+
+clsCreateDb::~clsCreateDb() = default;
+
+std::shared_ptr<automation::Collection> clsCreateDb::ScriptTypes(const Variant& oLanguageSvr) {
+    const automation::ObjectRef service = surface::LanguageService(oLanguageSvr);
+    auto names = std::make_shared<automation::Collection>();
+    for (const ScriptTypeInfo& type : scriptgen::AllScriptTypes()) {
+        names->Add(ScriptTypeName(service, type));
+    }
+    return names;
+}
+
+void clsCreateDb::DoScript(const std::string& sID, const std::string& sFilename,
+                           const std::string& storageName, const Variant& sFKPrefix,
+                           const Variant& oLanguageSvr) {
+    const automation::ObjectRef service = surface::LanguageService(oLanguageSvr);
+    for (const ScriptTypeInfo& type : scriptgen::AllScriptTypes()) {
+        if (sID != ScriptTypeName(service, type)) continue;
+        switch (type.type) {
+            case ScriptType::None:
+                return;
+            case ScriptType::SqlServer:
+                return DoMSsqlDb(sFilename, storageName, sFKPrefix);
+            case ScriptType::Oracle:
+                return DoOracleDb(sFilename, storageName, sFKPrefix);
+            case ScriptType::Sybase:
+                return DoSybaseDb(sFilename, storageName, sFKPrefix);
+        }
+    }
+}
+
+std::string clsCreateDb::FKPrefix() { return m_impl->m_sFKPrefix; }
+void clsCreateDb::FKPrefix(const std::string& value) { m_impl->m_sFKPrefix = value; }
+
+std::string clsCreateDb::ScriptFilePath() { return m_impl->m_sScriptFilePath; }
+void clsCreateDb::ScriptFilePath(const std::string& value) { m_impl->m_sScriptFilePath = value; }
+
+void clsCreateDb::DoMSsqlDb(const std::string& FileName, const std::string& storageName,
+                            const Variant& sFKPrefix) {
+    m_impl->DoRun(*this, ScriptType::SqlServer, FileName, storageName, sFKPrefix);
+}
+
+void clsCreateDb::DoOracleDb(const std::string& FileName, const std::string& storageName,
+                             const Variant& sFKPrefix) {
+    m_impl->DoRun(*this, ScriptType::Oracle, FileName, storageName, sFKPrefix);
+}
+
+void clsCreateDb::DoSybaseDb(const std::string& FileName, const std::string& storageName,
+                             const Variant& sFKPrefix) {
+    m_impl->DoRun(*this, ScriptType::Sybase, FileName, storageName, sFKPrefix);
+}
+
+void clsCreateDb::CreateRelationship(const std::string& storageName, const Variant& sFKPrefix) {
+    m_impl->m_sFKPrefix =
+        sFKPrefix.IsMissing() ? std::string(DefaultFKPrefix) : automation::ToString(sFKPrefix);
+    repository::CreateRelationship(m_impl->repository, storageName, m_impl->m_sFKPrefix);
+}
+
+void clsCreateDb::ShutDown() {
+    m_impl->repository.Close();
+    m_impl->run.m_colFields.clear();
+    ShowLog();
+}
+
+const std::string& clsCreateDb::DbSQL() { return m_impl->run.m_sDbSQL; }
+const std::string& clsCreateDb::DropSQL() { return m_impl->run.m_sDropSQL; }
+const std::string& clsCreateDb::StoredProcSQL() { return m_impl->run.m_sStoredProcSQL; }
+const std::string& clsCreateDb::FkConstraintSQL() { return m_impl->run.m_sFkConstraintSQL; }
+const std::string& clsCreateDb::DropFkConstraintSQL() { return m_impl->run.m_sDropFkConstraintSQL; }
+
+void clsCreateDb::ShowLog() {
+    bool isFirst = true;
+    for (const Script& script : Scripts) {
+        const std::string& path = m_impl->run.*script.path;
+        const auto write = [&] {
+            m_impl->platform.files->WriteText(path, (this->*script.text)(), automation::CrLf);
+        };
+        if (isFirst) {
+            write();
+        } else {
+            IgnoreErrors(write);
+        }
+        isFirst = false;
+        IgnoreErrors([&] { m_impl->platform.desktop->OpenEditor(path); });
+    }
+}
+
+Variant clsCreateDb::ConnectDB(const std::string& /*sConnection*/) { return {}; }
+
+void clsCreateDb::OpenRepository(const std::string& sConnection) {
+    m_impl->repository.OpenRepository(sConnection);
+}
+
+void clsCreateDb::CloseRepository() noexcept {
+    if (m_impl->repository.IsOpen()) IgnoreErrors([&] { m_impl->repository.Close(); });
+}
+
+}  // namespace korvex
