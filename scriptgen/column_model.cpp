@@ -56,22 +56,26 @@ void AddColumn(RunState& run, const Dialect& dialect, Column column) {
 bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& dialect,
                         std::int32_t lInterfaceID) {
     const auto rows = OpenFor(repository,
-                              "SELECT ValueID, MaxLength, DataType, FieldName, "
-                              "IsAutoNumber, DefaultVal FROM tValues where ChildObjectID = 0 and FieldName "
-                              "is not null and IsIncluded <> 0 "
-                              " and DataType <> 13 "
-                              " and InterfaceID = ",
+                              "SELECT ValueID, MaxLength, DataType, FieldName, IsAutoNumber, DefaultVal "
+                              "FROM tValues where ChildObjectID = 0 and FieldName is not null "
+                              "and IsIncluded <> 0  and DataType <> 13  and InterfaceID = ",
                               lInterfaceID);
     if (rows == nullptr) return false;
+    dao::Field& valueID = rows->Fields("ValueID");
+    dao::Field& fieldName = rows->Fields("FieldName");
+    dao::Field& dataType = rows->Fields("DataType");
+    dao::Field& isAutoNumber = rows->Fields("IsAutoNumber");
+    dao::Field& defaultVal = rows->Fields("DefaultVal");
+    dao::Field& maxLength = rows->Fields("MaxLength");
     const std::string what = Description(run);
     for (; !rows->Eof(); rows->MoveNext()) {
         Column column;
-        column.ValueID = ReadValue(rows->Fields("ValueID"), ToLong, what);
-        column.FieldName = Trimmed(ReadValue(rows->Fields("FieldName"), ToString, what));
-        column.DataType = ReadValue(rows->Fields("DataType"), ToLong, what);
-        column.IsAutoNumber = ReadValue(rows->Fields("IsAutoNumber"), ToBoolean, what);
-        column.DefaultVal = Trimmed(ReadValue(rows->Fields("DefaultVal"), ToString, what));
-        column.MaxLength = Trimmed(ReadValue(rows->Fields("MaxLength"), ToString, what));
+        column.ValueID = ReadValue(valueID, ToLong, what);
+        column.FieldName = Trimmed(ReadValue(fieldName, ToString, what));
+        column.DataType = ReadValue(dataType, ToLong, what);
+        column.IsAutoNumber = ReadValue(isAutoNumber, ToBoolean, what);
+        column.DefaultVal = Trimmed(ReadValue(defaultVal, ToString, what));
+        column.MaxLength = Trimmed(ReadValue(maxLength, ToString, what));
         if (column.MaxLength.empty()) column.MaxLength = "0";
         AddColumn(run, dialect, std::move(column));
     }
@@ -82,10 +86,8 @@ bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& di
 std::vector<PrimaryKeyValue> GetPrimaryKeyValues(const RunState& run, Repository& repository,
                                                  std::int32_t lObjectID) {
     std::vector<PrimaryKeyValue> values;
-    const auto rows = OpenFor(repository,
-                              "SELECT ValueID, Seq from tPrimaryKeys "
-                              "where ObjectID = ",
-                              lObjectID);
+    const auto rows =
+        OpenFor(repository, "SELECT ValueID, Seq from tPrimaryKeys where ObjectID = ", lObjectID);
     if (rows == nullptr) return values;
     const std::string what = "the primary key of " + Description(run);
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -102,8 +104,7 @@ std::vector<ForeignKeyField> GetForeignKeyFields(const RunState& run, Repository
     const auto rows = OpenFor(repository,
                               "SELECT tValues.FieldName, tForeignKeys.FKObjectID, tForeignKeys.FKValueID "
                               "FROM tObjects INNER JOIN "
-                              "(tForeignKeys INNER JOIN tValues ON "
-                              "tForeignKeys.ValueID = tValues.ValueID) "
+                              "(tForeignKeys INNER JOIN tValues ON tForeignKeys.ValueID = tValues.ValueID) "
                               "ON tObjects.ObjectID = tForeignKeys.ObjectID "
                               "where tObjects.ObjectID =",
                               lObjectID);

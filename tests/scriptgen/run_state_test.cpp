@@ -1,0 +1,50 @@
+#include "scriptgen/run_state.h"
+
+#include <gtest/gtest.h>
+
+namespace korvex::scriptgen {
+namespace {
+
+std::vector<std::string> Files(ScriptType type, const std::string& folder, char separator) {
+    RunState run;
+    run.m_nScriptType = type;
+    BuildScriptFileNames(run, folder, separator);
+    return {run.m_sCreateFile, run.m_sDropFile, run.m_sProcFile, run.m_sFkCreateFile, run.m_sFkDropFile};
+}
+
+using Names = std::vector<std::string>;
+
+TEST(BuildScriptFileNames, JoinsFolderAndNamesWithOneSeparator) {
+    EXPECT_EQ(Files(ScriptType::SqlServer, "/out", '/'),
+              (Names{"/out/MSCreate.sql", "/out/MSDel.sql", "/out/MSSProc.sql", "/out/MSFKCr.sql",
+                     "/out/MSFKdel.sql"}));
+    EXPECT_EQ(Files(ScriptType::Oracle, "C:\\out\\", '\\'),
+              (Names{"C:\\out\\OraCreate.sql", "C:\\out\\OraDel.sql", "C:\\out\\OraSProc.sql",
+                     "C:\\out\\OraFKCr.sql", "C:\\out\\OraFKDel.sql"}));
+    EXPECT_EQ(Files(ScriptType::Sybase, "", '/'),
+              (Names{"/SyCreate.sql", "/SyDel.sql", "/SySProc.sql", "/SyFKCr.sql", "/SyFKdel.sql"}));
+}
+
+TEST(BuildScriptFileNames, KeepsThePathsWithoutAScriptType) {
+    RunState run;
+    run.m_sDropFile = "earlier";
+    BuildScriptFileNames(run, "/out", '/');
+    EXPECT_EQ(run.m_sDropFile, "earlier");
+    EXPECT_EQ(run.m_sCreateFile, "");
+}
+
+TEST(ResetRun, LeavesOnlyTheForeignKeyScript) {
+    RunState run;
+    run.m_sDbSQL = run.m_sDropSQL = run.m_sStoredProcSQL = run.m_sFkConstraintSQL =
+        run.m_sDropFkConstraintSQL = "text";
+    run.m_lCurrentObjectID = 5;
+    run.m_sCurrentTable = "T";
+    ResetRun(run);
+    EXPECT_EQ(run.m_sDbSQL + run.m_sDropSQL + run.m_sStoredProcSQL + run.m_sDropFkConstraintSQL, "");
+    EXPECT_EQ(run.m_sFkConstraintSQL, "text");
+    EXPECT_EQ(run.m_lCurrentObjectID, -1);
+    EXPECT_EQ(run.m_sCurrentTable, "");
+}
+
+}  // namespace
+}  // namespace korvex::scriptgen
