@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "repository/read_value.h"
 
 namespace korvex::repository {
 
@@ -9,8 +10,8 @@ namespace {
 
 constexpr std::int32_t LongDataType = 3;
 
-std::int32_t ReadLong(dao::Recordset& rows, std::string_view column) {
-    return automation::ToLong(Repository::FieldValue(rows.Fields(column)));
+std::int32_t ReadLong(dao::Recordset& rows, std::string_view column, const KeyValue& key) {
+    return ReadValue(rows.Fields(column), automation::ToLong, key.name);
 }
 
 /// Sets every column of the record being added or edited that a key value fills.
@@ -39,19 +40,19 @@ std::unique_ptr<dao::Recordset> KeyValues::Open(const KeyValue& key) {
 }
 
 std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
-    const std::int32_t vid = NextVid(key.interfaceID);
+    const std::int32_t vid = NextVid(key);
     values.AddNew();
     FillRecord(values, key);
     values.Fields("VID").Value(vid);
     values.Update();
     values.MoveLast();
-    return ReadLong(values, "ValueID");
+    return ReadLong(values, "ValueID", key);
 }
 
 std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
-    const std::int32_t valueID = ReadLong(values, "ValueID");
-    const std::int32_t vid = ReadLong(values, "VID");
-    const std::int32_t keyVid = IsKeyVid(vid) ? vid : NextVid(key.interfaceID);
+    const std::int32_t valueID = ReadLong(values, "ValueID", key);
+    const std::int32_t vid = ReadLong(values, "VID", key);
+    const std::int32_t keyVid = IsKeyVid(vid) ? vid : NextVid(key);
     values.Edit();
     FillRecord(values, key);
     if (keyVid != vid) values.Fields("VID").Value(keyVid);
@@ -63,16 +64,16 @@ bool KeyValues::Rename(std::int32_t valueID, const KeyValue& key) {
     const auto values =
         m_repository.OpenDynaset("select * from tValues where ValueID = " + std::to_string(valueID));
     if (!values || values->Eof()) return false;
-    const bool isAutoNumber = automation::ToBoolean(Repository::FieldValue(values->Fields("IsAutoNumber")));
-    const bool isSuchKey = IsKeyVid(ReadLong(*values, "VID")) && isAutoNumber == key.isAutoNumber;
+    const bool isAutoNumber = ReadValue(values->Fields("IsAutoNumber"), automation::ToBoolean, key.name);
+    const bool isSuchKey = IsKeyVid(ReadLong(*values, "VID", key)) && isAutoNumber == key.isAutoNumber;
     if (isSuchKey) Edit(*values, key);
     values->Close();
     return isSuchKey;
 }
 
 /// The number after the highest that a key value of the interface's objects has.
-std::int32_t KeyValues::NextVid(std::int32_t interfaceID) {
-    const auto [position, isFirst] = m_lastVids.try_emplace(interfaceID, LowestKeyVid);
+std::int32_t KeyValues::NextVid(const KeyValue& key) {
+    const auto [position, isFirst] = m_lastVids.try_emplace(key.interfaceID, LowestKeyVid);
     std::int32_t& last = position->second;
     if (isFirst) {
         const auto rows = m_repository.OpenSnapshot(
@@ -82,15 +83,16 @@ std::int32_t KeyValues::NextVid(std::int32_t interfaceID) {
             "tObjectInterfaces_1.InterfaceID = tValues.InterfaceID"
             " Where ((VID>" +
             std::to_string(LowestKeyVid) + " And VID<" + std::to_string(HighestKeyVid) +
-            ") AND ((tObjectInterfaces.InterfaceID)= " + std::to_string(interfaceID) + "))" + "ORDER BY VID");
+            ") AND ((tObjectInterfaces.InterfaceID)= " + std::to_string(key.interfaceID) + "))" +
+            "ORDER BY VID");
         if (rows && !rows->Eof()) {
             rows->MoveLast();
-            last = ReadLong(*rows, "VID");
+            last = ReadLong(*rows, "VID", key);
             rows->Close();
         }
     }
     if (last + 1 >= HighestKeyVid) {
-        throw automation::Error(automation::Overflow, "The interface " + std::to_string(interfaceID) +
+        throw automation::Error(automation::Overflow, "The interface " + std::to_string(key.interfaceID) +
                                                           " has no number left for a further key value.");
     }
     return ++last;

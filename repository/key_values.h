@@ -45,7 +45,7 @@ class KeyValues {
     bool Rename(std::int32_t valueID, const KeyValue& key);
 
   private:
-    std::int32_t NextVid(std::int32_t interfaceID);
+    std::int32_t NextVid(const KeyValue& key);
 
     Repository& m_repository;
     std::unordered_map<std::int32_t, std::int32_t> m_lastVids;  ///< by interface

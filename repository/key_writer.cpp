@@ -4,6 +4,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "repository/names.h"
+#include "repository/read_value.h"
 
 #include <algorithm>
 #include <memory>
@@ -23,8 +24,8 @@ constexpr std::int16_t KeySeq = 1;
 /// A key column keeps at least "ID" and one unit of the object's name.
 constexpr std::size_t ShortestKeyColumn = 3;
 
-std::int32_t ReadValueID(dao::Recordset& rows) {
-    return automation::ToLong(Repository::FieldValue(rows.Fields("ValueID")));
+std::int32_t ReadValueID(dao::Recordset& rows, const KeyedObject& object) {
+    return ReadValue(rows.Fields("ValueID"), automation::ToLong, object.name);
 }
 
 }  // namespace
@@ -59,7 +60,7 @@ void KeyWriter::WriteOwnKey(KeyedObject& object) {
     if (!keys) return;
     std::vector<std::int32_t> earlierValues;
     for (; !keys->Eof(); keys->MoveNext()) {
-        earlierValues.push_back(ReadValueID(*keys));
+        earlierValues.push_back(ReadValueID(*keys, object));
     }
     m_repository.Execute("delete" + ofObject);
 
@@ -105,7 +106,7 @@ void KeyWriter::WriteForeignKey(const KeyedObject& child, const KeyedObject& par
 
 KeyWriter::ForeignKey KeyWriter::EditByName(dao::Recordset& values, const KeyValue& key,
                                             const KeyedObject& child, const KeyedObject& parent) {
-    const std::int32_t valueID = ReadValueID(values);
+    const std::int32_t valueID = ReadValueID(values, child);
     if (BelongsToOther(valueID, parent)) {
         throw Error(InvalidProcedureCall,
                     "The column '" + key.name + "' of object " + Describe(child) +
@@ -124,7 +125,7 @@ KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyVa
                                              const KeyedObject& child, const KeyedObject& parent) {
     auto rows = OpenForeignKey(child, "FKObjectID = " + std::to_string(parent.objectID));
     for (; rows && !rows->Eof(); rows->MoveNext()) {
-        const std::int32_t valueID = ReadValueID(*rows);
+        const std::int32_t valueID = ReadValueID(*rows, child);
         if (!BelongsToOther(valueID, parent) && m_values.Rename(valueID, key))
             return {valueID, std::move(rows)};
     }

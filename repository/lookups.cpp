@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "repository/read_value.h"
 
 namespace korvex::repository {
 
@@ -15,7 +16,7 @@ std::vector<std::int32_t> ReadIdentifiers(Repository& repository, std::string_vi
     if (!rows) return identifiers;
     dao::Field& field = rows->Fields(column);
     for (; !rows->Eof(); rows->MoveNext()) {
-        identifiers.push_back(automation::ToLong(Repository::FieldValue(field)));
+        identifiers.push_back(ReadValue(field, automation::ToLong, sSQL));
     }
     rows->Close();
     return identifiers;
@@ -26,7 +27,7 @@ std::string ReadText(Repository& repository, std::string_view sSQL, std::string_
     const auto rows = repository.OpenSnapshot(sSQL);
     if (!rows) return {};
     std::string text;
-    if (!rows->Eof()) text = automation::ToString(Repository::FieldValue(rows->Fields(column)));
+    if (!rows->Eof()) text = ReadValue(rows->Fields(column), automation::ToString, sSQL);
     rows->Close();
     return text;
 }

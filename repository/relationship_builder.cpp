@@ -7,10 +7,11 @@
 #include "repository/lookups.h"
 #include "repository/name_list.h"
 #include "repository/names.h"
+#include "repository/object_walk.h"
+#include "repository/read_value.h"
 #include "repository/transaction.h"
 
 #include <optional>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -20,128 +21,84 @@ using automation::Error;
 
 namespace {
 
-/// One object on the way from the root to the object in hand.
-struct Step {
-    KeyedObject object;
-    std::int32_t elementObject = 0;  ///< object of the collection's elements, until it is walked
-    bool hasInterfaces = false;      ///< `interfaces` were read
-    std::vector<std::int32_t> interfaces;
-    std::size_t nextInterface = 0;
-    std::vector<std::int32_t> children;  ///< of the interface before `nextInterface`
-    std::size_t nextChild = 0;
-};
-
-/// One call of CreateRelationship: the names handed out and the way to the object in hand.
-class RelationshipBuilder {
+/// One call of CreateRelationship: the names handed out so far, and the objects above the one in hand.
+class RelationshipBuilder : public ObjectVisitor {
   public:
     RelationshipBuilder(Repository& repository, std::string_view sFKPrefix)
         : m_repository(repository), m_keys(repository, sFKPrefix) {}
 
-    void WalkRelationships(std::int32_t rootObjectID);
+    void WalkRelationships(std::int32_t lObjectID) { WalkObjects(m_repository, lObjectID, *this); }
 
   private:
-    void Enter(std::int32_t objectID);
-    void Leave();
-    std::optional<std::int32_t> NextBeneath(Step& step);
+    /// An object as its row in tObjects has it.
+    struct ObjectRow {
+        KeyedObject object;
+        std::int32_t collectionObjectID = 0;
+    };
 
-    std::optional<Step> PrepareObject(std::int32_t objectID, const KeyedObject* parent);
-    std::optional<Step> NameTable(std::int32_t objectID);
+    std::optional<std::int32_t> Enter(std::int32_t lObjectID) override;
+    void Leave() override { m_ancestors.pop_back(); }
+
+    std::optional<ObjectRow> NameTable(std::int32_t lObjectID);
+    void PrepareKeys(KeyedObject& object);
     std::int32_t EnsureKeyInterface(const KeyedObject& object);
     void MarkValueColumns(const KeyedObject& object, std::string_view foreignKeyColumn);
-    void MarkInterface(std::int32_t interfaceID, const KeyedObject& object,
+    void MarkInterface(std::int32_t lInterfaceID, const KeyedObject& object,
                        std::string_view foreignKeyColumn);
     static void RefuseKeyColumn(dao::Recordset& values, const std::string& column, const KeyedObject& object);
 
     Repository& m_repository;
     KeyWriter m_keys;
     NameList m_names;
-    std::vector<Step> m_path;
-    std::unordered_set<std::int32_t> m_ancestors;  ///< the objects of `m_path`
+    std::vector<KeyedObject> m_ancestors;
 };
 
-/// Depth first; every object that is reached along two ways is walked twice. The way is kept here and not on
-/// the call stack, so a definition may be nested as deeply as memory allows.
-void RelationshipBuilder::WalkRelationships(std::int32_t rootObjectID) {
-    Enter(rootObjectID);
-    while (!m_path.empty()) {
-        if (const auto next = NextBeneath(m_path.back())) {
-            Enter(*next);
-        } else {
-            Leave();
-        }
-    }
+/// Prepares one object for its parent, the last of the ancestors.
+std::optional<std::int32_t> RelationshipBuilder::Enter(std::int32_t lObjectID) {
+    std::optional<ObjectRow> row = NameTable(lObjectID);
+    if (!row) return std::nullopt;
+    PrepareKeys(row->object);
+    m_ancestors.push_back(std::move(row->object));
+    return row->collectionObjectID;
 }
 
-void RelationshipBuilder::Enter(std::int32_t objectID) {
-    if (m_ancestors.contains(objectID)) {
-        throw Error(automation::OutOfStackSpace, "The object with ObjectID " + std::to_string(objectID) +
-                                                     " is its own ancestor: the definition never ends.");
-    }
-    if (auto step = PrepareObject(objectID, m_path.empty() ? nullptr : &m_path.back().object)) {
-        m_path.push_back(std::move(*step));
-        m_ancestors.insert(objectID);
-    }
-}
-
-void RelationshipBuilder::Leave() {
-    m_ancestors.erase(m_path.back().object.objectID);
-    m_path.pop_back();
-}
-
-/// The next object to walk beneath a prepared one: its element object, then interface by interface the
-/// children that the interface's values hold.
-std::optional<std::int32_t> RelationshipBuilder::NextBeneath(Step& step) {
-    if (step.elementObject > 0) return std::exchange(step.elementObject, 0);
-    if (!step.hasInterfaces) {
-        step.interfaces = GetObjectInterfaces(m_repository, step.object.objectID);
-        step.hasInterfaces = true;
-    }
-    while (step.nextChild == step.children.size()) {
-        if (step.nextInterface == step.interfaces.size()) return std::nullopt;
-        step.children = GetChildObjects(m_repository, step.interfaces[step.nextInterface++]);
-        step.nextChild = 0;
-    }
-    return step.children[step.nextChild++];
-}
-
-/// Everything that one object gets; nothing for an object without a row.
-std::optional<Step> RelationshipBuilder::PrepareObject(std::int32_t objectID, const KeyedObject* parent) {
-    std::optional<Step> step = NameTable(objectID);
-    if (!step) return std::nullopt;
-    KeyedObject& object = step->object;
-    const bool isChild = parent && parent->objectID > 0;
-
-    object.keyColumn = m_keys.KeyColumn(object.name);
-    object.keyInterfaceID = EnsureKeyInterface(object);
-    MarkValueColumns(object, isChild ? m_keys.ForeignKeyColumn(*parent) : std::string());
-    if (object.keyInterfaceID < 1) return step;
-    m_keys.WriteOwnKey(object);
-    if (isChild && parent->keyValueID > 0) m_keys.WriteForeignKey(object, *parent);
-    return step;
-}
-
-/// Reads an object and gives it its table.
-std::optional<Step> RelationshipBuilder::NameTable(std::int32_t objectID) {
-    const auto rows =
-        m_repository.OpenDynaset("SELECT * FROM tObjects WHERE ObjectID = " + std::to_string(objectID));
+/// Reads an object and gives it its table; nothing for an object without a row.
+std::optional<RelationshipBuilder::ObjectRow> RelationshipBuilder::NameTable(std::int32_t lObjectID) {
+    const std::string number = std::to_string(lObjectID);
+    const auto rows = m_repository.OpenDynaset("SELECT * FROM tObjects WHERE ObjectID = " + number);
     if (!rows || rows->Eof()) return std::nullopt;
 
-    Step step;
-    step.object.objectID = objectID;
-    step.object.name = automation::ToString(Repository::FieldValue(rows->Fields("Name")));
-    step.object.guid = automation::ToString(Repository::FieldValue(rows->Fields("Guid")));
-    step.elementObject = automation::ToLong(Repository::FieldValue(rows->Fields("CollectionObjectID")));
-    if (step.object.name.find('\'') != std::string::npos) {
+    const std::string what = "object " + number;
+    ObjectRow row;
+    KeyedObject& object = row.object;
+    object.objectID = lObjectID;
+    object.name = ReadValue(rows->Fields("Name"), automation::ToString, what);
+    object.guid = ReadValue(rows->Fields("Guid"), automation::ToString, what);
+    row.collectionObjectID = ReadValue(rows->Fields("CollectionObjectID"), automation::ToLong, what);
+    if (object.name.find('\'') != std::string::npos) {
         throw Error(automation::InvalidProcedureCall,
-                    "The name of object " + Describe(step.object) + " holds a single quote; names must not.");
+                    "The name of object " + Describe(object) + " holds a single quote; names must not.");
     }
 
     rows->Edit();
-    rows->Fields("tableName").Value("t" + LimitNameLength(m_names.MakeUniqueName(step.object.name), 1));
+    rows->Fields("tableName").Value("t" + LimitNameLength(m_names.MakeUniqueName(object.name), 1));
     rows->Fields("IsIncluded").Value(true);
     rows->Update();
     rows->Close();
-    return step;
+    return row;
+}
+
+/// Gives an object its columns and keys.
+void RelationshipBuilder::PrepareKeys(KeyedObject& object) {
+    const KeyedObject* parent = nullptr;
+    if (!m_ancestors.empty() && m_ancestors.back().objectID > 0) parent = &m_ancestors.back();
+
+    object.keyColumn = m_keys.KeyColumn(object.name);
+    object.keyInterfaceID = EnsureKeyInterface(object);
+    MarkValueColumns(object, parent ? m_keys.ForeignKeyColumn(*parent) : std::string());
+    if (object.keyInterfaceID < 1) return;
+    m_keys.WriteOwnKey(object);
+    if (parent && parent->keyValueID > 0) m_keys.WriteForeignKey(object, *parent);
 }
 
 /// The interface that holds the object's key values, made when it is missing; 0 when a query failed.
@@ -156,8 +113,7 @@ std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) 
     interfaces->Fields("Name").Value(name);
     interfaces->Update();
     interfaces->MoveLast();
-    const std::int32_t interfaceID =
-        automation::ToLong(Repository::FieldValue(interfaces->Fields("InterfaceID")));
+    const std::int32_t interfaceID = ReadValue(interfaces->Fields("InterfaceID"), automation::ToLong, name);
     interfaces->Close();
 
     const auto implemented = m_repository.OpenDynaset("select * from tObjectInterfaces");
@@ -191,7 +147,7 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
     dao::Field& fieldName = values->Fields("FieldName");
     dao::Field& isIncluded = values->Fields("IsIncluded");
     for (; !values->Eof(); values->MoveNext()) {
-        const std::string column = LimitNameLength(automation::ToString(Repository::FieldValue(name)));
+        const std::string column = LimitNameLength(ReadValue(name, automation::ToString, object.name));
         if (interfaceID != object.keyInterfaceID &&
             (automation::EqualsIgnoreCase(column, object.keyColumn) ||
              automation::EqualsIgnoreCase(column, foreignKeyColumn))) {
@@ -209,7 +165,7 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
 /// moves on to the interface of the object's new name.
 void RelationshipBuilder::RefuseKeyColumn(dao::Recordset& values, const std::string& column,
                                           const KeyedObject& object) {
-    if (IsKeyVid(automation::ToLong(Repository::FieldValue(values.Fields("VID"))))) return;
+    if (IsKeyVid(ReadValue(values.Fields("VID"), automation::ToLong, column))) return;
     throw Error(automation::InvalidProcedureCall, "The value '" + column + "' of object " + Describe(object) +
                                                       " has the name of a key column that the object gets. "
                                                       "Rename the value.");

@@ -56,6 +56,7 @@ constexpr SchemaTable Tables[] = {
 constexpr std::string_view Indexes[] = {
     "CREATE INDEX tDataDefs_Storage ON tDataDefs (Storage)",
     "CREATE INDEX tObjectInterfaces_ObjectID ON tObjectInterfaces (ObjectID)",
+    "CREATE INDEX tObjectInterfaces_InterfaceID ON tObjectInterfaces (InterfaceID)",
     "CREATE INDEX tValues_InterfaceID ON tValues (InterfaceID)",
 };
 

@@ -4,8 +4,8 @@
 #include "automation/text.h"
 #include "automation/variant.h"
 #include "repository/lookups.h"
+#include "repository/read_value.h"
 #include "scriptgen/column_text.h"
-#include "scriptgen/read_value.h"
 #include "scriptgen/script_text.h"
 
 #include <memory>
@@ -19,6 +19,7 @@ using automation::ToBoolean;
 using automation::ToInteger;
 using automation::ToLong;
 using automation::ToString;
+using repository::ReadValue;
 using repository::Repository;
 
 namespace {

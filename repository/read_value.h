@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
-namespace korvex::scriptgen {
+namespace korvex::repository {
 
 /// A column value of the repository through one of the automation conversions. The error of a value that
 /// does not convert names the repository's column and `what` the row describes.
 template <class Convert>
 auto ReadValue(dao::Field& field, Convert convert, std::string_view what) {
-    const automation::Variant value = repository::Repository::FieldValue(field);
+    const automation::Variant value = Repository::FieldValue(field);
     try {
         return convert(value);
     } catch (const automation::Error& error) {
@@ -21,4 +21,4 @@ auto ReadValue(dao::Field& field, Convert convert, std::string_view what) {
     }
 }
 
-}  // namespace korvex::scriptgen
+}  // namespace korvex::repository

@@ -1,0 +1,90 @@
+#include "repository/object_walk.h"
+
+#include "automation/error.h"
+#include "repository/lookups.h"
+
+#include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace korvex::repository {
+
+namespace {
+
+/// An object on the way down, and how far the objects beneath it are walked.
+struct Level {
+    std::int32_t objectID = 0;
+    std::int32_t elementObject = 0;  ///< 0 once it is walked
+    std::optional<std::vector<std::int32_t>> interfaces;
+    std::size_t nextInterface = 0;
+    std::vector<std::int32_t> children;  ///< of the interface before the next one
+    std::size_t nextChild = 0;
+};
+
+class Walk {
+  public:
+    Walk(Repository& repository, ObjectVisitor& visitor) : m_repository(repository), m_visitor(visitor) {}
+
+    void From(std::int32_t rootObjectID) {
+        Enter(rootObjectID);
+        while (!m_path.empty()) {
+            if (const auto next = NextBeneath(m_path.back())) {
+                Enter(*next);
+            } else {
+                Leave();
+            }
+        }
+    }
+
+  private:
+    void Enter(std::int32_t objectID);
+    void Leave();
+    std::optional<std::int32_t> NextBeneath(Level& level);
+
+    Repository& m_repository;
+    ObjectVisitor& m_visitor;
+    std::vector<Level> m_path;
+    std::unordered_set<std::int32_t> m_objectsOnPath;
+};
+
+void Walk::Enter(std::int32_t objectID) {
+    if (m_objectsOnPath.contains(objectID)) {
+        throw automation::Error(automation::OutOfStackSpace,
+                                "Object " + std::to_string(objectID) + " is its own ancestor: object " +
+                                    std::to_string(m_path.back().objectID) + " holds it again.");
+    }
+    if (const auto elementObject = m_visitor.Enter(objectID)) {
+        m_objectsOnPath.insert(objectID);
+        Level& level = m_path.emplace_back();
+        level.objectID = objectID;
+        level.elementObject = *elementObject;
+    }
+}
+
+void Walk::Leave() {
+    m_objectsOnPath.erase(m_path.back().objectID);
+    m_path.pop_back();
+    m_visitor.Leave();
+}
+
+std::optional<std::int32_t> Walk::NextBeneath(Level& level) {
+    if (level.elementObject > 0) return std::exchange(level.elementObject, 0);
+
+    if (!level.interfaces) level.interfaces = GetObjectInterfaces(m_repository, level.objectID);
+    while (level.nextChild == level.children.size()) {
+        if (level.nextInterface == level.interfaces->size()) return std::nullopt;
+        level.children = GetChildObjects(m_repository, (*level.interfaces)[level.nextInterface]);
+        level.nextChild = 0;
+        ++level.nextInterface;
+    }
+    return level.children[level.nextChild++];
+}
+
+}  // namespace
+
+void WalkObjects(Repository& repository, std::int32_t lObjectID, ObjectVisitor& visitor) {
+    Walk(repository, visitor).From(lObjectID);
+}
+
+}  // namespace korvex::repository
