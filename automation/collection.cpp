@@ -97,7 +97,7 @@ void Collection::Add(Variant item, const Variant& key, const Variant& before, co
         entry.key = ToUpperAscii(*text);
         if (FindKey(*entry.key)) {
             throw Error(KeyAlreadyUsed,
-                        std::string(StandardErrorText(KeyAlreadyUsed)) + ": \"" + *text + "\"");
+                        std::string(StandardErrorText(KeyAlreadyUsed)) + ": " + Quoted(*text));
         }
     }
     const std::size_t position = InsertPosition(before, after);
@@ -143,7 +143,7 @@ std::size_t Collection::Position(const Variant& index) const {
 std::size_t Collection::KeyPosition(std::string_view key) const {
     if (const auto position = FindKey(ToUpperAscii(key))) return *position;
     throw Error(InvalidProcedureCall,
-                "Invalid procedure call or argument: the collection has no key \"" + std::string(key) + "\"");
+                "Invalid procedure call or argument: the collection has no key " + Quoted(key));
 }
 
 std::optional<std::size_t> Collection::FindKey(const std::string& upperKey) const {

@@ -194,7 +194,7 @@ bool ParseBoolean(const std::string& text) {
 
 template <std::integral T>
 std::string FormatWhole(T value) {
-    std::array<char, 24> buffer;
+    std::array<char, 24> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     return {buffer.data(), written.ptr};
 }

@@ -30,7 +30,7 @@ constexpr bool IsLetter(char c) noexcept { return (c >= 'a' && c <= 'z') || (c >
 
 /// A date taken apart: the calendar day, and the milliseconds since its midnight.
 struct Moment {
-    std::chrono::year_month_day day;
+    std::chrono::year_month_day day{};
     std::int64_t ms = 0;
     bool isDayZero = false;
 };
@@ -38,8 +38,9 @@ struct Moment {
 /// Rounds to multiples of `resolution` milliseconds; rounding up at the end of a day reaches the next one.
 Moment Split(Date date, std::int64_t resolution) {
     if (!IsDateInRange(date)) throw Error(Overflow);
+    const std::int64_t partsPerDay = msPerDay / resolution;
     const double wholeDays = std::trunc(date.days);
-    const double exact = std::abs(date.days - wholeDays) * static_cast<double>(msPerDay / resolution);
+    const double exact = std::abs(date.days - wholeDays) * static_cast<double>(partsPerDay);
     std::int64_t ms = std::llround(exact) * resolution;
     auto dayNumber = static_cast<int>(wholeDays);
     if (ms >= msPerDay) {
@@ -76,10 +77,7 @@ std::string FormatTime(std::int64_t ms) {
 }
 
 [[noreturn]] void RaiseNotADate(std::string_view text) {
-    constexpr std::size_t shownUnits = 40;
-    const std::string_view shown = Left(text, shownUnits);
-    throw Error(TypeMismatch, "Type mismatch: \"" + std::string(shown) +
-                                  (shown.size() < text.size() ? "...\"" : "\"") + " is not a date");
+    throw Error(TypeMismatch, "Type mismatch: " + Quoted(text) + " is not a date");
 }
 
 /// Takes parts off the front of a text; what does not fit is left where it is.

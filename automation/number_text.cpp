@@ -19,13 +19,6 @@ constexpr int exponentLimit = 100'000;  ///< beyond any number type; keeps the a
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-[[noreturn]] void RaiseNotANumber(std::string_view text) {
-    constexpr std::size_t shownUnits = 40;
-    const std::string_view shown = Left(text, shownUnits);
-    throw Error(TypeMismatch, "Type mismatch: \"" + std::string(shown) +
-                                  (shown.size() < text.size() ? "...\"" : "\"") + " is not a number");
-}
-
 /// Reads a number from left to right. Every Take function answers whether it found its part and moved past
 /// it.
 class NumberReader {
@@ -169,7 +162,9 @@ std::string ScientificForm(std::string_view digits, int power) {
 
 NumberText ReadNumber(std::string_view text) {
     NumberText result;
-    if (!NumberReader(text).Read(result)) RaiseNotANumber(text);
+    if (!NumberReader(text).Read(result)) {
+        throw Error(TypeMismatch, "Type mismatch: " + Quoted(text) + " is not a number");
+    }
     return result;
 }
 
@@ -210,7 +205,7 @@ std::string FormatReal(double value, int precision) {
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0";
 
-    DigitBuffer buffer;
+    DigitBuffer buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
                                        std::chars_format::scientific, precision - 1);
     // "d.ddde-xx": without the point these are the digits, with the value's decimal power behind the "e".

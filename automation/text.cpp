@@ -223,4 +223,10 @@ std::string ToUpperAscii(std::string_view text) {
     return result;
 }
 
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t shownUnits = 40;
+    const std::string_view shown = Left(text, shownUnits);
+    return std::string("\"").append(shown).append(shown.size() < text.size() ? "...\"" : "\"");
+}
+
 }  // namespace korvex::automation

@@ -29,4 +29,7 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept;
 bool ContainsIgnoreCase(std::string_view text, std::string_view part) noexcept;
 std::string ToUpperAscii(std::string_view text);
 
+/// The text in double quotes, for an error description; what goes beyond 40 units is left out as "...".
+std::string Quoted(std::string_view text);
+
 }  // namespace korvex::automation

@@ -80,13 +80,14 @@ TEST(Collection, EnumerationFollowsTheLiveCollection) {
         seen += ToString(*item);
         if (seen == "ab") {
             letters->Remove("b");         // the one in hand: nothing is skipped
-            letters->Remove("d");         // ahead: not met
+            letters->Remove("c");         // the next one: not met
             letters->Add("x", "x", "a");  // behind: not met, nothing repeats
+            letters->Add("z", "z", "d");  // at the place that comes next: met
             letters->Add("y", "y");       // ahead: met
         }
     }
-    EXPECT_EQ(seen, "abcefy");
-    EXPECT_EQ(Contents(*letters), "xacefy");
+    EXPECT_EQ(seen, "abzdefy");
+    EXPECT_EQ(Contents(*letters), "xazdefy");
 }
 
 TEST(Collection, EnumerationKeepsTheCollectionAlive) {
