@@ -30,6 +30,7 @@ enum ErrorNumber : std::int32_t {
     FieldNotFoundInQuery = 3061,  ///< "Too few parameters": an unknown column name in a statement
     CannotOpenFile = 3051,        ///< no permission, a directory, opened exclusively by another
     SyntaxError = 3075,
+    TextBehindStatement = 3142,  ///< a statement text that holds a second statement
     TableNotFound = 3078,
     QueryFailed = 3146,  ///< "ODBC--call failed"
     OdbcConnectFailed = 3151,
@@ -39,6 +40,7 @@ enum ErrorNumber : std::int32_t {
     UnrecognizedFormat = 3343,  ///< the file is no database of this engine
     ObjectInvalid = 3420,       ///< the object was closed
     ConstraintViolated = 3201,
+    OperationNotSupported = 3251,  ///< a write through a snapshot, or to rows of several tables
     ValueOutOfColumn = 3421,  ///< a value that does not convert to the column
 };
 

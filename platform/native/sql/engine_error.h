@@ -16,7 +16,8 @@ enum class ErrorKind : std::uint8_t {
     NoSuchTable,
     NoSuchColumn,
     Syntax,
-    SecondStatement,  ///< a text that holds more than one statement
+    SecondStatement,   ///< a text that holds more than one statement
+    TooFewParameters,  ///< a text with placeholders, for which nobody gives values
     Constraint,
     DuplicateKey,
     ValueTooLarge,  ///< out of the column's range or size
@@ -25,6 +26,11 @@ enum class ErrorKind : std::uint8_t {
     ReadOnly,
     DiskFull,
     ConnectionLost,
+    RecordChanged,    ///< the record to update is not there any more, or is not one alone
+    NoCurrentRecord,  ///< a cursor that stands on no record
+    NotUpdatable,     ///< the rows of this cursor, or this column, cannot be written
+    NotEditing,       ///< a column set, or an update, without AddNew or Edit
+    Closed,           ///< the cursor or its session was closed
 };
 
 /// A failed engine call.

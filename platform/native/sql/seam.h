@@ -31,6 +31,10 @@ class Seam {
   public:
     virtual ~Seam() = default;
     virtual void BeforeCall(const EngineCall& call) = 0;
+    /// A prepared statement went into use, or was reset and given back. The two balance when nothing is left
+    /// open.
+    virtual void StatementOpened() {}
+    virtual void StatementClosed() noexcept {}
 };
 
 }  // namespace korvex::native::sql

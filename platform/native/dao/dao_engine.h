@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/dao.h"
+#include "platform/native/sql/session.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// The repository engine in the shape of DAO, over the SQL layer.
+namespace korvex::native::dao_engine {
+
+class NativeDatabase final : public dao::Database {
+  public:
+    explicit NativeDatabase(std::unique_ptr<sql::Session> session) : m_session(std::move(session)) {}
+
+    std::unique_ptr<dao::Recordset> OpenRecordset(std::string_view sql, std::int32_t type,
+                                                  std::int32_t options, std::int32_t lockEdit) override;
+    void Execute(std::string_view sql) override;
+    void Close() override;
+    bool BeginTrans() override;
+    void CommitTrans() override;
+    void Rollback() override;
+
+  private:
+    sql::Session& Open(std::string_view context) const;
+
+    std::unique_ptr<sql::Session> m_session;
+};
+
+class NativeWorkspace final : public dao::Workspace {
+  public:
+    explicit NativeWorkspace(std::shared_ptr<sql::Seam> seam) : m_seam(std::move(seam)) {}
+    std::unique_ptr<dao::Database> OpenConnection(std::string_view name, bool readOnly,
+                                                  std::string_view connect) override;
+
+  private:
+    std::shared_ptr<sql::Seam> m_seam;
+};
+
+class NativeEngine final : public dao::DBEngine {
+  public:
+    explicit NativeEngine(std::shared_ptr<sql::Seam> seam) : m_seam(std::move(seam)) {}
+
+    std::shared_ptr<dao::Workspace> CreateWorkspace(std::string_view name, std::string_view user,
+                                                    std::string_view password, std::int32_t type) override;
+    std::unique_ptr<dao::Database> OpenDatabase(std::string_view name) override;
+    std::unique_ptr<dao::Database> CreateDatabase(std::string_view name) override;
+
+  private:
+    std::shared_ptr<sql::Seam> m_seam;
+};
+
+}  // namespace korvex::native::dao_engine

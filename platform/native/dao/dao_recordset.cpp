@@ -1,0 +1,79 @@
+#include "platform/native/dao/dao_recordset.h"
+
+#include "automation/error.h"
+#include "platform/native/dao/dao_error.h"
+
+namespace korvex::native::dao_engine {
+
+using automation::Variant;
+
+std::string_view NativeField::Name() const { return m_recordset->Rows().Shape().columns[m_column].name; }
+
+Variant NativeField::Value() {
+    sql::Cursor& rows = m_recordset->Rows();
+    Variant value = Guarded(rows.Text(), [&] { return rows.Value(m_column); });
+    // A column of a new record that was not set.
+    if (value.IsEmpty()) return Variant::Null();
+    return value;
+}
+
+void NativeField::Value(const Variant& value) {
+    sql::Cursor& rows = m_recordset->Rows();
+    Guarded(rows.Text(), [&] { rows.Set(m_column, value); });
+}
+
+bool NativeRecordset::Eof() {
+    return Guarded(m_cursor.Text(), [&] { return m_cursor.Eof(); });
+}
+
+void NativeRecordset::MoveNext() {
+    Guarded(m_cursor.Text(), [&] { m_cursor.MoveNext(); });
+}
+
+void NativeRecordset::MoveLast() {
+    Guarded(m_cursor.Text(), [&] { m_cursor.MoveLast(); });
+}
+
+dao::Field& NativeRecordset::Fields(std::string_view name) {
+    if (!m_cursor.IsOpen())
+        RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
+    const sql::RowShape& shape = m_cursor.Shape();
+    const auto column = shape.Find(name);
+    if (!column) {
+        throw automation::Error(dao::ItemNotFound, "Item not found in this collection: no field is named " +
+                                                       std::string(name) + " (" + m_cursor.Text() + ")");
+    }
+    if (m_fields.empty()) {
+        m_fields.reserve(shape.columns.size());
+        for (std::size_t i = 0; i < shape.columns.size(); ++i)
+            m_fields.emplace_back(*this, i);
+    }
+    return m_fields[*column];
+}
+
+void NativeRecordset::RequireUpdatable() const {
+    if (m_updatable) return;
+    RaiseDaoError({sql::ErrorKind::NotUpdatable, 0, "A snapshot cannot be updated"}, m_cursor.Text());
+}
+
+void NativeRecordset::AddNew() {
+    RequireUpdatable();
+    Guarded(m_cursor.Text(), [&] { m_cursor.AddNew(); });
+}
+
+void NativeRecordset::Edit() {
+    RequireUpdatable();
+    Guarded(m_cursor.Text(), [&] { m_cursor.Edit(); });
+}
+
+void NativeRecordset::Update() {
+    Guarded(m_cursor.Text(), [&] { m_cursor.Update(); });
+}
+
+void NativeRecordset::Close() {
+    if (!m_cursor.IsOpen())
+        RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
+    m_cursor.Close();
+}
+
+}  // namespace korvex::native::dao_engine

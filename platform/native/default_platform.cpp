@@ -1,0 +1,7 @@
+#include "platform/native/native_platform.h"
+
+namespace korvex {
+
+Platform DefaultPlatform() { return native::NativePlatform(); }
+
+}  // namespace korvex

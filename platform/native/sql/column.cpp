@@ -1,0 +1,126 @@
+#include "platform/native/sql/column.h"
+
+#include "automation/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::ContainsIgnoreCase;
+using automation::EqualsIgnoreCase;
+
+struct TypeName {
+    std::string_view name;
+    ColumnType type;
+};
+
+constexpr std::array TypeNames = {
+    TypeName{"bit", ColumnType::Boolean},
+    TypeName{"bool", ColumnType::Boolean},
+    TypeName{"boolean", ColumnType::Boolean},
+    TypeName{"yesno", ColumnType::Boolean},
+    TypeName{"tinyint", ColumnType::TinyInt},
+    TypeName{"byte", ColumnType::TinyInt},
+    TypeName{"smallint", ColumnType::SmallInt},
+    TypeName{"int2", ColumnType::SmallInt},
+    TypeName{"short", ColumnType::SmallInt},
+    TypeName{"long", ColumnType::Integer},
+    TypeName{"counter", ColumnType::Integer},
+    TypeName{"bigint", ColumnType::BigInt},
+    TypeName{"int8", ColumnType::BigInt},
+    TypeName{"money", ColumnType::Currency},
+    TypeName{"smallmoney", ColumnType::Currency},
+    TypeName{"currency", ColumnType::Currency},
+    TypeName{"numeric", ColumnType::Decimal},
+    TypeName{"decimal", ColumnType::Decimal},
+    TypeName{"number", ColumnType::Decimal},
+    TypeName{"date", ColumnType::Date},
+    TypeName{"datetime", ColumnType::Date},
+    TypeName{"smalldatetime", ColumnType::Date},
+    TypeName{"timestamp", ColumnType::Date},
+    TypeName{"time", ColumnType::Date},
+    TypeName{"char", ColumnType::Char},
+    TypeName{"character", ColumnType::Char},
+    TypeName{"nchar", ColumnType::Char},
+    TypeName{"memo", ColumnType::LongText},
+    TypeName{"guid", ColumnType::VarChar},
+    TypeName{"uniqueidentifier", ColumnType::VarChar},
+    TypeName{"image", ColumnType::LongBinary},
+    TypeName{"oleobject", ColumnType::LongBinary},
+    TypeName{"longbinary", ColumnType::LongBinary},
+    TypeName{"long raw", ColumnType::LongBinary},
+    TypeName{"binary", ColumnType::Binary},
+    TypeName{"varbinary", ColumnType::Binary},
+    TypeName{"raw", ColumnType::Binary},
+};
+
+/// For other names the embedded engine's own rule: parts of the name decide, in this order.
+constexpr std::array TypeParts = {
+    TypeName{"int", ColumnType::Integer},     TypeName{"char", ColumnType::VarChar},
+    TypeName{"clob", ColumnType::LongText},   TypeName{"text", ColumnType::LongText},
+    TypeName{"blob", ColumnType::LongBinary}, TypeName{"real", ColumnType::Double},
+    TypeName{"floa", ColumnType::Double},     TypeName{"doub", ColumnType::Double},
+};
+
+ColumnType TypeOf(std::string_view name) noexcept {
+    const auto exact = std::ranges::find_if(
+        TypeNames, [&](const TypeName& entry) { return EqualsIgnoreCase(entry.name, name); });
+    if (exact != TypeNames.end()) return exact->type;
+    const auto part = std::ranges::find_if(
+        TypeParts, [&](const TypeName& entry) { return ContainsIgnoreCase(name, entry.name); });
+    return part == TypeParts.end() ? ColumnType::Unknown : part->type;
+}
+
+/// The number at the front of `text` behind blanks, which is cut off.
+std::uint32_t TakeNumber(std::string_view& text) noexcept {
+    const std::size_t start = text.find_first_of("0123456789");
+    if (start == std::string_view::npos) return 0;
+    std::uint32_t value = 0;
+    const auto [end, error] = std::from_chars(text.data() + start, text.data() + text.size(), value);
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return error == std::errc() ? value : 0;
+}
+
+}  // namespace
+
+std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].name.size() == name.size() && EqualsIgnoreCase(columns[i].name, name)) return i;
+    }
+    return std::nullopt;
+}
+
+const TableColumn* TableInfo::Find(std::string_view column) const noexcept {
+    const auto found = std::ranges::find_if(
+        columns, [&](const TableColumn& entry) { return EqualsIgnoreCase(entry.name, column); });
+    return found == columns.end() ? nullptr : &*found;
+}
+
+bool TableInfo::HasKey() const noexcept {
+    return std::ranges::any_of(columns, [](const TableColumn& entry) { return entry.key; });
+}
+
+const TableColumn* TableInfo::AutoNumber() const noexcept {
+    const auto found =
+        std::ranges::find_if(columns, [](const TableColumn& entry) { return entry.autoNumber; });
+    return found == columns.end() ? nullptr : &*found;
+}
+
+void ReadDeclaration(std::string_view declaration, ColumnInfo& column) {
+    column.declaredType = declaration;
+    const std::size_t open = declaration.find('(');
+    column.type = TypeOf(automation::Trim(declaration.substr(0, open)));
+    if (open != std::string_view::npos && column.type != ColumnType::Integer) {
+        std::string_view arguments = declaration.substr(open + 1);
+        column.size = TakeNumber(arguments);
+        column.scale = TakeNumber(arguments);
+    }
+    // Without a limit, variable data is long data.
+    if (column.size == 0 && column.type == ColumnType::VarChar) column.type = ColumnType::LongText;
+    if (column.size == 0 && column.type == ColumnType::Binary) column.type = ColumnType::LongBinary;
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex::native::sql {
+
+/// What a column holds, by its declaration; decides how values come back and what may be put in.
+enum class ColumnType : std::uint8_t {
+    Unknown,  ///< not declared (an expression): each value has its own type
+    Boolean,
+    TinyInt,
+    SmallInt,
+    Integer,
+    BigInt,
+    Single,
+    Double,
+    Currency,
+    Decimal,
+    Date,
+    Char,      ///< text of fixed length
+    VarChar,   ///< text up to `size` characters
+    LongText,  ///< text without a declared limit
+    Binary,    ///< bytes up to `size`
+    LongBinary,
+};
+
+struct TableName {
+    std::string catalog;
+    std::string schema;
+    std::string table;  ///< empty: no base table
+
+    friend bool operator==(const TableName&, const TableName&) = default;
+};
+
+/// One column of a result, as described at prepare.
+struct ColumnInfo {
+    std::string name;
+    ColumnType type = ColumnType::Unknown;
+    std::uint32_t size = 0;  ///< characters for text, bytes for binary, digits for Decimal; 0: no limit known
+    std::uint32_t scale = 0;
+    std::string declaredType;  ///< as the engine reports it ("varchar(40)")
+    TableName base;            ///< the table behind the column, through views and aliases
+    std::string baseColumn;    ///< empty for an expression
+};
+
+/// The columns of a result.
+struct RowShape {
+    std::vector<ColumnInfo> columns;
+
+    /// Position of the column of that name, in any case; the first one when several bear it.
+    std::optional<std::size_t> Find(std::string_view name) const noexcept;
+};
+
+/// One column of a base table.
+struct TableColumn {
+    std::string name;
+    bool key = false;         ///< belongs to the primary key
+    bool autoNumber = false;  ///< the engine numbers new rows here
+    bool nullable = true;
+};
+
+/// A base table, as far as writing its rows needs it.
+struct TableInfo {
+    TableName name;
+    std::vector<TableColumn> columns;
+
+    const TableColumn* Find(std::string_view column) const noexcept;
+    bool HasKey() const noexcept;
+    /// The auto-number column, or a null pointer.
+    const TableColumn* AutoNumber() const noexcept;
+};
+
+/// Reads a declared type ("varchar(40)", "int", "double precision", "image"): type, size and scale of
+/// `column`.
+void ReadDeclaration(std::string_view declaration, ColumnInfo& column);
+
+constexpr bool IsText(ColumnType type) noexcept {
+    return type == ColumnType::Char || type == ColumnType::VarChar || type == ColumnType::LongText;
+}
+constexpr bool IsBinary(ColumnType type) noexcept {
+    return type == ColumnType::Binary || type == ColumnType::LongBinary;
+}
+/// Long columns are read and written in chunks, and never compared.
+constexpr bool IsLong(ColumnType type) noexcept {
+    return type == ColumnType::LongText || type == ColumnType::LongBinary;
+}
+
+}  // namespace korvex::native::sql

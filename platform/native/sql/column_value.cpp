@@ -1,0 +1,170 @@
+#include "platform/native/sql/column_value.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "platform/native/sql/engine_error.h"
+
+#include <cmath>
+#include <limits>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::Currency;
+using automation::Date;
+using automation::Variant;
+
+constexpr double MillisecondsPerDay = 86400000.0;
+/// Day 0 of Julian days and of Unix time, counted as automation dates are.
+constexpr double JulianDayZero = -2415018.5;
+constexpr double UnixEpoch = 25569.0;
+/// Numbers in date columns below this are Julian days, others seconds since 1970, as the embedded engine
+/// reads them.
+constexpr double JulianDayLimit = 5373484.5;
+constexpr double WholeNumberLimit = 9.2e18;
+
+Date FromDays(double days) { return Date{std::round(days * MillisecondsPerDay) / MillisecondsPerDay}; }
+
+/// To the millisecond, which is what is stored.
+Date StoredDate(Date date) { return automation::ParseIsoDate(automation::FormatIsoDate(date)); }
+
+Variant DecimalValue(double value) {
+    if (value == std::floor(value) && std::abs(value) < WholeNumberLimit) {
+        return WholeNumber(static_cast<std::int64_t>(value));
+    }
+    return value;
+}
+
+bool IsWhole(const Variant& value) {
+    return value.Holds<std::uint8_t>() || value.Holds<std::int16_t>() || value.Holds<std::int32_t>() ||
+           value.Holds<std::int64_t>();
+}
+
+template <class Narrow>
+bool Fits(std::int64_t stored) {
+    return stored >= std::numeric_limits<Narrow>::min() && stored <= std::numeric_limits<Narrow>::max();
+}
+
+/// In the narrow type when it fits: an engine without real column types may hold more.
+template <class Narrow>
+Variant NarrowNumber(std::int64_t stored) {
+    return Fits<Narrow>(stored) ? Variant(static_cast<Narrow>(stored)) : WholeNumber(stored);
+}
+
+Variant Convert(const Variant& value, ColumnType type) {
+    switch (type) {
+        case ColumnType::Unknown:
+            if (value.IsMissing() || value.IsObject()) throw automation::Error(automation::TypeMismatch);
+            return value;
+        case ColumnType::Boolean:
+            return automation::ToBoolean(value);
+        case ColumnType::TinyInt:
+            return automation::ToByte(value);
+        case ColumnType::SmallInt:
+            return automation::ToInteger(value);
+        case ColumnType::Integer:
+        case ColumnType::BigInt:
+            return WholeNumber(automation::ToLongLong(value));
+        case ColumnType::Single:
+            return automation::ToSingle(value);
+        case ColumnType::Double:
+            return automation::ToDouble(value);
+        case ColumnType::Currency:
+            return automation::ToCurrency(value);
+        case ColumnType::Decimal:
+            return IsWhole(value) ? WholeNumber(automation::ToLongLong(value))
+                                  : DecimalValue(automation::ToDouble(value));
+        case ColumnType::Date:
+            return StoredDate(automation::ToDate(value));
+        case ColumnType::Char:
+        case ColumnType::VarChar:
+        case ColumnType::LongText:
+            return automation::ToString(value);
+        case ColumnType::Binary:
+        case ColumnType::LongBinary:
+            if (!value.Holds<automation::Bytes>()) throw automation::Error(automation::TypeMismatch);
+            return value;
+    }
+    return value;
+}
+
+}  // namespace
+
+Variant WholeNumber(std::int64_t value) {
+    return Fits<std::int32_t>(value) ? Variant(static_cast<std::int32_t>(value)) : Variant(value);
+}
+
+Variant ForColumn(const Variant& value, const ColumnInfo& column) {
+    if (value.IsNull() || value.IsEmpty()) return Variant::Null();
+    try {
+        return Convert(value, column.type);
+    } catch (const automation::Error& error) {
+        const bool tooLarge = error.Number() == automation::Overflow;
+        throw EngineError(tooLarge ? ErrorKind::ValueTooLarge : ErrorKind::WrongType, error.Number(),
+                          "The value does not fit the column " + column.name + ": " + error.Description());
+    }
+}
+
+Variant FromInteger(std::int64_t stored, const ColumnInfo& column) {
+    switch (column.type) {
+        case ColumnType::Boolean:
+            return stored != 0;
+        case ColumnType::TinyInt:
+            return NarrowNumber<std::uint8_t>(stored);
+        case ColumnType::SmallInt:
+            return NarrowNumber<std::int16_t>(stored);
+        case ColumnType::Single:
+            return static_cast<float>(stored);
+        case ColumnType::Double:
+            return static_cast<double>(stored);
+        case ColumnType::Currency:
+            return automation::ToCurrency(stored);
+        case ColumnType::Date:
+            return FromReal(static_cast<double>(stored), column);
+        case ColumnType::Char:
+        case ColumnType::VarChar:
+        case ColumnType::LongText:
+            return std::to_string(stored);
+        default:
+            return WholeNumber(stored);
+    }
+}
+
+Variant FromReal(double stored, const ColumnInfo& column) {
+    switch (column.type) {
+        case ColumnType::Boolean:
+            return stored != 0;
+        case ColumnType::Single:
+            return static_cast<float>(stored);
+        case ColumnType::Currency:
+            return automation::ToCurrency(stored);
+        case ColumnType::Decimal:
+            return DecimalValue(stored);
+        case ColumnType::Date:
+            return stored >= 0 && stored < JulianDayLimit ? FromDays(stored + JulianDayZero)
+                                                          : FromDays(stored / 86400.0 + UnixEpoch);
+        case ColumnType::Char:
+        case ColumnType::VarChar:
+        case ColumnType::LongText:
+            return automation::ToString(stored);
+        default:
+            return stored;
+    }
+}
+
+Variant FromText(std::string_view stored, const ColumnInfo& column) {
+    if (column.type != ColumnType::Date) return stored;
+    try {
+        return automation::ToDate(stored);
+    } catch (const automation::Error&) {
+        return stored;
+    }
+}
+
+std::string DateText(Date date) {
+    std::string text = automation::FormatIsoDate(date);
+    if (const std::size_t separator = text.find('T'); separator != std::string::npos) text[separator] = ' ';
+    return text;
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,403 @@
+#include "platform/native/sql/cursor.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "platform/native/sql/column_value.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::EqualsIgnoreCase;
+using automation::Variant;
+
+bool SameNames(const RowShape& a, const RowShape& b) {
+    return std::ranges::equal(a.columns, b.columns, {}, &ColumnInfo::name, &ColumnInfo::name);
+}
+
+}  // namespace
+
+Cursor::Cursor(Session& session, std::string_view composed)
+    : m_session(&session),
+      m_text(composed),
+      m_statement(session.Prepare(composed)),
+      m_shape(m_statement->Shape()) {
+    if (m_shape->columns.empty()) {
+        m_statement.Execute(m_text);
+        m_executed = true;
+        m_shape = m_statement->Shape();
+        m_affectedRows = m_statement->AffectedRows();
+    }
+    session.Attach(*this);
+    if (m_shape->columns.empty()) {
+        EndStream();
+        m_position = Position::End;
+    } else if (m_executed) {
+        session.SetStreaming(*this, true);
+    }
+}
+
+void Cursor::Close() noexcept {
+    if (m_session == nullptr) return;
+    EndStream();
+    m_session->Detach(*this);
+    m_session = nullptr;
+    m_mode = EditMode::None;
+    m_writer.reset();
+    m_rest.clear();
+    m_added.clear();
+}
+
+void Cursor::SessionClosing() noexcept { Close(); }
+
+// ---- Reading ----
+
+bool Cursor::Eof() {
+    RequireOpen();
+    Start();
+    return m_position == Position::End;
+}
+
+void Cursor::MoveNext() {
+    CancelUpdate();
+    RequireRecord();
+    if (m_position == Position::Added) {
+        StepIntoAdded(m_addedIndex + 1);
+    } else {
+        Advance();
+    }
+}
+
+void Cursor::MoveLast() {
+    RequireOpen();
+    CancelUpdate();
+    if (!m_added.empty()) {
+        StepIntoAdded(m_added.size() - 1);
+        return;
+    }
+    RequireRecord();
+    while (m_position == Position::Stream) {
+        Row row = StreamRow();
+        Advance();
+        if (m_position == Position::End) {
+            m_row = std::move(row);
+            m_position = Position::Memory;
+        }
+    }
+    if (m_rest.empty()) return;
+    m_row = std::move(m_rest.back());
+    m_rest.clear();
+}
+
+Variant Cursor::Value(std::size_t column) {
+    if (m_mode != EditMode::None) {
+        if (const Change* change = Pending(column)) return change->value;
+        if (m_mode == EditMode::Adding) return {};
+    }
+    RequireRecord();
+    return StoredValue(column);
+}
+
+Variant Cursor::StoredValue(std::size_t column) {
+    switch (m_position) {
+        case Position::Stream:
+            return m_statement->Value(column);
+        case Position::Memory:
+            return m_row[column];
+        default:
+            return AddedValue(m_added[m_addedIndex], column);
+    }
+}
+
+Variant Cursor::AddedValue(AddedRow& row, std::size_t column) {
+    if (!row.known[column]) {
+        std::optional<Row> stored =
+            row.identity ? Writer().Read(*row.identity) : Row(row.values.size(), Variant::Null());
+        if (!stored) throw EngineError(ErrorKind::RecordChanged, 0, "The added record is not there any more");
+        for (std::size_t i = 0; i < row.values.size(); ++i) {
+            if (!row.known[i]) row.values[i] = std::move((*stored)[i]);
+            row.known[i] = true;
+        }
+    }
+    return row.values[column];
+}
+
+void Cursor::RequireOpen() const {
+    if (m_session == nullptr) throw EngineError(ErrorKind::Closed, 0, "The recordset is closed");
+    if (m_failure) std::rethrow_exception(m_failure);
+}
+
+void Cursor::RequireRecord() {
+    RequireOpen();
+    Start();
+    if (m_position == Position::End) throw EngineError(ErrorKind::NoCurrentRecord, 0, "No current record");
+}
+
+void Cursor::Start() {
+    if (m_position != Position::Before) return;
+    m_position = Position::End;
+    try {
+        if (!m_executed) Execute();
+        m_executed = true;
+        PrepareToSkipAdditions();
+        Advance();
+        AdoptShape();
+    } catch (...) {
+        m_failure = std::current_exception();
+        EndStream();
+        throw;
+    }
+}
+
+void Cursor::Execute() {
+    m_statement.Execute(m_text);
+    m_session->SetStreaming(*this, true);
+}
+
+/// The tables may have changed since the statement was prepared.
+void Cursor::AdoptShape() {
+    if (!m_statement || m_statement->Shape() == m_shape) return;
+    if (m_shapeUsed && !SameNames(*m_shape, *m_statement->Shape())) {
+        throw EngineError(ErrorKind::Other, 0,
+                          "The columns of the tables changed while the recordset was open");
+    }
+    m_shape = m_statement->Shape();
+    m_writer.reset();
+}
+
+void Cursor::Advance() {
+    if (!m_rest.empty()) {
+        m_row = std::move(m_rest.front());
+        m_rest.pop_front();
+        m_position = Position::Memory;
+        return;
+    }
+    m_position = Position::End;
+    if (m_statement) {
+        try {
+            if (FetchRow()) {
+                m_position = Position::Stream;
+                return;
+            }
+        } catch (...) {
+            m_failure = std::current_exception();
+            EndStream();
+            throw;
+        }
+        EndStream();
+    }
+    StepIntoAdded(0);
+}
+
+bool Cursor::FetchRow() {
+    while (m_statement.Fetch(m_text)) {
+        if (m_addedKeys.empty() || !IsOwnAddition()) return true;
+    }
+    return false;
+}
+
+void Cursor::EndStream() noexcept {
+    m_statement.Return();
+    m_session->SetStreaming(*this, false);
+}
+
+void Cursor::StepIntoAdded(std::size_t index) noexcept {
+    m_addedIndex = index;
+    m_position = index < m_added.size() ? Position::Added : Position::End;
+}
+
+Row Cursor::StreamRow() {
+    Row row;
+    const std::size_t count = m_shape->columns.size();
+    row.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        row.push_back(m_statement->Value(i));
+    return row;
+}
+
+void Cursor::TakeRows() noexcept {
+    try {
+        if (m_position == Position::Stream) {
+            m_row = StreamRow();
+            m_position = Position::Memory;
+        }
+        while (FetchRow())
+            m_rest.push_back(StreamRow());
+    } catch (...) {
+        m_failure = std::current_exception();
+    }
+    EndStream();
+}
+
+// ---- Writing ----
+
+RowWriter& Cursor::Writer() {
+    if (!m_writer) m_writer = std::make_unique<RowWriter>(*m_session, m_shape);
+    return *m_writer;
+}
+
+std::optional<TableColumn> Cursor::Details(std::size_t column) {
+    RequireOpen();
+    const ColumnInfo& info = m_shape->columns[column];
+    if (info.base.table.empty()) return std::nullopt;
+    const std::shared_ptr<const TableInfo> table = m_session->Table(info.base);
+    const TableColumn* found = table->Find(info.baseColumn);
+    return found == nullptr ? std::nullopt : std::optional(*found);
+}
+
+bool Cursor::IsUpdatable() {
+    RequireOpen();
+    try {
+        Writer();
+        return true;
+    } catch (const EngineError& error) {
+        if (error.Kind() != ErrorKind::NotUpdatable) throw;
+        return false;
+    }
+}
+
+void Cursor::AddNew() {
+    RequireOpen();
+    CancelUpdate();
+    Writer();
+    m_mode = EditMode::Adding;
+}
+
+void Cursor::Edit() {
+    CancelUpdate();
+    RequireRecord();
+    Writer();
+    m_mode = EditMode::Editing;
+}
+
+void Cursor::CancelUpdate() noexcept {
+    m_mode = EditMode::None;
+    m_changes.clear();
+}
+
+const Change* Cursor::Pending(std::size_t column) const noexcept {
+    const auto found = std::ranges::find(m_changes, column, &Change::column);
+    return found == m_changes.end() ? nullptr : &*found;
+}
+
+void Cursor::Set(std::size_t column, const Variant& value) {
+    RequireOpen();
+    if (m_mode == EditMode::None) {
+        throw EngineError(ErrorKind::NotEditing, 0,
+                          "A value can be set only between AddNew or Edit and Update");
+    }
+    const ColumnInfo& info = m_shape->columns[column];
+    if (info.baseColumn.empty()) {
+        throw EngineError(ErrorKind::NotUpdatable, 0,
+                          "The column " + info.name + " is computed and cannot be set");
+    }
+    Variant converted = ForColumn(value, info);
+    const auto found = std::ranges::find(m_changes, column, &Change::column);
+    if (found != m_changes.end()) {
+        found->value = std::move(converted);
+    } else {
+        m_changes.push_back({column, std::move(converted)});
+    }
+}
+
+void Cursor::Update() {
+    RequireOpen();
+    if (m_mode == EditMode::None) {
+        throw EngineError(ErrorKind::NotEditing, 0, "Update without AddNew or Edit");
+    }
+    if (m_mode == EditMode::Adding) {
+        StoreAddition();
+    } else {
+        StoreEdit();
+    }
+    CancelUpdate();
+}
+
+void Cursor::StoreAddition() {
+    AddedRow row;
+    row.identity = Writer().Insert(m_changes);
+    row.values.resize(m_shape->columns.size());
+    row.known.resize(m_shape->columns.size());
+    for (const Change& change : m_changes) {
+        row.values[change.column] = change.value;
+        row.known[change.column] = true;
+    }
+    for (std::size_t i = 0; row.identity && i < row.values.size(); ++i) {
+        const auto& names = row.identity->columns;
+        const auto name = std::ranges::find_if(
+            names, [&](const std::string& n) { return EqualsIgnoreCase(n, m_shape->columns[i].baseColumn); });
+        if (name == names.end()) continue;
+        row.values[i] = row.identity->values[static_cast<std::size_t>(name - names.begin())];
+        row.known[i] = true;
+    }
+    m_added.push_back(std::move(row));
+}
+
+void Cursor::StoreEdit() {
+    std::erase_if(m_changes,
+                  [&](const Change& change) { return change.value == StoredValue(change.column); });
+    if (m_changes.empty()) return;
+    Writer().Update(CurrentIdentity(), m_changes);
+    for (const Change& change : m_changes)
+        KeepInRecord(change);
+}
+
+RowIdentity Cursor::CurrentIdentity() {
+    if (m_position == Position::Stream) return Writer().Identify(StreamRow());
+    if (m_position == Position::Memory) return Writer().Identify(m_row);
+    const AddedRow& row = m_added[m_addedIndex];
+    if (!row.identity)
+        throw EngineError(ErrorKind::NotUpdatable, 0, "The added record cannot be found again");
+    return *row.identity;
+}
+
+/// The current record as it now is in the database. Writing has taken it into memory.
+void Cursor::KeepInRecord(const Change& change) {
+    if (m_position != Position::Added) {
+        m_row[change.column] = change.value;
+        return;
+    }
+    AddedRow& row = m_added[m_addedIndex];
+    row.values[change.column] = change.value;
+    row.known[change.column] = true;
+    for (std::size_t i = 0; i < row.identity->columns.size(); ++i) {
+        if (EqualsIgnoreCase(row.identity->columns[i], m_shape->columns[change.column].baseColumn)) {
+            row.identity->values[i] = change.value;
+        }
+    }
+}
+
+// ---- Rows added before the statement was executed ----
+
+namespace {
+
+std::string KeyText(const Row& values) {
+    std::string text;
+    for (const Variant& value : values)
+        text += (value.IsNull() ? "" : automation::ToString(value)) + '\0';
+    return text;
+}
+
+}  // namespace
+
+/// The statement gives them as well, somewhere among the others: they are left out there. Rows that cannot be
+/// known again are left to the statement alone.
+void Cursor::PrepareToSkipAdditions() {
+    for (const AddedRow& row : m_added) {
+        if (!row.identity || !Writer().Table().HasKey()) {
+            m_added.clear();
+            m_addedKeys.clear();
+            return;
+        }
+        m_addedKeys.insert(KeyText(row.identity->values));
+    }
+}
+
+bool Cursor::IsOwnAddition() {
+    const RowIdentity identity = Writer().Identify(StreamRow());
+    return identity.unique && m_addedKeys.contains(KeyText(identity.values));
+}
+
+}  // namespace korvex::native::sql

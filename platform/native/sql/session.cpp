@@ -1,0 +1,161 @@
+#include "platform/native/sql/session.h"
+
+#include <utility>
+
+namespace korvex::native::sql {
+
+void StatementLease::Swap(StatementLease& other) noexcept {
+    std::swap(m_session, other.m_session);
+    std::swap(m_bucket, other.m_bucket);
+    std::swap(m_statement, other.m_statement);
+    std::swap(m_kind, other.m_kind);
+    std::swap(m_generation, other.m_generation);
+    std::swap(m_failed, other.m_failed);
+}
+
+void StatementLease::Execute(std::string_view text) {
+    const bool writes = m_statement->Writes();
+    if (writes || m_statement->Shape()->columns.empty()) m_session->BeforeWrite();
+    m_session->Check(CallKind::Execute, text, writes);
+    m_failed = true;
+    m_statement->Execute();
+    m_failed = false;
+    if (m_kind == StatementKind::Definition) m_session->DefinitionsChanged();
+}
+
+bool StatementLease::Fetch(std::string_view text) {
+    m_session->Check(CallKind::Fetch, text);
+    m_failed = true;
+    const bool found = m_statement->Fetch();
+    m_failed = false;
+    return found;
+}
+
+void StatementLease::Return() noexcept {
+    if (m_bucket == nullptr) return;
+    if (m_statement) {
+        m_statement->Reset();
+        if (m_session->m_seam) m_session->m_seam->StatementClosed();
+        // After a failure, or a change of the tables, it may not be what it was.
+        if (m_failed || m_generation != m_session->m_generation) m_statement.reset();
+    }
+    m_session->m_cache.Give(*std::exchange(m_bucket, nullptr), std::move(m_statement));
+}
+
+Session::~Session() = default;
+
+void Session::CloseAll() noexcept {
+    while (m_streaming != nullptr || m_idle != nullptr) {
+        (m_streaming != nullptr ? m_streaming : m_idle)->SessionClosing();
+    }
+    m_cache.Clear();
+}
+
+StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementKind kind) {
+    StatementLease lease;
+    StatementCache::Bucket& bucket = m_cache.Find(text);
+    std::unique_ptr<Statement> statement = m_cache.Take(bucket);
+    lease.m_session = this;
+    lease.m_bucket = &bucket;
+    lease.m_kind = kind;
+    lease.m_generation = m_generation;
+    if (!statement) {
+        m_cache.Lend(bucket);
+        Check(CallKind::Prepare, composed);
+        statement = DoPrepare(text, kind);
+    }
+    if (m_seam) m_seam->StatementOpened();
+    lease.m_statement = std::move(statement);
+    return lease;
+}
+
+StatementLease Session::Prepare(std::string_view composed) {
+    ScanStatement(composed, m_traits.lexical, m_scan);
+    if (m_scan.secondStatement) {
+        throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");
+    }
+    StatementLease lease = Obtain(m_scan.text, composed, m_scan.kind);
+    if (lease->ParameterCount() != m_scan.literals.size()) {
+        const std::size_t missing = lease->ParameterCount() - m_scan.literals.size();
+        throw EngineError(ErrorKind::TooFewParameters, 0,
+                          "Too few parameters: expected " + std::to_string(missing));
+    }
+    for (std::size_t i = 0; i < m_scan.literals.size(); ++i) {
+        lease->Bind(i, m_scan.literals[i], nullptr);
+    }
+    return lease;
+}
+
+StatementLease Session::PrepareExact(std::string_view text, StatementKind kind) {
+    return Obtain(text, text, kind);
+}
+
+std::int64_t Session::Execute(std::string_view composed) {
+    StatementLease statement = Prepare(composed);
+    statement.Execute(composed);
+    return statement->AffectedRows();
+}
+
+void Session::Begin() {
+    BeforeWrite();
+    Check(CallKind::Begin, "begin");
+    DoBegin();
+}
+
+void Session::Commit() {
+    BeforeWrite();
+    Check(CallKind::Commit, "commit");
+    DoCommit();
+}
+
+void Session::Rollback() {
+    BeforeWrite();
+    Check(CallKind::Rollback, "rollback");
+    DoRollback();
+}
+
+std::shared_ptr<const TableInfo> Session::Table(const TableName& name) {
+    std::string key = name.catalog + '\0' + name.schema + '\0' + name.table;
+    if (const auto found = m_tables.find(key); found != m_tables.end()) return found->second;
+    auto table = std::make_shared<const TableInfo>(DoDescribeTable(name));
+    m_tables.emplace(std::move(key), table);
+    return table;
+}
+
+void Session::BeforeWrite() noexcept {
+    while (m_streaming != nullptr)
+        m_streaming->TakeRows();
+}
+
+void Session::DefinitionsChanged() noexcept {
+    ++m_generation;
+    m_cache.Clear();
+    m_tables.clear();
+}
+
+void Session::Attach(SessionCursor& cursor) noexcept {
+    SessionCursor*& head = ListOf(cursor);
+    cursor.m_previous = nullptr;
+    cursor.m_next = head;
+    if (head != nullptr) head->m_previous = &cursor;
+    head = &cursor;
+}
+
+void Session::Detach(SessionCursor& cursor) noexcept {
+    if (cursor.m_previous != nullptr) {
+        cursor.m_previous->m_next = cursor.m_next;
+    } else {
+        ListOf(cursor) = cursor.m_next;
+    }
+    if (cursor.m_next != nullptr) cursor.m_next->m_previous = cursor.m_previous;
+    cursor.m_previous = cursor.m_next = nullptr;
+}
+
+void Session::SetStreaming(SessionCursor& cursor, bool streaming) noexcept {
+    if (cursor.m_streaming == streaming) return;
+    Detach(cursor);
+    cursor.m_streaming = streaming;
+    Attach(cursor);
+}
+
+}  // namespace korvex::native::sql

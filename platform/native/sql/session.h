@@ -1,0 +1,151 @@
+#pragma once
+
+#include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/seam.h"
+#include "platform/native/sql/statement.h"
+#include "platform/native/sql/statement_cache.h"
+#include "platform/native/sql/statement_text.h"
+#include "platform/native/sql/traits.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex::native::sql {
+
+class Session;
+
+/// A prepared statement on loan from its session. Goes back reset, whatever happened. Not to be used behind
+/// the session's end.
+class StatementLease {
+  public:
+    StatementLease() = default;
+    StatementLease(StatementLease&& other) noexcept { Swap(other); }
+    StatementLease& operator=(StatementLease&& other) noexcept {
+        StatementLease(std::move(other)).Swap(*this);
+        return *this;
+    }
+    ~StatementLease() { Return(); }
+
+    explicit operator bool() const noexcept { return m_statement != nullptr; }
+    Statement& operator*() const noexcept { return *m_statement; }
+    Statement* operator->() const noexcept { return m_statement.get(); }
+    StatementKind Kind() const noexcept { return m_kind; }
+
+    /// Executes. What writes, or gives no rows, makes the session's cursors take their rows first. `text` is
+    /// the statement as the caller composed it.
+    void Execute(std::string_view text);
+    bool Fetch(std::string_view text);
+    void Return() noexcept;
+
+  private:
+    friend class Session;
+    void Swap(StatementLease& other) noexcept;
+
+    Session* m_session = nullptr;
+    StatementCache::Bucket* m_bucket = nullptr;
+    std::unique_ptr<Statement> m_statement;
+    StatementKind m_kind = StatementKind::Other;
+    std::uint64_t m_generation = 0;
+    bool m_failed = false;
+};
+
+/// A cursor as its session sees it.
+class SessionCursor {
+  public:
+    SessionCursor() = default;
+    SessionCursor(const SessionCursor&) = delete;
+    SessionCursor& operator=(const SessionCursor&) = delete;
+
+  protected:
+    ~SessionCursor() = default;
+
+  private:
+    friend class Session;
+    /// Takes the rows not read yet into memory and lets the statement go. Never raises: a cursor that fails
+    /// here raises when it is read.
+    virtual void TakeRows() noexcept = 0;
+    /// The session ends: lets everything go.
+    virtual void SessionClosing() noexcept = 0;
+
+    SessionCursor* m_previous = nullptr;
+    SessionCursor* m_next = nullptr;
+    bool m_streaming = false;
+};
+
+/// An open connection to a database engine, with its statement cache. Used by one thread at a time. Every
+/// call to the engine passes the seam; failures are EngineErrors. Cursors that are open when it ends are
+/// closed.
+class Session {
+  public:
+    explicit Session(std::shared_ptr<Seam> seam) : m_seam(std::move(seam)) {}
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    virtual ~Session();
+
+    const EngineTraits& Traits() const noexcept { return m_traits; }
+
+    /// A statement as hosts compose it: repaired, its literals lifted out and bound, from the cache when it
+    /// was there before. SecondStatement and TooFewParameters are refused.
+    StatementLease Prepare(std::string_view composed);
+    /// A text of our own, with "?" for the values that the caller binds.
+    StatementLease PrepareExact(std::string_view text, StatementKind kind);
+    /// Runs one statement and gives the rows it touched; rows that it gives are dropped.
+    std::int64_t Execute(std::string_view composed);
+
+    void Begin();
+    void Commit();
+    void Rollback();
+    virtual bool InTransaction() const noexcept = 0;
+    /// The number the engine gave to the row inserted last (NewKeySource::LastRowId).
+    virtual std::int64_t LastRowId() const noexcept { return 0; }
+
+    /// A base table's columns and key, looked up once and kept until a definition statement runs.
+    std::shared_ptr<const TableInfo> Table(const TableName& name);
+
+    /// Makes every half-read cursor take its remaining rows; called before anything that writes or ends a
+    /// transaction.
+    void BeforeWrite() noexcept;
+    /// Forgets prepared statements and tables, after a definition changed.
+    void DefinitionsChanged() noexcept;
+
+    /// The check point: what every call to the engine passes before it is made.
+    void Check(CallKind kind, std::string_view text, bool writes = false) {
+        if (m_seam) m_seam->BeforeCall({kind, text, writes});
+    }
+
+    /// A cursor makes itself known, says when it begins and ends to hold a half-read statement, and goes.
+    void Attach(SessionCursor& cursor) noexcept;
+    void SetStreaming(SessionCursor& cursor, bool streaming) noexcept;
+    void Detach(SessionCursor& cursor) noexcept;
+
+  protected:
+    virtual std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) = 0;
+    virtual void DoBegin() = 0;
+    virtual void DoCommit() = 0;
+    virtual void DoRollback() = 0;
+    virtual TableInfo DoDescribeTable(const TableName& name) = 0;
+    /// Ends cursors and idle statements; the driver calls it before it closes its connection.
+    void CloseAll() noexcept;
+
+    EngineTraits m_traits;
+
+  private:
+    friend class StatementLease;
+    StatementLease Obtain(std::string_view text, std::string_view composed, StatementKind kind);
+    SessionCursor*& ListOf(const SessionCursor& cursor) noexcept {
+        return cursor.m_streaming ? m_streaming : m_idle;
+    }
+
+    std::shared_ptr<Seam> m_seam;
+    StatementCache m_cache;
+    std::uint64_t m_generation = 0;  ///< rises when definitions change
+    StatementText m_scan;
+    std::map<std::string, std::shared_ptr<const TableInfo>, std::less<>> m_tables;
+    SessionCursor* m_streaming = nullptr;
+    SessionCursor* m_idle = nullptr;
+};
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,93 @@
+#include "platform/native/sql/sqlite/sqlite_file.h"
+
+#include "platform/native/sql/engine_error.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <string_view>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace korvex::native::sql {
+namespace {
+
+constexpr std::string_view DatabaseHeader{"SQLite format 3\0", 16};
+/// What the desktop engine's files hold at byte 4.
+constexpr std::size_t DesktopHeaderAt = 4;
+constexpr std::array<std::string_view, 2> DesktopHeaders = {"Standard Jet DB", "Standard ACE DB"};
+
+class File {
+  public:
+    File(const std::string& path, int flags, mode_t mode = 0)
+        : m_handle(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() {
+        if (m_handle >= 0) ::close(m_handle);
+    }
+    int Handle() const noexcept { return m_handle; }
+
+  private:
+    int m_handle;
+};
+
+[[noreturn]] void RaiseSystemError(const std::string& path, int error) {
+    const ErrorKind kind =
+        error == ENOENT || error == ENOTDIR ? ErrorKind::FileNotFound : ErrorKind::CannotOpen;
+    const std::string reason =
+        kind == ErrorKind::FileNotFound ? "The file does not exist" : std::generic_category().message(error);
+    throw EngineError(kind, error, reason + ": " + path);
+}
+
+std::string ReadHeader(const std::string& path) {
+    const File file(path, O_RDONLY);
+    if (file.Handle() < 0) RaiseSystemError(path, errno);
+    std::array<char, 64> buffer{};
+    const ssize_t length = ::read(file.Handle(), buffer.data(), buffer.size());
+    if (length < 0) RaiseSystemError(path, errno);
+    return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+bool IsDesktopDatabase(std::string_view header) noexcept {
+    for (const std::string_view mark : DesktopHeaders) {
+        if (header.size() > DesktopHeaderAt && header.substr(DesktopHeaderAt).starts_with(mark)) return true;
+    }
+    return false;
+}
+
+[[noreturn]] void RaiseNotADatabase(const std::string& path, std::string_view why) {
+    throw EngineError(ErrorKind::NotADatabase, 0, std::string(why) + ": " + path);
+}
+
+}  // namespace
+
+void RequireDatabaseFile(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) RaiseSystemError(path, errno);
+    if (S_ISDIR(status.st_mode)) RaiseSystemError(path, EISDIR);
+    if (!S_ISREG(status.st_mode)) RaiseNotADatabase(path, "This is no regular file");
+    const std::string header = ReadHeader(path);
+    if (header.empty()) RaiseNotADatabase(path, "The file is empty, it holds no database");
+    if (IsDesktopDatabase(header)) {
+        RaiseNotADatabase(
+            path,
+            "This is a file of the desktop database engine, which cannot be opened here. Export its "
+            "tables (for example with mdb-export) and import them into a new repository (korvex "
+            "repository new, korvex repository import)");
+    }
+    if (!header.starts_with(DatabaseHeader)) RaiseNotADatabase(path, "The file is no database");
+}
+
+void MakeDatabaseFile(const std::string& path) {
+    constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    const File file(path, O_RDWR | O_CREAT | O_EXCL, mode);
+    if (file.Handle() < 0) {
+        throw EngineError(ErrorKind::CannotOpen, errno, std::generic_category().message(errno) + ": " + path);
+    }
+}
+
+}  // namespace korvex::native::sql

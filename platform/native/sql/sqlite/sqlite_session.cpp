@@ -1,0 +1,152 @@
+#include "platform/native/sql/sqlite/sqlite_session.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "platform/native/sql/sqlite/sqlite_error.h"
+#include "platform/native/sql/sqlite/sqlite_file.h"
+#include "platform/native/sql/sqlite/sqlite_statement.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+namespace korvex::native::sql {
+namespace {
+
+EngineTraits SqliteTraits() {
+    EngineTraits traits;
+    traits.newKey = NewKeySource::LastRowId;
+    traits.rowIdName = "rowid";
+    traits.transactionOutlivesFailure = true;
+    return traits;
+}
+
+/// Removes a file that was made for a new database, unless the database came to be.
+class NewFile {
+  public:
+    explicit NewFile(std::string path) : m_path(std::move(path)) { MakeDatabaseFile(m_path); }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile() {
+        if (!m_path.empty()) std::remove(m_path.c_str());
+    }
+    void Keep() noexcept { m_path.clear(); }
+
+  private:
+    std::string m_path;
+};
+
+}  // namespace
+
+SqliteSession::SqliteSession(std::string_view path, const SqliteOptions& options) : Session(options.seam) {
+    m_traits = SqliteTraits();
+    const std::string file(path);
+    Check(CallKind::Connect, file);
+    if (options.mode == SqliteMode::Memory) {
+        Open(":memory:", options.mode);
+        Configure(options, false);
+        return;
+    }
+    const bool create = options.mode == SqliteMode::CreateNew ||
+                        (options.mode == SqliteMode::Create && !std::filesystem::exists(file));
+    if (!create) {
+        RequireDatabaseFile(file);
+        Open(file, options.mode);
+        Configure(options, false);
+        return;
+    }
+    NewFile newFile(file);
+    Open(file, options.mode);
+    Configure(options, true);
+    newFile.Keep();
+}
+
+SqliteSession::~SqliteSession() { CloseAll(); }
+
+void SqliteSession::Open(const std::string& path, SqliteMode mode) {
+    const int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+                      (mode == SqliteMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+    sqlite3* database = nullptr;
+    const int code = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);
+    m_database.reset(database);
+    CheckSqlite(database, code);
+}
+
+/// Sets the connection up, which reads the file and so finds out whether it is a database.
+void SqliteSession::Configure(const SqliteOptions& options, bool created) {
+    sqlite3* database = m_database.get();
+    sqlite3_busy_timeout(database, options.busyTimeoutMilliseconds);
+    // A misspelt column name in double quotes is an error, not a text.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    // A file from elsewhere must not bring code along or be turned inside out.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
+    if (created) Run("PRAGMA journal_mode = WAL");
+    Run(options.fullSync ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+    Run("SELECT count(*) FROM sqlite_schema");
+}
+
+void SqliteSession::Run(const char* text) {
+    CheckSqlite(m_database.get(), sqlite3_exec(m_database.get(), text, nullptr, nullptr, nullptr));
+}
+
+bool SqliteSession::InTransaction() const noexcept { return sqlite3_get_autocommit(m_database.get()) == 0; }
+
+std::int64_t SqliteSession::LastRowId() const noexcept { return sqlite3_last_insert_rowid(m_database.get()); }
+
+bool SqliteSession::IsReadOnly() const noexcept { return sqlite3_db_readonly(m_database.get(), "main") == 1; }
+
+std::unique_ptr<Statement> SqliteSession::DoPrepare(std::string_view text, StatementKind) {
+    return std::make_unique<SqliteStatement>(m_database.get(), text);
+}
+
+/// Takes the write lock at once: a transaction that began by reading could not wait for it later.
+void SqliteSession::DoBegin() { Run("BEGIN IMMEDIATE"); }
+
+void SqliteSession::DoCommit() { Run("COMMIT"); }
+
+void SqliteSession::DoRollback() {
+    // A full disk or an I/O error has rolled back already.
+    if (InTransaction()) Run("ROLLBACK");
+}
+
+TableInfo SqliteSession::DoDescribeTable(const TableName& name) {
+    SqliteStatement query(m_database.get(),
+                          "SELECT name, \"notnull\", pk FROM pragma_table_xinfo(?, ?) WHERE hidden <> 1");
+    const automation::Variant table = name.table;
+    const automation::Variant schema = name.schema.empty() ? "main" : name.schema;
+    query.Bind(0, table, nullptr);
+    query.Bind(1, schema, nullptr);
+    query.Execute();
+    TableInfo info{.name = name, .columns = {}};
+    std::size_t keyColumns = 0;
+    while (query.Fetch()) {
+        TableColumn& column = info.columns.emplace_back();
+        column.name = automation::ToString(query.Value(0));
+        column.nullable = automation::ToLong(query.Value(1)) == 0;
+        column.key = automation::ToLong(query.Value(2)) > 0;
+        if (column.key) ++keyColumns;
+    }
+    if (keyColumns == 1) MarkNumberedColumn(info);
+    return info;
+}
+
+/// The engine numbers the key that is its row number: asked for that, it names the key column.
+void SqliteSession::MarkNumberedColumn(TableInfo& table) {
+    const std::string from = QuoteName(m_traits, table.name.schema.empty() ? "main" : table.name.schema) +
+                             "." + QuoteName(m_traits, table.name.table);
+    try {
+        const SqliteStatement query(m_database.get(), "SELECT " + m_traits.rowIdName + " FROM " + from);
+        const std::string& origin = query.Shape()->columns.front().baseColumn;
+        for (TableColumn& column : table.columns) {
+            if (column.key && automation::EqualsIgnoreCase(column.name, origin)) column.autoNumber = true;
+        }
+    } catch (const EngineError& error) {
+        // A table without row numbers.
+        if (error.Kind() != ErrorKind::NoSuchColumn) throw;
+    }
+}
+
+}  // namespace korvex::native::sql

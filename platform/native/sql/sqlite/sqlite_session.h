@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/native/sql/session.h"
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex::native::sql {
+
+enum class SqliteMode : std::uint8_t {
+    ReadWrite,  ///< an existing database
+    ReadOnly,
+    Create,     ///< an existing database, or a new one
+    CreateNew,  ///< a new database; CannotOpen when the name is taken
+    Memory,     ///< a private database without a file
+};
+
+struct SqliteOptions {
+    SqliteMode mode = SqliteMode::ReadWrite;
+    /// Every commit reaches the disk before it returns. Without it the last ones may be lost when the power
+    /// fails.
+    bool fullSync = true;
+    std::int32_t busyTimeoutMilliseconds = 5000;
+    std::shared_ptr<Seam> seam;
+};
+
+/// The embedded engine. Opening checks that the file is a database: FileNotFound, CannotOpen, NotADatabase,
+/// Locked. New files keep a write-ahead log; existing ones the journal they have.
+class SqliteSession final : public Session {
+  public:
+    SqliteSession(std::string_view path, const SqliteOptions& options);
+    ~SqliteSession() override;
+
+    bool InTransaction() const noexcept override;
+    std::int64_t LastRowId() const noexcept override;
+    bool IsReadOnly() const noexcept;
+
+  private:
+    struct Closer {
+        void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
+    };
+    std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) override;
+    void DoBegin() override;
+    void DoCommit() override;
+    void DoRollback() override;
+    TableInfo DoDescribeTable(const TableName& name) override;
+
+    void Open(const std::string& path, SqliteMode mode);
+    void Configure(const SqliteOptions& options, bool created);
+    void Run(const char* text);
+    void MarkNumberedColumn(TableInfo& table);
+
+    std::unique_ptr<sqlite3, Closer> m_database;
+};
+
+}  // namespace korvex::native::sql

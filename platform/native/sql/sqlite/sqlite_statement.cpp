@@ -1,0 +1,176 @@
+#include "platform/native/sql/sqlite/sqlite_statement.h"
+
+#include "platform/native/sql/column_value.h"
+#include "platform/native/sql/sqlite/sqlite_error.h"
+#include "platform/native/sql/statement_text.h"
+
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::Variant;
+
+std::string Text(const char* text) { return text == nullptr ? std::string() : std::string(text); }
+
+std::shared_ptr<const RowShape> Describe(sqlite3_stmt* statement) {
+    auto shape = std::make_shared<RowShape>();
+    const int count = sqlite3_column_count(statement);
+    shape->columns.resize(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        ColumnInfo& column = shape->columns[static_cast<std::size_t>(i)];
+        column.name = Text(sqlite3_column_name(statement, i));
+        ReadDeclaration(Text(sqlite3_column_decltype(statement, i)), column);
+        column.base.schema = Text(sqlite3_column_database_name(statement, i));
+        column.base.table = Text(sqlite3_column_table_name(statement, i));
+        column.baseColumn = Text(sqlite3_column_origin_name(statement, i));
+    }
+    return shape;
+}
+
+/// True is -1 in a number column, as automation has it, and 1 in one that was declared Boolean.
+int StoredBoolean(bool value, const ColumnInfo* column) noexcept {
+    if (!value) return 0;
+    return column != nullptr && column->type == ColumnType::Boolean ? 1 : -1;
+}
+
+/// Binds one value; text and bytes are not copied, as they outlive the execution.
+class Binder {
+  public:
+    Binder(sqlite3_stmt* statement, int index, const ColumnInfo* column)
+        : m_statement(statement), m_index(index), m_column(column) {}
+
+    int operator()(bool value) const { return Integer(StoredBoolean(value, m_column)); }
+    template <class T>
+    requires std::is_integral_v<T>
+    int operator()(T value) const { return Integer(value); }
+    template <class T>
+    requires std::is_floating_point_v<T>
+    int operator()(T value) const {
+        return sqlite3_bind_double(m_statement, m_index, static_cast<double>(value));
+    }
+    int operator()(automation::Currency value) const {
+        if (value.units % 10000 == 0) return Integer(value.units / 10000);
+        return (*this)(static_cast<double>(value.units) / 10000);
+    }
+    int operator()(automation::Date value) const {
+        const std::string text = DateText(value);
+        return sqlite3_bind_text64(m_statement, m_index, text.data(), text.size(), SQLITE_TRANSIENT,
+                                   SQLITE_UTF8);
+    }
+    int operator()(const std::string& value) const {
+        return sqlite3_bind_text64(m_statement, m_index, value.data(), value.size(), SQLITE_STATIC,
+                                   SQLITE_UTF8);
+    }
+    int operator()(const automation::Bytes& value) const {
+        if (value.empty()) return sqlite3_bind_zeroblob(m_statement, m_index, 0);
+        return sqlite3_bind_blob64(m_statement, m_index, value.data(), value.size(), SQLITE_STATIC);
+    }
+    template <class T>
+    requires std::is_empty_v<T> || std::is_same_v<T, automation::ObjectRef>
+    int operator()(const T&) const { return sqlite3_bind_null(m_statement, m_index); }
+
+  private:
+    int Integer(std::int64_t value) const { return sqlite3_bind_int64(m_statement, m_index, value); }
+
+    sqlite3_stmt* m_statement;
+    int m_index;
+    const ColumnInfo* m_column;
+};
+
+}  // namespace
+
+SqliteStatement::SqliteStatement(sqlite3* database, std::string_view text) : m_database(database) {
+    sqlite3_stmt* statement = nullptr;
+    const char* tail = nullptr;
+    CheckSqlite(database, sqlite3_prepare_v3(database, text.data(), static_cast<int>(text.size()),
+                                             SQLITE_PREPARE_PERSISTENT, &statement, &tail));
+    m_statement.reset(statement);
+    if (HoldsStatement(text.substr(static_cast<std::size_t>(tail - text.data())))) {
+        throw EngineError(ErrorKind::SecondStatement, SQLITE_MISUSE,
+                          "Characters found after end of SQL statement");
+    }
+    if (statement == nullptr) throw EngineError(ErrorKind::Syntax, SQLITE_ERROR, "The statement is empty");
+    m_shape = Describe(statement);
+    m_parameterCount = static_cast<std::size_t>(sqlite3_bind_parameter_count(statement));
+    m_writes = sqlite3_stmt_readonly(statement) == 0;
+}
+
+void SqliteStatement::Bind(std::size_t index, const Variant& value, const ColumnInfo* column) {
+    const Binder binder(m_statement.get(), static_cast<int>(index) + 1, column);
+    CheckSqlite(m_database, std::visit(binder, value.Value()));
+}
+
+void SqliteStatement::Execute() {
+    m_finished = false;
+    m_firstRowReady = false;
+    m_affectedRows = 0;
+    if (!m_writes && !m_shape->columns.empty()) return;
+    m_firstRowReady = Step();
+}
+
+bool SqliteStatement::Fetch() {
+    if (std::exchange(m_firstRowReady, false)) return true;
+    return !m_finished && Step();
+}
+
+bool SqliteStatement::Step() {
+    const int code = sqlite3_step(m_statement.get());
+    if (code == SQLITE_ROW) {
+        if (const int count = RepreparedCount(); count != m_reprepared) {
+            m_reprepared = count;
+            m_shape = Describe(m_statement.get());
+        }
+        return true;
+    }
+    m_finished = true;
+    if (code == SQLITE_DONE) {
+        if (m_writes) m_affectedRows = sqlite3_changes64(m_database);
+        sqlite3_reset(m_statement.get());
+        return false;
+    }
+    try {
+        RaiseSqliteError(m_database, code);
+    } catch (...) {
+        Reset();
+        throw;
+    }
+}
+
+int SqliteStatement::RepreparedCount() const noexcept {
+    return sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+}
+
+Variant SqliteStatement::Value(std::size_t index) {
+    sqlite3_stmt* statement = m_statement.get();
+    const int at = static_cast<int>(index);
+    const ColumnInfo& column = m_shape->columns[index];
+    switch (sqlite3_column_type(statement, at)) {
+        case SQLITE_INTEGER:
+            return FromInteger(sqlite3_column_int64(statement, at), column);
+        case SQLITE_FLOAT:
+            return FromReal(sqlite3_column_double(statement, at), column);
+        case SQLITE_NULL:
+            return Variant::Null();
+        default:
+            break;
+    }
+    const bool isBlob = sqlite3_column_type(statement, at) == SQLITE_BLOB;
+    const void* data = isBlob ? sqlite3_column_blob(statement, at) : sqlite3_column_text(statement, at);
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, at));
+    if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
+    const auto* bytes = static_cast<const std::uint8_t*>(data);
+    if (isBlob && !IsText(column.type)) return automation::Bytes(bytes, bytes + length);
+    const std::string_view text(static_cast<const char*>(data), length);
+    return IsBinary(column.type) ? Variant(automation::Bytes(bytes, bytes + length)) : FromText(text, column);
+}
+
+void SqliteStatement::Reset() noexcept {
+    m_finished = true;
+    m_firstRowReady = false;
+    sqlite3_reset(m_statement.get());
+}
+
+}  // namespace korvex::native::sql

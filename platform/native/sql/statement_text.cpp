@@ -1,0 +1,357 @@
+#include "platform/native/sql/statement_text.h"
+
+#include "automation/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::EqualsIgnoreCase;
+
+enum class CharClass : std::uint8_t {
+    Plain,
+    Letter,  ///< begins or continues a word
+    Digit,
+    Quote,
+    Bracket,
+    Compare,
+    Dash,
+    Slash,
+    Open,
+    Close,
+    Semicolon,
+    Placeholder,
+    Dollar,
+};
+
+constexpr std::array<CharClass, 256> MakeClasses() {
+    std::array<CharClass, 256> classes{};
+    const auto set = [&](std::string_view characters, CharClass value) {
+        for (const char c : characters)
+            classes[static_cast<unsigned char>(c)] = value;
+    };
+    set("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_", CharClass::Letter);
+    for (std::size_t c = 0x80; c < 256; ++c)
+        classes[c] = CharClass::Letter;
+    set("0123456789", CharClass::Digit);
+    set("'\"`", CharClass::Quote);
+    set("[", CharClass::Bracket);
+    set("<>=!", CharClass::Compare);
+    set("-", CharClass::Dash);
+    set("/", CharClass::Slash);
+    set("(", CharClass::Open);
+    set(")", CharClass::Close);
+    set(";", CharClass::Semicolon);
+    set("?", CharClass::Placeholder);
+    set("$", CharClass::Dollar);
+    return classes;
+}
+
+constexpr std::array<CharClass, 256> Classes = MakeClasses();
+
+constexpr CharClass ClassOf(char c) noexcept { return Classes[static_cast<unsigned char>(c)]; }
+constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
+constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+constexpr bool IsWordPart(char c) noexcept {
+    return ClassOf(c) == CharClass::Letter || IsDigit(c) || c == '$' || c == '#' || c == '@';
+}
+constexpr bool IsHexDigit(char c) noexcept {
+    return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+/// Behind the comment that begins at `at`; `at` itself when none does.
+std::size_t BehindComment(std::string_view text, std::size_t at) noexcept {
+    const std::string_view opening = text.substr(at, 2);
+    if (opening == "--") return std::min(text.find('\n', at), text.size());
+    if (opening != "/*") return at;
+    const std::size_t end = text.find("*/", at + 2);
+    return end == std::string_view::npos ? text.size() : end + 2;
+}
+
+template <std::size_t N>
+bool IsOneOf(std::string_view word, const std::array<std::string_view, N>& words) noexcept {
+    return std::ranges::any_of(words, [&](std::string_view w) { return EqualsIgnoreCase(w, word); });
+}
+
+StatementKind KindOf(std::string_view firstWord) noexcept {
+    static constexpr std::array<std::string_view, 4> Definitions = {"create", "drop", "alter", "rename"};
+    if (EqualsIgnoreCase(firstWord, "select")) return StatementKind::Select;
+    if (EqualsIgnoreCase(firstWord, "insert") || EqualsIgnoreCase(firstWord, "replace"))
+        return StatementKind::Insert;
+    if (EqualsIgnoreCase(firstWord, "update")) return StatementKind::Update;
+    if (EqualsIgnoreCase(firstWord, "delete")) return StatementKind::Delete;
+    return IsOneOf(firstWord, Definitions) ? StatementKind::Definition : StatementKind::Other;
+}
+
+/// The words that end a WHERE clause; literals behind them stay, because a result column or an ordering must
+/// keep the text it has.
+bool EndsCondition(std::string_view word) noexcept {
+    static constexpr std::array<std::string_view, 10> Ends = {
+        "group", "order", "having", "limit", "union", "except", "intersect", "returning", "window", "fetch"};
+    return IsOneOf(word, Ends);
+}
+
+/// A routine's or trigger's body holds semicolons of its own.
+bool MayHoldBody(std::string_view text) noexcept {
+    static constexpr std::array<std::string_view, 5> Bodies = {"trigger", "procedure", "function", "package",
+                                                               "type"};
+    static constexpr std::array<std::string_view, 12> Before = {
+        "create", "or",    "replace",     "temp",           "temporary",  "definer",
+        "public", "alter", "editionable", "noneditionable", "constraint", "force"};
+    std::size_t at = 0;
+    for (bool first = true;; first = false) {
+        while (at < text.size() && IsBlank(text[at]))
+            ++at;
+        const std::size_t start = at;
+        while (at < text.size() && IsWordPart(text[at]))
+            ++at;
+        const std::string_view word = text.substr(start, at - start);
+        if (first && EqualsIgnoreCase(word, "declare")) return true;
+        if (first && EqualsIgnoreCase(word, "begin")) {
+            while (at < text.size() && IsBlank(text[at]))
+                ++at;
+            return at < text.size() && text[at] != ';';
+        }
+        if (IsOneOf(word, Bodies)) return true;
+        if (!IsOneOf(word, Before)) return false;
+    }
+}
+
+class Scanner {
+  public:
+    Scanner(std::string_view text, const LexicalRules& rules, bool lift, StatementText& result)
+        : m_text(text), m_rules(rules), m_mayLift(lift), m_result(result) {}
+
+    void Run() {
+        m_result.text.clear();
+        m_result.literals.clear();
+        m_result.kind = StatementKind::Other;
+        m_result.secondStatement = false;
+        while (m_at < m_text.size())
+            Step();
+        m_result.text.append(m_text.substr(m_copied));
+    }
+
+    bool HasPlaceholders() const noexcept { return m_hasPlaceholders; }
+
+  private:
+    static constexpr std::size_t NoComparison = static_cast<std::size_t>(-1);
+
+    char Peek(std::size_t offset) const noexcept {
+        return m_at + offset < m_text.size() ? m_text[m_at + offset] : '\0';
+    }
+
+    void Step() {
+        const char c = m_text[m_at];
+        switch (ClassOf(c)) {
+            case CharClass::Plain:
+                ++m_at;
+                break;
+            case CharClass::Letter:
+                Word();
+                break;
+            case CharClass::Digit:
+                Number();
+                break;
+            case CharClass::Quote:
+                Quoted(c, m_rules.backslashEscapes && c != '`');
+                break;
+            case CharClass::Bracket:
+                if (m_rules.bracketNames) {
+                    Quoted(']', false);
+                } else {
+                    ++m_at;
+                }
+                break;
+            case CharClass::Compare:
+                Comparison();
+                break;
+            case CharClass::Dash:
+            case CharClass::Slash:
+                m_at = std::max(m_at + 1, BehindComment(m_text, m_at));
+                break;
+            case CharClass::Open:
+                ++m_depth;
+                ++m_at;
+                break;
+            case CharClass::Close:
+                --m_depth;
+                ++m_at;
+                break;
+            case CharClass::Semicolon:
+                Semicolon();
+                break;
+            case CharClass::Placeholder:
+                m_hasPlaceholders = true;
+                ++m_at;
+                break;
+            case CharClass::Dollar:
+                Dollar();
+                break;
+        }
+    }
+
+    void Word() {
+        const std::size_t start = m_at;
+        while (m_at < m_text.size() && IsWordPart(m_text[m_at]))
+            ++m_at;
+        const std::string_view word = m_text.substr(start, m_at - start);
+        if (!m_sawWord) {
+            m_sawWord = true;
+            m_result.kind = KindOf(word);
+            m_lifting = m_mayLift &&
+                        (m_result.kind == StatementKind::Update || m_result.kind == StatementKind::Delete);
+        } else if (m_depth == 0 && word.size() >= 5) {
+            if (m_lifting) {
+                if (EndsCondition(word)) m_lifting = false;
+            } else if (m_result.kind == StatementKind::Select && EqualsIgnoreCase(word, "where")) {
+                m_lifting = m_mayLift;
+            }
+        }
+        if (m_rules.dollarQuotes && word.size() == 1 && (word[0] == 'e' || word[0] == 'E') &&
+            Peek(0) == '\'') {
+            Quoted('\'', true);
+        }
+    }
+
+    /// Skips to behind the closing quote. A doubled quote reads as two texts next to each other, to the same
+    /// effect.
+    void Quoted(char close, bool backslash) {
+        ++m_at;
+        if (!backslash) {
+            const std::size_t end = m_text.find(close, m_at);
+            m_at = end == std::string_view::npos ? m_text.size() : end + 1;
+            return;
+        }
+        while (m_at < m_text.size() && m_text[m_at] != close)
+            m_at += m_text[m_at] == '\\' ? 2 : 1;
+        m_at = std::min(m_at + 1, m_text.size());
+    }
+
+    void Dollar() {
+        std::size_t tagEnd = m_at + 1;
+        while (tagEnd < m_text.size() && ClassOf(m_text[tagEnd]) == CharClass::Letter)
+            ++tagEnd;
+        if (!m_rules.dollarQuotes || tagEnd >= m_text.size() || m_text[tagEnd] != '$') {
+            ++m_at;
+            return;
+        }
+        const std::string_view tag = m_text.substr(m_at, tagEnd + 1 - m_at);
+        const std::size_t end = m_text.find(tag, tagEnd + 1);
+        m_at = end == std::string_view::npos ? m_text.size() : end + tag.size();
+    }
+
+    void Comparison() {
+        const std::size_t start = m_at;
+        while (m_at < m_text.size() && ClassOf(m_text[m_at]) == CharClass::Compare)
+            ++m_at;
+        static constexpr std::array<std::string_view, 8> Operators = {
+            "=", "<", ">", "<=", ">=", "<>", "!=", "=="};
+        const bool partOfLonger =
+            start > 0 && std::string_view("-@#~|&*+/%^").find(m_text[start - 1]) != std::string_view::npos;
+        if (!partOfLonger && IsOneOf(m_text.substr(start, m_at - start), Operators)) m_comparisonEnd = m_at;
+    }
+
+    void Number() {
+        const std::size_t start = m_at;
+        if (m_text[m_at] == '0' && (Peek(1) == 'x' || Peek(1) == 'X') && IsHexDigit(Peek(2))) {
+            m_at += 2;
+            while (m_at < m_text.size() && IsHexDigit(m_text[m_at]))
+                ++m_at;
+            return;
+        }
+        SkipDigits();
+        bool whole = start == 0 || m_text[start - 1] != '.';
+        if (Peek(0) == '.') {
+            whole = false;
+            ++m_at;
+            SkipDigits();
+        }
+        const std::size_t exponentSign = Peek(1) == '+' || Peek(1) == '-' ? 1 : 0;
+        if ((Peek(0) == 'e' || Peek(0) == 'E') && IsDigit(Peek(1 + exponentSign))) {
+            m_at += 1 + exponentSign;
+            SkipDigits();
+            return;
+        }
+        if (whole) WholeNumber(start);
+    }
+
+    void SkipDigits() noexcept {
+        while (m_at < m_text.size() && IsDigit(m_text[m_at]))
+            ++m_at;
+    }
+
+    void WholeNumber(std::size_t start) {
+        const char next = Peek(0);
+        const bool touchesWord = ClassOf(next) == CharClass::Letter && next != '_';
+        if (m_lifting && next != '_' && next != '$') Lift(start);
+        if (!touchesWord) return;
+        m_result.text.append(m_text.substr(m_copied, m_at - m_copied)).push_back(' ');
+        m_copied = m_at;
+    }
+
+    /// Replaces the integer that ends here by "?" when it stands behind a comparison and fits 64 bits.
+    void Lift(std::size_t start) {
+        if (start > 0 && (m_text[start - 1] == '-' || m_text[start - 1] == '+')) --start;
+        std::size_t before = start;
+        while (before > 0 && IsBlank(m_text[before - 1]))
+            --before;
+        if (before != m_comparisonEnd) return;
+        const std::size_t digits = m_text[start] == '+' ? start + 1 : start;
+        std::int64_t value = 0;
+        const auto [end, error] = std::from_chars(m_text.data() + digits, m_text.data() + m_at, value);
+        if (error != std::errc() || end != m_text.data() + m_at) return;
+        m_result.literals.push_back(value);
+        m_result.text.append(m_text.substr(m_copied, start - m_copied)).push_back('?');
+        m_copied = m_at;
+    }
+
+    void Semicolon() {
+        ++m_at;
+        if (m_checkedSecond) return;
+        m_checkedSecond = true;
+        if (HoldsStatement(m_text.substr(m_at)) && !MayHoldBody(m_text)) m_result.secondStatement = true;
+    }
+
+  private:
+    std::string_view m_text;
+    const LexicalRules& m_rules;
+    bool m_mayLift;
+    StatementText& m_result;
+    std::size_t m_at = 0;
+    std::size_t m_copied = 0;  ///< the text before this position is in the result
+    std::size_t m_comparisonEnd = NoComparison;
+    int m_depth = 0;
+    bool m_sawWord = false;
+    bool m_lifting = false;
+    bool m_hasPlaceholders = false;
+    bool m_checkedSecond = false;
+};
+
+}  // namespace
+
+bool HoldsStatement(std::string_view text) noexcept {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t behind = BehindComment(text, at);
+        if (behind == at && !IsBlank(text[at]) && text[at] != ';') return true;
+        at = std::max(at + 1, behind);
+    }
+    return false;
+}
+
+void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result) {
+    result.text.reserve(composed.size() + 8);
+    Scanner scanner(composed, rules, true, result);
+    scanner.Run();
+    if (scanner.HasPlaceholders() && !result.literals.empty()) {
+        // Values of ours would mix with the host's own.
+        Scanner(composed, rules, false, result).Run();
+    }
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex::native::sql {
+
+/// Where an engine's reading of quotes departs from the standard.
+struct LexicalRules {
+    bool bracketNames = true;       ///< [name] is a quoted name
+    bool backslashEscapes = false;  ///< a backslash in a text literal takes the next character with it
+    bool dollarQuotes = false;      ///< $tag$ ... $tag$ is a text literal, E'...' one with backslashes
+};
+
+enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
+
+/// A statement as it goes to the engine. Reused from call to call, so that a scan allocates nothing.
+struct StatementText {
+    /// The engine's text, and the key under which its prepared statement is cached: literals lifted out as
+    /// "?", a blank where an integer touched the word behind it ("0and").
+    std::string text;
+    /// The values of the lifted literals, in order.
+    std::vector<std::int64_t> literals;
+    StatementKind kind = StatementKind::Other;
+    /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
+    bool secondStatement = false;
+};
+
+/// Reads a statement once, outside its quotes and comments. In SELECT (its WHERE clause), UPDATE and DELETE,
+/// an integer literal behind a comparison operator is lifted out, unless the text has placeholders of its
+/// own.
+void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result);
+
+/// Whether `text` holds anything but blanks, comments and semicolons.
+bool HoldsStatement(std::string_view text) noexcept;
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/native/sql/statement_text.h"
+
+#include <cstdint>
+#include <string>
+
+namespace korvex::native::sql {
+
+/// How an engine tells the key that it gave to a new row.
+enum class NewKeySource : std::uint8_t {
+    None,
+    LastRowId,  ///< the session knows it (Session::LastRowId); also identifies rows of tables without a key
+    Returning,  ///< INSERT ... RETURNING
+    Query,      ///< newKeyQuery, sent behind the insert
+};
+
+/// What an engine can do and how it writes things. Logic asks here, never for an engine's name.
+struct EngineTraits {
+    std::string quoteOpen = "\"";
+    std::string quoteClose = "\"";
+    NewKeySource newKey = NewKeySource::None;
+    std::string newKeyQuery;
+    /// The name under which LastRowId is a column of every table without a key.
+    std::string rowIdName;
+    /// Behind "INSERT INTO table", for a row of which no column was set.
+    std::string emptyInsert = "DEFAULT VALUES";
+    /// A transaction goes on after a statement in it has failed.
+    bool transactionOutlivesFailure = false;
+    /// Integer literals may be lifted out into parameters.
+    bool liftsLiterals = true;
+    LexicalRules lexical;
+};
+
+/// `name` as a quoted name.
+std::string QuoteName(const EngineTraits& traits, std::string_view name);
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "platform/dao.h"
+#include "platform/native/native_platform.h"
+#include "support/temp_folder.h"
+#include "support/test_seam.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex::tests {
+
+enum class Driver { Sqlite, OdbcSqlite };
+
+inline std::string DriverName(const testing::TestParamInfo<Driver>& info) {
+    return info.param == Driver::Sqlite ? "Sqlite" : "OdbcSqlite";
+}
+
+/// An open database of either driver, over a file of its own.
+class EngineTest : public testing::TestWithParam<Driver> {
+  protected:
+    void SetUp() override {
+        m_platform.repositoryEngine->CreateDatabase(m_file)->Close();
+        m_database = Open();
+    }
+    /// Nothing may be left open, whatever the test did.
+    void TearDown() override {
+        m_database.reset();
+        EXPECT_EQ(m_seam->OpenStatements(), 0);
+    }
+
+    std::unique_ptr<dao::Database> Open() {
+        if (GetParam() == Driver::Sqlite) return m_platform.repositoryEngine->OpenDatabase(m_file);
+        return m_platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC)
+            ->OpenConnection("", false, "DRIVER=SQLite3;Database=" + m_file);
+    }
+
+    void Run(std::string_view statement) { m_database->Execute(statement); }
+    std::unique_ptr<dao::Recordset> Snapshot(std::string_view sql) {
+        return m_database->OpenRecordset(sql, dao::dbOpenSnapshot);
+    }
+    std::unique_ptr<dao::Recordset> Dynaset(std::string_view sql) {
+        return m_database->OpenRecordset(sql, dao::dbOpenDynaset);
+    }
+
+    /// The rest of a recordset: "a|b" for each row, Null as "-".
+    static std::vector<std::string> Rows(dao::Recordset& recordset, const std::vector<std::string>& fields) {
+        std::vector<std::string> rows;
+        for (; !recordset.Eof(); recordset.MoveNext()) {
+            std::string& row = rows.emplace_back();
+            for (const std::string& field : fields) {
+                const automation::Variant value = recordset.Fields(field).Value();
+                if (&field != &fields.front()) row += '|';
+                row += value.IsNull() ? "-" : automation::ToString(value);
+            }
+        }
+        return rows;
+    }
+    std::vector<std::string> Rows(std::string_view sql, const std::vector<std::string>& fields) {
+        const auto recordset = Snapshot(sql);
+        return Rows(*recordset, fields);
+    }
+
+    TempFolder m_folder;
+    std::string m_file = m_folder.Path("repository.db");
+    std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();
+    Platform m_platform = native::NativePlatform({.seam = m_seam});
+    std::unique_ptr<dao::Database> m_database;
+};
+
+/// The number of the automation error that `work` raises, 0 for none; `description` receives its text.
+template <class Work>
+std::int32_t ErrorOf(Work&& work, std::string* description = nullptr) {
+    try {
+        work();
+    } catch (const automation::Error& error) {
+        if (description != nullptr) *description = error.Description();
+        return error.Number();
+    }
+    return 0;
+}
+
+}  // namespace korvex::tests
