@@ -12,11 +12,13 @@ namespace {
 // Numbers that the engine makes never come back after a row was deleted, so a reference that dangles can not
 // be taken for one to a newer row.
 constexpr std::string_view AutoNumber = "INTEGER PRIMARY KEY AUTOINCREMENT";
-constexpr std::string_view Number = "INTEGER";
+constexpr std::string_view Id = "INTEGER";
+// Nothing is 0 here and not Null: the queries of the library compare these columns with 0.
+constexpr std::string_view Number = "INTEGER DEFAULT 0";
 constexpr std::string_view Text = "VARCHAR(255)";
 constexpr std::string_view LongText = "TEXT";
 
-constexpr SchemaColumn DataDefColumns[] = {{"Storage", Text}, {"RootObjectID", Number}};
+constexpr SchemaColumn DataDefColumns[] = {{"Storage", Text}, {"RootObjectID", Id}};
 
 constexpr SchemaColumn ObjectColumns[] = {{"ObjectID", AutoNumber},       {"Name", Text},
                                           {"CollectionObjectID", Number}, {"TableName", Text},
@@ -24,22 +26,19 @@ constexpr SchemaColumn ObjectColumns[] = {{"ObjectID", AutoNumber},       {"Name
 
 constexpr SchemaColumn InterfaceColumns[] = {{"InterfaceID", AutoNumber}, {"Name", Text}};
 
-constexpr SchemaColumn ObjectInterfaceColumns[] = {{"ObjectID", Number}, {"InterfaceID", Number}};
+constexpr SchemaColumn ObjectInterfaceColumns[] = {{"ObjectID", Id}, {"InterfaceID", Id}};
 
 constexpr SchemaColumn ValueColumns[] = {
-    {"ValueID", AutoNumber}, {"InterfaceID", Number}, {"ChildObjectID", Number}, {"Name", Text},
-    {"FieldName", Text},     {"DataType", Number},    {"MaxLength", Text},       {"IsAutoNumber", Number},
-    {"DefaultVal", Text},    {"IsIncluded", Number},  {"IsReadOnly", Number},    {"Description", LongText},
-    {"Caption", Text},       {"Translation", Text},   {"MaxValue", Text},        {"MinValue", Text},
-    {"VID", Number},         {"VIDTag1", Text},       {"VIDTag2", Text},         {"VIDTag3", Text}};
+    {"ValueID", AutoNumber}, {"InterfaceID", Id},    {"ChildObjectID", Number}, {"Name", Text},
+    {"FieldName", Text},     {"DataType", Number},   {"MaxLength", Text},       {"IsAutoNumber", Number},
+    {"DefaultVal", Text},    {"IsIncluded", Number}, {"IsReadOnly", Number},    {"Description", LongText},
+    {"Caption", Text},       {"Translation", Text},  {"MaxValue", Text},        {"MinValue", Text},
+    {"VID", Number},         {"VIDTag1", Text},      {"VIDTag2", Text},         {"VIDTag3", Text}};
 
-constexpr SchemaColumn PrimaryKeyColumns[] = {{"ObjectID", Number}, {"ValueID", Number}, {"Seq", Number}};
+constexpr SchemaColumn PrimaryKeyColumns[] = {{"ObjectID", Id}, {"ValueID", Id}, {"Seq", Number}};
 
-constexpr SchemaColumn ForeignKeyColumns[] = {{"ObjectID", Number},
-                                              {"ValueID", Number},
-                                              {"FKObjectID", Number},
-                                              {"FKValueID", Number},
-                                              {"FKObjectGUID", Text}};
+constexpr SchemaColumn ForeignKeyColumns[] = {
+    {"ObjectID", Id}, {"ValueID", Id}, {"FKObjectID", Number}, {"FKValueID", Number}, {"FKObjectGUID", Text}};
 
 constexpr SchemaTable Tables[] = {
     {"tDataDefs", DataDefColumns, ""},
