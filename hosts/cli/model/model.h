@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Data definitions in memory, free of any repository's identifiers: what stands between the JSON form and
+/// the rows of a repository. Objects and interfaces are referred to by their position in the model.
+namespace korvex::cli {
+
+struct ModelValue {
+    std::string name;
+    std::int32_t dataType = 0;  ///< automation variant type number
+    std::string maxLength = "0";
+    std::string defaultVal;
+    bool isAutoNumber = false;
+    std::optional<std::string> fieldName;  ///< nothing: no column yet
+    bool isIncluded = false;
+    bool isReadOnly = false;
+    std::string description;
+    std::string caption;
+    std::string translation;
+    std::string maxValue;
+    std::string minValue;
+    std::int32_t vid = 0;
+    std::array<std::string, 3> tags;
+    std::optional<std::size_t> child;  ///< the object that the value holds
+};
+
+struct ModelInterface {
+    std::string name;
+    std::vector<ModelValue> values;
+};
+
+struct ModelValueRef {
+    std::size_t interface = 0;
+    std::size_t value = 0;  ///< position within the interface
+    friend bool operator==(const ModelValueRef&, const ModelValueRef&) = default;
+};
+
+struct ModelPrimaryKey {
+    ModelValueRef value;
+    std::int32_t seq = 0;
+};
+
+struct ModelForeignKey {
+    ModelValueRef value;
+    std::size_t object = 0;  ///< the object referred to
+    ModelValueRef key;       ///< its key value
+    std::string guid;
+};
+
+struct ModelObject {
+    std::string name;
+    std::string guid;
+    std::optional<std::string> tableName;  ///< nothing: no table yet
+    bool isIncluded = false;
+    std::vector<std::size_t> interfaces;
+    std::optional<std::size_t> element;  ///< object of the elements of a collection
+    std::vector<ModelPrimaryKey> primaryKeys;
+    std::vector<ModelForeignKey> foreignKeys;
+};
+
+struct ModelDefinition {
+    std::string storage;
+    std::size_t root = 0;
+};
+
+struct Model {
+    std::vector<ModelDefinition> definitions;
+    std::vector<ModelObject> objects;
+    std::vector<ModelInterface> interfaces;
+};
+
+/// The objects directly beneath an object, in walk order: its element object, then its values' children.
+std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object);
+
+/// The names along a path on which an object is its own ancestor ("Order > Customer > Order"), or nothing.
+std::optional<std::string> FindCycle(const Model& model);
+
+/// Every value with that name of the object's interfaces, in their order.
+std::vector<ModelValueRef> FindValues(const Model& model, std::size_t object, const std::string& name);
+
+}  // namespace korvex::cli

@@ -1,0 +1,209 @@
+#include "hosts/cli/model/model_export.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+
+namespace korvex::cli {
+
+namespace {
+
+using repository::Catalog;
+using repository::ForeignKeyRow;
+using repository::ObjectRow;
+using repository::PrimaryKeyRow;
+using repository::ValueRow;
+
+class Exporter {
+  public:
+    Exporter(const Catalog& catalog, std::string_view storage) : m_catalog(catalog), m_storage(storage) {}
+
+    ExportedModel Export() {
+        CollectObjects();
+        for (std::size_t i = 0; i < m_objects.size(); ++i) {
+            FillObject(i);
+        }
+        if (m_storage.empty()) AddUnusedInterfaces();
+        // Children and keys refer to objects and interfaces that may stand anywhere.
+        for (std::size_t i = 0; i < m_interfaceIDs.size(); ++i) {
+            FillInterface(i);
+        }
+        for (std::size_t i = 0; i < m_objects.size(); ++i) {
+            FillKeys(i);
+        }
+        return std::move(m_result);
+    }
+
+  private:
+    void LeaveOut(std::string what) { m_result.leftOut.push_back(std::move(what)); }
+
+    void CollectObjects() {
+        for (const repository::DataDefRow& row : m_catalog.DataDefs()) {
+            if (!m_storage.empty() && row.Storage != m_storage) continue;
+            CollectFrom(row.RootObjectID);
+            const std::optional<std::size_t> root = Find(m_objectIndex, row.RootObjectID);
+            if (root) {
+                m_result.model.definitions.push_back({row.Storage, *root});
+            } else {
+                LeaveOut("definition \"" + row.Storage + "\": its root object " +
+                         std::to_string(row.RootObjectID) + " does not exist");
+            }
+        }
+        if (!m_storage.empty()) return;
+        for (const ObjectRow& row : m_catalog.Objects()) {
+            CollectFrom(row.ObjectID);
+        }
+    }
+
+    /// Adds an object and everything beneath it that is not there yet, each before its children.
+    void CollectFrom(std::int32_t start) {
+        std::vector<std::int32_t> waiting = {start};
+        while (!waiting.empty()) {
+            const std::int32_t id = waiting.back();
+            waiting.pop_back();
+            const ObjectRow* row = m_catalog.FindObject(id);
+            if (row == nullptr || !m_objectIndex.emplace(id, m_objects.size()).second) continue;
+            m_objects.push_back(row);
+            const std::vector<std::int32_t> children = m_catalog.ChildrenOf(id);
+            waiting.insert(waiting.end(), children.rbegin(), children.rend());
+        }
+    }
+
+    void FillObject(std::size_t index) {
+        const ObjectRow& row = *m_objects[index];
+        ModelObject object;
+        object.name = row.Name;
+        object.guid = row.Guid;
+        object.tableName = row.TableName;
+        object.isIncluded = row.IsIncluded;
+        for (const std::int32_t interfaceID : m_catalog.InterfacesOf(row.ObjectID)) {
+            if (m_catalog.FindInterface(interfaceID) == nullptr) {
+                LeaveOut("object " + row.Name + ": interface " + std::to_string(interfaceID) +
+                         " does not exist");
+            } else {
+                object.interfaces.push_back(InterfaceIndex(interfaceID));
+            }
+        }
+        if (row.CollectionObjectID > 0) {
+            object.element = Find(m_objectIndex, row.CollectionObjectID);
+            if (!object.element) {
+                LeaveOut("object " + row.Name + ": its element object " +
+                         std::to_string(row.CollectionObjectID) + " does not exist");
+            }
+        }
+        m_result.model.objects.push_back(std::move(object));
+    }
+
+    std::size_t InterfaceIndex(std::int32_t interfaceID) {
+        const auto [entry, isNew] = m_interfaceIndex.emplace(interfaceID, m_interfaceIDs.size());
+        if (isNew) m_interfaceIDs.push_back(interfaceID);
+        return entry->second;
+    }
+
+    void AddUnusedInterfaces() {
+        for (const repository::InterfaceRow& row : m_catalog.Interfaces()) {
+            static_cast<void>(InterfaceIndex(row.InterfaceID));
+        }
+    }
+
+    void FillInterface(std::size_t index) {
+        const std::int32_t id = m_interfaceIDs[index];
+        ModelInterface& interface = m_result.model.interfaces.emplace_back();
+        interface.name = m_catalog.FindInterface(id)->Name;
+        for (const ValueRow* row : m_catalog.ValuesOfInterface(id)) {
+            m_valueRefs[row->ValueID] = {index, interface.values.size()};
+            interface.values.push_back(Value(*row));
+        }
+    }
+
+    ModelValue Value(const ValueRow& row) {
+        ModelValue value;
+        value.name = row.Name;
+        value.dataType = row.DataType;
+        value.maxLength = row.MaxLength;
+        value.defaultVal = row.DefaultVal;
+        value.isAutoNumber = row.IsAutoNumber;
+        value.fieldName = row.FieldName;
+        value.isIncluded = row.IsIncluded;
+        value.isReadOnly = row.IsReadOnly;
+        value.description = row.Description;
+        value.caption = row.Caption;
+        value.translation = row.Translation;
+        value.maxValue = row.MaxValue;
+        value.minValue = row.MinValue;
+        value.vid = row.VID;
+        value.tags = {row.VIDTag1, row.VIDTag2, row.VIDTag3};
+        if (row.ChildObjectID > 0) {
+            value.child = Find(m_objectIndex, row.ChildObjectID);
+            if (!value.child) {
+                LeaveOut("value " + row.Name + ": its child object " + std::to_string(row.ChildObjectID) +
+                         " does not exist");
+            }
+        }
+        return value;
+    }
+
+    void FillKeys(std::size_t index) {
+        const std::int32_t id = m_objects[index]->ObjectID;
+        ModelObject& object = m_result.model.objects[index];
+        for (const PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(id)) {
+            if (const std::optional<ModelValueRef> value = ValueOf(index, row->ValueID)) {
+                object.primaryKeys.push_back({*value, row->Seq});
+            } else {
+                LeaveOut("object " + object.name + ": its primary-key value " + std::to_string(row->ValueID) +
+                         " is none of its values");
+            }
+        }
+        for (const ForeignKeyRow* row : m_catalog.ForeignKeysOf(id)) {
+            AddForeignKey(index, *row);
+        }
+    }
+
+    void AddForeignKey(std::size_t index, const ForeignKeyRow& row) {
+        ModelObject& object = m_result.model.objects[index];
+        const std::optional<ModelValueRef> value = ValueOf(index, row.ValueID);
+        const std::optional<std::size_t> target = Find(m_objectIndex, row.FKObjectID);
+        const std::optional<ModelValueRef> key =
+            target ? ValueOf(*target, row.FKValueID) : std::optional<ModelValueRef>();
+        if (value && key) {
+            object.foreignKeys.push_back({*value, *target, *key, row.FKObjectGUID});
+        } else {
+            LeaveOut("object " + object.name + ": its foreign key from value " + std::to_string(row.ValueID) +
+                     " to object " + std::to_string(row.FKObjectID) + ", value " +
+                     std::to_string(row.FKValueID) + " leads nowhere");
+        }
+    }
+
+    /// Where a value stands in the model, when it is one of the object's.
+    std::optional<ModelValueRef> ValueOf(std::size_t object, std::int32_t valueID) const {
+        const auto entry = m_valueRefs.find(valueID);
+        if (entry == m_valueRefs.end()) return std::nullopt;
+        const std::vector<std::size_t>& interfaces = m_result.model.objects[object].interfaces;
+        const bool isOwn =
+            std::find(interfaces.begin(), interfaces.end(), entry->second.interface) != interfaces.end();
+        return isOwn ? std::optional(entry->second) : std::nullopt;
+    }
+
+    using Index = std::unordered_map<std::int32_t, std::size_t>;
+    static std::optional<std::size_t> Find(const Index& index, std::int32_t id) {
+        const auto entry = index.find(id);
+        return entry == index.end() ? std::nullopt : std::optional(entry->second);
+    }
+
+    const Catalog& m_catalog;
+    std::string_view m_storage;
+    std::vector<const ObjectRow*> m_objects;
+    Index m_objectIndex;  ///< by ObjectID
+    std::vector<std::int32_t> m_interfaceIDs;
+    Index m_interfaceIndex;  ///< by InterfaceID
+    std::unordered_map<std::int32_t, ModelValueRef> m_valueRefs;
+    ExportedModel m_result;
+};
+
+}  // namespace
+
+ExportedModel ExportModel(const Catalog& catalog, std::string_view storage) {
+    return Exporter(catalog, storage).Export();
+}
+
+}  // namespace korvex::cli

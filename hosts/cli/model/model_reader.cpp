@@ -1,0 +1,312 @@
+#include "hosts/cli/model/model_reader.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "hosts/cli/model/data_types.h"
+#include "hosts/cli/model/json_file.h"
+#include "hosts/cli/model/json_node.h"
+#include "hosts/cli/model/references.h"
+#include "hosts/cli/suggest.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace korvex::cli {
+
+namespace {
+
+constexpr std::int32_t LongMin = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t LongMax = std::numeric_limits<std::int32_t>::max();
+
+/// Objects written inside one another, beyond which the file is refused.
+constexpr int DeepestNesting = 200;
+
+/// Names end up between single quotes in the statements of the library.
+std::string ReadName(const JsonNode& node) {
+    std::string name = node.NonEmptyText();
+    if (name.find('\'') != std::string::npos) node.Fail("must not hold a single quote");
+    const bool hasControl =
+        std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+    if (hasControl) node.Fail("must not hold control characters");
+    return name;
+}
+
+std::int32_t ReadDataType(const JsonNode& node) {
+    if (node.IsNumber()) return node.Whole(0, std::numeric_limits<std::int16_t>::max());
+    const std::string name = node.Text();
+    if (const std::optional<std::int32_t> code = DataTypeCode(name)) return *code;
+    std::vector<std::string_view> names;
+    std::vector<std::string> listed;
+    for (const DataTypeName& type : DataTypeNames()) {
+        names.push_back(type.name);
+        listed.emplace_back(type.name);
+    }
+    const std::string nearest = NearestName(name, names);
+    node.Fail("unknown data type \"" + name + "\"; " +
+              (nearest.empty() ? "known are " + JoinNames(listed) : "did you mean \"" + nearest + "\"?"));
+}
+
+std::string ReadMaxLength(const JsonNode& node) {
+    if (node.IsNumber()) return std::to_string(node.Whole(0, LongMax));
+    const std::string text = node.Text();
+    try {
+        static_cast<void>(automation::ParseNumber(text));
+    } catch (const automation::Error&) {
+        node.Fail("\"" + text + "\" is no number");
+    }
+    return text;
+}
+
+class ModelReader {
+  public:
+    Model Read(const JsonNode& document) {
+        document.ExpectMembers({"version", "definitions", "objects", "interfaces"});
+        if (document.Has("version")) static_cast<void>(document.At("version").Whole(1, 1));
+        if (document.Has("interfaces")) {
+            for (const JsonNode& node : document.At("interfaces").Items()) {
+                static_cast<void>(ReadInterface(node, 0));
+            }
+        }
+        if (document.Has("objects")) {
+            for (const JsonNode& node : document.At("objects").Items()) {
+                static_cast<void>(ReadObject(node, 0));
+            }
+        }
+        if (document.Has("definitions")) {
+            for (const JsonNode& node : document.At("definitions").Items()) {
+                ReadDefinition(node);
+            }
+        }
+        Resolve();
+        if (m_model.objects.empty() && m_model.interfaces.empty()) document.Fail("holds no objects");
+        if (const std::optional<std::string> cycle = FindCycle(m_model)) {
+            throw automation::Error(automation::OutOfStackSpace, "an object is its own ancestor: " + *cycle);
+        }
+        return std::move(m_model);
+    }
+
+  private:
+    /// A text that stands for an object or interface, to be resolved when all of them are known.
+    template <class Place>
+    struct Pending {
+        JsonNode node;
+        Place place;
+    };
+    struct ValuePlace {
+        std::size_t interface;
+        std::size_t value;
+    };
+    struct InterfacePlace {
+        std::size_t object;
+        std::size_t position;
+    };
+
+    void ReadDefinition(const JsonNode& node) {
+        node.ExpectMembers({"storage", "root"});
+        const JsonNode storage = node.At("storage");
+        const std::string name = ReadName(storage);
+        for (const ModelDefinition& other : m_model.definitions) {
+            if (other.storage == name) storage.Fail("\"" + name + "\" stands twice");
+        }
+        const std::size_t position = m_model.definitions.size();
+        m_model.definitions.push_back({name, 0});
+        ReadObjectOrName(node.At("root"), 0, m_pendingRoots, position,
+                         [this, position](std::size_t root) { m_model.definitions[position].root = root; });
+    }
+
+    /// An object written in place is read and handed on at once; a name is kept for later.
+    template <class Place, class Take>
+    void ReadObjectOrName(const JsonNode& node, int depth, std::vector<Pending<Place>>& pending, Place place,
+                          Take take) {
+        if (node.IsObject()) {
+            take(ReadObject(node, depth + 1));
+        } else {
+            static_cast<void>(node.NonEmptyText());
+            pending.push_back({node, place});
+        }
+    }
+
+    std::size_t ReadObject(const JsonNode& node, int depth) {
+        if (depth > DeepestNesting) {
+            node.Fail("nested deeper than " + std::to_string(DeepestNesting) +
+                      " objects; put the objects into \"objects\" and refer to them by name");
+        }
+        node.ExpectMembers({"name", "id", "guid", "table", "included", "values", "interfaces", "element",
+                            "primaryKey", "foreignKeys"});
+        const std::size_t index = m_model.objects.size();
+        ModelObject& object = m_model.objects.emplace_back();
+        object.name = ReadName(node.At("name"));
+        object.guid = node.TextOr("guid", "");
+        if (node.Has("table")) object.tableName = node.At("table").NonEmptyText();
+        object.isIncluded = node.FlagOr("included", false);
+        m_objects.Add(node, object.name, index);
+
+        // Reading values adds objects and interfaces, so nothing here may be held by reference across it.
+        if (node.Has("values")) AttachInterface(index, ReadOwnInterface(node, index, depth));
+        if (node.Has("interfaces")) {
+            for (const JsonNode& item : node.At("interfaces").Items()) {
+                ReadInterfaceOrName(item, index, depth);
+            }
+        }
+        if (node.Has("element")) {
+            ReadObjectOrName(
+                node.At("element"), depth, m_pendingElements, index,
+                [this, index](std::size_t element) { m_model.objects[index].element = element; });
+        }
+        if (node.Has("primaryKey") || node.Has("foreignKeys")) m_keys.push_back({node, index});
+        return index;
+    }
+
+    void AttachInterface(std::size_t object, std::size_t interface) {
+        m_model.objects[object].interfaces.push_back(interface);
+    }
+
+    /// The values written directly in an object: an interface with the object's name.
+    std::size_t ReadOwnInterface(const JsonNode& node, std::size_t object, int depth) {
+        const std::size_t index = m_model.interfaces.size();
+        m_model.interfaces.push_back({m_model.objects[object].name, {}});
+        ReadValues(node.At("values"), index, depth);
+        return index;
+    }
+
+    void ReadInterfaceOrName(const JsonNode& node, std::size_t object, int depth) {
+        if (node.IsObject()) {
+            AttachInterface(object, ReadInterface(node, depth));
+            return;
+        }
+        static_cast<void>(node.NonEmptyText());
+        m_pendingInterfaces.push_back({node, {object, m_model.objects[object].interfaces.size()}});
+        AttachInterface(object, 0);
+    }
+
+    std::size_t ReadInterface(const JsonNode& node, int depth) {
+        node.ExpectMembers({"name", "id", "values"});
+        const std::size_t index = m_model.interfaces.size();
+        const std::string name = ReadName(node.At("name"));
+        m_model.interfaces.push_back({name, {}});
+        m_interfaces.Add(node, name, index);
+        if (node.Has("values")) ReadValues(node.At("values"), index, depth);
+        return index;
+    }
+
+    void ReadValues(const JsonNode& node, std::size_t interface, int depth) {
+        for (const JsonNode& item : node.Items()) {
+            ReadValue(item, interface, depth);
+        }
+    }
+
+    void ReadValue(const JsonNode& node, std::size_t interface, int depth) {
+        node.ExpectMembers({"name", "type", "maxLength", "default", "autoNumber", "child", "field",
+                            "included", "readOnly", "description", "caption", "translation", "maxValue",
+                            "minValue", "vid", "tags"});
+        const std::size_t position = m_model.interfaces[interface].values.size();
+        ModelValue value;
+        value.name = ReadName(node.At("name"));
+        if (!node.Has("type") && !node.Has("child")) node.Fail("lacks the member \"type\" or \"child\"");
+        value.dataType = node.Has("type") ? ReadDataType(node.At("type")) : TypeObject;
+        if (node.Has("maxLength")) value.maxLength = ReadMaxLength(node.At("maxLength"));
+        value.defaultVal = node.ScalarOr("default", "");
+        value.isAutoNumber = node.FlagOr("autoNumber", false);
+        if (node.Has("field")) value.fieldName = node.At("field").NonEmptyText();
+        value.isIncluded = node.FlagOr("included", false);
+        ReadDescriptiveColumns(node, position, value);
+        m_model.interfaces[interface].values.push_back(std::move(value));
+        if (!node.Has("child")) return;
+        ReadObjectOrName(node.At("child"), depth, m_pendingChildren, ValuePlace{interface, position},
+                         [this, interface, position](std::size_t child) {
+                             m_model.interfaces[interface].values[position].child = child;
+                         });
+    }
+
+    static void ReadDescriptiveColumns(const JsonNode& node, std::size_t position, ModelValue& value) {
+        value.isReadOnly = node.FlagOr("readOnly", false);
+        value.description = node.TextOr("description", "");
+        value.caption = node.TextOr("caption", "");
+        value.translation = node.TextOr("translation", "");
+        value.maxValue = node.ScalarOr("maxValue", "");
+        value.minValue = node.ScalarOr("minValue", "");
+        value.vid = node.Has("vid") ? node.At("vid").Whole(LongMin, LongMax)
+                                    : static_cast<std::int32_t>(position) + 1;
+        if (!node.Has("tags")) return;
+        const std::vector<JsonNode> tags = node.At("tags").Items();
+        if (tags.size() > value.tags.size()) node.At("tags").Fail("holds more than three texts");
+        std::transform(tags.begin(), tags.end(), value.tags.begin(),
+                       [](const JsonNode& tag) { return tag.Text(); });
+    }
+
+    void Resolve() {
+        for (const auto& [node, place] : m_pendingRoots) {
+            m_model.definitions[place].root = m_objects.Resolve(node);
+        }
+        for (const auto& [node, place] : m_pendingElements) {
+            m_model.objects[place].element = m_objects.Resolve(node);
+        }
+        for (const auto& [node, place] : m_pendingChildren) {
+            m_model.interfaces[place.interface].values[place.value].child = m_objects.Resolve(node);
+        }
+        for (const auto& [node, place] : m_pendingInterfaces) {
+            m_model.objects[place.object].interfaces[place.position] = m_interfaces.Resolve(node);
+        }
+        for (const auto& [node, object] : m_keys) {
+            if (node.Has("primaryKey")) ReadPrimaryKey(node.At("primaryKey"), object);
+            if (node.Has("foreignKeys")) ReadForeignKeys(node.At("foreignKeys"), object);
+        }
+    }
+
+    void ReadPrimaryKey(const JsonNode& node, std::size_t object) {
+        for (const JsonNode& item : node.Items()) {
+            item.ExpectMembers({"value", "interface", "seq"});
+            const ModelValueRef value = KeyValue(item, "value", "interface", object);
+            m_model.objects[object].primaryKeys.push_back({value, item.At("seq").Whole(LongMin, LongMax)});
+        }
+    }
+
+    void ReadForeignKeys(const JsonNode& node, std::size_t object) {
+        for (const JsonNode& item : node.Items()) {
+            item.ExpectMembers({"value", "interface", "object", "key", "keyInterface", "guid"});
+            ModelForeignKey key;
+            key.value = KeyValue(item, "value", "interface", object);
+            key.object = m_objects.Resolve(item.At("object"));
+            key.key = KeyValue(item, "key", "keyInterface", key.object);
+            key.guid = item.TextOr("guid", "");
+            m_model.objects[object].foreignKeys.push_back(std::move(key));
+        }
+    }
+
+    /// The value of an object that a key entry names; with its interface when the name alone is not enough.
+    ModelValueRef KeyValue(const JsonNode& node, std::string_view member, std::string_view interfaceMember,
+                           std::size_t object) const {
+        std::vector<ModelValueRef> found = FindValues(m_model, object, node.At(member).NonEmptyText());
+        if (node.Has(interfaceMember)) {
+            const std::string interface = node.At(interfaceMember).NonEmptyText();
+            std::erase_if(found, [&](const ModelValueRef& ref) {
+                return m_model.interfaces[ref.interface].name != interface;
+            });
+        }
+        if (found.empty()) node.At(member).Fail("no such value in " + m_model.objects[object].name);
+        if (found.size() > 1) {
+            node.At(member).Fail("several values of that name in " + m_model.objects[object].name +
+                                 "; name its \"" + std::string(interfaceMember) + "\"");
+        }
+        return found.front();
+    }
+
+    Model m_model;
+    References m_objects{"object"};
+    References m_interfaces{"interface"};
+    std::vector<Pending<std::size_t>> m_pendingRoots;     ///< by definition
+    std::vector<Pending<std::size_t>> m_pendingElements;  ///< by object
+    std::vector<Pending<ValuePlace>> m_pendingChildren;
+    std::vector<Pending<InterfacePlace>> m_pendingInterfaces;
+    std::vector<Pending<std::size_t>> m_keys;  ///< objects with key entries
+};
+
+}  // namespace
+
+Model ReadModel(const std::string& path) {
+    const nlohmann::json document = ReadJsonFile(path);
+    return ModelReader().Read(JsonNode(document, path));
+}
+
+}  // namespace korvex::cli
