@@ -1,0 +1,72 @@
+#include "hosts/cli/app.h"
+
+#include "automation/error.h"
+#include "hosts/cli/commands.h"
+
+#include <cstdint>
+#include <exception>
+#include <new>
+#include <string>
+#include <string_view>
+
+#ifndef KORVEX_VERSION
+#error "the build passes KORVEX_VERSION"
+#endif
+
+namespace korvex::cli {
+
+namespace {
+
+constexpr std::int32_t InternalError = 51;
+
+void AddCommands(CLI::App& app, Console& console) {
+    AddScriptCommand(app, console);
+    AddRelateCommand(app, console);
+    CLI::App* repository =
+        app.add_subcommand("repository", "Make, fill, show and check definition repositories");
+    AddRepositoryNewCommand(*repository, console);
+    AddRepositoryImportCommand(*repository, console);
+    AddRepositoryShowCommand(*repository, console);
+    AddRepositoryCheckCommand(*repository, console);
+    repository->require_subcommand(1);
+    app.require_subcommand(1);
+}
+
+/// --version on every level, as --help is.
+void AddVersion(CLI::App& app) {
+    app.set_version_flag("--version", "korvex " KORVEX_VERSION, "Print the version and exit");
+    for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        AddVersion(*command);
+    }
+}
+
+int Fail(Console& console, std::int32_t number, std::string_view description) {
+    console.Message("error " + std::to_string(number) + ": " + std::string(description));
+    return ExitFailed;
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, const char* const* argv, Console& console) {
+    CLI::App app("Turns definition repositories into SQL scripts.", "korvex");
+    AddCommands(app, console);
+    AddVersion(app);
+    try {
+        app.parse(argc, argv);
+        console.Finish();
+        return ExitDone;
+    } catch (const CLI::RuntimeError& error) {
+        // A command that has said itself what is wrong.
+        return error.get_exit_code();
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, console.Results()) == 0 ? ExitDone : ExitUsage;
+    } catch (const automation::Error& error) {
+        return Fail(console, error.Number(), error.Description());
+    } catch (const std::bad_alloc&) {
+        return Fail(console, automation::OutOfMemory, automation::StandardErrorText(automation::OutOfMemory));
+    } catch (const std::exception& error) {
+        return Fail(console, InternalError, error.what());
+    }
+}
+
+}  // namespace korvex::cli

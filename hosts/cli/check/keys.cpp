@@ -1,0 +1,95 @@
+#include "automation/text.h"
+#include "hosts/cli/check/check.h"
+#include "repository/key_values.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+namespace korvex::cli {
+
+namespace {
+
+using repository::Catalog;
+using repository::ForeignKeyRow;
+
+constexpr std::string_view KeyInterfaceSuffix = "DBKeys";
+
+/// A key interface that has the name of none of its objects was made for an earlier name.
+void CheckKeyInterfaces(const Catalog& catalog, Findings& findings) {
+    for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
+        const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
+        const repository::ObjectRow* object = catalog.FindObject(row.ObjectID);
+        if (interface == nullptr || object == nullptr) continue;
+        const bool isOwn =
+            automation::EqualsIgnoreCase(interface->Name, object->Name + std::string(KeyInterfaceSuffix));
+        if (isOwn || !interface->Name.ends_with(KeyInterfaceSuffix)) continue;
+        const std::vector<const repository::ValueRow*> values = catalog.ValuesOfInterface(row.InterfaceID);
+        const bool holdsKeys = values.empty() || std::any_of(values.begin(), values.end(),
+                                                             [](const repository::ValueRow* value) {
+                                                                 return repository::IsKeyVid(value->VID);
+                                                             });
+        if (holdsKeys) {
+            findings.Warning(ObjectText(catalog, row.ObjectID) + ": the key interface " + interface->Name +
+                             " is left from an earlier name");
+        }
+    }
+}
+
+/// Key values that are no key of any table stay ordinary columns of theirs.
+void CheckKeyValues(const Catalog& catalog, Findings& findings) {
+    std::set<std::int32_t> keys;
+    for (const repository::PrimaryKeyRow& row : catalog.PrimaryKeys())
+        keys.insert(row.ValueID);
+    for (const ForeignKeyRow& row : catalog.ForeignKeys())
+        keys.insert(row.ValueID);
+    for (const repository::ValueRow& row : catalog.Values()) {
+        if (!repository::IsKeyVid(row.VID) || keys.contains(row.ValueID)) continue;
+        findings.Warning("value " + row.Name + " (ValueID " + std::to_string(row.ValueID) +
+                         ") was a key once and is none any more; it stays a column");
+    }
+}
+
+void CheckParents(const Catalog& catalog, Findings& findings) {
+    for (const ForeignKeyRow& row : catalog.ForeignKeys()) {
+        if (catalog.FindObject(row.FKObjectID) == nullptr) continue;
+        const std::vector<std::int32_t> children = catalog.ChildrenOf(row.FKObjectID);
+        if (std::find(children.begin(), children.end(), row.ObjectID) != children.end()) continue;
+        findings.Warning(ObjectText(catalog, row.ObjectID) + " still refers to " +
+                         ObjectText(catalog, row.FKObjectID) + ", which does not hold it any more");
+    }
+}
+
+/// The scripts list the objects that a table refers to by searching for the digits of each identifier in a
+/// text of those before: 2 is taken as listed once 12 is.
+void CheckTargets(const Catalog& catalog, Findings& findings) {
+    for (const repository::ObjectRow& object : catalog.Objects()) {
+        std::vector<const ForeignKeyRow*> rows = catalog.ForeignKeysOf(object.ObjectID);
+        std::sort(rows.begin(), rows.end(),
+                  [](const ForeignKeyRow* a, const ForeignKeyRow* b) { return a->ValueID < b->ValueID; });
+        std::string listed;
+        std::set<std::int32_t> seen;
+        for (const ForeignKeyRow* row : rows) {
+            if (!seen.insert(row->FKObjectID).second) continue;
+            const std::string digits = std::to_string(row->FKObjectID);
+            if (listed.find(digits) != std::string::npos) {
+                findings.Error(ObjectText(catalog, object.ObjectID) + " refers to " +
+                               ObjectText(catalog, row->FKObjectID) +
+                               " without a constraint, an index or procedures: the digits of its ObjectID "
+                               "stand in that of an object referred to before");
+            }
+            listed += "," + digits;
+        }
+    }
+}
+
+}  // namespace
+
+void CheckKeys(const Catalog& catalog, Findings& findings) {
+    CheckKeyInterfaces(catalog, findings);
+    CheckKeyValues(catalog, findings);
+    CheckParents(catalog, findings);
+    CheckTargets(catalog, findings);
+}
+
+}  // namespace korvex::cli

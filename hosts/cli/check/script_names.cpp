@@ -1,0 +1,93 @@
+#include "automation/text.h"
+#include "hosts/cli/check/check.h"
+#include "hosts/cli/check/reserved_words.h"
+#include "repository/names.h"
+
+#include <map>
+
+namespace korvex::cli {
+
+namespace {
+
+using repository::LimitNameLength;
+
+/// "PK_" or "TR_" and a table name of this length make the longest name that older servers take; the scripts
+/// do not cut these.
+constexpr std::size_t LongestTableName = repository::MaxNameLength - 4;
+
+/// Things of one kind that must not share a name, names without regard to case.
+class UniqueNames {
+  public:
+    UniqueNames(std::string kind, Findings& findings) : m_kind(std::move(kind)), m_findings(findings) {}
+
+    /// `owner` says whose name it is.
+    void Add(const std::string& name, const std::string& owner) {
+        const auto [entry, isNew] = m_owners.emplace(automation::ToUpperAscii(name), owner);
+        if (!isNew) {
+            m_findings.Error(m_kind + " " + name + " would be made twice: " + entry->second + " and " +
+                             owner);
+        }
+    }
+
+  private:
+    std::string m_kind;
+    Findings& m_findings;
+    std::map<std::string, std::string> m_owners;
+};
+
+void AddProcedures(const PlannedTable& table, UniqueNames& procedures) {
+    const std::string allBase = LimitNameLength(table.name, 2);
+    const std::string base = LimitNameLength(table.name, 1);
+    const std::string ofTable = " of table " + table.name;
+    procedures.Add(allBase + "AR", "to read all rows" + ofTable);
+    procedures.Add(allBase + "AD", "to delete all rows" + ofTable);
+    procedures.Add(base + "R", "to read a row" + ofTable);
+    procedures.Add(base + "D", "to delete a row" + ofTable);
+    procedures.Add(base + "C", "to insert a row" + ofTable);
+    procedures.Add(base + "U", "to update a row" + ofTable);
+    for (const PlannedColumn& column : table.columns) {
+        if (column.parentID == 0) continue;
+        const std::string group = LimitNameLength(table.name + "_" + column.name, 1);
+        const std::string by = " by " + column.name + ofTable;
+        procedures.Add(group + "R", "to read rows" + by);
+        procedures.Add(group + "D", "to delete rows" + by);
+    }
+}
+
+/// All constraints of one table have the same name.
+void AddConstraint(const PlannedTable& table, const std::string& owner, UniqueNames& constraints,
+                   Findings& findings) {
+    if (table.parents.empty()) return;
+    const std::string name = LimitNameLength("FK_" + table.name + "_", 2) + "1";
+    constraints.Add(name, "of table " + table.name);
+    if (table.parents.size() > 1) {
+        findings.Warning(owner + " refers to " + std::to_string(table.parents.size()) +
+                         " objects; the constraints are all named " + name +
+                         ", so a server takes only the first");
+    }
+}
+
+}  // namespace
+
+void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
+    const std::string place = "definition " + definition.storage + ": ";
+    UniqueNames tables(place + "table", findings);
+    UniqueNames procedures(place + "procedure", findings);
+    UniqueNames constraints(place + "constraint", findings);
+    for (const PlannedTable& table : definition.tables) {
+        const std::string owner =
+            "object " + table.object->Name + " (ObjectID " + std::to_string(table.object->ObjectID) + ")";
+        tables.Add(table.name, owner);
+        AddProcedures(table, procedures);
+        AddConstraint(table, owner, constraints, findings);
+        if (automation::Length(table.name) > LongestTableName) {
+            findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
+                             " get longer than 30 characters, which older Oracle servers refuse");
+        }
+        if (const std::string dialects = ReservedBy(table.name); !dialects.empty()) {
+            findings.Warning(owner + ": table " + table.name + " is a reserved word (" + dialects + ")");
+        }
+    }
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "hosts/cli/console.h"
+
+#include <CLI/CLI.hpp>
+
+/// The subcommands. Each function adds one to `parent`; it runs when the command line names it, and raises an
+/// automation::Error when it fails. `console` outlives the parsing.
+namespace korvex::cli {
+
+void AddScriptCommand(CLI::App& parent, Console& console);
+void AddRelateCommand(CLI::App& parent, Console& console);
+void AddRepositoryNewCommand(CLI::App& parent, Console& console);
+void AddRepositoryImportCommand(CLI::App& parent, Console& console);
+void AddRepositoryShowCommand(CLI::App& parent, Console& console);
+void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
+
+}  // namespace korvex::cli

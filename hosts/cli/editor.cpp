@@ -1,0 +1,84 @@
+#include "hosts/cli/editor.h"
+
+#include "automation/error.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <optional>
+#include <spawn.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace korvex::cli {
+
+namespace {
+
+using automation::Error;
+
+std::vector<std::string> SplitWords(const char* text) {
+    std::istringstream stream(text);
+    std::vector<std::string> words;
+    for (std::string word; stream >> word;) {
+        words.push_back(word);
+    }
+    return words;
+}
+
+/// The editor that the environment names, with its arguments; empty for none.
+std::vector<std::string> NamedEditor() {
+    for (const char* variable : {"VISUAL", "EDITOR"}) {
+        if (const char* value = std::getenv(variable)) {
+            std::vector<std::string> words = SplitWords(value);
+            if (!words.empty()) return words;
+        }
+    }
+    return {};
+}
+
+/// Starts a program without a shell, so that no character of a path is special.
+pid_t Start(std::vector<std::string> words) {
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    const int failure = posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ);
+    if (failure != 0) {
+        throw Error(automation::CannotCreateObject, "the editor " + words.front() + " does not start: " +
+                                                        std::generic_category().message(failure));
+    }
+    return child;
+}
+
+void Wait(pid_t child, const std::string& program) {
+    int status = 0;
+    while (waitpid(child, &status, 0) == -1) {
+        if (errno != EINTR) return;
+    }
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return;
+    throw Error(automation::CannotCreateObject, "the editor " + program + " ended with a failure");
+}
+
+}  // namespace
+
+void OpenInEditor(const std::vector<std::string>& paths) {
+    std::vector<std::string> words = NamedEditor();
+    if (words.empty()) {
+        for (const std::string& path : paths) {
+            Start({"xdg-open", path});
+        }
+        return;
+    }
+    const std::string program = words.front();
+    words.insert(words.end(), paths.begin(), paths.end());
+    const pid_t child = Start(std::move(words));
+    const bool onTerminal = isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1;
+    if (onTerminal) Wait(child, program);
+}
+
+}  // namespace korvex::cli

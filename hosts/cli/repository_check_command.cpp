@@ -1,0 +1,53 @@
+#include "hosts/cli/app.h"
+#include "hosts/cli/check/check.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/session.h"
+#include "repository/catalog.h"
+
+#include <memory>
+#include <string>
+
+namespace korvex::cli {
+
+namespace {
+
+struct CheckOptions {
+    std::string repository;
+    std::string fkPrefix = "FK_";
+};
+
+std::string CountText(std::size_t count, const char* what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+void RunCheck(const CheckOptions& options, Console& console) {
+    repository::Repository repository(Session(console).platform);
+    OpenComplete(repository, options.repository);
+    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    repository.Close();
+
+    const Findings findings = CheckCatalog(catalog, options.fkPrefix);
+    for (const Finding& finding : findings.All()) {
+        console.Results() << (finding.severity == Severity::Error ? "error: " : "warning: ") << finding.text
+                          << '\n';
+    }
+    const std::size_t errors = findings.Count(Severity::Error);
+    console.Message(CountText(errors, "error") + ", " +
+                    CountText(findings.Count(Severity::Warning), "warning"));
+    console.Finish();
+    if (errors > 0) throw CLI::RuntimeError(ExitFailed);
+}
+
+}  // namespace
+
+void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<CheckOptions>();
+    CLI::App* command = parent.add_subcommand(
+        "check", "Report what is wrong, or would go wrong in a run, with the definitions");
+    command->add_option("R", options->repository, "Repository file, or ODBC string with DSN=")->required();
+    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in the runs (FK_)")
+        ->type_name("P");
+    command->callback([options, &console] { RunCheck(*options, console); });
+}
+
+}  // namespace korvex::cli

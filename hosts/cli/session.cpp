@@ -1,0 +1,98 @@
+#include "hosts/cli/session.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "hosts/cli/suggest.h"
+#include "repository/schema.h"
+
+#include <algorithm>
+
+namespace korvex::cli {
+
+namespace {
+
+using automation::Error;
+
+/// The repository as messages name it; connection strings may hold passwords.
+std::string RepositoryName(const std::string& connection) {
+    return automation::ContainsIgnoreCase(connection, "DSN=") ? "the repository" : connection;
+}
+
+std::vector<std::string> StorageNames(repository::Repository& repository) {
+    const auto rows = repository.Open().OpenRecordset("select Storage from tDataDefs order by Storage",
+                                                      dao::dbOpenSnapshot);
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        names.push_back(automation::ToString(repository::Repository::FieldValue(rows->Fields("Storage"))));
+    }
+    rows->Close();
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
+}  // namespace
+
+void CliDesktop::ShowMessage(std::string_view text, std::int32_t style, std::string_view title) {
+    if (style == platform::StyleOkOnly) {
+        ++m_failedQueries;
+        m_console.Message("a query failed: " + std::string(text));
+        return;
+    }
+    if (!title.empty()) m_console.Message(title);
+    m_console.Text(text);
+}
+
+void RecordingFiles::WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) {
+    try {
+        m_files->WriteText(path, text, lineEnd);
+    } catch (const Error& error) {
+        m_failures.push_back(error);
+        throw;
+    }
+}
+
+Session::Session(Console& console) : platform(DefaultPlatform()) {
+    desktop = std::make_shared<CliDesktop>(console);
+    files = std::make_shared<RecordingFiles>(platform.files);
+    platform.desktop = desktop;
+    platform.files = files;
+}
+
+void Session::ExpectNoFailedQuery(std::string_view work) const {
+    const int failed = desktop->FailedQueries();
+    if (failed == 0) return;
+    throw Error(dao::QueryFailed, std::to_string(failed) + (failed == 1 ? " query" : " queries") +
+                                      " failed (see above): " + std::string(work));
+}
+
+void OpenComplete(repository::Repository& repository, const std::string& connection) {
+    repository.OpenRepository(connection);
+    const std::vector<repository::SchemaGap> gaps = repository::CheckSchema(repository.Open());
+    if (gaps.empty()) return;
+    throw Error(gaps.front().column.empty() ? dao::TableNotFound : dao::ItemNotFound,
+                RepositoryName(connection) + " is no complete repository: " + repository::DescribeGaps(gaps));
+}
+
+void ExpectStorage(repository::Repository& repository, const std::string& storage) {
+    if (storage.find('\'') != std::string::npos) {
+        throw Error(automation::InvalidProcedureCall,
+                    "the storage name \"" + storage + "\" holds a single quote; storage names must not");
+    }
+    std::vector<std::string> names = StorageNames(repository);
+    if (names.empty()) {
+        throw Error(automation::InvalidProcedureCall, "the repository holds no definition");
+    }
+    if (storage.empty() || std::find(names.begin(), names.end(), storage) != names.end()) return;
+    throw Error(automation::InvalidProcedureCall, "no definition has the storage name \"" + storage +
+                                                      "\"; there " + (names.size() == 1 ? "is " : "are ") +
+                                                      JoinNames(names));
+}
+
+void CheckBeforeRun(const Platform& platform, const std::string& connection, const std::string& storage) {
+    repository::Repository repository(platform);
+    OpenComplete(repository, connection);
+    ExpectStorage(repository, storage);
+    repository.Close();
+}
+
+}  // namespace korvex::cli

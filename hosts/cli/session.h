@@ -1,0 +1,75 @@
+#pragma once
+
+#include "automation/error.h"
+#include "hosts/cli/console.h"
+#include "platform/platform.h"
+#include "repository/repository.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// What every command does before and around its own work.
+namespace korvex::cli {
+
+/// Reports messages on standard error and remembers which files were to be opened in an editor.
+class CliDesktop : public platform::Desktop {
+  public:
+    explicit CliDesktop(Console& console) : m_console(console) {}
+
+    /// A plain message comes from a query that failed; anything else is shown as it stands.
+    void ShowMessage(std::string_view text, std::int32_t style, std::string_view title) override;
+    void OpenEditor(std::string_view path) override { m_paths.emplace_back(path); }
+
+    int FailedQueries() const noexcept { return m_failedQueries; }
+    const std::vector<std::string>& Paths() const noexcept { return m_paths; }
+
+  private:
+    Console& m_console;
+    int m_failedQueries = 0;
+    std::vector<std::string> m_paths;
+};
+
+/// Passes everything on, and remembers every write that failed: a run goes on after most of them.
+class RecordingFiles : public platform::Files {
+  public:
+    explicit RecordingFiles(std::shared_ptr<platform::Files> files) : m_files(std::move(files)) {}
+
+    void WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) override;
+    std::string LibraryFolder() override { return m_files->LibraryFolder(); }
+    char Separator() const noexcept override { return m_files->Separator(); }
+
+    const std::vector<automation::Error>& Failures() const noexcept { return m_failures; }
+
+  private:
+    std::shared_ptr<platform::Files> m_files;
+    std::vector<automation::Error> m_failures;
+};
+
+/// This build's platform with the command's own desktop and files.
+struct Session {
+    explicit Session(Console& console);
+
+    std::shared_ptr<CliDesktop> desktop;
+    std::shared_ptr<RecordingFiles> files;
+    Platform platform;
+
+    /// Raises QueryFailed (3146) when a query failed on the way; `work` says of what.
+    void ExpectNoFailedQuery(std::string_view work) const;
+};
+
+/// Opens a repository and makes sure that it has all tables and columns; raises TableNotFound (3078) or
+/// ItemNotFound (3265), naming what is missing.
+void OpenComplete(repository::Repository& repository, const std::string& connection);
+
+/// Makes sure that the repository has a definition of that storage name, or any at all when it is empty.
+/// Raises InvalidProcedureCall (5), listing the storage names there are; also for a name with a quote.
+void ExpectStorage(repository::Repository& repository, const std::string& storage);
+
+/// Both, on a repository that is closed again: before a command that changes or writes anything.
+void CheckBeforeRun(const Platform& platform, const std::string& connection, const std::string& storage);
+
+}  // namespace korvex::cli
