@@ -3,7 +3,7 @@
 #include "automation/dispatch.h"
 #include "persistence/qor_object.h"
 #include "platform/platform.h"
-#include "surface/db_results.h"
+#include "persistence/db_results.h"
 
 #include <memory>
 #include <string>

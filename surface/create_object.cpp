@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "surface/cls_create_db.h"
+#include "surface/cls_crud.h"
 #include "surface/cls_field.h"
 
 #include <memory>
@@ -24,6 +25,7 @@ automation::ObjectRef Create() {
 
 constexpr Creatable Creatables[] = {
     {"Korvex.clsCreateDb", Create<clsCreateDb>},
+    {"Korvex.clsCRUD", Create<clsCRUD>},
     {"Korvex.clsField", Create<clsField>},
 };
 

@@ -1,0 +1,58 @@
+#include "persistence/field_access.h"
+
+#include "automation/error.h"
+#include "persistence/record_lookup.h"
+
+namespace korvex::persistence {
+
+using automation::Variant;
+
+namespace {
+
+/// Runs `action` and answers whether it raised no error; the error is passed over.
+template <class Action>
+bool Succeeds(Action&& action) {
+    try {
+        action();
+        return true;
+    } catch (const automation::Error&) {
+        return false;
+    }
+}
+
+/// The record with that key; nullptr and a code when a name is missing, the statement does not open or there
+/// is no record.
+RecordsetRef OpenFieldRecord(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+                             const std::string& sTableName, const std::string& sFieldName) {
+    session.ResetLastResult();
+    if (!CheckConnected(session)) return nullptr;
+    if (sKeyFieldName.empty() || sTableName.empty() || sFieldName.empty()) {
+        session.Fail(dbBadParameter);
+        return nullptr;
+    }
+    RefuseQuote(sFieldName);
+    return OpenExisting(session, SelectWhere(sTableName, sKeyFieldName, lKey, KeyClause::Spaced));
+}
+
+}  // namespace
+
+bool DbGetField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+                const std::string& sTableName, const std::string& sFieldName, Variant& vntFieldValue) {
+    const auto records = OpenFieldRecord(session, lKey, sKeyFieldName, sTableName, sFieldName);
+    if (records == nullptr) return false;
+    const bool read = Succeeds([&] { vntFieldValue = records->Fields(sFieldName)->Value(); });
+    records->Close();
+    return read;
+}
+
+bool DbSaveField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+                 const std::string& sTableName, const std::string& sFieldName, const Variant& vntFieldValue) {
+    const auto records = OpenFieldRecord(session, lKey, sKeyFieldName, sTableName, sFieldName);
+    if (records == nullptr) return false;
+    const bool written = Succeeds([&] { records->Fields(sFieldName)->Value(vntFieldValue); });
+    if (written) Succeeds([&] { records->Update(); });
+    Succeeds([&] { records->Close(); });
+    return written;
+}
+
+}  // namespace korvex::persistence

@@ -1,0 +1,92 @@
+#include "persistence/field_values.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "automation/text.h"
+#include "persistence/definition_walk.h"
+#include "persistence/stored_value.h"
+
+namespace korvex::persistence {
+
+using automation::Variant;
+
+namespace {
+
+Variant ValueOf(QORObject& coData, QORObject& valueDef) {
+    return coData.Value(valueDef.LongAttribute(attValueIndex));
+}
+
+void WriteBlank(ado::Field& field) {
+    try {
+        field.Value("");
+    } catch (const automation::Error&) {
+        field.Value(std::int16_t{0});
+    }
+}
+
+/// `value` as a text column of limited length takes it; the rest is cut off.
+std::string CutText(const Variant& value, std::int32_t definedSize) {
+    std::string text = automation::ToString(value);
+    const auto kept = automation::Left(text, static_cast<std::size_t>(definedSize)).size();
+    text.resize(kept);
+    return text;
+}
+
+void WriteValue(ado::Field& field, const Variant& value) {
+    if (IsBlank(value))
+        WriteBlank(field);
+    else if ((field.Attributes() & ado::adFldLong) != 0)
+        field.AppendChunk(value);
+    else if (field.Type() == ado::adVarChar)
+        field.Value(CutText(value, field.DefinedSize()));
+    else
+        field.Value(value);
+}
+
+bool SameInField(ado::Field& field, const Variant& value) {
+    const Variant stored = ReadField(field);
+    if (!IsBlank(value) && field.Type() == ado::adVarChar)
+        return SameAsStored(stored, CutText(value, field.DefinedSize()));
+    return SameAsStored(stored, value);
+}
+
+bool UpdateLink(ado::Field& field, const Variant& parentKey) {
+    if (parentKey.IsMissing() || SameAsStored(field.Value(), parentKey)) return false;
+    field.Value(parentKey);
+    return true;
+}
+
+}  // namespace
+
+void LoadFieldValue(QORObject& coData, QORObject& valueDef, ado::Recordset& records) {
+    const std::string column = StoredColumn(valueDef);
+    if (column.empty()) return;
+    const auto field = records.Fields(column);
+    coData.Value(valueDef.LongAttribute(attValueIndex), ReadField(*field));
+}
+
+void WriteFieldValue(QORObject& valueDef, QORObject& coData, ado::Recordset& records,
+                     const ParentLink& parent) {
+    const std::string column = StoredColumn(valueDef);
+    if (column.empty()) return;
+    const auto field = records.Fields(column);
+    if (column == parent.column) {
+        if (field->Value().IsEmpty()) field->Value(parent.value);
+    } else if (!valueDef.BooleanAttribute(attIsAutoNumber)) {
+        WriteValue(*field, ValueOf(coData, valueDef));
+    }
+}
+
+bool UpdateFieldValue(QORObject& valueDef, QORObject& coData, ado::Recordset& records,
+                      const std::string& ownKey, const ParentLink& parent) {
+    const std::string column = StoredColumn(valueDef);
+    if (column.empty() || column == ownKey || valueDef.BooleanAttribute(attIsAutoNumber)) return false;
+    const auto field = records.Fields(column);
+    if (column == parent.column) return UpdateLink(*field, parent.value);
+    const Variant value = ValueOf(coData, valueDef);
+    if (SameInField(*field, value)) return false;
+    WriteValue(*field, value);
+    return true;
+}
+
+}  // namespace korvex::persistence

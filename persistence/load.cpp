@@ -1,0 +1,110 @@
+#include "persistence/load.h"
+
+#include "automation/convert.h"
+#include "persistence/definition_walk.h"
+#include "persistence/field_values.h"
+#include "persistence/record_lookup.h"
+#include "persistence/special_state.h"
+
+namespace korvex::persistence {
+
+using automation::Variant;
+
+namespace {
+
+/// A record that was copied into its data object.
+struct LoadedRecord {
+    QORObject::Ref definition;
+    std::string ownKey;
+    std::int32_t key = 0;  ///< 0 when the object's key column is not among its values
+    bool isCollection = false;
+};
+
+std::optional<LoadedRecord> LoadRecord(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+                                       const std::string& sKeyFieldName) {
+    LoadedRecord loaded;
+    loaded.definition = DefinitionOf(coData);
+    const auto place = FindPlace(session, loaded.definition, sKeyFieldName);
+    if (!place) return std::nullopt;
+    const auto records = OpenExisting(session, SelectRecord(*place, lKey));
+    if (records == nullptr) return std::nullopt;
+
+    loaded.ownKey = place->ownKey;
+    loaded.isCollection = IsCollection(*loaded.definition);
+    ForEachValueDef(*loaded.definition, [&](const QORObject::Ref& valueDef) {
+        LoadFieldValue(*coData, *valueDef, *records);
+        if (!loaded.ownKey.empty() && valueDef->StringAttribute(attFieldName) == loaded.ownKey)
+            loaded.key = automation::ToLong(coData->Value(valueDef->LongAttribute(attValueIndex)));
+    });
+    if (loaded.isCollection)
+        LoadCollectionItemState(*coData, *records);
+    else
+        LoadObjectState(*coData, *records);
+    records->Close();
+    return loaded;
+}
+
+/// Appends one element per stored record, with nothing but its key. Answers the index of the key in the
+/// elements; nothing when there are no records, or no table or key column to look for them.
+std::optional<std::int32_t> AddElements(Session& session, QORObject& coData, const LoadedRecord& owner) {
+    const auto elementDef =
+        Need(owner.definition->ObjectAttribute(attElementDef), "definition of the collection's elements");
+    const std::string table = session.Members().GetTableName(elementDef);
+    if (table.empty()) return std::nullopt;
+    const auto records = session.Members().OpenRecordset(
+        SelectWhere(table, session.ForeignKeyColumn(owner.ownKey), owner.key));
+    if (records == nullptr) return std::nullopt;
+    const std::string keyColumn = session.Members().GetPrimaryKeyFieldName(elementDef);
+    if (keyColumn.empty()) return std::nullopt;
+
+    std::optional<std::int32_t> keyIndex;
+    for (; !records->Eof(); records->MoveNext()) {
+        const auto item = Need(coData.AddItem(), "new element of the collection");
+        keyIndex = item->ValueIndex(keyColumn);
+        item->Value(*keyIndex, records->Fields(keyColumn)->Value());
+    }
+    records->Close();
+    return keyIndex;
+}
+
+void LoadElements(Session& session, QORObject& coData, const LoadedRecord& owner) {
+    const auto keyIndex = AddElements(session, coData, owner);
+    if (!keyIndex) return;
+    ForEach(&coData, [&](const QORObject::Ref& element) {
+        session.Members().DbGetData(element, element->Value(*keyIndex), {});
+    });
+}
+
+}  // namespace
+
+bool DbDataExists(Session& session, const QORObject::Ref& coData, const Variant& lKey) {
+    session.ResetLastResult();
+    if (!CheckConnected(session)) return false;
+    const auto definition = DefinitionOf(coData);
+    auto place = FindKeyColumn(session, definition);
+    if (!place) return false;
+    const Variant key = lKey.IsMissing() ? ColumnValue(*coData, place->keyColumn) : lKey;
+    if (!CheckKey(session, key) || !FindTable(session, definition, *place)) return false;
+    const auto records = OpenRecords(session, SelectRecord(*place, key));
+    if (records == nullptr) return false;
+    const bool exists = !records->Eof();
+    records->Close();
+    return exists;
+}
+
+std::int32_t DbGetData(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+                       const std::string& sKeyFieldName) {
+    session.ResetLastResult();
+    if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
+    const Descent descent(session);
+    const auto loaded = LoadRecord(session, coData, lKey, sKeyFieldName);
+    if (!loaded) return 0;
+    ForEachChild(*coData, *loaded->definition, [&](const QORObject::Ref& child) {
+        session.Members().DbGetData(child, loaded->key, session.ForeignKeyColumn(loaded->ownKey));
+    });
+    if (loaded->isCollection) LoadElements(session, *coData, *loaded);
+    coData->Modified(false);
+    return loaded->key;
+}
+
+}  // namespace korvex::persistence

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "persistence/session.h"
+
+#include <string>
+#include <vector>
+
+/// Deleting object trees: what stands beneath a record goes first. A delete that fails stays partial.
+namespace korvex::persistence {
+
+/// Deletes the record whose column `sSelKey` (the own key column when it is "") holds `lKey`, and everything
+/// beneath it; `coData` only carries the definition. Answers `lKey` once the record was looked up.
+std::int32_t DbDeleteData(Session& session, const QORObject::Ref& coData, const automation::Variant& lKey,
+                          const std::string& sSelKey);
+
+/// Deletes the records of all children and elements of the object whose record has the key `lPK` in its
+/// column `ownKey`.
+void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::string& ownKey,
+                   std::int32_t lPK);
+
+/// Keys of the element records that belong to an owner, in the database's order. Nothing when the elements
+/// have no table, their statement did not open (dbCannotOpenRecordset) or they have no key column
+/// (dbPrimaryKeyFieldNameMissing).
+std::optional<std::vector<automation::Variant>> ElementKeys(Session& session,
+                                                            const QORObject::Ref& elementDef,
+                                                            const std::string& ownKey, std::int32_t lPK);
+
+/// Deletes elements by their own keys, each with everything beneath it. False when one was not looked up.
+bool DeleteElements(Session& session, const QORObject::Ref& elementDef,
+                    const std::vector<automation::Variant>& keys);
+
+}  // namespace korvex::persistence

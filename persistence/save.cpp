@@ -1,0 +1,108 @@
+#include "persistence/save.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "persistence/definition_walk.h"
+#include "persistence/record_lookup.h"
+#include "persistence/special_state.h"
+
+namespace korvex::persistence {
+
+using automation::Variant;
+
+namespace {
+
+/// Adds the record and answers its key: the one that the database gave it, or the one written.
+std::int32_t InsertRecord(ado::Recordset& records, const QORObject::Ref& coData, QORObject& definition,
+                          const std::string& ownKey, const ParentLink& parent) {
+    const bool isCollection = IsCollection(definition);
+    records.AddNew();
+    ForEachValueDef(definition, [&](const QORObject::Ref& valueDef) {
+        WriteFieldValue(*valueDef, *coData, records, parent);
+    });
+    if (isCollection)
+        SaveCollectionItemState(*coData, records);
+    else
+        SaveObjectState(*coData, records);
+    records.Update();
+    const std::int32_t newKey = KeyOfRecord(records, ownKey);
+    records.Close();
+    return newKey;
+}
+
+/// Key column of the parent that a foreign-key column refers to. The prefix counts as standing at the start,
+/// wherever it was found.
+std::optional<std::string> ParentKeyColumn(const std::string& fkColumn, const std::string& prefix) {
+    if (fkColumn.find(prefix) == std::string::npos) return std::nullopt;
+    const auto rest = automation::Right(fkColumn, automation::Length(fkColumn) - automation::Length(prefix));
+    return std::string(rest);
+}
+
+/// The key that a root's record is to carry in its foreign-key column: its own when it has one, else its
+/// parent's. Nothing, and a code, when the parent is not stored.
+std::optional<std::int32_t> FindParentKey(Session& session, QORObject& coData, const std::string& fkColumn) {
+    const Variant own = ColumnValue(coData, fkColumn);
+    if (!IsEmptyOrNull(own)) {
+        const std::int32_t key = automation::ToLong(own);
+        if (key > 0) return key;
+    }
+    const auto parentKeyColumn = ParentKeyColumn(fkColumn, session.FKPrefix());
+    if (!parentKeyColumn) {
+        session.Fail(dbParentNotInDatabase);
+        return std::nullopt;
+    }
+    const auto parent = Need(coData.Parent(), "parent of the data object");
+    const std::int32_t parentKey = automation::ToLong(ColumnValue(*parent, *parentKeyColumn));
+    if (parentKey > 0) return parentKey;
+    session.Fail(dbPrimaryKeyMissing);
+    return std::nullopt;
+}
+
+}  // namespace
+
+SavedRecord SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent) {
+    const Descent descent(session);
+    const auto definition = DefinitionOf(coData);
+    const auto place = FindStoredPlace(session, definition);
+    if (!place) return {};
+    auto records = session.Members().OpenRecordset(SelectAll(place->table));
+    if (records == nullptr) return {0, false};
+
+    const std::int32_t newKey = InsertRecord(*records, coData, *definition, place->ownKey, parent);
+    records.reset();
+    TakeKeys(*coData, place->ownKey, newKey, parent);
+    coData->Modified(false);
+    return {newKey, SaveBeneath(session, *coData, *definition, newKey, place->ownKey)};
+}
+
+void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, const ParentLink& parent) {
+    coData.Value(coData.ValueIndex(ownKey), key);
+    if (!parent.column.empty() && !parent.value.IsMissing())
+        coData.Value(coData.ValueIndex(parent.column), parent.value);
+}
+
+bool SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
+                 const std::string& ownKey) {
+    const ParentLink link{session.ForeignKeyColumn(ownKey), key};
+    bool complete = true;
+    const auto save = [&](const QORObject::Ref& object) {
+        if (!SaveRecord(session, object, link).complete) complete = false;
+    };
+    ForEachChild(coData, definition, save);
+    if (IsCollection(definition)) ForEach(&coData, save);
+    return complete;
+}
+
+std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {
+    session.ResetLastResult();
+    if (!CheckConnected(session)) return 0;
+    ParentLink parent{session.Members().GetForeignKeyFieldName(DefinitionOf(coData))};
+    if (!parent.column.empty()) {
+        const auto parentKey = FindParentKey(session, *coData, parent.column);
+        if (!parentKey) return 0;
+        parent.value = *parentKey;
+    }
+    return SaveRecord(session, coData, parent).key;
+}
+
+}  // namespace korvex::persistence

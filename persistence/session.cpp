@@ -1,0 +1,102 @@
+#include "persistence/session.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "persistence/definition_walk.h"
+
+#include <utility>
+
+namespace korvex::persistence {
+
+using automation::Error;
+using automation::Variant;
+
+namespace {
+
+/// Stack that a descent may use. The threads of Windows hosts commonly have one megabyte, others eight.
+#ifdef _WIN32
+constexpr std::uintptr_t StackBudget = 640 * 1024;
+#else
+constexpr std::uintptr_t StackBudget = 6 * 1024 * 1024;
+#endif
+
+}  // namespace
+
+Session::Session(Platform platform, PublicMembers& members)
+    : m_platform(std::move(platform)), m_members(members) {}
+
+bool Session::Fail(dbResults code) noexcept {
+    m_lLastResult = code;
+    return false;
+}
+
+std::string Session::ForeignKeyColumn(const std::string& parentKeyColumn) const {
+    return m_sFKPrefix + parentKeyColumn;
+}
+
+// DisconnectDB leaves dbNotConnected on an instance that has no connection yet, and nothing clears it: the
+// first successful ConnectDB reports dbNotConnected, a reconnect dbNoError.
+bool Session::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
+    ResetLastResult();
+    m_members.DisconnectDB();
+    m_sFKPrefix = sFKPrefix.IsMissing() ? "FK_" : automation::ToString(sFKPrefix);
+    try {
+        m_oConn = m_platform.targetProvider->CreateConnection();
+        if (m_oConn != nullptr) m_oConn->Open(automation::ToString(sConnection), "", "", ado::adUnspecified);
+        m_bConnected = true;
+    } catch (const Error& error) {
+        m_bConnected = false;
+        m_platform.desktop->ShowMessage(error.Description(), platform::StyleOkOnly, "");
+        m_oConn = nullptr;
+        Fail(dbConnectError);
+    }
+    return m_bConnected;
+}
+
+void Session::DisconnectDB() {
+    ResetLastResult();
+    const auto connection = std::exchange(m_oConn, nullptr);
+    const bool wasConnected = std::exchange(m_bConnected, false);
+    if (connection == nullptr)
+        Fail(dbNotConnected);
+    else if (wasConnected)
+        connection->Close();
+}
+
+std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) {
+    ResetLastResult();
+    if (!m_bConnected) {
+        Fail(dbNotConnected);
+        return m_platform.targetProvider->CreateRecordset();
+    }
+    try {
+        auto records = m_platform.targetProvider->CreateRecordset();
+        records->CursorType(ado::adOpenKeyset);
+        records->LockType(ado::adLockOptimistic);
+        records->Open(sSQL, m_oConn, ado::adUnspecified, ado::adUnspecified, ado::adUnspecified);
+        return records;
+    } catch (const Error&) {
+        Fail(dbCannotOpenRecordset);
+        return nullptr;
+    }
+}
+
+void Session::Execute(const std::string& sSQL) {
+    if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn)");
+    m_oConn->Execute(sSQL, ado::adUnspecified);
+}
+
+Descent::Descent(Session& session) : m_session(session), m_outermost(session.m_stackBase == 0) {
+    const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    if (m_outermost) session.m_stackBase = here;
+    const auto base = session.m_stackBase;
+    if ((here > base ? here - base : base - here) > StackBudget)
+        throw Error(automation::OutOfStackSpace,
+                    "The data objects are nested too deeply; is one of them its own ancestor?");
+}
+
+Descent::~Descent() {
+    if (m_outermost) m_session.m_stackBase = 0;
+}
+
+}  // namespace korvex::persistence

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "persistence/db_results.h"
+#include "persistence/public_members.h"
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace korvex::persistence {
+
+/// What one clsCRUD keeps between calls: its connection, the foreign-key prefix and the last result.
+class Session {
+  public:
+    Session(Platform platform, PublicMembers& members);
+
+    /// The instance's own public members, for inner calls.
+    PublicMembers& Members() const noexcept { return m_members; }
+
+    dbResults LastResult() const noexcept { return m_lLastResult; }
+    void ResetLastResult() noexcept { m_lLastResult = dbNoError; }
+    /// Leaves `code`; answers False, so that a failing check reads `return Fail(...)`.
+    bool Fail(dbResults code) noexcept;
+
+    const std::string& FKPrefix() const noexcept { return m_sFKPrefix; }
+    void FKPrefix(const std::string& value) { m_sFKPrefix = value; }
+    /// The column that links child records to a parent with that key column.
+    std::string ForeignKeyColumn(const std::string& parentKeyColumn) const;
+
+    const std::shared_ptr<ado::Connection>& DbConn() const noexcept { return m_oConn; }
+    void DbConn(const std::shared_ptr<ado::Connection>& connection) { m_oConn = connection; }
+    /// A ConnectDB succeeded and no DisconnectDB followed, whatever connection is in use.
+    bool IsConnected() const noexcept { return m_bConnected; }
+
+    bool ConnectDB(const automation::Variant& sConnection, const automation::Variant& sFKPrefix);
+    void DisconnectDB();
+    std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+    /// Runs an action statement; engine errors reach the caller.
+    void Execute(const std::string& sSQL);
+
+  private:
+    friend class Descent;
+
+    Platform m_platform;
+    PublicMembers& m_members;
+    std::shared_ptr<ado::Connection> m_oConn;
+    bool m_bConnected = false;
+    std::string m_sFKPrefix;
+    dbResults m_lLastResult = dbNoError;
+    std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
+};
+
+/// Stands in every step that goes down a tree of data objects, once per level. Raises OutOfStackSpace (28)
+/// while there still is stack left, so that a tree without end (an object that is its own ancestor) is an
+/// error instead of a crash.
+class Descent {
+  public:
+    explicit Descent(Session& session);
+    Descent(const Descent&) = delete;
+    Descent& operator=(const Descent&) = delete;
+    ~Descent();
+
+  private:
+    Session& m_session;
+    bool m_outermost;
+};
+
+}  // namespace korvex::persistence

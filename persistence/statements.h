@@ -1,0 +1,26 @@
+#pragma once
+
+#include "automation/variant.h"
+
+#include <string>
+#include <string_view>
+
+/// The statements of the persistence steps: plain concatenation, sent as composed. A table or column name
+/// that holds a single quote raises InvalidProcedureCall (5).
+namespace korvex::persistence {
+
+/// How the key clause stands in a statement; each member keeps its own spelling.
+enum class KeyClause { Tight, Spaced };  ///< "Key=1", "Key = 1"
+
+/// Text of a key for a statement; TypeMismatch (13) for a text that is no number. Empty and Null give "".
+std::string KeyText(const automation::Variant& key);
+
+std::string SelectAll(std::string_view table);
+std::string SelectWhere(std::string_view table, std::string_view keyColumn, const automation::Variant& key,
+                        KeyClause clause = KeyClause::Tight);
+std::string DeleteWhere(std::string_view table, std::string_view keyColumn, const automation::Variant& key);
+
+/// Raises InvalidProcedureCall (5) for a name that holds a single quote.
+void RefuseQuote(std::string_view name);
+
+}  // namespace korvex::persistence
