@@ -1,0 +1,67 @@
+#include "support/measure.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+namespace korvex::bench {
+
+namespace {
+
+/// A "VmXXX:   123 kB" line of the process's status, in bytes.
+std::size_t StatusBytes(std::string_view key) {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.starts_with(key)) return std::stoul(line.substr(key.size() + 1)) * 1024;
+    }
+    throw std::runtime_error("no " + std::string(key) + " in /proc/self/status");
+}
+
+}  // namespace
+
+double Seconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+void Report(std::string_view name, const Comparison& comparison) {
+    std::printf("%-28.*s %9.2f ms   floor %9.2f ms   ratio %.3f\n", static_cast<int>(name.size()),
+                name.data(), comparison.seconds * 1e3, comparison.floorSeconds * 1e3, comparison.ratio);
+}
+
+void PrintRatio(std::string_view name, double value) {
+    std::printf("RATIO %.*s %.3f\n", static_cast<int>(name.size()), name.data(), value);
+}
+
+void ResetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }
+
+std::size_t PeakMemory() { return StatusBytes("VmHWM:"); }
+
+std::size_t ResidentMemory() { return StatusBytes("VmRSS:"); }
+
+TemporaryFolder::TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "korvex-bench-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        throw std::system_error(errno, std::generic_category(), "cannot make a folder like " + pattern);
+    }
+    m_path = pattern;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+}  // namespace korvex::bench

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace korvex::bench {
+
+/// Wall-clock seconds that `work` takes.
+double Seconds(const std::function<void()>& work);
+
+double Median(std::vector<double> values);
+
+/// Our time over the floor's. Each round runs both, one right after the other, and counts for one ratio; the
+/// middle one of all rounds is what is said, so that a disturbance in one round does not decide.
+struct Comparison {
+    double seconds = 0;
+    double floorSeconds = 0;
+    double ratio = 0;
+};
+
+/// Prints the two times and their ratio for a person.
+void Report(std::string_view name, const Comparison& comparison);
+
+/// The line that a claim is read from.
+void PrintRatio(std::string_view name, double value);
+
+/// Peak resident memory of this process since ResetPeakMemory, and the memory resident now, in bytes.
+void ResetPeakMemory();
+std::size_t PeakMemory();
+std::size_t ResidentMemory();
+
+/// A folder of its own that goes when the object goes.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    const std::filesystem::path& Path() const noexcept { return m_path; }
+
+  private:
+    std::filesystem::path m_path;
+};
+
+}  // namespace korvex::bench

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace korvex::bench {
+
+/// Makes a repository file with one definition, "Bench", of `objects` objects with ten values each: a tree in
+/// which every object holds four others, each fifth object being an element of a collection. No keys yet: a
+/// first run adds them.
+void GenerateRepository(const std::string& file, std::int64_t objects);
+
+}  // namespace korvex::bench
