@@ -42,7 +42,7 @@ class Scenario {
           m_copy((folder / "copy.db").string()),
           m_scripts((folder / "scripts").string()) {
         fs::create_directory(m_scripts);
-        GenerateRepository(m_original, objects);
+        RunApart([&] { GenerateRepository(m_original, objects); });
     }
 
     void Script() const {

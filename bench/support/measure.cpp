@@ -6,7 +6,9 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <sys/wait.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace korvex::bench {
 
@@ -50,6 +52,24 @@ void ResetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }
 std::size_t PeakMemory() { return StatusBytes("VmHWM:"); }
 
 std::size_t ResidentMemory() { return StatusBytes("VmRSS:"); }
+
+void RunApart(const std::function<void()>& work) {
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
+    if (child == 0) {
+        try {
+            work();
+            _exit(0);
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+            _exit(1);
+        }
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (status != 0) throw std::runtime_error("a process of its own failed");
+}
 
 TemporaryFolder::TemporaryFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "korvex-bench-XXXXXX").string();

@@ -33,6 +33,10 @@ void ResetPeakMemory();
 std::size_t PeakMemory();
 std::size_t ResidentMemory();
 
+/// Runs `work` in a process of its own, so that this one's memory stays as it was. Raises when it failed
+/// there.
+void RunApart(const std::function<void()>& work);
+
 /// A folder of its own that goes when the object goes.
 class TemporaryFolder {
   public:
