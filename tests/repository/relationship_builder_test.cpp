@@ -36,12 +36,12 @@ tObjectInterfaces 3|3
 tObjectInterfaces 3|7
 tObjectInterfaces 4|4
 tObjectInterfaces 4|8
-tValues 1|1|0|Name|Name|8|40|0|-|-1|-|-|-|-|-|-|1|-|-|-
-tValues 2|1|2|Orders|-|9|-|0|-|0|-|-|-|-|-|-|2|-|-|-
-tValues 3|1|4|Address|-|9|-|0|-|0|-|-|-|-|-|-|3|-|-|-
-tValues 4|3|0|Amount|Amount|6|0|0|-|-1|-|-|-|-|-|-|4|-|-|-
-tValues 5|3|4|Delivery|-|9|-|0|-|0|-|-|-|-|-|-|5|-|-|-
-tValues 6|4|0|Street|Street|8|60|0|-|-1|-|-|-|-|-|-|6|-|-|-
+tValues 1|1|0|Name|Name|8|40|0|-|-1|0|-|-|-|-|-|1|-|-|-
+tValues 2|1|2|Orders|-|9|-|0|-|0|0|-|-|-|-|-|2|-|-|-
+tValues 3|1|4|Address|-|9|-|0|-|0|0|-|-|-|-|-|3|-|-|-
+tValues 4|3|0|Amount|Amount|6|0|0|-|-1|0|-|-|-|-|-|4|-|-|-
+tValues 5|3|4|Delivery|-|9|-|0|-|0|0|-|-|-|-|-|5|-|-|-
+tValues 6|4|0|Street|Street|8|60|0|-|-1|0|-|-|-|-|-|6|-|-|-
 tValues 7|5|0|CustomerID|CustomerID|3|0|-1|-|-1|-1|Primary key of Customer, assigned by the database.|Customer ID|Customer ID|2147483647|1|10001|-|-|-
 tValues 8|6|0|OrdersID|OrdersID|3|0|-1|-|-1|-1|Primary key of Orders, assigned by the database.|Orders ID|Orders ID|2147483647|1|10001|-|-|-
 tValues 9|6|0|FK_CustomerID|FK_CustomerID|3|0|0|-|-1|-1|Foreign key of Orders to its parent Customer.|Customer ID|Customer ID|2147483647|1|10002|-|-|-
