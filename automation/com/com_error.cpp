@@ -1,0 +1,154 @@
+#include "automation/com/com_error.h"
+
+#include "automation/com/bstr.h"
+
+#include <cstdio>
+#include <new>
+#include <string>
+
+namespace korvex::com {
+
+namespace {
+
+using automation::Error;
+
+constexpr HRESULT runtimeBase = static_cast<HRESULT>(0x800A0000);
+
+/// The runtime's numbers for results that automation itself gives to a late-bound caller.
+std::int32_t RuntimeNumber(HRESULT result) noexcept {
+    switch (result) {
+        case DISP_E_UNKNOWNNAME:
+        case DISP_E_MEMBERNOTFOUND:
+            return automation::MemberNotFound;
+        case DISP_E_TYPEMISMATCH:
+            return automation::TypeMismatch;
+        case DISP_E_OVERFLOW:
+            return automation::Overflow;
+        case DISP_E_BADPARAMCOUNT:
+            return automation::WrongArgumentCount;
+        case DISP_E_PARAMNOTOPTIONAL:
+            return automation::ArgumentNotOptional;
+        case DISP_E_BADINDEX:
+            return automation::SubscriptOutOfRange;
+        case E_OUTOFMEMORY:
+            return automation::OutOfMemory;
+        default:
+            return NumberOf(result);
+    }
+}
+
+/// The error information that the thread holds, when it was left by `object` for that interface.
+ComPtr<IErrorInfo> TakeErrorInfo(IUnknown* object, REFIID interfaceId) {
+    ComPtr<ISupportErrorInfo> support;
+    object->QueryInterface(__uuidof(ISupportErrorInfo), reinterpret_cast<void**>(support.Put()));
+    ComPtr<IErrorInfo> info;
+    if (support && support->InterfaceSupportsErrorInfo(interfaceId) == S_OK) GetErrorInfo(0, info.Put());
+    return info;
+}
+
+/// The exception being handled, as an error to report.
+Error CurrentError() {
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return Error(automation::OutOfMemory);
+    } catch (const std::exception& exception) {
+        return Error(E_FAIL, exception.what());
+    } catch (...) {
+        return Error(E_UNEXPECTED, "An unknown failure inside the library");
+    }
+}
+
+HRESULT LeaveErrorInfo(const Error& error, REFIID interfaceId) {
+    ComPtr<ICreateErrorInfo> info;
+    if (SUCCEEDED(CreateErrorInfo(info.Put()))) {
+        info->SetGUID(interfaceId);
+        info->SetSource(Bstr(error.Source()).Get());
+        info->SetDescription(Bstr(error.Description()).Get());
+        SetErrorInfo(0, info.As<IErrorInfo>().Get());
+    }
+    return ResultOf(error.Number());
+}
+
+void FillExceptionInfo(const Error& error, EXCEPINFO& info) {
+    info.scode = ResultOf(error.Number());
+    info.bstrSource = ToBstr(error.Source());
+    info.bstrDescription = ToBstr(error.Description());
+}
+
+}  // namespace
+
+HRESULT ResultOf(std::int32_t number) noexcept {
+    if (number > 0 && number <= 0xFFFF) return runtimeBase + number;
+    return number < 0 ? static_cast<HRESULT>(number) : E_FAIL;
+}
+
+std::int32_t NumberOf(HRESULT result) noexcept {
+    const bool isRuntimes = (result & static_cast<HRESULT>(0xFFFF0000)) == runtimeBase;
+    return isRuntimes ? result & 0xFFFF : result;
+}
+
+HRESULT ReportException(REFIID interfaceId) noexcept {
+    try {
+        return LeaveErrorInfo(CurrentError(), interfaceId);
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+HRESULT ReportException(EXCEPINFO* info) noexcept {
+    if (info == nullptr) return DISP_E_EXCEPTION;
+    *info = {};
+    info->scode = E_OUTOFMEMORY;
+    try {
+        FillExceptionInfo(CurrentError(), *info);
+    } catch (...) {
+        // Without memory for the texts the number alone has to do.
+    }
+    return DISP_E_EXCEPTION;
+}
+
+void Check(HRESULT result, IUnknown* object, REFIID interfaceId) {
+    if (SUCCEEDED(result)) return;
+    const auto info = TakeErrorInfo(object, interfaceId);
+    if (!info) throw Error(NumberOf(result), SystemText(result));
+    Bstr source;
+    Bstr description;
+    info->GetSource(source.Put());
+    info->GetDescription(description.Put());
+    throw Error(NumberOf(result), description.Text(), source.Text());
+}
+
+void RaiseInvokeError(HRESULT result, EXCEPINFO& info, std::string_view member) {
+    if (result != DISP_E_EXCEPTION) {
+        const std::int32_t number = RuntimeNumber(result);
+        std::string description =
+            number < 0 ? SystemText(result) : std::string(automation::StandardErrorText(number));
+        throw Error(number, description.append(": ").append(member));
+    }
+    if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
+    Bstr source;
+    Bstr description;
+    *source.Put() = info.bstrSource;
+    *description.Put() = info.bstrDescription;
+    SysFreeString(info.bstrHelpFile);
+    const std::int32_t number =
+        info.wCode != 0 ? info.wCode : NumberOf(info.scode != 0 ? info.scode : result);
+    throw Error(number, description.Text(), source.Text());
+}
+
+std::string SystemText(HRESULT result) {
+    wchar_t buffer[512];
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                  static_cast<DWORD>(result), 0, buffer, ARRAYSIZE(buffer), nullptr);
+    while (length > 0 && (buffer[length - 1] == L'\r' || buffer[length - 1] == L'\n'))
+        --length;
+    if (length > 0) return FromWide({buffer, length});
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08lX", static_cast<unsigned long>(result));
+    return number;
+}
+
+}  // namespace korvex::com

@@ -1,0 +1,91 @@
+#include "automation/com/enum_variant.h"
+
+#include "automation/com/com_error.h"
+#include "automation/com/com_variant.h"
+#include "automation/com/module.h"
+
+#include <atomic>
+
+namespace korvex::com {
+
+namespace {
+
+class EnumVariant final : public IEnumVARIANT {
+  public:
+    /// Stands in front of item `position` (from 0).
+    EnumVariant(automation::ObjectRef collection, ULONG position)
+        : m_collection(std::move(collection)), m_items(m_collection->NewEnum()) {
+        Advance(position);
+    }
+
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        const bool isKnown = id == IID_IUnknown || id == IID_IEnumVARIANT;
+        *object = isKnown ? static_cast<IEnumVARIANT*>(this) : nullptr;
+        if (!isKnown) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = --m_references;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    STDMETHODIMP Next(ULONG count, VARIANT* items, ULONG* fetched) override {
+        if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
+        if (fetched != nullptr) *fetched = 0;
+        return Guard(IID_IEnumVARIANT, [&] {
+            for (ULONG i = 0; i < count; ++i) {
+                const auto item = m_items->Next();
+                if (!item) return S_FALSE;
+                items[i] = ComVariant(*item).Detach();
+                ++m_position;
+                if (fetched != nullptr) ++*fetched;
+            }
+            return S_OK;
+        });
+    }
+    STDMETHODIMP Skip(ULONG count) override {
+        return Guard(IID_IEnumVARIANT, [&] { return Advance(count) ? S_OK : S_FALSE; });
+    }
+    STDMETHODIMP Reset() override {
+        return Guard(IID_IEnumVARIANT, [&] {
+            m_items = m_collection->NewEnum();
+            m_position = 0;
+            return S_OK;
+        });
+    }
+    STDMETHODIMP Clone(IEnumVARIANT** copy) override {
+        if (copy == nullptr) return E_POINTER;
+        *copy = nullptr;
+        return Guard(IID_IEnumVARIANT, [&] {
+            *copy = ComPtr<IEnumVARIANT>(new EnumVariant(m_collection, m_position)).Detach();
+            return S_OK;
+        });
+    }
+
+  private:
+    ~EnumVariant() = default;
+
+    bool Advance(ULONG count) {
+        for (; count > 0 && m_items->Next(); --count)
+            ++m_position;
+        return count == 0;
+    }
+
+    ModuleLock m_lock;
+    std::atomic<ULONG> m_references{0};
+    automation::ObjectRef m_collection;
+    std::unique_ptr<automation::Enumerator> m_items;
+    ULONG m_position = 0;
+};
+
+}  // namespace
+
+ComPtr<IEnumVARIANT> EnumerateForHost(automation::ObjectRef collection) {
+    return ComPtr<IEnumVARIANT>(new EnumVariant(std::move(collection), 0));
+}
+
+}  // namespace korvex::com

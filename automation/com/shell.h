@@ -1,0 +1,122 @@
+#pragma once
+
+#include "automation/com/com_error.h"
+#include "automation/com/com_variant.h"
+#include "automation/com/host_backed.h"
+#include "automation/com/module.h"
+#include "automation/com/slot_values.h"
+#include "automation/com/table_dispatch.h"
+
+#include <atomic>
+
+namespace korvex::com {
+
+/// The type information of an interface from the module's own type library.
+HRESULT LoadTypeInfo(REFIID interfaceId, ITypeInfo** info) noexcept;
+
+/// A COM object over an automation object: identity, counting, late binding, error information. `Interface`
+/// is IDispatch or a dual interface, whose own slots are one line each in the derived class. It is born
+/// without a reference.
+template <class Interface>
+class Shell : public Interface, public ISupportErrorInfo, public IAutomationObject {
+  public:
+    explicit Shell(std::shared_ptr<automation::TableObject> object, BindObject bind = nullptr)
+        : m_table(std::move(object), bind) {}
+    Shell(const Shell&) = delete;
+    Shell& operator=(const Shell&) = delete;
+
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        *object = Find(id);
+        if (*object == nullptr) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = --m_references;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        if (count == nullptr) return E_POINTER;
+        *count = hasTypeInfo ? 1 : 0;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
+        if (info == nullptr) return E_POINTER;
+        *info = nullptr;
+        if (index != 0 || !hasTypeInfo) return DISP_E_BADINDEX;
+        return LoadTypeInfo(__uuidof(Interface), info);
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        return m_table.GetIDsOfNames(reserved, names, count, ids);
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* exception, UINT* badArgument) override {
+        return m_table.Invoke(id, reserved, flags, parameters, result, exception, badArgument);
+    }
+
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override {
+        return id == __uuidof(Interface) ? S_OK : S_FALSE;
+    }
+
+    STDMETHODIMP GetAutomationObject(const void* module, automation::ObjectRef* object) noexcept override {
+        if (module != ModuleTag()) return S_FALSE;
+        *object = m_table.Object();
+        return S_OK;
+    }
+
+  protected:
+    virtual ~Shell() = default;
+
+    /// Slot `slot` (from 1) without a result.
+    template <class... Arguments>
+    HRESULT Slot(std::size_t slot, Arguments... arguments) const noexcept {
+        return Guard(__uuidof(Interface), [&] {
+            Call(slot, arguments...);
+            return S_OK;
+        });
+    }
+    /// Slot `slot`, whose last parameter receives the result.
+    template <class Result, class... Arguments>
+    HRESULT ResultSlot(std::size_t slot, Result* result, Arguments... arguments) const noexcept {
+        if (result == nullptr) return E_POINTER;
+        return Guard(__uuidof(Interface), [&] {
+            *result = {};
+            ComVariant value = Call(slot, arguments...);
+            TakeResult(value, result);
+            return S_OK;
+        });
+    }
+
+  private:
+    static constexpr bool hasTypeInfo = !std::is_same_v<Interface, IDispatch>;
+
+    void* Find(REFIID id) noexcept {
+        if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface)) {
+            return static_cast<Interface*>(this);
+        }
+        if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
+        if (id == __uuidof(IAutomationObject)) return static_cast<IAutomationObject*>(this);
+        return nullptr;
+    }
+
+    template <class... Arguments>
+    ComVariant Call(std::size_t slot, Arguments... arguments) const {
+        const automation::Parameter* parameter = m_table.Row(slot).parameters.data();
+        VARIANT values[] = {SlotArgument(arguments, *parameter++)..., VARIANT()};
+        return m_table.CallSlot(slot, std::span(values, sizeof...(Arguments)));
+    }
+
+    ModuleLock m_lock;
+    std::atomic<ULONG> m_references{0};
+    TableDispatch m_table;
+};
+
+/// The COM object that hosts get for an automation object: a dual interface for a public class, IDispatch for
+/// any other. Defined where the classes are known.
+ComPtr<IDispatch> WrapObject(std::shared_ptr<automation::TableObject> object);
+
+}  // namespace korvex::com
