@@ -1,0 +1,119 @@
+#pragma once
+
+#include "automation/com/com_error.h"
+#include "automation/com/host_object.h"
+#include "platform/ado.h"
+
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace korvex::windows {
+
+/// An ADO object called by member name. Its failures carry HRESULTs, as ADO's numbers are.
+class AdoObject : public com::HostBacked {
+  public:
+    explicit AdoObject(std::shared_ptr<com::HostObject> object) : m_object(std::move(object)) {}
+
+    IDispatch* HostDispatch() const noexcept override { return m_object->HostDispatch(); }
+
+  protected:
+    template <class... Args>
+    automation::Variant Call(std::string_view name, Args&&... args) const {
+        return Asked([&] { return automation::Call(*m_object, name, std::forward<Args>(args)...); });
+    }
+    automation::Variant Get(std::string_view name) const {
+        return Asked([&] { return automation::Get(*m_object, name); });
+    }
+    std::int32_t GetLong(std::string_view name) const;
+    /// A call in which argument `i` is the engine's to fill.
+    automation::Variant CallWithResult(std::string_view name, std::span<automation::Variant> arguments,
+                                       std::size_t i) const {
+        return Asked(
+            [&] { return m_object->Invoke(name, automation::InvokeKind::Method, arguments, 1u << i); });
+    }
+    void Let(std::string_view name, const automation::Variant& value) {
+        Asked([&] {
+            automation::Let(*m_object, name, value);
+            return automation::Variant();
+        });
+    }
+
+  private:
+    template <class Question>
+    static automation::Variant Asked(Question&& question) {
+        try {
+            return question();
+        } catch (const automation::Error& error) {
+            throw automation::Error(com::ResultOf(error.Number()), error.Description(), error.Source());
+        }
+    }
+
+    std::shared_ptr<com::HostObject> m_object;
+};
+
+class AdoField final : public ado::Field, public AdoObject {
+  public:
+    using AdoObject::AdoObject;
+
+    std::string Name() const override;
+    automation::Variant Value() override;
+    void Value(const automation::Variant& value) override;
+    std::int32_t Type() const override;
+    std::int32_t DefinedSize() const override;
+    std::int32_t ActualSize() override;
+    std::int32_t Attributes() const override;
+    automation::Variant GetChunk(std::int32_t length) override;
+    void AppendChunk(const automation::Variant& data) override;
+};
+
+/// A recordset of the installed ADO. Hosts may hold the same one: it closes when the last reference goes.
+class AdoRecordset final : public ado::Recordset, public AdoObject {
+  public:
+    using AdoObject::AdoObject;
+
+    std::int32_t CursorType() const override;
+    void CursorType(std::int32_t type) override;
+    std::int32_t LockType() const override;
+    void LockType(std::int32_t type) override;
+    std::int32_t State() const override;
+    void Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
+              std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override;
+    bool Eof() override;
+    void MoveNext() override;
+    void AddNew() override;
+    void Update() override;
+    void CancelUpdate() override;
+    void Close() override;
+    std::shared_ptr<ado::Field> Fields(std::string_view name) override;
+    std::shared_ptr<ado::Field> Fields(std::int32_t index) override;
+    std::int32_t FieldCount() const override;
+
+  private:
+    class FieldList;
+    FieldList FieldCollection() const;
+    std::shared_ptr<AdoField> FieldAt(const automation::Variant& index) const;
+
+    std::vector<std::pair<std::string, std::shared_ptr<AdoField>>> m_fields;  ///< by upper-cased name
+};
+
+class AdoConnection final : public ado::Connection, public AdoObject {
+  public:
+    using AdoObject::AdoObject;
+
+    void Open(std::string_view connectionString, std::string_view user, std::string_view password,
+              std::int32_t options) override;
+    void Close() override;
+    std::shared_ptr<ado::Recordset> Execute(std::string_view text, std::int32_t options,
+                                            std::int32_t* recordsAffected) override;
+    std::int32_t State() const override;
+    std::int32_t BeginTrans() override;
+    void CommitTrans() override;
+    void RollbackTrans() override;
+};
+
+/// ADODB.Connection and ADODB.Recordset. Where ADO is not registered, creating one raises CannotCreateObject
+/// (429) and tells what to do.
+std::shared_ptr<ado::Provider> AdoProvider();
+
+}  // namespace korvex::windows
