@@ -45,7 +45,8 @@ std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
     FillRecord(values, key);
     values.Fields("VID").Value(vid);
     values.Update();
-    return ReadNewNumber(values, "ValueID", key.name);
+    values.MoveLast();
+    return ReadLong(values, "ValueID", key);
 }
 
 std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
