@@ -45,8 +45,7 @@ std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
     FillRecord(values, key);
     values.Fields("VID").Value(vid);
     values.Update();
-    values.MoveLast();
-    return ReadLong(values, "ValueID", key);
+    return ReadNewNumber(values, "ValueID", key.name);
 }
 
 std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "automation/convert.h"
 #include "automation/error.h"
 #include "repository/repository.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,6 +21,18 @@ auto ReadValue(dao::Field& field, Convert convert, std::string_view what) {
         throw automation::Error(error.Number(), std::string(field.Name()) + " of " + std::string(what) +
                                                     ": " + error.Description());
     }
+}
+
+/// The number that the database gave the row just added through `rows`. InvalidUseOfNull (94) when it gave
+/// none.
+inline std::int32_t ReadNewNumber(dao::Recordset& rows, std::string_view column, std::string_view what) {
+    rows.MoveLast();
+    const std::int32_t number = ReadValue(rows.Fields(column), automation::ToLong, what);
+    if (number != 0) return number;
+    throw automation::Error(automation::InvalidUseOfNull,
+                            std::string(column) + " of " + std::string(what) +
+                                ": the repository does not number its new rows; the column must be an "
+                                "automatic number.");
 }
 
 }  // namespace korvex::repository

@@ -112,8 +112,7 @@ std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) 
     interfaces->AddNew();
     interfaces->Fields("Name").Value(name);
     interfaces->Update();
-    interfaces->MoveLast();
-    const std::int32_t interfaceID = ReadValue(interfaces->Fields("InterfaceID"), automation::ToLong, name);
+    const std::int32_t interfaceID = ReadNewNumber(*interfaces, "InterfaceID", name);
     interfaces->Close();
 
     const auto implemented = m_repository.OpenDynaset("select * from tObjectInterfaces");

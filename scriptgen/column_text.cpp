@@ -55,7 +55,8 @@ double DeclaredLength(const RunState& run, const Column& column) {
         return automation::ParseNumber(column.MaxLength);
     } catch (const Error& error) {
         throw Error(error.Number(), "The MaxLength \"" + column.MaxLength + "\" of column " +
-                                        run.m_sCurrentTable + "." + column.FieldName + " is not a number.");
+                                        run.m_sCurrentTable + "." + column.FieldName +
+                                        " is no usable number: " + error.Description());
     }
 }
 

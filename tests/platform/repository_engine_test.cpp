@@ -67,7 +67,8 @@ TEST_P(RepositoryEngine, EditingInALoopOverTheSameTableTouchesEachRowOnce) {
               (Texts{"101|Alpha!", "102|Beta!", "103|Gamma!"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryEngine, testing::Values(Driver::Sqlite), DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryEngine, testing::Values(Driver::Sqlite, Driver::OdbcSqlite),
+                         DriverName);
 
 }  // namespace
 }  // namespace korvex::tests

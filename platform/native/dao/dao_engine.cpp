@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "platform/native/dao/dao_error.h"
 #include "platform/native/dao/dao_recordset.h"
+#include "platform/native/sql/odbc/odbc_session.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
 namespace korvex::native::dao_engine {
@@ -58,7 +59,9 @@ void NativeDatabase::Rollback() {
 
 std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool,
                                                                std::string_view connect) {
-    throw automation::Error(dao::OdbcConnectFailed, "No ODBC connections yet: " + std::string(connect));
+    return Guarded({}, [&] {
+        return std::make_unique<NativeDatabase>(std::make_unique<sql::OdbcSession>(connect, m_seam));
+    });
 }
 
 std::shared_ptr<dao::Workspace> NativeEngine::CreateWorkspace(std::string_view, std::string_view,

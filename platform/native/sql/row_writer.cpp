@@ -120,9 +120,9 @@ std::optional<RowIdentity> RowWriter::NewIdentity(std::span<const Change> change
     const EngineTraits& traits = m_session.Traits();
     RowIdentity identity;
     if (!m_table->HasKey()) {
-        if (traits.newKey != NewKeySource::LastRowId) return std::nullopt;
+        if (traits.rowIdName.empty()) return std::nullopt;
         identity.columns.push_back(traits.rowIdName);
-        identity.values.emplace_back(m_session.LastRowId());
+        identity.values.push_back(NewKey(text));
         return identity;
     }
     const bool returned = traits.newKey == NewKeySource::Returning && insert.Fetch(text);

@@ -10,7 +10,7 @@ namespace korvex::native::sql {
 /// How an engine tells the key that it gave to a new row.
 enum class NewKeySource : std::uint8_t {
     None,
-    LastRowId,  ///< the session knows it (Session::LastRowId); also identifies rows of tables without a key
+    LastRowId,  ///< the session knows it (Session::LastRowId)
     Returning,  ///< INSERT ... RETURNING
     Query,      ///< newKeyQuery, sent behind the insert
 };
@@ -21,7 +21,8 @@ struct EngineTraits {
     std::string quoteClose = "\"";
     NewKeySource newKey = NewKeySource::None;
     std::string newKeyQuery;
-    /// The name under which LastRowId is a column of every table without a key.
+    /// The name under which the number given to a new row is a column of every table without a key; empty for
+    /// none.
     std::string rowIdName;
     /// Behind "INSERT INTO table", for a row of which no column was set.
     std::string emptyInsert = "DEFAULT VALUES";

@@ -1,0 +1,117 @@
+#include "platform/native/sql/odbc/odbc_dialect.h"
+
+#include "automation/text.h"
+#include "platform/native/sql/sqlite/sqlite_error.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvex::native::sql {
+namespace {
+
+struct StateMeaning {
+    std::string_view state;  ///< a whole SQLSTATE, or its class
+    ErrorKind kind;
+};
+
+/// Whole states before their classes. The second spelling of some is that of ODBC 2 drivers.
+constexpr std::array StateMeanings = {
+    StateMeaning{"42S02", ErrorKind::NoSuchTable},   StateMeaning{"S0002", ErrorKind::NoSuchTable},
+    StateMeaning{"42P01", ErrorKind::NoSuchTable},   StateMeaning{"42S22", ErrorKind::NoSuchColumn},
+    StateMeaning{"S0022", ErrorKind::NoSuchColumn},  StateMeaning{"42703", ErrorKind::NoSuchColumn},
+    StateMeaning{"42000", ErrorKind::Syntax},        StateMeaning{"37000", ErrorKind::Syntax},
+    StateMeaning{"42601", ErrorKind::Syntax},        StateMeaning{"23505", ErrorKind::DuplicateKey},
+    StateMeaning{"23", ErrorKind::Constraint},       StateMeaning{"22001", ErrorKind::ValueTooLarge},
+    StateMeaning{"22003", ErrorKind::ValueTooLarge}, StateMeaning{"22", ErrorKind::WrongType},
+    StateMeaning{"25006", ErrorKind::ReadOnly},      StateMeaning{"40001", ErrorKind::Locked},
+    StateMeaning{"40P01", ErrorKind::Locked},        StateMeaning{"55P03", ErrorKind::Locked},
+    StateMeaning{"HYT00", ErrorKind::Locked},        StateMeaning{"53100", ErrorKind::DiskFull},
+    StateMeaning{"08", ErrorKind::ConnectionLost},   StateMeaning{"57P", ErrorKind::ConnectionLost},
+};
+
+ErrorKind RefineSqlite(const OdbcDiagnosis& diagnosis) {
+    // The driver reports the engine's code, or no code at all; the text is the engine's.
+    return ClassifySqliteError(diagnosis.nativeCode == 0 ? SQLITE_ERROR : diagnosis.nativeCode,
+                               diagnosis.message);
+}
+
+ErrorKind RefineMariaDb(const OdbcDiagnosis& diagnosis) {
+    switch (diagnosis.nativeCode) {
+        case 1062:
+            return ErrorKind::DuplicateKey;
+        case 1146:
+            return ErrorKind::NoSuchTable;
+        case 1054:
+            return ErrorKind::NoSuchColumn;
+        case 1205:
+        case 1213:
+            return ErrorKind::Locked;
+        case 1264:
+        case 1406:
+            return ErrorKind::ValueTooLarge;
+        case 1366:
+            return ErrorKind::WrongType;
+        case 1290:
+        case 1792:
+            return ErrorKind::ReadOnly;
+        case 1021:
+            return ErrorKind::DiskFull;
+        default:
+            return ErrorKind::Other;
+    }
+}
+
+ErrorKind KindOf(const OdbcDiagnosis& diagnosis, const OdbcDialect& dialect) {
+    if (dialect.refine != nullptr) {
+        if (const ErrorKind kind = dialect.refine(diagnosis); kind != ErrorKind::Other) return kind;
+    }
+    const auto meaning = std::ranges::find_if(
+        StateMeanings, [&](const StateMeaning& entry) { return diagnosis.state.starts_with(entry.state); });
+    return meaning == StateMeanings.end() ? ErrorKind::Other : meaning->kind;
+}
+
+OdbcDialect Sqlite() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::Query;
+    dialect.traits.newKeyQuery = "SELECT last_insert_rowid()";
+    dialect.traits.rowIdName = "rowid";
+    dialect.dynamicTypes = true;
+    dialect.refine = RefineSqlite;
+    return dialect;
+}
+
+OdbcDialect MariaDb() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::Returning;
+    dialect.traits.emptyInsert = "() VALUES ()";
+    dialect.traits.lexical.bracketNames = false;
+    dialect.traits.lexical.backslashEscapes = true;
+    dialect.refine = RefineMariaDb;
+    return dialect;
+}
+
+OdbcDialect PostgreSql() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::Returning;
+    dialect.traits.lexical.bracketNames = false;
+    dialect.traits.lexical.dollarQuotes = true;
+    return dialect;
+}
+
+}  // namespace
+
+OdbcDialect DialectOf(std::string_view engineName) {
+    using automation::ContainsIgnoreCase;
+    if (ContainsIgnoreCase(engineName, "sqlite")) return Sqlite();
+    if (ContainsIgnoreCase(engineName, "mariadb") || ContainsIgnoreCase(engineName, "mysql"))
+        return MariaDb();
+    if (ContainsIgnoreCase(engineName, "postgresql")) return PostgreSql();
+    return {};
+}
+
+void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {
+    const OdbcDiagnosis diagnosis = ReadDiagnosis(handle);
+    throw EngineError(KindOf(diagnosis, dialect), diagnosis.nativeCode, diagnosis.message);
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/odbc/odbc_handle.h"
+#include "platform/native/sql/traits.h"
+
+#include <string_view>
+
+namespace korvex::native::sql {
+
+/// What differs between the engines behind ODBC.
+struct OdbcDialect {
+    EngineTraits traits;
+    /// Columns hold values of any type: the declared type's name decides, numbers are read as text first, and
+    /// a sole key declared INTEGER is numbered by the engine although the driver does not say so.
+    bool dynamicTypes = false;
+    /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
+    ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
+};
+
+/// The one place that looks at an engine's name (SQL_DBMS_NAME).
+OdbcDialect DialectOf(std::string_view engineName);
+
+/// Raises the failure that `handle` reports.
+[[noreturn]] void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect);
+
+/// Raises unless the call succeeded.
+inline void CheckOdbc(SQLRETURN result, const OdbcHandle& handle, const OdbcDialect& dialect) {
+    if (!SQL_SUCCEEDED(result)) RaiseOdbcError(handle, dialect);
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,53 @@
+#include "platform/native/sql/odbc/odbc_handle.h"
+
+#include "automation/text.h"
+#include "platform/native/sql/engine_error.h"
+
+#include <sqlucode.h>
+
+#include <algorithm>
+#include <array>
+
+namespace korvex::native::sql {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
+
+OdbcHandle::OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) : m_type(type) {
+    if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &m_handle))) {
+        m_handle = nullptr;
+        throw EngineError(ErrorKind::Other, 0, "The ODBC driver manager gives no handle");
+    }
+}
+
+OdbcDiagnosis ReadDiagnosis(const OdbcHandle& handle) {
+    std::array<SQLWCHAR, 6> state{};
+    std::array<SQLWCHAR, SQL_MAX_MESSAGE_LENGTH * 2> message{};
+    SQLINTEGER nativeCode = 0;
+    SQLSMALLINT length = 0;
+    OdbcDiagnosis diagnosis;
+    if (!SQL_SUCCEEDED(SQLGetDiagRecW(handle.Type(), handle.Get(), 1, state.data(), &nativeCode,
+                                      message.data(), static_cast<SQLSMALLINT>(message.size()), &length))) {
+        diagnosis.state = "HY000";
+        diagnosis.message = "The driver reports a failure without a reason";
+        return diagnosis;
+    }
+    diagnosis.state = FromWide(state.data(), 5);
+    diagnosis.nativeCode = nativeCode;
+    const auto units =
+        std::min(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)), message.size() - 1);
+    diagnosis.message = FromWide(message.data(), units);
+    while (diagnosis.message.starts_with('[')) {
+        const std::size_t end = diagnosis.message.find(']');
+        if (end == std::string::npos) break;
+        diagnosis.message.erase(0, end + 1);
+    }
+    return diagnosis;
+}
+
+WideText::WideText(std::string_view utf8) : m_text(automation::ToUtf16(utf8)) {}
+
+std::string FromWide(const SQLWCHAR* text, std::size_t units) {
+    return automation::ToUtf8({reinterpret_cast<const char16_t*>(text), units});
+}
+
+}  // namespace korvex::native::sql

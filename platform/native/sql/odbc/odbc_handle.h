@@ -1,0 +1,64 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace korvex::native::sql {
+
+/// Owns an ODBC handle.
+class OdbcHandle {
+  public:
+    OdbcHandle() = default;
+    /// Allocates a handle of `type` (SQL_HANDLE_ENV, ...) under `parent`; EngineError when there is no
+    /// memory.
+    OdbcHandle(SQLSMALLINT type, SQLHANDLE parent);
+    OdbcHandle(OdbcHandle&& other) noexcept
+        : m_type(other.m_type), m_handle(std::exchange(other.m_handle, nullptr)) {}
+    OdbcHandle& operator=(OdbcHandle&& other) noexcept {
+        std::swap(m_type, other.m_type);
+        std::swap(m_handle, other.m_handle);
+        return *this;
+    }
+    ~OdbcHandle() {
+        if (m_handle != nullptr) SQLFreeHandle(m_type, m_handle);
+    }
+
+    SQLSMALLINT Type() const noexcept { return m_type; }
+    SQLHANDLE Get() const noexcept { return m_handle; }
+
+  private:
+    SQLSMALLINT m_type = 0;
+    SQLHANDLE m_handle = nullptr;
+};
+
+/// What a driver says about a failed call.
+struct OdbcDiagnosis {
+    std::string state;  ///< five characters (SQLSTATE)
+    std::int32_t nativeCode = 0;
+    std::string message;  ///< without the names of driver and driver manager in front
+};
+
+OdbcDiagnosis ReadDiagnosis(const OdbcHandle& handle);
+
+/// UTF-16 as ODBC's wide functions take it.
+class WideText {
+  public:
+    explicit WideText(std::string_view utf8);
+    SQLWCHAR* Data() noexcept { return reinterpret_cast<SQLWCHAR*>(m_text.data()); }
+    SQLSMALLINT Length() const noexcept { return static_cast<SQLSMALLINT>(m_text.size()); }
+    SQLINTEGER LongLength() const noexcept { return static_cast<SQLINTEGER>(m_text.size()); }
+    bool IsEmpty() const noexcept { return m_text.empty(); }
+
+  private:
+    std::u16string m_text;
+};
+
+/// `units` characters of a wide buffer.
+std::string FromWide(const SQLWCHAR* text, std::size_t units);
+
+}  // namespace korvex::native::sql

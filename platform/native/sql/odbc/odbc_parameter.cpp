@@ -1,0 +1,137 @@
+#include "platform/native/sql/odbc/odbc_parameter.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "platform/native/sql/odbc/odbc_date.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::Variant;
+
+/// From here on text and bytes go as long data, in characters or bytes.
+constexpr std::size_t LongDataFrom = 4000;
+
+bool IsLongColumn(const ColumnInfo* column) noexcept { return column != nullptr && IsLong(column->type); }
+
+SQLSMALLINT NullType(const ColumnInfo* column) noexcept {
+    if (column == nullptr) return SQL_VARCHAR;
+    switch (column->type) {
+        case ColumnType::Boolean:
+            return SQL_BIT;
+        case ColumnType::TinyInt:
+        case ColumnType::SmallInt:
+        case ColumnType::Integer:
+            return SQL_INTEGER;
+        case ColumnType::BigInt:
+            return SQL_BIGINT;
+        case ColumnType::Single:
+        case ColumnType::Double:
+            return SQL_DOUBLE;
+        case ColumnType::Currency:
+        case ColumnType::Decimal:
+            return SQL_DECIMAL;
+        case ColumnType::Date:
+            return SQL_TYPE_TIMESTAMP;
+        case ColumnType::Binary:
+            return SQL_VARBINARY;
+        case ColumnType::LongBinary:
+            return SQL_LONGVARBINARY;
+        default:
+            return SQL_VARCHAR;
+    }
+}
+
+}  // namespace
+
+void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column) {
+    std::visit(
+        [&](const auto& held) {
+            using T = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<T, bool>) {
+                AssignBoolean(held, column);
+            } else if constexpr (std::is_integral_v<T>) {
+                AssignInteger(held);
+            } else if constexpr (std::is_floating_point_v<T>) {
+                AssignReal(static_cast<double>(held));
+            } else if constexpr (std::is_same_v<T, automation::Currency>) {
+                AssignCurrency(held);
+            } else if constexpr (std::is_same_v<T, automation::Date>) {
+                AssignDate(held);
+            } else if constexpr (std::is_same_v<T, std::string>) {
+                AssignText(held, column);
+            } else if constexpr (std::is_same_v<T, automation::Bytes>) {
+                AssignBytes(held, column);
+            } else {
+                AssignNull(column);
+            }
+        },
+        value.Value());
+}
+
+SQLRETURN OdbcParameter::Bind(SQLHSTMT statement, SQLUSMALLINT index) {
+    return SQLBindParameter(statement, index, SQL_PARAM_INPUT, m_cType, m_sqlType, m_size, m_digits, m_data,
+                            m_length > 0 ? m_length : 0, &m_length);
+}
+
+void OdbcParameter::Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length,
+                             SQLULEN size) {
+    m_cType = cType;
+    m_sqlType = sqlType;
+    m_data = data;
+    m_length = length;
+    m_size = size;
+    m_digits = 0;
+}
+
+void OdbcParameter::AssignNull(const ColumnInfo* column) {
+    Describe(SQL_C_CHAR, NullType(column), nullptr, SQL_NULL_DATA, 1);
+}
+
+/// True is -1 in a number column, as automation has it.
+void OdbcParameter::AssignBoolean(bool value, const ColumnInfo* column) {
+    if (column == nullptr || column->type != ColumnType::Boolean) return AssignInteger(value ? -1 : 0);
+    m_bit = value ? 1 : 0;
+    Describe(SQL_C_BIT, SQL_BIT, &m_bit, 1, 1);
+}
+
+void OdbcParameter::AssignInteger(std::int64_t value) {
+    m_integer = value;
+    Describe(SQL_C_SBIGINT, SQL_BIGINT, &m_integer, sizeof m_integer, 19);
+}
+
+void OdbcParameter::AssignReal(double value) {
+    m_real = value;
+    Describe(SQL_C_DOUBLE, SQL_DOUBLE, &m_real, sizeof m_real, 15);
+}
+
+void OdbcParameter::AssignCurrency(automation::Currency value) {
+    m_narrow = automation::ToString(value);
+    Describe(SQL_C_CHAR, SQL_DECIMAL, m_narrow.data(), static_cast<SQLLEN>(m_narrow.size()), 19);
+    m_digits = 4;
+}
+
+void OdbcParameter::AssignDate(automation::Date value) {
+    m_timestamp = ToTimestamp(value);
+    Describe(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, &m_timestamp, sizeof m_timestamp, 23);
+    m_digits = 3;
+}
+
+void OdbcParameter::AssignText(const std::string& value, const ColumnInfo* column) {
+    m_wide = automation::ToUtf16(value);
+    const bool isLong = IsLongColumn(column) || m_wide.size() > LongDataFrom;
+    Describe(SQL_C_WCHAR, isLong ? SQL_WLONGVARCHAR : SQL_WVARCHAR, m_wide.data(),
+             static_cast<SQLLEN>(m_wide.size() * sizeof(char16_t)), std::max<std::size_t>(m_wide.size(), 1));
+}
+
+void OdbcParameter::AssignBytes(const automation::Bytes& value, const ColumnInfo* column) {
+    m_narrow.assign(value.begin(), value.end());
+    const bool isLong = IsLongColumn(column) || m_narrow.size() > LongDataFrom;
+    Describe(SQL_C_BINARY, isLong ? SQL_LONGVARBINARY : SQL_VARBINARY, m_narrow.data(),
+             static_cast<SQLLEN>(m_narrow.size()), std::max<std::size_t>(m_narrow.size(), 1));
+}
+
+}  // namespace korvex::native::sql

@@ -1,0 +1,153 @@
+#include "platform/native/sql/odbc/odbc_session.h"
+
+#include "automation/text.h"
+#include "platform/native/sql/odbc/odbc_statement.h"
+
+#include <sqlucode.h>
+
+#include <algorithm>
+#include <array>
+
+namespace korvex::native::sql {
+namespace {
+
+constexpr std::string_view DaoPrefix = "ODBC;";
+constexpr SQLULEN LoginTimeoutSeconds = 15;
+
+/// The connection string as a message may show it.
+std::string WithoutPassword(std::string_view text) {
+    std::string shown;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(';'), text.size() - 1) + 1;
+        const std::string_view part = text.substr(0, end);
+        const std::string_view name = automation::Trim(part.substr(0, part.find('=')));
+        const bool secret =
+            automation::EqualsIgnoreCase(name, "pwd") || automation::EqualsIgnoreCase(name, "password");
+        shown += secret ? std::string(name) + "=...;" : std::string(part);
+        text.remove_prefix(end);
+    }
+    return shown;
+}
+
+SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTER>(value); }
+
+}  // namespace
+
+OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam> seam)
+    : Session(std::move(seam)) {
+    if (automation::EqualsIgnoreCase(connectionString.substr(0, DaoPrefix.size()), DaoPrefix)) {
+        connectionString.remove_prefix(DaoPrefix.size());
+    }
+    Check(CallKind::Connect, connectionString);
+    m_environment = OdbcHandle(SQL_HANDLE_ENV, nullptr);
+    SQLSetEnvAttr(m_environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+    m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment.Get());
+    Connect(connectionString);
+    m_dialect = DialectOf(Info(SQL_DBMS_NAME));
+    m_traits = m_dialect.traits;
+    if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
+        m_traits.quoteOpen = m_traits.quoteClose = quote;
+    }
+}
+
+OdbcSession::~OdbcSession() {
+    CloseAll();
+    if (!m_connected) return;
+    if (m_inTransaction) SQLEndTran(SQL_HANDLE_DBC, m_connection.Get(), SQL_ROLLBACK);
+    SQLDisconnect(m_connection.Get());
+}
+
+void OdbcSession::Connect(std::string_view connectionString) {
+    SQLSetConnectAttrW(m_connection.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(LoginTimeoutSeconds), 0);
+    WideText text(connectionString);
+    const SQLRETURN result = SQLDriverConnectW(m_connection.Get(), nullptr, text.Data(), text.Length(),
+                                               nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    if (!SQL_SUCCEEDED(result)) {
+        const OdbcDiagnosis diagnosis = ReadDiagnosis(m_connection);
+        throw EngineError(ErrorKind::ConnectFailed, diagnosis.nativeCode,
+                          diagnosis.message + " (" + WithoutPassword(connectionString) + ")");
+    }
+    m_connected = true;
+}
+
+std::string OdbcSession::Info(SQLUSMALLINT what) const {
+    std::array<SQLWCHAR, 128> text{};
+    SQLSMALLINT bytes = 0;
+    if (!SQL_SUCCEEDED(SQLGetInfoW(m_connection.Get(), what, text.data(),
+                                   static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes))) {
+        return {};
+    }
+    return FromWide(text.data(),
+                    static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
+}
+
+std::unique_ptr<Statement> OdbcSession::DoPrepare(std::string_view text, StatementKind kind) {
+    return std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind);
+}
+
+void OdbcSession::SetAutoCommit(bool on) {
+    const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+    CheckOdbc(SQLSetConnectAttrW(m_connection.Get(), SQL_ATTR_AUTOCOMMIT, AsPointer(value), SQL_IS_UINTEGER),
+              m_connection, m_dialect);
+}
+
+void OdbcSession::DoBegin() {
+    SetAutoCommit(false);
+    m_inTransaction = true;
+}
+
+void OdbcSession::DoCommit() { EndTransaction(SQL_COMMIT); }
+
+void OdbcSession::DoRollback() { EndTransaction(SQL_ROLLBACK); }
+
+void OdbcSession::EndTransaction(SQLSMALLINT completion) {
+    CheckOdbc(SQLEndTran(SQL_HANDLE_DBC, m_connection.Get(), completion), m_connection, m_dialect);
+    m_inTransaction = false;
+    SetAutoCommit(true);
+}
+
+TableInfo OdbcSession::DoDescribeTable(const TableName& name) {
+    std::string text = "SELECT * FROM ";
+    for (const std::string* part : {&name.catalog, &name.schema}) {
+        if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+    }
+    text += QuoteName(m_traits, name.table);
+    const OdbcStatement statement(m_connection, m_dialect, text, StatementKind::Select);
+    TableInfo table{.name = name, .columns = {}};
+    for (std::size_t i = 0; i < statement.Shape()->columns.size(); ++i)
+        table.columns.push_back(statement.Details(i));
+    MarkKeyColumns(table);
+    if (m_dialect.dynamicTypes && std::ranges::count(table.columns, true, &TableColumn::key) == 1) {
+        const auto key = std::ranges::find(table.columns, true, &TableColumn::key);
+        const auto index = static_cast<std::size_t>(key - table.columns.begin());
+        const std::string& declared = statement.Shape()->columns[index].declaredType;
+        key->autoNumber = automation::EqualsIgnoreCase(declared, "integer");
+    }
+    return table;
+}
+
+void OdbcSession::MarkKeyColumns(TableInfo& table) {
+    WideText catalog(table.name.catalog);
+    WideText schema(table.name.schema);
+    WideText name(table.name.table);
+    const auto pointer = [](WideText& text) { return text.IsEmpty() ? nullptr : text.Data(); };
+    const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
+    CheckOdbc(SQLPrimaryKeysW(query.Get(), pointer(catalog), catalog.Length(), pointer(schema),
+                              schema.Length(), name.Data(), name.Length()),
+              query, m_dialect);
+    constexpr SQLUSMALLINT columnName = 4;
+    std::array<SQLWCHAR, 256> text{};
+    while (SQL_SUCCEEDED(SQLFetch(query.Get()))) {
+        SQLLEN bytes = 0;
+        CheckOdbc(SQLGetData(query.Get(), columnName, SQL_C_WCHAR, text.data(),
+                             static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &bytes),
+                  query, m_dialect);
+        const std::string column = FromWide(
+            text.data(), static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
+        for (TableColumn& entry : table.columns) {
+            if (automation::EqualsIgnoreCase(entry.name, column)) entry.key = true;
+        }
+    }
+}
+
+}  // namespace korvex::native::sql

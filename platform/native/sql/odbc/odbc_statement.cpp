@@ -1,0 +1,202 @@
+#include "platform/native/sql/odbc/odbc_statement.h"
+
+#include "platform/native/sql/odbc/odbc_value.h"
+
+#include <sqlucode.h>
+
+#include <algorithm>
+#include <array>
+
+namespace korvex::native::sql {
+namespace {
+
+ColumnType TypeOf(SQLSMALLINT sqlType) noexcept {
+    switch (sqlType) {
+        case SQL_BIT:
+            return ColumnType::Boolean;
+        case SQL_TINYINT:
+            return ColumnType::TinyInt;
+        case SQL_SMALLINT:
+            return ColumnType::SmallInt;
+        case SQL_INTEGER:
+            return ColumnType::Integer;
+        case SQL_BIGINT:
+            return ColumnType::BigInt;
+        case SQL_REAL:
+            return ColumnType::Single;
+        case SQL_FLOAT:
+        case SQL_DOUBLE:
+            return ColumnType::Double;
+        case SQL_NUMERIC:
+        case SQL_DECIMAL:
+            return ColumnType::Decimal;
+        case SQL_DATE:
+        case SQL_TIME:
+        case SQL_TIMESTAMP:
+        case SQL_TYPE_DATE:
+        case SQL_TYPE_TIME:
+        case SQL_TYPE_TIMESTAMP:
+            return ColumnType::Date;
+        case SQL_CHAR:
+        case SQL_WCHAR:
+            return ColumnType::Char;
+        case SQL_LONGVARCHAR:
+        case SQL_WLONGVARCHAR:
+            return ColumnType::LongText;
+        case SQL_BINARY:
+        case SQL_VARBINARY:
+            return ColumnType::Binary;
+        case SQL_LONGVARBINARY:
+            return ColumnType::LongBinary;
+        default:
+            return ColumnType::VarChar;
+    }
+}
+
+/// Sizes beyond this are a driver's way to say that there is no limit.
+constexpr SQLULEN LargestSize = 1U << 24U;
+
+}  // namespace
+
+OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
+                             StatementKind kind)
+    : m_dialect(dialect), m_kind(kind), m_statement(SQL_HANDLE_STMT, connection.Get()) {
+    WideText wide(text);
+    Check(SQLPrepareW(Handle(), wide.Data(), wide.LongLength()));
+    SQLSMALLINT parameters = 0;
+    Check(SQLNumParams(Handle(), &parameters));
+    m_parameters.resize(static_cast<std::size_t>(std::max<SQLSMALLINT>(parameters, 0)));
+    m_shape = Describe();
+}
+
+bool OdbcStatement::Writes() const noexcept {
+    return m_kind != StatementKind::Select && (m_kind != StatementKind::Other || m_shape->columns.empty());
+}
+
+std::shared_ptr<const RowShape> OdbcStatement::Describe() const {
+    auto shape = std::make_shared<RowShape>();
+    SQLSMALLINT count = 0;
+    Check(SQLNumResultCols(Handle(), &count));
+    for (SQLSMALLINT i = 1; i <= count; ++i) {
+        shape->columns.push_back(DescribeColumn(static_cast<SQLUSMALLINT>(i)));
+    }
+    return shape;
+}
+
+ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
+    std::array<SQLWCHAR, 256> name{};
+    SQLSMALLINT length = 0;
+    SQLSMALLINT type = 0;
+    SQLULEN size = 0;
+    SQLSMALLINT scale = 0;
+    SQLSMALLINT nullable = 0;
+    Check(SQLDescribeColW(Handle(), index, name.data(), static_cast<SQLSMALLINT>(name.size()), &length, &type,
+                          &size, &scale, &nullable));
+    ColumnInfo column;
+    const std::string typeName = TextAttribute(index, SQL_DESC_TYPE_NAME);
+    if (m_dialect.dynamicTypes) ReadDeclaration(typeName + DeclaredSize(index, type, size), column);
+    if (column.type == ColumnType::Unknown) {
+        column.type = TypeOf(type);
+        column.size = size < LargestSize && !IsLong(column.type) ? static_cast<std::uint32_t>(size) : 0;
+        column.scale = static_cast<std::uint32_t>(std::max<SQLSMALLINT>(scale, 0));
+        column.declaredType = typeName;
+    }
+    column.name = FromWide(name.data(), std::min(static_cast<std::size_t>(length), name.size() - 1));
+    column.base.catalog = TextAttribute(index, SQL_DESC_CATALOG_NAME);
+    column.base.schema = TextAttribute(index, SQL_DESC_SCHEMA_NAME);
+    column.base.table = TextAttribute(index, SQL_DESC_BASE_TABLE_NAME);
+    if (!column.base.table.empty()) column.baseColumn = TextAttribute(index, SQL_DESC_BASE_COLUMN_NAME);
+    return column;
+}
+
+/// What stood in parentheses behind the type's name: the driver gives a precision only for a size that was
+/// declared, and the scale of a number in its place.
+std::string OdbcStatement::DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const {
+    const SQLLEN precision = NumberAttribute(index, SQL_DESC_PRECISION);
+    if (precision <= 0 || (!IsText(TypeOf(type)) && !IsBinary(TypeOf(type)))) return {};
+    if (static_cast<SQLULEN>(precision) == size) return "(" + std::to_string(size) + ")";
+    return "(" + std::to_string(size) + "," + std::to_string(precision) + ")";
+}
+
+TableColumn OdbcStatement::Details(std::size_t column) const {
+    const auto index = static_cast<SQLUSMALLINT>(column + 1);
+    TableColumn details;
+    details.name = m_shape->columns[column].name;
+    details.nullable = NumberAttribute(index, SQL_DESC_NULLABLE) != SQL_NO_NULLS;
+    details.autoNumber = NumberAttribute(index, SQL_DESC_AUTO_UNIQUE_VALUE) == SQL_TRUE;
+    return details;
+}
+
+/// Empty for what a driver does not know.
+std::string OdbcStatement::TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
+    std::array<SQLWCHAR, 256> text{};
+    SQLSMALLINT bytes = 0;
+    const SQLRETURN result =
+        SQLColAttributeW(Handle(), index, attribute, text.data(),
+                         static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes, nullptr);
+    if (!SQL_SUCCEEDED(result)) return {};
+    return FromWide(text.data(),
+                    static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
+}
+
+SQLLEN OdbcStatement::NumberAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
+    SQLLEN value = 0;
+    const SQLRETURN result = SQLColAttributeW(Handle(), index, attribute, nullptr, 0, nullptr, &value);
+    return SQL_SUCCEEDED(result) ? value : 0;
+}
+
+void OdbcStatement::Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) {
+    OdbcParameter& parameter = m_parameters[index];
+    parameter.Assign(value, column);
+    Check(parameter.Bind(Handle(), static_cast<SQLUSMALLINT>(index + 1)));
+}
+
+void OdbcStatement::Execute() {
+    m_affectedRows = 0;
+    m_executing = true;
+    const SQLRETURN result = SQLExecute(Handle());
+    // A DELETE or UPDATE that meets no row may say so in this way.
+    if (result == SQL_NO_DATA) return;
+    if (!SQL_SUCCEEDED(result)) {
+        try {
+            RaiseOdbcError(m_statement, m_dialect);
+        } catch (...) {
+            Reset();
+            throw;
+        }
+    }
+    if (m_shape->columns.empty()) {
+        // Some drivers know the columns only now.
+        if (auto shape = Describe(); !shape->columns.empty()) m_shape = std::move(shape);
+    }
+    SQLLEN rows = 0;
+    if (Writes() && SQL_SUCCEEDED(SQLRowCount(Handle(), &rows)) && rows > 0) m_affectedRows = rows;
+}
+
+bool OdbcStatement::Fetch() {
+    if (!m_executing) return false;
+    const SQLRETURN result = SQLFetch(Handle());
+    if (result == SQL_NO_DATA) {
+        Reset();
+        return false;
+    }
+    Check(result);
+    // Drivers give each value once, from left to right.
+    m_row.resize(m_shape->columns.size());
+    for (std::size_t i = 0; i < m_row.size(); ++i)
+        m_row[i] = ReadValue(i);
+    return true;
+}
+
+automation::Variant OdbcStatement::ReadValue(std::size_t column) {
+    return OdbcValueReader(m_statement, m_dialect, static_cast<SQLUSMALLINT>(column + 1))
+        .Read(m_shape->columns[column]);
+}
+
+void OdbcStatement::Reset() noexcept {
+    if (!m_executing) return;
+    m_executing = false;
+    SQLFreeStmt(Handle(), SQL_CLOSE);
+}
+
+}  // namespace korvex::native::sql

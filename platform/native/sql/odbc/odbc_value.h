@@ -1,0 +1,35 @@
+#pragma once
+
+#include "automation/variant.h"
+#include "platform/native/sql/column.h"
+#include "platform/native/sql/odbc/odbc_dialect.h"
+
+#include <optional>
+#include <string>
+
+namespace korvex::native::sql {
+
+/// Reads one value of a fetched row.
+class OdbcValueReader {
+  public:
+    OdbcValueReader(const OdbcHandle& statement, const OdbcDialect& dialect, SQLUSMALLINT column)
+        : m_statement(statement), m_dialect(dialect), m_column(column) {}
+
+    automation::Variant Read(const ColumnInfo& column);
+
+  private:
+    /// Whether a value of fixed size was there; false for Null.
+    bool ReadFixed(SQLSMALLINT cType, void* target, SQLLEN size);
+    /// Reads long or short data in as few calls as its size allows; nothing for Null.
+    template <class Unit>
+    std::optional<std::basic_string<Unit>> ReadChunks(SQLSMALLINT cType);
+    std::optional<std::string> ReadText();
+    automation::Variant ReadBytes();
+    automation::Variant ReadDate(const ColumnInfo& column);
+
+    const OdbcHandle& m_statement;
+    const OdbcDialect& m_dialect;
+    SQLUSMALLINT m_column;
+};
+
+}  // namespace korvex::native::sql

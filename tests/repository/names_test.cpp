@@ -1,0 +1,82 @@
+#include "repository/names.h"
+
+#include "automation/error.h"
+#include "repository/name_list.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace korvex::repository {
+namespace {
+
+TEST(LimitNameLengthTest, KeepsTheEndOfNamesThatAreTooLong) {
+    const std::string thirtyFive = "ABCDEabcdefghijklmnopqrstuvwxyz1234";
+    struct Case {
+        std::string name;
+        std::int16_t reserve;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"Customer", 0, "Customer"},
+        {thirtyFive.substr(5), 0, thirtyFive.substr(5)},
+        {thirtyFive, 0, thirtyFive.substr(5)},
+        {thirtyFive, 4, thirtyFive.substr(9)},
+        {thirtyFive, -5, thirtyFive},
+        {thirtyFive, 30, ""},
+        // Thirty characters of two bytes, and fifteen that count twice.
+        {"üäöüäöüäöüäöüäöüäöüäöüäöüäöüäö", 0, "üäöüäöüäöüäöüäöüäöüäöüäöüäöüäö"},
+        {"x😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀", 0, "😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀"},
+    };
+    for (const Case& test : cases) {
+        EXPECT_EQ(LimitNameLength(test.name, test.reserve), test.expected)
+            << test.name << " with reserve " << test.reserve;
+    }
+}
+
+TEST(LimitNameLengthTest, RefusesReservesBeyondItsRange) {
+    const auto numberFor = [](std::int16_t reserve) {
+        try {
+            LimitNameLength("Customer", reserve);
+        } catch (const automation::Error& error) {
+            return error.Number();
+        }
+        return std::int32_t{0};
+    };
+    EXPECT_EQ(numberFor(31), automation::InvalidProcedureCall);
+    EXPECT_EQ(numberFor(-32737), 0);
+    EXPECT_EQ(numberFor(-32738), automation::Overflow);
+}
+
+TEST(NameListTest, NumbersNamesThatAreTaken) {
+    NameList names;
+    std::vector<std::string> given;
+    for (const char* name :
+         {"Customer", "Customer", "customer", "Customer2", "Customer", "Customer2", "Customer"}) {
+        given.push_back(names.MakeUniqueName(name));
+    }
+    EXPECT_EQ(given, (std::vector<std::string>{"Customer", "Customer2", "customer", "Customer22", "Customer3",
+                                               "Customer23", "Customer4"}));
+    EXPECT_TRUE(names.IsNameTaken("Customer3"));
+    EXPECT_FALSE(names.IsNameTaken("Customer5"));
+}
+
+TEST(NameListTest, NumbersEndAtSixteenBits) {
+    NameList names;
+    names.MakeUniqueName("Node");
+    for (int number = 2; number <= std::numeric_limits<std::int16_t>::max(); ++number) {
+        ASSERT_EQ(names.MakeUniqueName("Node"), "Node" + std::to_string(number));
+    }
+    try {
+        names.MakeUniqueName("Node");
+        ADD_FAILURE() << "a number beyond 16 bits was given";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.Number(), automation::Overflow);
+    }
+}
+
+}  // namespace
+}  // namespace korvex::repository

@@ -1,0 +1,88 @@
+#include "repository/object_walk.h"
+
+#include "automation/error.h"
+#include "repository_files.h"
+
+#include <string>
+#include <vector>
+
+namespace korvex::repository {
+namespace {
+
+/// Notes the walk as nested text: "1(2 3(4))".
+class NotingVisitor : public ObjectVisitor {
+  public:
+    std::optional<std::int32_t> Enter(std::int32_t lObjectID) override {
+        notes += "(" + std::to_string(lObjectID);
+        ++met;
+        if (lObjectID == leftOut) {
+            notes += "!)";
+            return std::nullopt;
+        }
+        return lObjectID == collection ? element : 0;
+    }
+    void Leave() override { notes += ")"; }
+
+    std::string notes;
+    int met = 0;
+    std::int32_t leftOut = 0;
+    std::int32_t collection = 0;
+    std::int32_t element = 0;
+};
+
+class ObjectWalkTest : public RepositoryFileTest {
+  protected:
+    void Walk(NotingVisitor& visitor) {
+        Repository repository(platform);
+        repository.OpenRepository(path);
+        WalkObjects(repository, 1, visitor);
+    }
+};
+
+TEST_F(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
+    NewRepository()
+        .Object(1, "Customer")
+        .Object(2, "Orders")
+        .Object(3, "Address")
+        .Object(4, "Order")
+        .Object(5, "Left out")
+        .Child(1, "Address", 3)
+        .Child(1, "Orders", 2)
+        .Child(2, "Address", 3)
+        .Child(4, "Left out", 5)
+        .Child(5, "Address", 3);
+    NotingVisitor visitor;
+    visitor.collection = 2;
+    visitor.element = 4;
+    visitor.leftOut = 5;
+    Walk(visitor);
+    EXPECT_EQ(visitor.notes, "(1(3)(2(4(5!))(3)))");
+}
+
+TEST_F(ObjectWalkTest, RefusesAnObjectThatIsItsOwnAncestor) {
+    NewRepository().Object(1, "A").Object(2, "B").Object(3, "C").Child(1, "b", 2).Child(2, "c", 3).Child(
+        3, "b", 2);
+    NotingVisitor visitor;
+    try {
+        Walk(visitor);
+        ADD_FAILURE() << "the cycle was not found";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.Number(), automation::OutOfStackSpace);
+        EXPECT_EQ(error.Description(), "Object 2 is its own ancestor: object 3 holds it again.");
+    }
+    EXPECT_EQ(visitor.notes, "(1(2(3");
+}
+
+TEST_F(ObjectWalkTest, DepthIsNotLimited) {
+    NewRepository();
+    const std::string levels =
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 100000) ";
+    Execute("insert into tObjectInterfaces (ObjectID, InterfaceID) " + levels + "select i, i from n");
+    Execute("insert into tValues (InterfaceID, ChildObjectID) " + levels + "select i, i + 1 from n");
+    NotingVisitor visitor;
+    Walk(visitor);
+    EXPECT_EQ(visitor.met, 100001);
+}
+
+}  // namespace
+}  // namespace korvex::repository

@@ -1,0 +1,160 @@
+#include "automation/error.h"
+#include "automation/outcome.h"
+#include "repository_files.h"
+#include "support/test_seam.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace korvex::repository {
+namespace {
+
+using native::sql::CallKind;
+using Fill = std::function<void(tests::DefinitionRepository&)>;
+
+class RelationshipFailuresTest : public RepositoryFileTest {
+  protected:
+    explicit RelationshipFailuresTest(
+        std::shared_ptr<tests::TestSeam> testSeam = std::make_shared<tests::TestSeam>())
+        : RepositoryFileTest({.seam = testSeam}), seam(std::move(testSeam)) {}
+
+    std::shared_ptr<tests::TestSeam> seam;
+};
+
+TEST_F(RelationshipFailuresTest, RefusesWhatCanNotBeStoredAndChangesNothing) {
+    const std::string longPrefix(28, 'F');
+    struct Case {
+        const char* what;
+        Fill fill;
+        std::string prefix;
+        std::int32_t number;
+        std::string description;  ///< a part of it
+    };
+    const Case cases[] = {
+        {"own child", [](auto& r) { r.Object(1, "A").Child(1, "a", 1); }, "FK_", 28,
+         "Object 1 is its own ancestor"},
+        {"own grandchild", [](auto& r) { r.Object(1, "A").Object(2, "B").Child(1, "b", 2).Child(2, "a", 1); },
+         "FK_", 28, "Object 1 is its own ancestor: object 2"},
+        {"own element", [](auto& r) { r.Object(1, "A", 2).Object(2, "B").Child(2, "a", 1); }, "FK_", 28,
+         "Object 1 is its own ancestor: object 2"},
+        {"value named as the own key", [](auto& r) { r.Object(1, "Customer").Value(1, "CustomerID", 8); },
+         "FK_", 5, "The value 'CustomerID' of object 'Customer' (ObjectID 1)"},
+        {"value named as the foreign key, in another case",
+         [](auto& r) {
+             r.Object(1, "Customer").Object(2, "Order").Child(1, "o", 2).Value(2, "fk_customerid", 3);
+         },
+         "FK_", 5, "The value 'fk_customerid' of object 'Order' (ObjectID 2)"},
+        {"no prefix between namesakes",
+         [](auto& r) { r.Object(1, "Folder").Object(2, "Folder").Child(1, "sub", 2); }, "", 5,
+         "The column 'FolderID' would be both the own key of object 'Folder' (ObjectID 2)"},
+        {"child named like a foreign key",
+         [](auto& r) { r.Object(1, "Part").Object(2, "FK_Part").Child(1, "sub", 2); }, "FK_", 5,
+         "The column 'FK_PartID' would be both"},
+        {"two parents of one name",
+         [](auto& r) {
+             r.Object(1, "R").Object(2, "Part").Object(3, "Part").Object(4, "Note");
+             r.Child(1, "a", 2).Child(1, "b", 3).Child(2, "n", 4).Child(3, "n", 4);
+         },
+         "FK_", 5, "The column 'FK_PartID' of object 'Note' (ObjectID 4) would refer to two objects"},
+        {"object name with a quote", [](auto& r) { r.Object(1, "A").Object(2, "O'Neil").Child(1, "b", 2); },
+         "FK_", 5, "'O'Neil' (ObjectID 2)"},
+        {"prefix with a quote", [](auto& r) { r.Object(1, "A"); }, "F'", 5, "holds a single quote"},
+        {"prefix that is too long", [](auto& r) { r.Object(1, "A"); }, longPrefix, 5,
+         "has 28 characters; at most 27"},
+        {"interfaces without numbers",
+         [](auto& r) {
+             r.Object(1, "A");
+             r.Database().Execute("drop table tInterfaces");
+             r.Database().Execute("create table tInterfaces (InterfaceID int, Name varchar(255))");
+         },
+         "FK_", 94, "InterfaceID of ADBKeys"},
+        {"no key number left",
+         [](auto& r) {
+             r.Object(1, "A").Value(1, "Last", 3);
+             r.Database().Execute("update tValues set VID = 19999");
+         },
+         "FK_", 6, "no number left"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.what);
+        path = folder.Path(std::string(test.what) + ".db");
+        {
+            auto repository = NewRepository();
+            repository.Definition("D", 1);
+            test.fill(repository);
+        }
+        const std::string before = Dump();
+        try {
+            Relate("", test.prefix);
+            ADD_FAILURE() << "was not refused";
+        } catch (const automation::Error& error) {
+            EXPECT_EQ(error.Number(), test.number);
+            EXPECT_NE(error.Description().find(test.description), std::string::npos) << error.Description();
+        }
+        EXPECT_EQ(Dump(), before);
+    }
+}
+
+TEST_F(RelationshipFailuresTest, LongestPrefixIsTaken) {
+    NewRepository().Definition("D", 1).Object(1, "Customer").Object(2, "Order").Child(1, "o", 2);
+    Relate("", std::string(27, 'F'));
+    EXPECT_EQ(Rows("select * from tValues where VID > 10000 order by ValueID", {"FieldName"}),
+              (std::vector<std::string>{"rID", "rID", std::string(27, 'F') + "rID"}));
+}
+
+/// Every engine call of a whole call fails once. Either it is raised and leaves nothing behind, or it is
+/// shown and leaves out its step, or it does no harm.
+TEST_F(RelationshipFailuresTest, AFailureAtAnyCallLeavesTheRepositoryAsItWas) {
+    const std::string pristine = folder.Path("pristine.db");
+    path = pristine;
+    NewRepository()
+        .Definition("D", 1)
+        .Object(1, "Customer", 2)
+        .Object(2, "Order")
+        .Value(1, "Name", 8)
+        .Child(1, "o", 2);
+    const std::string before = Dump();
+    path = folder.Path("whole.db");
+    std::filesystem::copy_file(pristine, path);
+    Relate("D");
+    const std::string whole = Dump();
+
+    int raised = 0;
+    bool succeeded = false;
+    for (std::size_t refused = 1; !succeeded; ++refused) {
+        ASSERT_LT(refused, 1000u);
+        path = folder.Path("copy.db");
+        std::filesystem::copy_file(pristine, path, std::filesystem::copy_options::overwrite_existing);
+        journal->clear();
+        seam->FailAt(refused, native::sql::ErrorKind::DiskFull);
+        const std::string outcome = automation::OutcomeOf([&] { Relate("D"); });
+        succeeded = !seam->HasFailed();
+        seam->FailAt(0);
+        EXPECT_EQ(seam->OpenStatements(), 0) << "after call " << refused;
+        if (outcome != "done") {
+            ++raised;
+            EXPECT_EQ(Dump(), before) << "after call " << refused << ": " << outcome;
+        } else if (journal->empty()) {
+            // The last call of all, or one that nothing depended on.
+            EXPECT_EQ(Dump(), whole) << "after call " << refused;
+        }
+    }
+    EXPECT_GT(raised, 10);
+}
+
+TEST_F(RelationshipFailuresTest, AWholeCallIsOneTransaction) {
+    NewRepository().Definition("D", 1).Definition("D", 2).Object(1, "A").Object(2, "B");
+    seam->Record();
+    Relate();
+    const auto count = [&](CallKind kind) {
+        return std::ranges::count(seam->Calls(), kind, &tests::TestSeam::Call::kind);
+    };
+    EXPECT_EQ(count(CallKind::Begin), 1);
+    EXPECT_EQ(count(CallKind::Commit), 1);
+}
+
+}  // namespace
+}  // namespace korvex::repository
