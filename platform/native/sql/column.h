@@ -42,6 +42,7 @@ struct ColumnInfo {
     ColumnType type = ColumnType::Unknown;
     std::uint32_t size = 0;  ///< characters for text, bytes for binary, digits for Decimal; 0: no limit known
     std::uint32_t scale = 0;
+    bool nullable = true;
     std::string declaredType;  ///< as the engine reports it ("varchar(40)")
     TableName base;            ///< the table behind the column, through views and aliases
     std::string baseColumn;    ///< empty for an expression

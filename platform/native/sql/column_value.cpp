@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "platform/native/sql/engine_error.h"
 
 #include <cmath>
@@ -22,6 +23,9 @@ constexpr double UnixEpoch = 25569.0;
 /// reads them.
 constexpr double JulianDayLimit = 5373484.5;
 constexpr double WholeNumberLimit = 9.2e18;
+constexpr double CurrencyLimit = 9.2e14;
+/// Below it a double tells every whole number from the next.
+constexpr double ExactWholeLimit = 9007199254740992.0;
 
 Date FromDays(double days) { return Date{std::round(days * MillisecondsPerDay) / MillisecondsPerDay}; }
 
@@ -51,8 +55,54 @@ Variant NarrowNumber(std::int64_t stored) {
     return Fits<Narrow>(stored) ? Variant(static_cast<Narrow>(stored)) : WholeNumber(stored);
 }
 
-Variant Convert(const Variant& value, ColumnType type) {
-    switch (type) {
+Variant NarrowReal(double stored) {
+    if (std::abs(stored) > std::numeric_limits<float>::max()) return stored;
+    return static_cast<float>(stored);
+}
+
+[[noreturn]] void RaiseTooLong(std::size_t length, std::string_view units, const ColumnInfo& column) {
+    throw automation::Error(automation::Overflow, "it has " + std::to_string(length) + " " +
+                                                      std::string(units) + ", the column takes " +
+                                                      std::to_string(column.size));
+}
+
+std::string FitText(const Variant& value, const ColumnInfo& column) {
+    std::string text = automation::ToString(value);
+    // No text has more characters than bytes.
+    if (column.size == 0 || text.size() <= column.size) return text;
+    if (const std::size_t length = automation::Length(text); length > column.size) {
+        RaiseTooLong(length, "characters", column);
+    }
+    return text;
+}
+
+Variant FitBytes(const Variant& value, const ColumnInfo& column) {
+    const auto* bytes = value.If<automation::Bytes>();
+    if (bytes == nullptr) {
+        throw automation::Error(automation::TypeMismatch, "it is no array of bytes");
+    }
+    if (column.size != 0 && bytes->size() > column.size) RaiseTooLong(bytes->size(), "bytes", column);
+    return value;
+}
+
+/// Rounded to the column's places as the servers round, half away from zero.
+Variant FitDecimal(const Variant& value, const ColumnInfo& column) {
+    const double number = automation::ToDouble(value);
+    const bool isExact = std::abs(number) < ExactWholeLimit;
+    if (column.size == 0) {
+        return IsWhole(value) ? WholeNumber(automation::ToLongLong(value)) : DecimalValue(number);
+    }
+    const double places = std::pow(10.0, column.scale);
+    const double rounded = isExact ? std::round(number * places) / places : number;
+    const double limit = std::pow(10.0, static_cast<double>(column.size) - column.scale);
+    if (std::abs(rounded) >= limit) throw automation::Error(automation::Overflow);
+    if (column.scale != 0) return rounded;
+    if (!isExact && std::abs(number) < WholeNumberLimit) return WholeNumber(automation::ToLongLong(value));
+    return DecimalValue(rounded);
+}
+
+Variant Convert(const Variant& value, const ColumnInfo& column) {
+    switch (column.type) {
         case ColumnType::Unknown:
             if (value.IsMissing() || value.IsObject()) throw automation::Error(automation::TypeMismatch);
             return value;
@@ -63,6 +113,7 @@ Variant Convert(const Variant& value, ColumnType type) {
         case ColumnType::SmallInt:
             return automation::ToInteger(value);
         case ColumnType::Integer:
+            return automation::ToLong(value);
         case ColumnType::BigInt:
             return WholeNumber(automation::ToLongLong(value));
         case ColumnType::Single:
@@ -72,18 +123,16 @@ Variant Convert(const Variant& value, ColumnType type) {
         case ColumnType::Currency:
             return automation::ToCurrency(value);
         case ColumnType::Decimal:
-            return IsWhole(value) ? WholeNumber(automation::ToLongLong(value))
-                                  : DecimalValue(automation::ToDouble(value));
+            return FitDecimal(value, column);
         case ColumnType::Date:
             return StoredDate(automation::ToDate(value));
         case ColumnType::Char:
         case ColumnType::VarChar:
         case ColumnType::LongText:
-            return automation::ToString(value);
+            return FitText(value, column);
         case ColumnType::Binary:
         case ColumnType::LongBinary:
-            if (!value.Holds<automation::Bytes>()) throw automation::Error(automation::TypeMismatch);
-            return value;
+            return FitBytes(value, column);
     }
     return value;
 }
@@ -97,7 +146,7 @@ Variant WholeNumber(std::int64_t value) {
 Variant ForColumn(const Variant& value, const ColumnInfo& column) {
     if (value.IsNull() || value.IsEmpty()) return Variant::Null();
     try {
-        return Convert(value, column.type);
+        return Convert(value, column);
     } catch (const automation::Error& error) {
         const bool tooLarge = error.Number() == automation::Overflow;
         throw EngineError(tooLarge ? ErrorKind::ValueTooLarge : ErrorKind::WrongType, error.Number(),
@@ -118,9 +167,10 @@ Variant FromInteger(std::int64_t stored, const ColumnInfo& column) {
         case ColumnType::Double:
             return static_cast<double>(stored);
         case ColumnType::Currency:
-            return automation::ToCurrency(stored);
         case ColumnType::Date:
             return FromReal(static_cast<double>(stored), column);
+        case ColumnType::Decimal:
+            return column.scale == 0 ? WholeNumber(stored) : Variant(static_cast<double>(stored));
         case ColumnType::Char:
         case ColumnType::VarChar:
         case ColumnType::LongText:
@@ -135,11 +185,12 @@ Variant FromReal(double stored, const ColumnInfo& column) {
         case ColumnType::Boolean:
             return stored != 0;
         case ColumnType::Single:
-            return static_cast<float>(stored);
+            return NarrowReal(stored);
         case ColumnType::Currency:
+            if (!(std::abs(stored) < CurrencyLimit)) return stored;
             return automation::ToCurrency(stored);
         case ColumnType::Decimal:
-            return DecimalValue(stored);
+            return column.scale == 0 ? DecimalValue(stored) : Variant(stored);
         case ColumnType::Date:
             return stored >= 0 && stored < JulianDayLimit ? FromDays(stored + JulianDayZero)
                                                           : FromDays(stored / 86400.0 + UnixEpoch);

@@ -24,7 +24,7 @@ Cursor::Cursor(Session& session, std::string_view composed)
       m_text(composed),
       m_statement(session.Prepare(composed)),
       m_shape(m_statement->Shape()) {
-    if (m_shape->columns.empty()) {
+    if (m_shape->columns.empty() || m_statement.Kind() != StatementKind::Select) {
         m_statement.Execute(m_text);
         m_executed = true;
         m_shape = m_statement->Shape();
@@ -277,7 +277,7 @@ void Cursor::CancelUpdate() noexcept {
     m_changes.clear();
 }
 
-const Change* Cursor::Pending(std::size_t column) const noexcept {
+Change* Cursor::Pending(std::size_t column) noexcept {
     const auto found = std::ranges::find(m_changes, column, &Change::column);
     return found == m_changes.end() ? nullptr : &*found;
 }
@@ -294,11 +294,23 @@ void Cursor::Set(std::size_t column, const Variant& value) {
                           "The column " + info.name + " is computed and cannot be set");
     }
     Variant converted = ForColumn(value, info);
-    const auto found = std::ranges::find(m_changes, column, &Change::column);
-    if (found != m_changes.end()) {
-        found->value = std::move(converted);
+    if (Change* change = Pending(column)) {
+        change->value = std::move(converted);
     } else {
         m_changes.push_back({column, std::move(converted)});
+    }
+}
+
+void Cursor::Extend(std::size_t column, const Variant& data) {
+    Change* change = Pending(column);
+    if (change == nullptr || change->value.IsNull()) return Set(column, data);
+    RequireOpen();
+    const Variant more = ForColumn(data, m_shape->columns[column]);
+    if (auto* text = change->value.If<std::string>(); text != nullptr && more.IsString()) {
+        text->append(*more.If<std::string>());
+    } else if (auto* bytes = change->value.If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {
+        const auto& added = *more.If<automation::Bytes>();
+        bytes->insert(bytes->end(), added.begin(), added.end());
     }
 }
 

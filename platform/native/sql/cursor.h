@@ -19,10 +19,10 @@ enum class EditMode : std::uint8_t { None, Adding, Editing };
 
 /// The updatable recordset under both engine shapes. Moves forward only.
 ///
-/// It is lazy: opening prepares and describes the statement; the first look at a row executes it. A statement
-/// that gives no columns is executed at once. Rows are streamed from the statement; before anything is
-/// written on the session, the rows not read yet are taken into memory. The statement goes back as soon as
-/// the last row was read.
+/// It is lazy: opening prepares and describes the statement; the first look at a row executes it. Anything
+/// but a SELECT is executed at once. Rows are streamed from the statement; before anything is written on the
+/// session, the rows not read yet are taken into memory. The statement goes back as soon as the last row was
+/// read.
 ///
 /// Rows added through the cursor stand behind all others, in the order added, each once. What was not set of
 /// them is read from the database when somebody asks for it.
@@ -40,6 +40,7 @@ class Cursor final : private SessionCursor {
         m_shapeUsed = true;
         return *m_shape;
     }
+    bool HasColumns() const noexcept { return !m_shape->columns.empty(); }
     /// What a statement without rows has touched.
     std::int64_t AffectedRows() const noexcept { return m_affectedRows; }
     const std::string& Text() const noexcept { return m_text; }
@@ -60,6 +61,8 @@ class Cursor final : private SessionCursor {
     void Edit();
     /// Converts to the column's type (WrongType, ValueTooLarge) and keeps the value for Update.
     void Set(std::size_t column, const automation::Variant& value);
+    /// Puts more text or bytes behind a value that was set.
+    void Extend(std::size_t column, const automation::Variant& data);
     /// Stores what was set: an INSERT of the columns set, or an UPDATE of those whose value differs, if any
     /// does. After an addition the cursor stands where it stood before. When it fails, the record is still
     /// being added or edited.
@@ -110,7 +113,7 @@ class Cursor final : private SessionCursor {
     void StoreEdit();
     RowIdentity CurrentIdentity();
     void KeepInRecord(const Change& change);
-    const Change* Pending(std::size_t column) const noexcept;
+    Change* Pending(std::size_t column) noexcept;
 
     Session* m_session;
     std::string m_text;

@@ -15,6 +15,14 @@ using automation::Variant;
 
 std::string Text(const char* text) { return text == nullptr ? std::string() : std::string(text); }
 
+bool IsNullable(sqlite3* database, const ColumnInfo& column) {
+    if (column.baseColumn.empty()) return true;
+    int notNull = 0;
+    sqlite3_table_column_metadata(database, column.base.schema.c_str(), column.base.table.c_str(),
+                                  column.baseColumn.c_str(), nullptr, nullptr, &notNull, nullptr, nullptr);
+    return notNull == 0;
+}
+
 std::shared_ptr<const RowShape> Describe(sqlite3_stmt* statement) {
     auto shape = std::make_shared<RowShape>();
     const int count = sqlite3_column_count(statement);
@@ -26,6 +34,7 @@ std::shared_ptr<const RowShape> Describe(sqlite3_stmt* statement) {
         column.base.schema = Text(sqlite3_column_database_name(statement, i));
         column.base.table = Text(sqlite3_column_table_name(statement, i));
         column.baseColumn = Text(sqlite3_column_origin_name(statement, i));
+        column.nullable = IsNullable(sqlite3_db_handle(statement), column);
     }
     return shape;
 }
