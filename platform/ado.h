@@ -15,8 +15,12 @@ namespace korvex::ado {
 
 /// ADO's own constants (CursorTypeEnum, LockTypeEnum, ObjectStateEnum, DataTypeEnum, FieldAttributeEnum).
 inline constexpr std::int32_t adUnspecified = -1;
+inline constexpr std::int32_t adOpenForwardOnly = 0;
 inline constexpr std::int32_t adOpenKeyset = 1;
+inline constexpr std::int32_t adOpenStatic = 3;
+inline constexpr std::int32_t adLockReadOnly = 1;
 inline constexpr std::int32_t adLockOptimistic = 3;
+inline constexpr std::int32_t adLockBatchOptimistic = 4;
 inline constexpr std::int32_t adStateClosed = 0;
 inline constexpr std::int32_t adStateOpen = 1;
 
@@ -29,6 +33,7 @@ enum DataType : std::int32_t {
     adCurrency = 6,
     adDate = 7,
     adBoolean = 11,
+    adVariant = 12,
     adDecimal = 14,
     adUnsignedTinyInt = 17,
     adBigInt = 20,
@@ -58,10 +63,15 @@ enum ErrorNumber : std::int32_t {
     adErrObjectClosed = -2146824584,         ///< 0x800A0E78
     adErrObjectOpen = -2146824583,           ///< 0x800A0E79
     adErrProviderNotFound = -2146824582,     ///< 0x800A0E7A
+    DbEPermissionDenied = -2147217911,       ///< 0x80040E09: a read-only database
     DbEConstraint = -2147217873,             ///< 0x80040E2F: integrity violation
     DbENoTable = -2147217865,                ///< 0x80040E37: table does not exist
     DbEStatement = -2147217900,              ///< 0x80040E14: errors in the statement, unknown column
     DbEOverflow = -2147217887,               ///< 0x80040E21: a value does not fit its column
+    DbEConcurrencyViolation = -2147217864,   ///< 0x80040E38: the record to update is gone or not one alone
+    DbEInitString = -2147217805,             ///< 0x80040E73: malformed connection string
+    XactENoTransaction = -2147168242,        ///< 0x8004D00E: no transaction is active
+    XactEExists = -2147168237,               ///< 0x8004D013: a transaction is active already
     DbEFail = -2147467259,                   ///< 0x80004005: unspecified provider error
 };
 

@@ -1,0 +1,119 @@
+#include "platform/native/ado/recordset.h"
+
+#include "platform/native/ado/connection.h"
+#include "platform/native/ado/errors.h"
+#include "platform/native/ado/field.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace korvex::native::ado_engine {
+
+namespace {
+
+using automation::Error;
+
+std::shared_ptr<OpenRows> OpenText(std::string_view text, std::shared_ptr<NativeConnection> connection,
+                                   bool isUpdatable) {
+    return WithAdoErrors([&] { return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable); },
+                         [text] { return text; });
+}
+
+void RequireBetween(std::int32_t value, std::int32_t lowest, std::int32_t highest,
+                    std::string_view property) {
+    if (value >= lowest && value <= highest) return;
+    throw Error(ado::adErrInvalidArgument,
+                std::string(property) + " cannot be " + std::to_string(value) + ".");
+}
+
+}  // namespace
+
+/// Fields that a host still holds do not keep the statement open.
+NativeRecordset::~NativeRecordset() {
+    if (m_rows) m_rows->Close();
+}
+
+void NativeRecordset::CursorType(std::int32_t type) {
+    RequireClosed();
+    RequireBetween(type, ado::adOpenForwardOnly, ado::adOpenStatic, "CursorType");
+    m_cursorType = type;
+}
+
+void NativeRecordset::LockType(std::int32_t type) {
+    RequireClosed();
+    RequireBetween(type, ado::adLockReadOnly, ado::adLockBatchOptimistic, "LockType");
+    m_lockType = type;
+}
+
+std::int32_t NativeRecordset::State() const {
+    return m_rows && m_rows->IsOpen() ? ado::adStateOpen : ado::adStateClosed;
+}
+
+void NativeRecordset::Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
+                           std::int32_t cursorType, std::int32_t lockType, std::int32_t /*options*/) {
+    RequireClosed();
+    auto native = std::dynamic_pointer_cast<NativeConnection>(connection);
+    if (!native) {
+        throw Error(ado::adErrInvalidArgument, "A recordset opens on a connection of the same provider.");
+    }
+    if (cursorType != ado::adUnspecified) CursorType(cursorType);
+    if (lockType != ado::adUnspecified) LockType(lockType);
+    std::shared_ptr<OpenRows> rows = OpenText(source, std::move(native), m_lockType != ado::adLockReadOnly);
+    if (rows->HasColumns()) m_rows = std::move(rows);
+}
+
+std::int64_t NativeRecordset::OpenExecuted(std::string_view text,
+                                           std::shared_ptr<NativeConnection> connection) {
+    std::shared_ptr<OpenRows> rows = OpenText(text, std::move(connection), false);
+    const std::int64_t affected = rows->AffectedRows();
+    if (rows->HasColumns()) {
+        static_cast<void>(rows->Eof());
+        m_rows = std::move(rows);
+    }
+    return affected;
+}
+
+void NativeRecordset::Close() {
+    if (Rows().IsEditing()) {
+        throw Error(ado::adErrIllegalOperation,
+                    "The recordset cannot be closed while a record is being added or changed: call Update or "
+                    "CancelUpdate first.");
+    }
+    m_rows->Close();
+    m_rows.reset();
+}
+
+std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
+    OpenRows& rows = Rows();
+    const std::optional<std::size_t> column = rows.Shape().Find(name);
+    if (!column) {
+        throw Error(ado::adErrItemNotFound,
+                    "The recordset has no field \"" + std::string(name) + "\" (" + rows.Text() + ").");
+    }
+    return {m_rows, &rows.Field(*column)};
+}
+
+std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {
+    OpenRows& rows = Rows();
+    if (index < 0 || index >= FieldCount()) {
+        throw Error(ado::adErrItemNotFound,
+                    "The recordset has no field number " + std::to_string(index) + " (" + rows.Text() + ").");
+    }
+    return {m_rows, &rows.Field(static_cast<std::size_t>(index))};
+}
+
+std::int32_t NativeRecordset::FieldCount() const {
+    return static_cast<std::int32_t>(Rows().Shape().columns.size());
+}
+
+OpenRows& NativeRecordset::Rows() const {
+    if (State() == ado::adStateClosed) throw Error(ado::adErrObjectClosed, "The recordset is not open.");
+    return *m_rows;
+}
+
+void NativeRecordset::RequireClosed() const {
+    if (State() == ado::adStateOpen) throw Error(ado::adErrObjectOpen, "The recordset is open already.");
+}
+
+}  // namespace korvex::native::ado_engine

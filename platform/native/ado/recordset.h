@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/ado.h"
+#include "platform/native/ado/rows.h"
+
+#include <memory>
+#include <string_view>
+
+namespace korvex::native::ado_engine {
+
+class NativeConnection;
+
+/// An ADO recordset. Moves forward only, and is updatable unless it was opened read-only: a keyset or dynamic
+/// cursor and pessimistic or batch locks become what the engine has, as providers substitute what they lack.
+class NativeRecordset final : public ado::Recordset {
+  public:
+    ~NativeRecordset() override;
+
+    std::int32_t CursorType() const override { return m_cursorType; }
+    void CursorType(std::int32_t type) override;
+    std::int32_t LockType() const override { return m_lockType; }
+    void LockType(std::int32_t type) override;
+    std::int32_t State() const override;
+    void Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
+              std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override;
+    bool Eof() override { return Rows().Eof(); }
+    void MoveNext() override { Rows().MoveNext(); }
+    void AddNew() override { Rows().AddNew(); }
+    void Update() override { Rows().Update(); }
+    void CancelUpdate() override { Rows().CancelUpdate(); }
+    void Close() override;
+    std::shared_ptr<ado::Field> Fields(std::string_view name) override;
+    std::shared_ptr<ado::Field> Fields(std::int32_t index) override;
+    std::int32_t FieldCount() const override;
+
+    /// Runs a statement at once, for reading; gives the number of records that an action changed.
+    std::int64_t OpenExecuted(std::string_view text, std::shared_ptr<NativeConnection> connection);
+
+  private:
+    OpenRows& Rows() const;
+    void RequireClosed() const;
+
+    std::int32_t m_cursorType = ado::adOpenForwardOnly;
+    std::int32_t m_lockType = ado::adLockReadOnly;
+    std::shared_ptr<OpenRows> m_rows;  ///< null while closed; fields that hosts hold share it
+};
+
+}  // namespace korvex::native::ado_engine

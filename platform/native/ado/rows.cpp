@@ -1,0 +1,182 @@
+#include "platform/native/ado/rows.h"
+
+#include "automation/convert.h"
+#include "automation/text.h"
+#include "platform/native/ado/connection.h"
+#include "platform/native/ado/errors.h"
+#include "platform/native/ado/field.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvex::native::ado_engine {
+
+namespace {
+
+using automation::Bytes;
+using automation::Error;
+using automation::Variant;
+
+/// The part of `text` from `start` on that has at most `units` UTF-16 units, at least one character.
+std::string_view TextChunk(const std::string& text, std::size_t start, std::size_t units) {
+    const std::string_view rest = std::string_view(text).substr(start);
+    const std::string_view chunk = automation::Left(rest, units);
+    if (!chunk.empty() || rest.empty()) return chunk;
+    return automation::Left(rest, 2);  // a character of two units is not split
+}
+
+}  // namespace
+
+OpenRows::OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable)
+    : m_connection(std::move(connection)),
+      m_cursor(m_connection->Session(), text),
+      m_isUpdatable(isUpdatable) {}
+
+OpenRows::~OpenRows() = default;
+
+bool OpenRows::Eof() {
+    if (m_cursor.Mode() == sql::EditMode::Adding) return false;
+    return WithAdoErrors([this] { return m_cursor.Eof(); }, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::MoveNext() {
+    Update();
+    WithAdoErrors([this] { m_cursor.MoveNext(); }, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::AddNew() {
+    RequireUpdatable();
+    Update();
+    WithAdoErrors([this] { m_cursor.AddNew(); }, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::Update() {
+    m_chunks = {};
+    if (!IsEditing()) return;
+    const bool isAdding = m_cursor.Mode() == sql::EditMode::Adding;
+    const auto store = [this, isAdding] {
+        m_cursor.Update();
+        if (isAdding) m_cursor.MoveLast();
+    };
+    WithAdoErrors(store, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::CancelUpdate() {
+    m_chunks = {};
+    if (!IsEditing()) {
+        throw Error(ado::adErrIllegalOperation,
+                    "There is no edit to cancel: no record is being added or changed.");
+    }
+    m_cursor.CancelUpdate();
+}
+
+Variant OpenRows::Value(std::size_t column) {
+    if (m_chunks.column != column) m_chunks = {};
+    return WithAdoErrors([this, column] { return m_cursor.Value(column); },
+                         [this, column] { return Place(column); });
+}
+
+void OpenRows::Value(std::size_t column, const Variant& value) {
+    m_chunks = {};
+    const bool startsEdit = !IsEditing();
+    if (startsEdit) StartEdit();
+    try {
+        m_cursor.Set(column, value);
+    } catch (const sql::EngineError& error) {
+        if (startsEdit) m_cursor.CancelUpdate();
+        throw AdoError(error, Place(column));
+    }
+}
+
+std::int32_t OpenRows::ActualSize(std::size_t column) {
+    if (!sql::IsLong(Column(column).type)) return FieldActualSize(Value(column), Column(column));
+    ReadLong(column);
+    return m_chunks.size;
+}
+
+Variant OpenRows::GetChunk(std::size_t column, std::int32_t length) {
+    RequireLong(column);
+    if (length < 1) throw Error(ado::adErrInvalidArgument, "GetChunk takes a length above 0.");
+    ReadLong(column);
+    return NextChunk(static_cast<std::size_t>(length));
+}
+
+void OpenRows::AppendChunk(std::size_t column, const Variant& data) {
+    RequireLong(column);
+    if (!m_chunks.isAppending || m_chunks.column != column) {
+        Value(column, data);
+        m_chunks.column = column;
+        m_chunks.isAppending = true;
+        return;
+    }
+    WithAdoErrors([&] { m_cursor.Extend(column, data); }, [this, column] { return Place(column); });
+}
+
+NativeField& OpenRows::Field(std::size_t column) {
+    if (!m_fields) {
+        const std::size_t count = Shape().columns.size();
+        m_fields = std::make_unique<NativeField[]>(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            m_fields[i].Bind(*this, i);
+        }
+    }
+    return m_fields[column];
+}
+
+void OpenRows::RequireUpdatable() const {
+    if (!m_isUpdatable) {
+        throw Error(ado::adErrFeatureNotAvailable,
+                    "The recordset was opened read-only (" + m_cursor.Text() + ").");
+    }
+}
+
+void OpenRows::RequireLong(std::size_t column) {
+    if (!sql::IsLong(Column(column).type)) {
+        throw Error(
+            ado::adErrIllegalOperation,
+            "The column " + Place(column) + " is not read or written in chunks: it holds no long data.");
+    }
+}
+
+void OpenRows::StartEdit() {
+    RequireUpdatable();
+    WithAdoErrors([this] { m_cursor.Edit(); }, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::ReadLong(std::size_t column) {
+    if (m_chunks.column == column && !m_chunks.isAppending) return;
+    Variant value = Value(column);
+    m_chunks = {};
+    m_chunks.column = column;
+    m_chunks.size = FieldActualSize(value, Column(column));
+    m_chunks.value = std::move(value);
+}
+
+Variant OpenRows::NextChunk(std::size_t length) {
+    const std::size_t start = m_chunks.next;
+    if (start == none) return Variant::Null();
+    const bool isWhole = start == 0 && m_chunks.size > 0 && length >= static_cast<std::size_t>(m_chunks.size);
+    if (isWhole) {
+        m_chunks.next = none;
+        return std::exchange(m_chunks.value, {});
+    }
+    if (const auto* text = m_chunks.value.If<std::string>(); text != nullptr && start < text->size()) {
+        const std::string_view chunk = TextChunk(*text, start, length);
+        m_chunks.next += chunk.size();
+        return chunk;
+    }
+    if (const auto* bytes = m_chunks.value.If<Bytes>(); bytes != nullptr && start < bytes->size()) {
+        const std::size_t end = start + std::min(length, bytes->size() - start);
+        m_chunks.next = end;
+        return Bytes(bytes->begin() + static_cast<std::ptrdiff_t>(start),
+                     bytes->begin() + static_cast<std::ptrdiff_t>(end));
+    }
+    return Variant::Null();
+}
+
+std::string OpenRows::Place(std::size_t column) {
+    const sql::ColumnInfo& info = Column(column);
+    return info.base.table.empty() ? info.name : info.base.table + "." + info.name;
+}
+
+}  // namespace korvex::native::ado_engine

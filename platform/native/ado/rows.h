@@ -1,0 +1,81 @@
+#pragma once
+
+#include "automation/variant.h"
+#include "platform/ado.h"
+#include "platform/native/sql/cursor.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvex::native::ado_engine {
+
+class NativeConnection;
+class NativeField;
+
+/// What an open recordset and its fields share: the cursor, with ADO's rules of editing on top. Errors leave
+/// as automation::Errors.
+class OpenRows {
+  public:
+    /// Prepares the statement and describes its columns.
+    OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable);
+    ~OpenRows();
+    OpenRows(const OpenRows&) = delete;
+    OpenRows& operator=(const OpenRows&) = delete;
+
+    bool HasColumns() const noexcept { return m_cursor.HasColumns(); }
+    const sql::RowShape& Shape() noexcept { return m_cursor.Shape(); }
+    const sql::ColumnInfo& Column(std::size_t column) noexcept { return Shape().columns[column]; }
+    bool IsOpen() const noexcept { return m_cursor.IsOpen(); }
+    const std::string& Text() const noexcept { return m_cursor.Text(); }
+    bool IsUpdatable() const noexcept { return m_isUpdatable; }
+    bool IsEditing() const noexcept { return m_cursor.Mode() != sql::EditMode::None; }
+    std::int64_t AffectedRows() const noexcept { return m_cursor.AffectedRows(); }
+    void Close() noexcept { m_cursor.Close(); }
+
+    bool Eof();
+    /// Stores a pending edit first, as AddNew does.
+    void MoveNext();
+    void AddNew();
+    /// Stores a pending edit; an added record is then the current one.
+    void Update();
+    void CancelUpdate();
+
+    automation::Variant Value(std::size_t column);
+    /// Outside an edit it starts one on the current record.
+    void Value(std::size_t column, const automation::Variant& value);
+    std::int32_t ActualSize(std::size_t column);
+    automation::Variant GetChunk(std::size_t column, std::int32_t length);
+    void AppendChunk(std::size_t column, const automation::Variant& data);
+
+    NativeField& Field(std::size_t column);
+
+  private:
+    /// The long value that is read or written in chunks. Touching another field's value ends it.
+    struct Chunks {
+        std::size_t column = none;
+        bool isAppending = false;
+        automation::Variant value;  ///< being read
+        std::int32_t size = 0;      ///< of the value being read
+        std::size_t next = 0;       ///< where the next chunk starts: bytes of text, or of binary data
+    };
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+    void RequireUpdatable() const;
+    void RequireLong(std::size_t column);
+    void StartEdit();
+    void ReadLong(std::size_t column);
+    automation::Variant NextChunk(std::size_t length);
+    std::string Place(std::size_t column);
+
+    std::shared_ptr<NativeConnection> m_connection;  ///< open as long as somebody reads from it
+    sql::Cursor m_cursor;
+    bool m_isUpdatable;
+    Chunks m_chunks;
+    std::unique_ptr<NativeField[]> m_fields;  ///< made with the first field that is asked for
+};
+
+}  // namespace korvex::native::ado_engine

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/native/sql/session.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex::native::ado_engine {
+
+enum class TargetMode : std::uint8_t {
+    ReadWrite,  ///< an existing file
+    Read,
+    Create,  ///< an existing file, or a new one
+};
+
+/// What a connection string asks for.
+struct Target {
+    enum class Engine : std::uint8_t { Sqlite, Odbc };
+
+    Engine engine = Engine::Sqlite;
+    std::string file;  ///< Sqlite; ":memory:" for a private database without a file
+    TargetMode mode = TargetMode::ReadWrite;
+    bool fullSync = true;
+    std::string odbcString;  ///< Odbc: as the driver manager takes it
+};
+
+/// Reads a connection string:
+/// - "Provider=SQLite;Data Source=FILE[;Mode=ReadWrite|Read|Create][;Synchronous=Full|Normal]"
+/// - "[Provider=MSDASQL;]DSN=...;..." or "Driver={...};...": everything but ADO's own words goes to the
+/// driver. `user` and `password` are added to an ODBC string that names none. adErrProviderNotFound for
+/// another provider or none, DbEInitString for a malformed string or an unknown word.
+Target ReadTarget(std::string_view connectionString, std::string_view user = {},
+                  std::string_view password = {});
+
+/// Connects; EngineErrors come back as automation::Errors with ADO's numbers that name the file or the
+/// driver.
+std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam);
+
+}  // namespace korvex::native::ado_engine

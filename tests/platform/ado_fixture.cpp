@@ -1,0 +1,52 @@
+#include "platform/ado_fixture.h"
+
+#include <stdexcept>
+namespace korvex::tests {
+
+std::string AdoTest::ConnectionString() const {
+    if (GetParam() == Route::Direct) return "Provider=SQLite;Mode=Create;Data Source=" + File();
+    return "Driver={SQLite3};Database=" + File() + ";FKSupport=1;NoTXN=0";
+}
+
+std::shared_ptr<ado::Connection> AdoTest::Connect() { return Connect(ConnectionString()); }
+
+std::shared_ptr<ado::Connection> AdoTest::Connect(std::string_view connectionString) {
+    auto connection = m_platform.targetProvider->CreateConnection();
+    connection->Open(connectionString);
+    return connection;
+}
+
+std::shared_ptr<ado::Recordset> AdoTest::Open(const std::shared_ptr<ado::Connection>& connection,
+                                              std::string_view text) {
+    auto recordset = m_platform.targetProvider->CreateRecordset();
+    recordset->CursorType(ado::adOpenKeyset);
+    recordset->LockType(ado::adLockOptimistic);
+    recordset->Open(text, connection);
+    return recordset;
+}
+
+automation::Variant AdoTest::Scalar(const std::shared_ptr<ado::Connection>& connection,
+                                    std::string_view text) {
+    return connection->Execute(text)->Fields(0)->Value();
+}
+
+std::optional<automation::Error> RaisedBy(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const automation::Error& error) {
+        return error;
+    }
+    ADD_FAILURE() << "no error was raised";
+    return std::nullopt;
+}
+
+std::int32_t NumberRaisedBy(const std::function<void()>& action) {
+    const std::optional<automation::Error> error = RaisedBy(action);
+    return error ? error->Number() : 0;
+}
+
+std::string RouteName(const testing::TestParamInfo<Route>& info) {
+    return info.param == Route::Direct ? "Direct" : "Odbc";
+}
+
+}  // namespace korvex::tests

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "automation/error.h"
+#include "platform/ado.h"
+#include "platform/native/native_platform.h"
+#include "support/temp_folder.h"
+#include "support/test_seam.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvex::tests {
+
+/// How a test reaches its SQLite database.
+enum class Route { Direct, Odbc };
+inline auto AdoRoutes() { return testing::Values(Route::Direct); }
+
+/// A folder of its own for each test, and the engine under test.
+class AdoTest : public testing::TestWithParam<Route> {
+  protected:
+    std::string File(std::string_view name = "test.db") const { return m_folder.Path(name); }
+    /// Of the database File(), which is made when it is not there.
+    std::string ConnectionString() const;
+    std::shared_ptr<ado::Connection> Connect();
+    std::shared_ptr<ado::Connection> Connect(std::string_view connectionString);
+    /// A recordset as the persistence class opens it.
+    std::shared_ptr<ado::Recordset> Open(const std::shared_ptr<ado::Connection>& connection,
+                                         std::string_view text);
+    /// The value of the first column of the first row.
+    automation::Variant Scalar(const std::shared_ptr<ado::Connection>& connection, std::string_view text);
+
+    TempFolder m_folder;
+    std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();
+    Platform m_platform = native::NativePlatform({.seam = m_seam});
+};
+
+/// The error that `action` raises; a failed test when there is none.
+std::optional<automation::Error> RaisedBy(const std::function<void()>& action);
+/// Its number, 0 when there is none.
+std::int32_t NumberRaisedBy(const std::function<void()>& action);
+
+std::string RouteName(const testing::TestParamInfo<Route>& info);
+
+}  // namespace korvex::tests

@@ -1,0 +1,264 @@
+#include "automation/convert.h"
+#include "platform/ado_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace korvex::tests {
+namespace {
+
+using automation::Variant;
+using native::sql::CallKind;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class AdoRecordset : public AdoTest {
+  protected:
+    void SetUp() override {
+        m_connection = Connect();
+        m_connection->Execute(
+            "create table Customer (CustomerID INTEGER PRIMARY KEY, Name varchar(20) NOT NULL, "
+            "City varchar(20) default 'Ulm', Credit int default 7, Note text)");
+    }
+
+    std::int32_t Add(std::string_view name) {
+        const auto recordset = Open(m_connection, "select * from Customer");
+        recordset->AddNew();
+        recordset->Fields("Name")->Value(Variant(name));
+        recordset->Update();
+        return automation::ToLong(recordset->Fields("CustomerID")->Value());
+    }
+
+    /// The texts of the calls of one kind since the seam records.
+    std::vector<std::string> Calls(CallKind kind) const {
+        std::vector<std::string> texts;
+        for (const TestSeam::Call& call : m_seam->Calls()) {
+            if (call.kind == kind) texts.push_back(call.text);
+        }
+        return texts;
+    }
+
+    std::shared_ptr<ado::Connection> m_connection;
+};
+INSTANTIATE_TEST_SUITE_P(Routes, AdoRecordset, AdoRoutes(), RouteName);
+
+TEST_P(AdoRecordset, AnAddedRecordIsEmptyUntilSetAndCurrentWhenStored) {
+    Add("first");
+    const auto recordset = Open(m_connection, "select * from Customer");
+    EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("first"));
+    recordset->AddNew();
+    for (std::int32_t i = 0; i < recordset->FieldCount(); ++i) {
+        EXPECT_TRUE(recordset->Fields(i)->Value().IsEmpty());
+        EXPECT_EQ(recordset->Fields(i)->ActualSize(), 0);
+    }
+    EXPECT_FALSE(recordset->Eof());
+    recordset->Fields("name")->Value("second");
+    EXPECT_EQ(recordset->Fields("NAME")->Value(), Variant("second"));
+    recordset->Update();
+    EXPECT_FALSE(recordset->Eof());
+    EXPECT_EQ(recordset->Fields("CustomerID")->Value(), Variant(2));
+    EXPECT_EQ(recordset->Fields("City")->Value(), Variant("Ulm"));
+    EXPECT_EQ(recordset->Fields("Credit")->Value(), Variant(7));
+    EXPECT_EQ(recordset->Fields("Note")->Value(), Variant::Null());
+    recordset->MoveNext();
+    EXPECT_TRUE(recordset->Eof());
+}
+
+TEST_P(AdoRecordset, AKeyThatTheHostSetIsKept) {
+    const auto recordset = Open(m_connection, "select * from Customer");
+    recordset->AddNew();
+    recordset->Fields("CustomerID")->Value(41);
+    recordset->Fields("Name")->Value("x");
+    recordset->AddNew();  // stores the one before
+    EXPECT_TRUE(recordset->Fields("CustomerID")->Value().IsEmpty());
+    recordset->Fields("Name")->Value("y");
+    recordset->MoveNext();  // stores it as well
+    EXPECT_TRUE(recordset->Eof());
+    EXPECT_EQ(Scalar(m_connection, "select group_concat(CustomerID || Name) from Customer"),
+              Variant("41x,42y"));
+}
+
+/// What a save does, on a table that has rows already: nothing of them is ever fetched.
+TEST_P(AdoRecordset, AddingARecordReadsNoOther) {
+    Add("first");
+    m_seam->Record();
+    const auto recordset = Open(m_connection, "select * from Customer");
+    recordset->AddNew();
+    recordset->Fields("Name")->Value("second");
+    EXPECT_TRUE(recordset->Fields("City")->Value().IsEmpty());
+    recordset->Update();
+    EXPECT_EQ(recordset->Fields("CustomerID")->Value(), Variant(2));
+    recordset->Close();
+    EXPECT_THAT(m_seam->Executed(), ElementsAre(HasSubstr("INSERT INTO")));
+    EXPECT_THAT(Calls(CallKind::Fetch), IsEmpty());
+    EXPECT_EQ(m_seam->OpenStatements(), 0);
+
+    m_seam->Record();
+    Add("third");
+    EXPECT_THAT(Calls(CallKind::Prepare), IsEmpty());
+}
+
+TEST_P(AdoRecordset, AnEditSendsWhatDiffers) {
+    Add("first");
+    const auto recordset = Open(m_connection, "select * from Customer where CustomerID=1");
+    m_seam->Record();
+    recordset->Fields("Name")->Value("first");
+    recordset->Fields("Credit")->Value("7");
+    recordset->Update();
+    EXPECT_THAT(Calls(CallKind::Prepare), IsEmpty());
+    recordset->Fields("Name")->Value("changed");
+    recordset->Fields("Credit")->Value(7);
+    recordset->Update();
+    ASSERT_EQ(Calls(CallKind::Prepare).size(), 1U);
+    EXPECT_THAT(Calls(CallKind::Prepare)[0],
+                testing::AllOf(HasSubstr("\"Name\" = ?"), testing::Not(HasSubstr("Credit"))));
+    EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("changed"));
+    EXPECT_EQ(Scalar(m_connection, "select Name from Customer"), Variant("changed"));
+}
+
+TEST_P(AdoRecordset, ACancelledEditLeavesTheRecordAsItWas) {
+    Add("first");
+    const auto recordset = Open(m_connection, "select * from Customer");
+    recordset->Fields("Name")->Value("other");
+    recordset->CancelUpdate();
+    EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("first"));
+    recordset->AddNew();
+    recordset->CancelUpdate();
+    EXPECT_EQ(recordset->Fields("CustomerID")->Value(), Variant(1));
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->CancelUpdate(); }), ado::adErrIllegalOperation);
+    EXPECT_EQ(Scalar(m_connection, "select count(*) from Customer"), Variant(1));
+}
+
+TEST_P(AdoRecordset, ClosingWithAPendingEditIsRefusedAndReleasingDropsIt) {
+    auto recordset = Open(m_connection, "select * from Customer");
+    recordset->AddNew();
+    recordset->Fields("Name")->Value("lost");
+    const auto name = recordset->Fields("Name");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Close(); }), ado::adErrIllegalOperation);
+    EXPECT_EQ(recordset->State(), ado::adStateOpen);
+    recordset.reset();
+    EXPECT_EQ(m_seam->OpenStatements(), 0);
+    EXPECT_EQ(NumberRaisedBy([&] { name->Value(); }), ado::adErrObjectClosed);
+    EXPECT_EQ(Scalar(m_connection, "select count(*) from Customer"), Variant(0));
+}
+
+TEST_P(AdoRecordset, AValueThatIsRefusedStartsNoEdit) {
+    Add("first");
+    const auto recordset = Open(m_connection, "select * from Customer");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Fields("Credit")->Value("much"); }), ado::adErrDataConversion);
+    recordset->Close();
+}
+
+TEST_P(AdoRecordset, WalksItsRowsOnce) {
+    for (const char* name : {"a", "b", "c"}) {
+        Add(name);
+    }
+    const auto recordset = Open(m_connection, "select * from Customer order by CustomerID desc");
+    std::string names;
+    for (; !recordset->Eof(); recordset->MoveNext()) {
+        names += automation::ToString(recordset->Fields("Name")->Value());
+    }
+    EXPECT_EQ(names, "cba");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->MoveNext(); }), ado::adErrNoCurrentRecord);
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Fields("Name")->Value(); }), ado::adErrNoCurrentRecord);
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Fields("Name")->Value("x"); }), ado::adErrNoCurrentRecord);
+    recordset->Close();
+    EXPECT_EQ(recordset->State(), ado::adStateClosed);
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Eof(); }), ado::adErrObjectClosed);
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Close(); }), ado::adErrObjectClosed);
+}
+
+TEST_P(AdoRecordset, WhatCannotBeOpenedIsSaidAtOpen) {
+    const struct {
+        std::string text;
+        std::int32_t number;
+        std::string says;
+    } cases[] = {
+        {"select * from Nowhere", ado::DbENoTable, "Nowhere"},
+        {"select Nothing from Customer", ado::DbEStatement, "Nothing"},
+        {"select * form Customer", ado::DbEStatement, "form"},
+        {"select * from Customer where CustomerID=1; delete from Customer", ado::DbEStatement, "delete"},
+        {"select * from Customer where CustomerID=", ado::DbEStatement, "CustomerID="},
+        {"", ado::DbEStatement, "empty"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        const auto error = RaisedBy([&] { Open(m_connection, c.text); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), c.number) << error->Description();
+        EXPECT_THAT(error->Description(), HasSubstr(c.says));
+    }
+    const auto unknown = RaisedBy([&] { Open(m_connection, "select * from Customer")->Fields("Nmae"); });
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->Number(), ado::adErrItemNotFound);
+    EXPECT_THAT(unknown->Description(), testing::AllOf(HasSubstr("Nmae"), HasSubstr("Customer")));
+}
+
+TEST_P(AdoRecordset, WritesOnlyWhenItsLockAndItsTableAllow) {
+    Add("first");
+    const auto readOnly = m_platform.targetProvider->CreateRecordset();
+    EXPECT_EQ(readOnly->LockType(), ado::adLockReadOnly);
+    readOnly->Open("select * from Customer", m_connection);
+    EXPECT_EQ(NumberRaisedBy([&] { readOnly->AddNew(); }), ado::adErrFeatureNotAvailable);
+    EXPECT_EQ(NumberRaisedBy([&] { readOnly->Fields("Name")->Value("x"); }), ado::adErrFeatureNotAvailable);
+    EXPECT_EQ(NumberRaisedBy([&] { readOnly->LockType(ado::adLockOptimistic); }), ado::adErrObjectOpen);
+    EXPECT_EQ(NumberRaisedBy([&] { readOnly->Open("select 1", m_connection); }), ado::adErrObjectOpen);
+    EXPECT_EQ(readOnly->Fields("Name")->Attributes() & ado::adFldUpdatable, 0);
+
+    const auto computed = Open(m_connection, "select 1 + 1 as Two");
+    EXPECT_EQ(computed->Fields("Two")->Value(), Variant(2));
+    EXPECT_EQ(NumberRaisedBy([&] { computed->AddNew(); }), ado::adErrFeatureNotAvailable);
+}
+
+TEST_P(AdoRecordset, ViolatedConstraintsAreReportedAndTheEditGoesOn) {
+    m_connection->Execute("create unique index Names on Customer (Name)");
+    Add("taken");
+    const auto recordset = Open(m_connection, "select * from Customer");
+    recordset->AddNew();
+    const auto missing = RaisedBy([&] { recordset->Update(); });
+    ASSERT_TRUE(missing);
+    EXPECT_EQ(missing->Number(), ado::DbEConstraint);
+    EXPECT_THAT(missing->Description(), HasSubstr("Customer.Name"));
+    recordset->Fields("Name")->Value("taken");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Update(); }), ado::DbEConstraint);
+    recordset->Fields("Name")->Value("free");
+    recordset->Update();
+    EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("free"));
+}
+
+TEST_P(AdoRecordset, ARecordThatIsGoneCannotBeUpdated) {
+    Add("first");
+    const auto recordset = Open(m_connection, "select * from Customer");
+    recordset->Fields("Name")->Value("mine");
+    m_connection->Execute("delete from Customer");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Update(); }), ado::DbEConcurrencyViolation);
+}
+
+/// A failure at any engine call of an addition reaches the caller, leaves nothing open and stores nothing;
+/// the same connection then does the work.
+TEST_P(AdoRecordset, SurvivesAFailureAtEveryCall) {
+    Add("first");
+    std::size_t failures = 0;
+    for (bool failed = true; failed;) {
+        ASSERT_LT(failures, 20U);
+        m_connection->Execute("create table Other" + std::to_string(failures) +
+                              " (n int)");  // empties the cache
+        failed = false;
+        m_seam->FailAt(failures + 1, native::sql::ErrorKind::DiskFull);
+        try {
+            Add("second");
+        } catch (const automation::Error& error) {
+            failed = true;
+            ++failures;
+            EXPECT_EQ(error.Number(), ado::DbEFail);
+            EXPECT_THAT(error.Description(), HasSubstr("injected"));
+        }
+        m_seam->FailAt(0);
+        EXPECT_EQ(m_seam->OpenStatements(), 0);
+        EXPECT_EQ(Scalar(m_connection, "select count(*) from Customer"), Variant(failed ? 1 : 2));
+    }
+    EXPECT_GE(failures, 3);
+}
+
+}  // namespace
+}  // namespace korvex::tests
