@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -44,7 +45,10 @@ std::unique_ptr<dao::Recordset> OpenFor(Repository& repository, std::string_view
 
 std::string Description(const RunState& run) { return "table " + run.m_sCurrentTable; }
 
-std::string Trimmed(const std::string& text) { return std::string(automation::Trim(text)); }
+std::string Trimmed(std::string text) {
+    const std::string_view trimmed = automation::Trim(text);
+    return trimmed.size() == text.size() ? std::move(text) : std::string(trimmed);
+}
 
 void AddColumn(RunState& run, const Dialect& dialect, Column column) {
     column.FKObjectID = -1;

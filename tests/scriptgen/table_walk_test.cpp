@@ -22,8 +22,9 @@ using testing::IsEmpty;
 class StatementLog final : public native::sql::Seam {
   public:
     void BeforeCall(const native::sql::EngineCall& call) override {
-        if (call.kind == native::sql::CallKind::Execute) statements.emplace_back(call.text);
+        if (isOn && call.kind == native::sql::CallKind::Execute) statements.emplace_back(call.text);
     }
+    bool isOn = false;
     std::vector<std::string> statements;
 };
 
@@ -80,7 +81,6 @@ class TableWalk : public testing::Test {
     void Generate(ScriptType type, const std::string& storage) {
         m_run.m_nScriptType = type;
         m_run.m_nMaxCharLen = FindScriptType(type)->maxCharLen;
-        m_statements->statements.clear();
         GenerateForStorage(m_run, m_repository, storage);
     }
 
@@ -170,6 +170,7 @@ TEST_F(TableWalk, SendsEachStatementOnce) {
     Value(900, 90, "'CustomerID', 3, '0', 1, NULL, 1, 0");
     Run("INSERT INTO tForeignKeys VALUES (1, 100, 9, 900, '')");
 
+    m_statements->isOn = true;
     Generate(ScriptType::SqlServer, "Shop");
     EXPECT_THAT(
         m_statements->statements,
