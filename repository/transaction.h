@@ -2,6 +2,8 @@
 
 #include "repository/repository.h"
 
+#include <exception>
+
 namespace korvex::repository {
 
 /// One transaction of the open repository, for as long as the object lives: what was not committed is rolled

@@ -3,6 +3,7 @@
 #include "support/definition_repository.h"
 #include "support/recording_parts.h"
 #include "support/temp_folder.h"
+#include "support/test_seam.h"
 #include "surface/cls_create_db.h"
 
 #include <gmock/gmock.h>
@@ -17,9 +18,11 @@ namespace {
 
 using automation::OutcomeOf;
 using automation::Variant;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using Lines = std::vector<std::string>;
 
 /// Runs on a real repository whose desktop and files are noted.
@@ -55,7 +58,8 @@ class ScriptRunTest : public testing::Test {
     tests::Journal journal = std::make_shared<Lines>();
     std::shared_ptr<tests::RecordingDesktop> desktop = std::make_shared<tests::RecordingDesktop>(journal);
     std::shared_ptr<tests::RecordingFiles> files = std::make_shared<tests::RecordingFiles>(journal);
-    Platform platform = native::NativePlatform();
+    std::shared_ptr<tests::TestSeam> seam = std::make_shared<tests::TestSeam>();
+    Platform platform = native::NativePlatform({.seam = seam});
     std::shared_ptr<clsCreateDb> scripts;
     std::unique_ptr<tests::DefinitionRepository> repository;
 };
@@ -157,6 +161,33 @@ TEST_F(ScriptRunTest, ARunThatFailsWritesNoFileAndTheNextOneWorks) {
     scripts->DoMSsqlDb(path, "Stock");
     EXPECT_EQ(journal->size(), 10u);
     EXPECT_THAT(scripts->DbSQL(), HasSubstr("CREATE TABLE dbo.tItem"));
+}
+
+/// Every engine call of a run fails once, on one and the same object.
+TEST_F(ScriptRunTest, AFailureAtAnyCallIsRaisedOrShownAndTheObjectWorksOn) {
+    scripts->DoMSsqlDb(path, "Stock");
+    const std::string whole = scripts->DbSQL();
+    int raised = 0;
+    bool failed = true;
+    for (std::size_t refused = 1; failed; ++refused) {
+        ASSERT_LT(refused, 1000u);
+        SCOPED_TRACE("call " + std::to_string(refused));
+        journal->clear();
+        seam->FailAt(refused, native::sql::ErrorKind::DiskFull);
+        const std::string outcome = OutcomeOf([&] { scripts->DoMSsqlDb(path, "Stock"); });
+        failed = seam->HasFailed();
+        seam->FailAt(0);
+        EXPECT_EQ(seam->OpenStatements(), 0);
+        if (outcome != "done") {
+            ++raised;
+            EXPECT_THAT(*journal, Each(Not(HasSubstr("write"))));
+        } else if (journal->size() == 10) {  // the files alone, no message: a call that nothing depended on
+            EXPECT_EQ(scripts->DbSQL(), whole);
+        }
+        scripts->DoMSsqlDb(path, "Stock");
+        EXPECT_EQ(scripts->DbSQL(), whole);
+    }
+    EXPECT_GT(raised, 10);
 }
 
 TEST_F(ScriptRunTest, AStorageNameWithoutDefinitionGivesEmptyFiles) {
