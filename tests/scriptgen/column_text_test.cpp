@@ -15,10 +15,13 @@ struct ColumnCase {
 void ExpectDefinitions(ScriptType type, const std::string& before, const std::string& after,
                        const std::vector<ColumnCase>& cases) {
     for (const ColumnCase& c : cases) {
-        SCOPED_TRACE("DataType " + std::to_string(c.column.DataType) + ", MaxLength \"" + c.column.MaxLength +
-                     "\", DefaultVal \"" + c.column.DefaultVal + "\"");
+        SCOPED_TRACE(testing::Message()
+                     << "DataType " << c.column.DataType << ", MaxLength \"" << c.column.MaxLength
+                     << "\", DefaultVal \"" << c.column.DefaultVal << '"');
         RunState run = RunWith(type, "T", {c.column});
-        EXPECT_EQ(CreateText(run), before + c.expected + after);
+        std::string expected = before;
+        expected.append(c.expected).append(after);
+        EXPECT_EQ(CreateText(run), expected);
     }
 }
 

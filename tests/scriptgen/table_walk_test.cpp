@@ -39,7 +39,7 @@ class MessageLog final : public platform::Desktop {
 
 /// A repository on the embedded engine, filled row by row.
 class TableWalk : public testing::Test {
-  protected:
+  public:
     TableWalk() : m_repository(MakePlatform()) {
         std::filesystem::remove(m_file);
         m_database = m_platform.repositoryEngine->CreateDatabase(m_file.string());
@@ -54,6 +54,7 @@ class TableWalk : public testing::Test {
             std::filesystem::remove(m_file.string() + suffix);
     }
 
+  protected:
     void Run(const std::string& sql) { m_database->Execute(sql); }
     void Definition(const std::string& storage, int root) {
         Run("INSERT INTO tDataDefs VALUES ('" + storage + "', " + std::to_string(root) + ")");
