@@ -19,6 +19,13 @@ namespace {
 
 constexpr std::int32_t InternalError = 51;
 
+/// Asks for a subcommand only after words that are none were complained about.
+void RequireSubcommand(CLI::App& app) {
+    app.callback([&app] {
+        if (app.get_subcommands().empty()) throw CLI::RequiredError::Subcommand(1);
+    });
+}
+
 void AddCommands(CLI::App& app, Console& console) {
     AddScriptCommand(app, console);
     AddRelateCommand(app, console);
@@ -28,8 +35,8 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryImportCommand(*repository, console);
     AddRepositoryShowCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
-    repository->require_subcommand(1);
-    app.require_subcommand(1);
+    RequireSubcommand(*repository);
+    RequireSubcommand(app);
 }
 
 /// --version on every level, as --help is.

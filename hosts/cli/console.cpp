@@ -42,7 +42,7 @@ void Console::ClearProgress() {
 void Console::Finish() {
     ClearProgress();
     if (!m_results.flush()) {
-        throw automation::Error(automation::DeviceIoError, "the results could not be written");
+        throw automation::Error(automation::DeviceIoError, "The results cannot be written.");
     }
 }
 

@@ -49,8 +49,8 @@ pid_t Start(std::vector<std::string> words) {
     pid_t child = 0;
     const int failure = posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ);
     if (failure != 0) {
-        throw Error(automation::CannotCreateObject, "the editor " + words.front() + " does not start: " +
-                                                        std::generic_category().message(failure));
+        throw Error(automation::CannotCreateObject, "The editor does not start: " + words.front() + " (" +
+                                                        std::generic_category().message(failure) + ")");
     }
     return child;
 }
@@ -61,7 +61,7 @@ void Wait(pid_t child, const std::string& program) {
         if (errno != EINTR) return;
     }
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return;
-    throw Error(automation::CannotCreateObject, "the editor " + program + " ended with a failure");
+    throw Error(automation::CannotCreateObject, "The editor ended with a failure: " + program);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 void RunNew(const std::string& file, Console& console) {
     if (automation::ContainsIgnoreCase(file, "DSN=")) {
         throw automation::Error(automation::InvalidProcedureCall,
-                                "a new repository is a file; a name with DSN= would be opened through ODBC");
+                                "A new repository is a file; a name with DSN= would be opened through ODBC.");
     }
     const Session session(console);
     std::unique_ptr<dao::Database> database = session.platform.repositoryEngine->CreateDatabase(file);

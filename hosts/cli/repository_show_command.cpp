@@ -32,7 +32,7 @@ void RunShow(const ShowOptions& options, Console& console) {
     const ExportedModel exported = ExportModel(repository::Catalog::Read(repository.Open()), options.storage);
     repository.Close();
     for (const std::string& what : exported.leftOut) {
-        console.Message("left out: " + what);
+        console.Message("Left out: " + what);
     }
     console.Results() << Render(exported.model, options.format);
 }

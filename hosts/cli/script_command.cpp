@@ -52,7 +52,7 @@ void CreateFolder(const std::string& folder) {
     // An existing link to a folder counts as a failure above on some systems.
     if (!failure || std::filesystem::is_directory(folder)) return;
     throw Error(automation::PathFileAccessError,
-                "the folder " + folder + " cannot be created: " + failure.message());
+                "The folder cannot be created: " + folder + " (" + failure.message() + ")");
 }
 
 /// A run raises the failure of its first file only; the others are told here.

@@ -15,7 +15,7 @@ using automation::Error;
 
 /// The repository as messages name it; connection strings may hold passwords.
 std::string RepositoryName(const std::string& connection) {
-    return automation::ContainsIgnoreCase(connection, "DSN=") ? "the repository" : connection;
+    return automation::ContainsIgnoreCase(connection, "DSN=") ? "the ODBC source" : connection;
 }
 
 std::vector<std::string> StorageNames(repository::Repository& repository) {
@@ -35,7 +35,7 @@ std::vector<std::string> StorageNames(repository::Repository& repository) {
 void CliDesktop::ShowMessage(std::string_view text, std::int32_t style, std::string_view title) {
     if (style == platform::StyleOkOnly) {
         ++m_failedQueries;
-        m_console.Message("a query failed: " + std::string(text));
+        m_console.Message("A query failed: " + std::string(text));
         return;
     }
     if (!title.empty()) m_console.Message(title);
@@ -62,7 +62,7 @@ void Session::ExpectNoFailedQuery(std::string_view work) const {
     const int failed = desktop->FailedQueries();
     if (failed == 0) return;
     throw Error(dao::QueryFailed, std::to_string(failed) + (failed == 1 ? " query" : " queries") +
-                                      " failed (see above): " + std::string(work));
+                                      " failed (see above): " + std::string(work) + ".");
 }
 
 void OpenComplete(repository::Repository& repository, const std::string& connection) {
@@ -70,22 +70,23 @@ void OpenComplete(repository::Repository& repository, const std::string& connect
     const std::vector<repository::SchemaGap> gaps = repository::CheckSchema(repository.Open());
     if (gaps.empty()) return;
     throw Error(gaps.front().column.empty() ? dao::TableNotFound : dao::ItemNotFound,
-                RepositoryName(connection) + " is no complete repository: " + repository::DescribeGaps(gaps));
+                "This is no complete repository, " + repository::DescribeGaps(gaps) + ": " +
+                    RepositoryName(connection));
 }
 
 void ExpectStorage(repository::Repository& repository, const std::string& storage) {
     if (storage.find('\'') != std::string::npos) {
         throw Error(automation::InvalidProcedureCall,
-                    "the storage name \"" + storage + "\" holds a single quote; storage names must not");
+                    "The storage name \"" + storage + "\" holds a single quote; storage names must not.");
     }
     std::vector<std::string> names = StorageNames(repository);
     if (names.empty()) {
-        throw Error(automation::InvalidProcedureCall, "the repository holds no definition");
+        throw Error(automation::InvalidProcedureCall, "The repository holds no definition.");
     }
     if (storage.empty() || std::find(names.begin(), names.end(), storage) != names.end()) return;
-    throw Error(automation::InvalidProcedureCall, "no definition has the storage name \"" + storage +
+    throw Error(automation::InvalidProcedureCall, "No definition has the storage name \"" + storage +
                                                       "\"; there " + (names.size() == 1 ? "is " : "are ") +
-                                                      JoinNames(names));
+                                                      JoinNames(names) + ".");
 }
 
 void CheckBeforeRun(const Platform& platform, const std::string& connection, const std::string& storage) {

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <set>
 #include <string_view>
@@ -23,7 +22,7 @@ using nlohmann::json;
 std::string ReadFile(const std::string& path) {
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored)) {
-        throw Error(automation::PathFileAccessError, path + ": is a folder");
+        throw Error(automation::PathFileAccessError, path + ": Is a directory");
     }
     errno = 0;
     std::ifstream file(path, std::ios::binary);
@@ -33,7 +32,7 @@ std::string ReadFile(const std::string& path) {
                     path + ": " + std::generic_category().message(reason));
     }
     std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad()) throw Error(automation::PathFileAccessError, path + ": cannot be read");
+    if (file.bad()) throw Error(automation::PathFileAccessError, path + ": Cannot be read");
     return text;
 }
 
@@ -59,29 +58,28 @@ std::string_view Reason(std::string_view message) {
     return colon == std::string_view::npos ? message : message.substr(colon + 2);
 }
 
-/// Finds members that stand twice in one object: the parser itself would silently keep the last one.
-class DuplicateMembers {
+/// Finds members that stand twice in one object: the document itself keeps only the last one.
+class DuplicateMembers : public nlohmann::json_sax<json> {
   public:
-    bool operator()(int, json::parse_event_t event, json& parsed) {
-        switch (event) {
-            case json::parse_event_t::object_start:
-            case json::parse_event_t::array_start:
-                NextItem();
-                m_levels.push_back({event == json::parse_event_t::array_start, 0, {}, {}});
-                break;
-            case json::parse_event_t::object_end:
-            case json::parse_event_t::array_end:
-                m_levels.pop_back();
-                break;
-            case json::parse_event_t::value:
-                NextItem();
-                break;
-            case json::parse_event_t::key:
-                Key(parsed.get<std::string>());
-                break;
-        }
-        return true;
+    bool null() override { return Item(); }
+    bool boolean(bool) override { return Item(); }
+    bool number_integer(number_integer_t) override { return Item(); }
+    bool number_unsigned(number_unsigned_t) override { return Item(); }
+    bool number_float(number_float_t, const string_t&) override { return Item(); }
+    bool string(string_t&) override { return Item(); }
+    bool binary(binary_t&) override { return Item(); }
+    bool start_array(std::size_t) override { return Start(true); }
+    bool end_array() override { return End(); }
+    bool start_object(std::size_t) override { return Start(false); }
+    bool end_object() override { return End(); }
+    bool key(string_t& name) override {
+        Level& level = m_levels.back();
+        level.member = name;
+        if (level.members.insert(name).second) return true;
+        m_first = Path();
+        return false;
     }
+    bool parse_error(std::size_t, const std::string&, const json::exception&) override { return false; }
 
     /// Path of the first one; empty for none.
     const std::string& First() const { return m_first; }
@@ -94,14 +92,18 @@ class DuplicateMembers {
         std::set<std::string> members;
     };
 
-    void NextItem() {
+    bool Item() {
         if (!m_levels.empty() && m_levels.back().isArray) ++m_levels.back().items;
+        return true;
     }
-
-    void Key(const std::string& name) {
-        Level& level = m_levels.back();
-        level.member = name;
-        if (!level.members.insert(name).second && m_first.empty()) m_first = Path();
+    bool Start(bool isArray) {
+        Item();
+        m_levels.push_back({isArray, 0, {}, {}});
+        return true;
+    }
+    bool End() {
+        m_levels.pop_back();
+        return true;
     }
 
     std::string Path() const {
@@ -124,15 +126,15 @@ class DuplicateMembers {
 
 json ReadJsonFile(const std::string& path) {
     const std::string text = ReadFile(path);
-    DuplicateMembers duplicates;
     json document;
     try {
-        document = json::parse(text, std::ref(duplicates), true, true);
+        document = json::parse(text, nullptr, true, true);
     } catch (const json::parse_error& error) {
         throw Error(automation::InvalidProcedureCall,
                     path + ": " + PlaceText(text, error.byte) + ": " + std::string(Reason(error.what())));
     }
-    if (!duplicates.First().empty()) {
+    DuplicateMembers duplicates;
+    if (!json::sax_parse(text, &duplicates, json::input_format_t::json, true, true)) {
         throw Error(automation::InvalidProcedureCall,
                     path + ": " + duplicates.First() + ": stands twice in the same object");
     }

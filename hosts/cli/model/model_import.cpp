@@ -20,8 +20,8 @@ void RefuseClashes(const Model& model, dao::Database& database) {
         for (const repository::DataDefRow& row : catalog.DataDefs()) {
             if (row.Storage == definition.storage) {
                 throw Error(automation::InvalidProcedureCall,
-                            "the repository already has a definition with the storage name \"" + row.Storage +
-                                "\"; nothing was imported");
+                            "The repository already has a definition with the storage name \"" + row.Storage +
+                                "\"; nothing was imported.");
             }
         }
     }
@@ -29,8 +29,8 @@ void RefuseClashes(const Model& model, dao::Database& database) {
         for (const repository::ObjectRow& row : catalog.Objects()) {
             if (!object.guid.empty() && row.Guid == object.guid) {
                 throw Error(automation::InvalidProcedureCall,
-                            "object " + object.name + ": the repository's object " + row.Name +
-                                " already has the guid " + row.Guid + "; nothing was imported");
+                            "Object " + object.name + ": the repository's object " + row.Name +
+                                " already has the guid " + row.Guid + "; nothing was imported.");
             }
         }
     }

@@ -81,7 +81,7 @@ class ModelReader {
         Resolve();
         if (m_model.objects.empty() && m_model.interfaces.empty()) document.Fail("holds no objects");
         if (const std::optional<std::string> cycle = FindCycle(m_model)) {
-            throw automation::Error(automation::OutOfStackSpace, "an object is its own ancestor: " + *cycle);
+            throw automation::Error(automation::OutOfStackSpace, "An object is its own ancestor: " + *cycle);
         }
         return std::move(m_model);
     }

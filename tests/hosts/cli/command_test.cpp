@@ -1,0 +1,221 @@
+#include "hosts/cli/korvex_command.h"
+#include "hosts/cli/session.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace korvex::tests {
+namespace {
+
+constexpr std::string_view SmallModel = R"({
+  "definitions": [ { "storage": "Shop", "root": "Shop" }, { "storage": "Depot", "root": "Depot" } ],
+  "objects": [
+    { "name": "Shop", "values": [ { "name": "City", "type": "string", "maxLength": 30 },
+                                  { "name": "Till", "child": "Till" } ] },
+    { "name": "Till", "values": [ { "name": "Opened", "type": "date" } ] },
+    { "name": "Depot", "values": [ { "name": "Doors", "type": "integer" } ] }
+  ]
+})";
+
+TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } cases[] = {
+        {{}, "A subcommand is required"},
+        {{"repository"}, "A subcommand is required"},
+        {{"scripts"}, "scripts"},
+        {{"script", "--repository", "x"}, "--dialect is required"},
+        {{"script", "--repository", "x", "--dialect", "db2"}, "db2 not in {mssql,oracle,sybase,all}"},
+        {{"script", "--dialect", "all", "--repository", "x", "--colour"}, "--colour"},
+        {{"relate"}, "--repository is required"},
+        {{"repository", "new"}, "FILE is required"},
+        {{"repository", "import", "x"}, "MODEL is required"},
+        {{"repository", "show", "x", "--format", "xml"}, "xml not in {tree,json,mermaid,dot}"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const CommandResult result = RunKorvex(arguments);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.output, "");
+        EXPECT_NE(result.messages.find(message), std::string::npos) << result.messages;
+    }
+}
+
+TEST(CommandLine, HelpAndVersionWorkOnEveryLevel) {
+    const std::vector<std::vector<std::string>> levels = {
+        {},
+        {"script"},
+        {"relate"},
+        {"repository"},
+        {"repository", "new"},
+        {"repository", "import"},
+        {"repository", "show"},
+        {"repository", "check"},
+    };
+    for (std::vector<std::string> level : levels) {
+        SCOPED_TRACE(testing::PrintToString(level));
+        level.emplace_back("--help");
+        const CommandResult help = RunKorvex(level);
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_NE(help.output.find("--version"), std::string::npos);
+        level.back() = "--version";
+        const CommandResult version = RunKorvex(level);
+        EXPECT_EQ(version.exitCode, 0);
+        EXPECT_EQ(version.output.rfind("korvex ", 0), 0U) << version.output;
+        EXPECT_EQ(help.messages + version.messages, "");
+    }
+}
+
+/// Every command that reads a repository meets a bad one in the same way.
+TEST(CommandLine, UnusableRepositoryIsOneMessage) {
+    const TempFolder folder;
+    folder.Write("text.txt", "no database at all, just some text");
+    folder.Write("empty.db", "");
+    folder.Write("access.mdb", std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, '\0'));
+    std::filesystem::create_directory(folder.Path("folder"));
+    const struct {
+        const char* name;
+        const char* start;
+    } cases[] = {
+        {"missing.db", "korvex: error 3024: "}, {"text.txt", "korvex: error 3343: "},
+        {"empty.db", "korvex: error 3343: "},   {"folder", "korvex: error 3051: "},
+        {"access.mdb", "korvex: error 3343: "},
+    };
+    folder.Write("model.json", SmallModel);
+    for (const auto& [name, start] : cases) {
+        const std::string path = folder.Path(name);
+        const std::vector<std::vector<std::string>> commands = {
+            {"script", "--dialect", "all", "--repository", path, "--out", folder.Path("out")},
+            {"relate", "--repository", path},
+            {"repository", "import", path, folder.Path("model.json")},
+            {"repository", "show", path},
+            {"repository", "check", path},
+        };
+        for (const std::vector<std::string>& command : commands) {
+            SCOPED_TRACE(testing::PrintToString(command));
+            const CommandResult result = RunKorvex(command);
+            EXPECT_EQ(result.exitCode, 1);
+            EXPECT_EQ(result.output, "");
+            EXPECT_EQ(result.messages.rfind(start, 0), 0U) << result.messages;
+            EXPECT_NE(result.messages.find(path), std::string::npos) << result.messages;
+            EXPECT_EQ(result.messages.find('\n'), result.messages.size() - 1) << "more than one line";
+        }
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("out")));
+}
+
+TEST(CommandLine, RepositoryThatLacksSomethingIsToldByTableAndColumn) {
+    const struct {
+        const char* statement;
+        const char* message;
+    } cases[] = {
+        {"drop table tForeignKeys",
+         "error 3078: This is no complete repository, table tForeignKeys is missing: "},
+        {"alter table tValues rename column VIDTag2 to Tag2",
+         "error 3265: This is no complete repository, column tValues.VIDTag2 is missing: "},
+    };
+    for (const auto& [statement, message] : cases) {
+        const RepositoryFile repository(SmallModel);
+        repository.Execute({statement});
+        const CommandResult result = RunKorvex({"script", "--repository", repository.Path(), "--dialect",
+                                                "all", "--out", repository.Folder().Path("out")});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.messages, "korvex: " + std::string(message) + repository.Path() + "\n");
+        EXPECT_FALSE(std::filesystem::exists(repository.Folder().Path("out")));
+    }
+}
+
+TEST(CommandLine, StorageNameThatIsNotThereListsThoseThatAre) {
+    const RepositoryFile repository(SmallModel);
+    const struct {
+        const char* storage;
+        const char* message;
+    } cases[] = {
+        {"shop", "korvex: error 5: No definition has the storage name \"shop\"; there are Depot and Shop.\n"},
+        {"O'Hara",
+         "korvex: error 5: The storage name \"O'Hara\" holds a single quote; storage names must not.\n"},
+    };
+    for (const auto& [storage, message] : cases) {
+        const std::vector<std::vector<std::string>> commands = {
+            {"script", "--repository", repository.Path(), "--dialect", "oracle", "--out",
+             repository.Folder().Path("out"), "--storage", storage},
+            {"relate", "--repository", repository.Path(), "--storage", storage},
+            {"repository", "show", repository.Path(), "--storage", storage},
+        };
+        for (const std::vector<std::string>& command : commands) {
+            SCOPED_TRACE(testing::PrintToString(command));
+            const CommandResult result = RunKorvex(command);
+            EXPECT_EQ(result.exitCode, 1);
+            EXPECT_EQ(result.messages, message);
+        }
+    }
+    EXPECT_FALSE(std::filesystem::exists(repository.Folder().Path("out")));
+
+    const RepositoryFile empty;
+    const CommandResult result = RunKorvex({"relate", "--repository", empty.Path()});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.messages, "korvex: error 5: The repository holds no definition.\n");
+}
+
+TEST(CommandLine, NewRepositoryLeavesAnExistingFileAlone) {
+    const TempFolder folder;
+    const std::string path = folder.Write("notes.txt", "mine");
+    const CommandResult result = RunKorvex({"repository", "new", path});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.messages.rfind("korvex: error 75: ", 0), 0U) << result.messages;
+    EXPECT_EQ(folder.Read("notes.txt"), "mine");
+    EXPECT_EQ(RunKorvex({"repository", "new", folder.Path("no/where.db")}).exitCode, 1);
+}
+
+TEST(CommandLine, ResultsThatCannotBeWrittenAreAFailure) {
+    const RepositoryFile repository(SmallModel);
+    const CommandResult result = RunKorvex({"repository", "show", repository.Path()}, {}, "/dev/full");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.messages, "korvex: error 57: The results cannot be written.\n");
+}
+
+TEST(Relate, TouchesOnlyTheDefinitionNamedAndTakesThePrefix) {
+    const RepositoryFile repository(SmallModel);
+    const CommandResult result =
+        RunKorvex({"relate", "--repository", repository.Path(), "--storage", "Shop", "--fk-prefix", "Ref"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output + result.messages, "");
+    EXPECT_EQ(RunKorvex({"repository", "show", repository.Path()}).output,
+              "definition Shop: Shop in tShop\n"
+              "  City: string(30)\n"
+              "  Till: Till in tTill\n"
+              "    Opened: date\n"
+              "    TillID: long, auto number, primary key\n"
+              "    RefShopID: long, refers to Shop\n"
+              "  ShopID: long, auto number, primary key\n"
+              "\n"
+              "definition Depot: Depot\n"
+              "  Doors: integer\n");
+}
+
+TEST(Session, FailedQueriesAreReportedAndFailTheCommand) {
+    std::ostringstream results;
+    std::ostringstream messages;
+    cli::Console console(results, messages, false);
+    const cli::Session session(console);
+    session.platform.desktop->ShowMessage("a warning\r\nof two lines", platform::StyleExclamation, "Title");
+    EXPECT_EQ(messages.str(), "korvex: Title\na warning\r\nof two lines\n");
+    session.ExpectNoFailedQuery("nothing was made");
+
+    messages.str("");
+    session.platform.desktop->ShowMessage("no such\r\ncolumn", platform::StyleOkOnly, "");
+    EXPECT_EQ(messages.str(), "korvex: A query failed: no such column\n");
+    try {
+        session.ExpectNoFailedQuery("nothing was made");
+        FAIL() << "no error";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.Number(), dao::QueryFailed);
+        EXPECT_EQ(error.Description(), "1 query failed (see above): nothing was made.");
+    }
+}
+
+}  // namespace
+}  // namespace korvex::tests

@@ -1,0 +1,102 @@
+#include "hosts/cli/korvex_command.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sstream>
+
+namespace korvex::tests {
+namespace {
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Every file of a folder by name.
+std::map<std::string, std::string> ReadFolder(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        files[entry.path().filename().string()] = ReadFile(entry.path());
+    return files;
+}
+
+/// Tells the first line that differs instead of two whole files.
+void ExpectSameText(const std::string& name, const std::string& actual, const std::string& expected) {
+    if (actual == expected) return;
+    std::istringstream actualLines(actual);
+    std::istringstream expectedLines(expected);
+    std::string actualLine;
+    std::string expectedLine;
+    for (int line = 1;; ++line) {
+        const bool hasActual = static_cast<bool>(std::getline(actualLines, actualLine));
+        const bool hasExpected = static_cast<bool>(std::getline(expectedLines, expectedLine));
+        if (hasActual && hasExpected && actualLine == expectedLine) continue;
+        ADD_FAILURE() << name << " differs in line " << line
+                      << "\n  is:     " << (hasActual ? testing::PrintToString(actualLine) : "(no line)")
+                      << "\n  should: " << (hasExpected ? testing::PrintToString(expectedLine) : "(no line)");
+        return;
+    }
+}
+
+class Example : public testing::Test {
+  protected:
+    const std::string m_model = ReadFile(KORVEX_EXAMPLES "/orders.json");
+    const RepositoryFile m_repository{m_model};
+};
+
+TEST_F(Example, ScriptsAreTheFifteenGoldenFiles) {
+    const std::string out = m_repository.Folder().Path("deep/er");
+    const CommandResult result = RunKorvex({"script", "--repository", m_repository.Path(), "--dialect", "all",
+                                            "--storage", "Orders", "--out", out});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.messages, "");
+    std::string paths;
+    for (const char* name :
+         {"MSCreate", "MSDel", "MSSProc", "MSFKCr", "MSFKdel", "OraCreate", "OraDel", "OraSProc", "OraFKCr",
+          "OraFKDel", "SyCreate", "SyDel", "SySProc", "SyFKCr", "SyFKdel"})
+        paths += out + "/" + name + ".sql\n";
+    EXPECT_EQ(result.output, paths);
+
+    const std::map<std::string, std::string> golden = ReadFolder(KORVEX_EXAMPLES "/scripts");
+    const std::map<std::string, std::string> written = ReadFolder(out);
+    ASSERT_EQ(golden.size(), 15U);
+    EXPECT_EQ(written.size(), 15U);
+    for (const auto& [name, text] : golden) {
+        ASSERT_TRUE(written.contains(name)) << name;
+        ExpectSameText(name, written.at(name), text);
+    }
+}
+
+TEST_F(Example, ChecksWithoutErrorsBeforeAndAfterItsFirstRun) {
+    const CommandResult before = RunKorvex({"repository", "check", m_repository.Path()});
+    EXPECT_EQ(before.exitCode, 0) << before.output;
+    EXPECT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
+    const CommandResult after = RunKorvex({"repository", "check", m_repository.Path()});
+    EXPECT_EQ(after.exitCode, 0);
+    EXPECT_EQ(after.output, before.output) << "what a run adds must not be found fault with";
+}
+
+TEST_F(Example, CopiesThroughItsJsonForm) {
+    for (const bool related : {false, true}) {
+        SCOPED_TRACE(related ? "related" : "as imported");
+        if (related) {
+            ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
+        }
+        const std::vector<std::string> show = {"repository", "show", m_repository.Path(), "--format", "json"};
+        const CommandResult shown = RunKorvex(show);
+        ASSERT_EQ(shown.exitCode, 0);
+        EXPECT_EQ(shown.messages, "");
+        EXPECT_EQ(shown.output.find("FK_CustomerID") != std::string::npos, related);
+
+        const RepositoryFile copy(shown.output);
+        const CommandResult copied = RunKorvex({"repository", "show", copy.Path(), "--format", "json"});
+        EXPECT_EQ(copied.output, shown.output);
+    }
+}
+
+}  // namespace
+}  // namespace korvex::tests

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "support/temp_folder.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The korvex command as its users meet it: a process with arguments, output and an exit code.
+namespace korvex::tests {
+
+struct CommandResult {
+    int exitCode = 0;
+    std::string output;    ///< standard output
+    std::string messages;  ///< standard error
+};
+
+/// Runs the command and waits for it. `environment` holds further "NAME=value" entries; `outputFile` receives
+/// the standard output when it is named, which is then not part of the result.
+CommandResult RunKorvex(const std::vector<std::string>& arguments,
+                        const std::vector<std::string>& environment = {}, const std::string& outputFile = {});
+
+/// A repository in a folder of its own, which is the place for everything that a test writes.
+class RepositoryFile {
+  public:
+    /// An empty one.
+    RepositoryFile();
+    /// One with the definitions of a model, given as JSON text.
+    explicit RepositoryFile(std::string_view model);
+
+    const TempFolder& Folder() const { return m_folder; }
+    std::string Path() const { return m_folder.Path("repository.db"); }
+
+    CommandResult Import(std::string_view model) const;
+    /// Changes the repository behind the command's back, one statement a text.
+    void Execute(const std::vector<std::string>& statements) const;
+
+  private:
+    TempFolder m_folder;
+};
+
+/// `text` with every occurrence of `part` replaced.
+std::string Replace(std::string text, std::string_view part, std::string_view replacement);
+
+}  // namespace korvex::tests

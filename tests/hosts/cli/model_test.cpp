@@ -1,0 +1,213 @@
+#include "hosts/cli/korvex_command.h"
+
+#include <gtest/gtest.h>
+
+namespace korvex::tests {
+namespace {
+
+std::string ObjectWith(std::string_view members) {
+    return R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A",)" + std::string(members) +
+           "}]}";
+}
+
+std::string ValueWith(std::string_view members) {
+    return ObjectWith(R"("values":[{"name":"V",)" + std::string(members) + "}]");
+}
+
+TEST(Model, MistakesAreToldWithTheirPlace) {
+    const struct {
+        std::string model;
+        const char* message;
+    } cases[] = {
+        {"{\n  \"objects\": [ }\n",
+         "line 2, column 16: syntax error while parsing value - unexpected '}'; "
+         "expected '[', '{', or a literal"},
+        {"",
+         "line 1, column 1: syntax error while parsing value - unexpected end of input; expected '[', "
+         "'{', or a literal"},
+        {"[]", "the document: must be an object, not an array"},
+        {"{}", "the document: holds no objects"},
+        {R"({"version":2})", "version: must be from 1 to 1"},
+        {R"({"objects":[{"name":"A","values":[]},{"name":"B","name":"C"}]})",
+         "objects[1].name: stands twice in the same object"},
+        {R"({"objects":[{"values":[]}]})", "objects[0]: lacks the member \"name\""},
+        {R"({"objects":[{"name":""}]})", "objects[0].name: must not be empty"},
+        {R"({"objects":[{"name":"O'Hara"}]})", "objects[0].name: must not hold a single quote"},
+        {R"({"objects":[{"name":7}]})", "objects[0].name: must be a text, not a number"},
+        {R"({"objects":{}})", "objects: must be an array, not an object"},
+        {ObjectWith(R"("Elements":"A")"),
+         "objects[0]: unknown member \"Elements\"; did you mean \"element\"?"},
+        {ObjectWith(R"("colour":1)"), "objects[0]: unknown member \"colour\""},
+        {ValueWith(R"("typ":"long")"),
+         "objects[0].values[0]: unknown member \"typ\"; did you mean \"type\"?"},
+        {ValueWith(R"("caption":"x")"), "objects[0].values[0]: lacks the member \"type\" or \"child\""},
+        {ValueWith(R"("type":"String")"),
+         "objects[0].values[0].type: unknown data type \"String\"; did you mean \"string\"?"},
+        {ValueWith(R"("type":"uuid")"),
+         "objects[0].values[0].type: unknown data type \"uuid\"; known are null, integer, long, single, "
+         "double, currency, date, string, object, boolean, variant, unknown and byte"},
+        {ValueWith(R"("type":-8)"), "objects[0].values[0].type: must be from 0 to 32767"},
+        {ValueWith(R"("type":8.5)"), "objects[0].values[0].type: must be a whole number, not a number"},
+        {ValueWith(R"("type":"string","maxLength":"forty")"),
+         "objects[0].values[0].maxLength: \"forty\" is no number"},
+        {ValueWith(R"("type":"string","maxLength":99999999999999999999)"),
+         "objects[0].values[0].maxLength: must be a whole number, not a number"},
+        {ValueWith(R"("type":"string","maxLength":18446744073709551615)"),
+         "objects[0].values[0].maxLength: must be from 0 to 2147483647"},
+        {ValueWith(R"("type":"string","default":null)"),
+         "objects[0].values[0].default: must be a text, a number, true or false, not null"},
+        {ValueWith(R"("type":"string","autoNumber":1)"),
+         "objects[0].values[0].autoNumber: must be true or false, not a number"},
+        {ValueWith(R"("type":"string","tags":["a","b","c","d"])"),
+         "objects[0].values[0].tags: holds more than three texts"},
+        {ValueWith(R"("child":"a")"), "objects[0].values[0].child: no object \"a\"; did you mean \"A\"?"},
+        {ValueWith(R"("child":"Elsewhere")"), "objects[0].values[0].child: no object \"Elsewhere\""},
+        {ObjectWith(R"("interfaces":["ITracked"])"), "objects[0].interfaces[0]: no interface \"ITracked\""},
+        {R"({"objects":[{"name":"A"},{"name":"A"},{"name":"B","element":"A"}]})",
+         "objects[2].element: several objects \"A\"; give the one meant an \"id\""},
+        {R"({"objects":[{"name":"A","id":"x"},{"name":"B","id":"x"}]})",
+         "objects[1].id: \"x\" is the id of objects[0] as well"},
+        {R"({"definitions":[{"storage":"S","root":"A"},{"storage":"S","root":"A"}],"objects":[{"name":"A"}]})",
+         "definitions[1].storage: \"S\" stands twice"},
+        {ObjectWith(R"("primaryKey":[{"value":"ID","seq":1}])"),
+         "objects[0].primaryKey[0].value: no such value in A"},
+    };
+    for (const auto& [model, message] : cases) {
+        SCOPED_TRACE(model);
+        const RepositoryFile repository;
+        const CommandResult result = repository.Import(model);
+        EXPECT_EQ(result.exitCode, 1);
+        const std::string file = repository.Folder().Path("model.json");
+        EXPECT_EQ(result.messages, "korvex: error 5: " + file + ": " + message + "\n");
+        EXPECT_EQ(RunKorvex({"repository", "show", repository.Path()}).output, "");
+    }
+}
+
+TEST(Model, MissingFileAndEndlessDefinitionHaveTheirOwnNumbers) {
+    const RepositoryFile repository;
+    const CommandResult missing = RunKorvex({"repository", "import", repository.Path(), "/no/model.json"});
+    EXPECT_EQ(missing.messages, "korvex: error 53: /no/model.json: No such file or directory\n");
+    const CommandResult endless = repository.Import(
+        R"({"objects":[{"name":"A","element":"B"},{"name":"B","values":[{"name":"V","child":"A"}]}]})");
+    EXPECT_EQ(endless.exitCode, 1);
+    EXPECT_EQ(endless.messages, "korvex: error 28: An object is its own ancestor: A > B > A\n");
+}
+
+TEST(Model, DeepDefinitionsAreListedNotNested) {
+    const int depth = 10000;
+    std::string listed = R"({"definitions":[{"storage":"Deep","root":"O0"}],"objects":[)";
+    std::string nested = listed;
+    std::string ends;
+    for (int i = 0; i < depth; ++i) {
+        const std::string name = R"({"name":"O)" + std::to_string(i) + "\"";
+        const std::string next = i + 1 < depth ? R"(,"element":"O)" + std::to_string(i + 1) + "\"" : "";
+        listed += (i > 0 ? "," : "") + name + next + "}";
+        nested += name + (i + 1 < depth ? ",\"element\":" : "");
+        ends += "}";
+    }
+    const RepositoryFile repository;
+    const CommandResult refused = repository.Import(nested + ends + "]}");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_NE(refused.messages.find("nested deeper than 200 objects"), std::string::npos);
+
+    EXPECT_EQ(repository.Import(listed + "]}").messages, "");
+    EXPECT_NE(RunKorvex({"repository", "show", repository.Path()}).output.find("(9999) element: O9999"),
+              std::string::npos);
+    EXPECT_EQ(RunKorvex({"repository", "check", repository.Path()}).exitCode, 0);
+}
+
+TEST(Model, ClashesWithTheRepositoryLeaveItAsItWas) {
+    const std::string model =
+        R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A","guid":"{1}"}]})";
+    const RepositoryFile repository(model);
+    const std::vector<std::string> show = {"repository", "show", repository.Path(), "--format", "json"};
+    const std::string before = RunKorvex(show).output;
+
+    EXPECT_EQ(repository.Import(model).messages,
+              "korvex: error 5: The repository already has a definition with the storage name \"S\"; nothing "
+              "was imported.\n");
+    EXPECT_EQ(repository.Import(Replace(model, "\"S\"", "\"T\"")).messages,
+              "korvex: error 5: Object A: the repository's object A already has the guid {1}; nothing was "
+              "imported.\n");
+    // The last table is written last: everything before it has to go again.
+    repository.Execute(
+        {"create trigger no_more before insert on tDataDefs begin select raise(abort, 'Full'); end"});
+    const CommandResult failed = repository.Import(Replace(Replace(model, "\"S\"", "\"T\""), "{1}", "{2}"));
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_NE(failed.messages.find("Full"), std::string::npos) << failed.messages;
+    EXPECT_EQ(RunKorvex(show).output, before);
+}
+
+TEST(Model, EveryMemberReachesTheRepositoryAndComesBack) {
+    const std::string model = R"({
+  "version": 1,
+  "definitions": [
+    { "storage": "Two", "root": "Node" },
+    { "storage": "One", "root": "Node-2" }
+  ],
+  "interfaces": [
+    {
+      "name": "Shared",
+      "values": [
+        { "name": "Größe", "type": "double" }
+      ]
+    },
+    {
+      "name": "Unused",
+      "values": []
+    }
+  ],
+  "objects": [
+    {
+      "name": "Node",
+      "guid": "{7}",
+      "table": "tNode",
+      "included": true,
+      "element": "Node-2",
+      "values": [
+        { "name": "Text", "type": "string", "maxLength": 40, "default": "it \"is\"", "field": "Text", "included": true, "readOnly": true, "caption": "C", "description": "D", "translation": "T", "minValue": "1", "maxValue": "2", "vid": -3, "tags": ["", "b"] },
+        { "name": "Odd", "type": 14, "maxLength": " 5 ", "autoNumber": true },
+        { "name": "Child", "child": "Node-2", "type": "unknown" },
+        { "name": "Key", "type": "long" }
+      ],
+      "interfaces": [
+        "Shared",
+        {
+          "name": "Keys",
+          "values": [
+            { "name": "Key", "type": "long", "vid": 10001 }
+          ]
+        }
+      ],
+      "primaryKey": [
+        { "value": "Key", "interface": "Keys", "seq": 4 },
+        { "value": "Text", "seq": 5 }
+      ]
+    },
+    {
+      "name": "Node",
+      "id": "Node-2",
+      "interfaces": [
+        "Shared",
+        {
+          "name": "Keys",
+          "values": [
+            { "name": "Up", "type": "long" }
+          ]
+        }
+      ],
+      "foreignKeys": [
+        { "value": "Up", "object": "Node", "key": "Key", "keyInterface": "Keys", "guid": "{7}" }
+      ]
+    }
+  ]
+}
+)";
+    const RepositoryFile repository(model);
+    const CommandResult result = RunKorvex({"repository", "show", repository.Path(), "--format", "json"});
+    EXPECT_EQ(result.output, model);
+    EXPECT_EQ(result.messages, "");
+}
+
+}  // namespace
+}  // namespace korvex::tests
