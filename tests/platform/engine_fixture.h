@@ -4,6 +4,7 @@
 #include "automation/error.h"
 #include "platform/dao.h"
 #include "platform/native/native_platform.h"
+#include "support/driver.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
 
@@ -15,12 +16,6 @@
 #include <vector>
 
 namespace korvex::tests {
-
-enum class Driver { Sqlite, OdbcSqlite };
-
-inline std::string DriverName(const testing::TestParamInfo<Driver>& info) {
-    return info.param == Driver::Sqlite ? "Sqlite" : "OdbcSqlite";
-}
 
 /// An open database of either driver, over a file of its own.
 class EngineTest : public testing::TestWithParam<Driver> {

@@ -34,12 +34,12 @@ class ObjectWalkTest : public RepositoryFileTest {
   protected:
     void Walk(NotingVisitor& visitor) {
         Repository repository(platform);
-        repository.OpenRepository(path);
+        repository.OpenRepository(Connection());
         WalkObjects(repository, 1, visitor);
     }
 };
 
-TEST_F(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
+TEST_P(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
     NewRepository()
         .Object(1, "Customer")
         .Object(2, "Orders")
@@ -59,7 +59,7 @@ TEST_F(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
     EXPECT_EQ(visitor.notes, "(1(3)(2(4(5!))(3)))");
 }
 
-TEST_F(ObjectWalkTest, RefusesAnObjectThatIsItsOwnAncestor) {
+TEST_P(ObjectWalkTest, RefusesAnObjectThatIsItsOwnAncestor) {
     NewRepository().Object(1, "A").Object(2, "B").Object(3, "C").Child(1, "b", 2).Child(2, "c", 3).Child(
         3, "b", 2);
     NotingVisitor visitor;
@@ -73,7 +73,7 @@ TEST_F(ObjectWalkTest, RefusesAnObjectThatIsItsOwnAncestor) {
     EXPECT_EQ(visitor.notes, "(1(2(3");
 }
 
-TEST_F(ObjectWalkTest, DepthIsNotLimited) {
+TEST_P(ObjectWalkTest, DepthIsNotLimited) {
     NewRepository();
     const std::string levels =
         "with recursive n(i) as (select 1 union all select i + 1 from n where i < 100000) ";
@@ -83,6 +83,8 @@ TEST_F(ObjectWalkTest, DepthIsNotLimited) {
     Walk(visitor);
     EXPECT_EQ(visitor.met, 100001);
 }
+
+KORVEX_FOR_EACH_DRIVER(ObjectWalkTest);
 
 }  // namespace
 }  // namespace korvex::repository

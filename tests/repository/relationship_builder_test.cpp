@@ -101,7 +101,7 @@ class RelationshipBuilderTest : public RepositoryFileTest {
     }
 };
 
-TEST_F(RelationshipBuilderTest, WritesTablesColumnsAndKeysOnceHoweverOftenItRuns) {
+TEST_P(RelationshipBuilderTest, WritesTablesColumnsAndKeysOnceHoweverOftenItRuns) {
     NewOrders();
     Relate("Orders");
     const std::string once = Dump();
@@ -111,7 +111,7 @@ TEST_F(RelationshipBuilderTest, WritesTablesColumnsAndKeysOnceHoweverOftenItRuns
     EXPECT_THAT(*journal, IsEmpty());
 }
 
-TEST_F(RelationshipBuilderTest, MarksPlainValuesOnly) {
+TEST_P(RelationshipBuilderTest, MarksPlainValuesOnly) {
     NewRepository()
         .Definition("D", 1)
         .Object(1, "A")
@@ -130,7 +130,7 @@ TEST_F(RelationshipBuilderTest, MarksPlainValuesOnly) {
     EXPECT_THAT(Rows("select * from tValues where ValueID = 1", columns), ElementsAre("Renamed|-1"));
 }
 
-TEST_F(RelationshipBuilderTest, NamesAreUniqueAndFitTheLimit) {
+TEST_P(RelationshipBuilderTest, NamesAreUniqueAndFitTheLimit) {
     const std::string forty = "AnObjectWhoseNameIsFortyCharactersLong40";
     NewRepository()
         .Definition("First", 1)
@@ -154,7 +154,7 @@ TEST_F(RelationshipBuilderTest, NamesAreUniqueAndFitTheLimit) {
     EXPECT_THAT(Rows("select * from tObjects where ObjectID = 5", {"TableName"}), ElementsAre("tPart"));
 }
 
-TEST_F(RelationshipBuilderTest, PreparesTheNamedDefinitionOnly) {
+TEST_P(RelationshipBuilderTest, PreparesTheNamedDefinitionOnly) {
     NewRepository().Definition("First", 1).Definition("Second", 2).Object(1, "A").Object(2, "B");
     Relate("Second");
     EXPECT_THAT(Tables(), ElementsAre("2|tB"));
@@ -164,7 +164,7 @@ TEST_F(RelationshipBuilderTest, PreparesTheNamedDefinitionOnly) {
     EXPECT_THAT(Tables(), ElementsAre("1|tA", "2|tB"));
 }
 
-TEST_F(RelationshipBuilderTest, AnObjectReachedTwiceIsNamedByItsLastWay) {
+TEST_P(RelationshipBuilderTest, AnObjectReachedTwiceIsNamedByItsLastWay) {
     NewRepository()
         .Definition("D", 1)
         .Object(1, "Order")
@@ -176,7 +176,7 @@ TEST_F(RelationshipBuilderTest, AnObjectReachedTwiceIsNamedByItsLastWay) {
     EXPECT_THAT(References(), ElementsAre("2: FK_OrderID -> 1.OrderID"));
 }
 
-TEST_F(RelationshipBuilderTest, AnotherPrefixRenamesTheColumns) {
+TEST_P(RelationshipBuilderTest, AnotherPrefixRenamesTheColumns) {
     const std::string longName = "CustomerOfTheWholesaleDepartment";
     NewRepository().Definition("D", 1).Object(1, longName).Object(2, "Order").Child(1, "Orders", 2);
     Relate();
@@ -192,7 +192,7 @@ TEST_F(RelationshipBuilderTest, AnotherPrefixRenamesTheColumns) {
     EXPECT_EQ(Rows("select * from tForeignKeys", {"ValueID"}).size(), 1u);
 }
 
-TEST_F(RelationshipBuilderTest, KeysFollowARenamedObject) {
+TEST_P(RelationshipBuilderTest, KeysFollowARenamedObject) {
     NewRepository().Definition("D", 1).Object(1, "Customer").Object(2, "Order").Child(1, "Orders", 2);
     Relate();
     Execute("update tObjects set Name = 'Client' where ObjectID = 1");
@@ -206,7 +206,7 @@ TEST_F(RelationshipBuilderTest, KeysFollowARenamedObject) {
     EXPECT_EQ(KeyColumns().size(), 3u);
 }
 
-TEST_F(RelationshipBuilderTest, AColumnChangesOverToANewParentOfTheSameName) {
+TEST_P(RelationshipBuilderTest, AColumnChangesOverToANewParentOfTheSameName) {
     NewRepository()
         .Definition("D", 1)
         .Object(1, "Root")
@@ -225,7 +225,7 @@ TEST_F(RelationshipBuilderTest, AColumnChangesOverToANewParentOfTheSameName) {
               std::vector<std::string>{"{3}"});
 }
 
-TEST_F(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
+TEST_P(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
     NewRepository()
         .Definition("D", 1)
         .Object(1, "Customer")
@@ -249,7 +249,7 @@ TEST_F(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
         ElementsAre("CustomerID", "OrderID"));
 }
 
-TEST_F(RelationshipBuilderTest, AFailedQueryIsShownAndLeavesItsStepOut) {
+TEST_P(RelationshipBuilderTest, AFailedQueryIsShownAndLeavesItsStepOut) {
     NewOrders();
     Execute("drop table tForeignKeys");
     Relate();
@@ -258,6 +258,8 @@ TEST_F(RelationshipBuilderTest, AFailedQueryIsShownAndLeavesItsStepOut) {
     EXPECT_THAT(Tables(), ElementsAre("1|tCustomer", "2|tOrders", "3|tOrder", "4|tAddress2"));
     EXPECT_EQ(Rows("select * from tPrimaryKeys", {"Seq"}).size(), 4u);
 }
+
+KORVEX_FOR_EACH_DRIVER(RelationshipBuilderTest);
 
 }  // namespace
 }  // namespace korvex::repository

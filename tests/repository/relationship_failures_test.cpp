@@ -24,7 +24,7 @@ class RelationshipFailuresTest : public RepositoryFileTest {
     std::shared_ptr<tests::TestSeam> seam;
 };
 
-TEST_F(RelationshipFailuresTest, RefusesWhatCanNotBeStoredAndChangesNothing) {
+TEST_P(RelationshipFailuresTest, RefusesWhatCanNotBeStoredAndChangesNothing) {
     const std::string longPrefix(28, 'F');
     struct Case {
         const char* what;
@@ -98,7 +98,7 @@ TEST_F(RelationshipFailuresTest, RefusesWhatCanNotBeStoredAndChangesNothing) {
     }
 }
 
-TEST_F(RelationshipFailuresTest, LongestPrefixIsTaken) {
+TEST_P(RelationshipFailuresTest, LongestPrefixIsTaken) {
     NewRepository().Definition("D", 1).Object(1, "Customer").Object(2, "Order").Child(1, "o", 2);
     Relate("", std::string(27, 'F'));
     EXPECT_EQ(Rows("select * from tValues where VID > 10000 order by ValueID", {"FieldName"}),
@@ -107,7 +107,7 @@ TEST_F(RelationshipFailuresTest, LongestPrefixIsTaken) {
 
 /// Every engine call of a whole call fails once. Either it is raised and leaves nothing behind, or it is
 /// shown and leaves out its step, or it does no harm.
-TEST_F(RelationshipFailuresTest, AFailureAtAnyCallLeavesTheRepositoryAsItWas) {
+TEST_P(RelationshipFailuresTest, AFailureAtAnyCallLeavesTheRepositoryAsItWas) {
     const std::string pristine = folder.Path("pristine.db");
     path = pristine;
     NewRepository()
@@ -145,7 +145,7 @@ TEST_F(RelationshipFailuresTest, AFailureAtAnyCallLeavesTheRepositoryAsItWas) {
     EXPECT_GT(raised, 10);
 }
 
-TEST_F(RelationshipFailuresTest, AWholeCallIsOneTransaction) {
+TEST_P(RelationshipFailuresTest, AWholeCallIsOneTransaction) {
     NewRepository().Definition("D", 1).Definition("D", 2).Object(1, "A").Object(2, "B");
     seam->Record();
     Relate();
@@ -155,6 +155,8 @@ TEST_F(RelationshipFailuresTest, AWholeCallIsOneTransaction) {
     EXPECT_EQ(count(CallKind::Begin), 1);
     EXPECT_EQ(count(CallKind::Commit), 1);
 }
+
+KORVEX_FOR_EACH_DRIVER(RelationshipFailuresTest);
 
 }  // namespace
 }  // namespace korvex::repository

@@ -4,6 +4,7 @@
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
+#include "support/driver.h"
 #include "support/recording_parts.h"
 #include "support/temp_folder.h"
 
@@ -17,8 +18,8 @@
 
 namespace korvex::repository {
 
-/// Tests that work on a repository file of their own, with messages noted.
-class RepositoryFileTest : public ::testing::Test {
+/// Tests that work on a repository file of their own, opened through each driver, with messages noted.
+class RepositoryFileTest : public ::testing::TestWithParam<tests::Driver> {
   protected:
     explicit RepositoryFileTest(const native::NativeOptions& options = {})
         : platform(native::NativePlatform(options)) {
@@ -27,9 +28,11 @@ class RepositoryFileTest : public ::testing::Test {
 
     tests::DefinitionRepository NewRepository() { return {platform, path}; }
 
+    std::string Connection() const { return tests::RepositoryConnection(GetParam(), path); }
+
     void Relate(std::string_view storageName = {}, std::string_view sFKPrefix = "FK_") {
         Repository repository(platform);
-        repository.OpenRepository(path);
+        repository.OpenRepository(Connection());
         CreateRelationship(repository, storageName, sFKPrefix);
         repository.Close();
     }
@@ -47,5 +50,11 @@ class RepositoryFileTest : public ::testing::Test {
     tests::Journal journal = std::make_shared<std::vector<std::string>>();
     Platform platform;
 };
+
+/// Instantiates a suite for both drivers.
+#define KORVEX_FOR_EACH_DRIVER(suite)                                                             \
+    INSTANTIATE_TEST_SUITE_P(Drivers, suite,                                                      \
+                             ::testing::Values(tests::Driver::Sqlite, tests::Driver::OdbcSqlite), \
+                             tests::DriverName)
 
 }  // namespace korvex::repository

@@ -96,12 +96,12 @@ TEST(RepositoryOpenTest, AnyStringThatHoldsDsnOpensThroughOdbc) {
 class RepositoryTest : public RepositoryFileTest {
   protected:
     RepositoryTest() : repository(platform) {}
-    void Open() { repository.OpenRepository(path); }
+    void Open() { repository.OpenRepository(Connection()); }
 
     Repository repository;
 };
 
-TEST_F(RepositoryTest, AFailedQueryIsShownAndGivesNoRecordset) {
+TEST_P(RepositoryTest, AFailedQueryIsShownAndGivesNoRecordset) {
     NewRepository();
     Open();
     for (const std::string table : {"tMissing1", "tMissing2"}) {
@@ -116,7 +116,7 @@ TEST_F(RepositoryTest, AFailedQueryIsShownAndGivesNoRecordset) {
     }
 }
 
-TEST_F(RepositoryTest, NothingOpenIsAFailedQueryToReadersAndAnErrorToTheOthers) {
+TEST_P(RepositoryTest, NothingOpenIsAFailedQueryToReadersAndAnErrorToTheOthers) {
     EXPECT_EQ(repository.OpenSnapshot("select * from tObjects"), nullptr);
     EXPECT_EQ(*journal,
               (std::vector<std::string>{"message 0 <> <Object variable or With block variable not set>"}));
@@ -125,7 +125,7 @@ TEST_F(RepositoryTest, NothingOpenIsAFailedQueryToReadersAndAnErrorToTheOthers) 
     EXPECT_EQ(OutcomeOf([&] { repository.IsObjectIncluded(1); }), "error 91");
 }
 
-TEST_F(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
+TEST_P(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     NewRepository().Object(1, "A");
     Open();
     EXPECT_EQ(OutcomeOf([&] { repository.OpenRepository(folder.Path("missing.db")); }), "error 3024");
@@ -138,7 +138,7 @@ TEST_F(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     EXPECT_FALSE(repository.IsOpen());
 }
 
-TEST_F(RepositoryTest, InclusionReadsNullAndAMissingRowAsFalse) {
+TEST_P(RepositoryTest, InclusionReadsNullAndAMissingRowAsFalse) {
     NewRepository();
     Execute("insert into tObjects (ObjectID, IsIncluded) values (1, 0), (2, -1), (3, 1), (4, null)");
     Open();
@@ -153,7 +153,7 @@ TEST_F(RepositoryTest, InclusionReadsNullAndAMissingRowAsFalse) {
     EXPECT_EQ(journal->size(), 1u);
 }
 
-TEST_F(RepositoryTest, FieldValuesTurnNullIntoEmpty) {
+TEST_P(RepositoryTest, FieldValuesTurnNullIntoEmpty) {
     NewRepository();
     Execute("insert into tObjects (ObjectID, Name, TableName, IsIncluded) values (1, null, '', 0)");
     Open();
@@ -164,7 +164,7 @@ TEST_F(RepositoryTest, FieldValuesTurnNullIntoEmpty) {
     EXPECT_FALSE(Repository::FieldValue(rows->Fields("IsIncluded")).IsEmpty());
 }
 
-TEST_F(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
+TEST_P(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     NewRepository()
         .Definition("Orders", 1)
         .Definition("Stock", 3)
@@ -193,13 +193,13 @@ TEST_F(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     EXPECT_EQ(*journal, std::vector<std::string>{});
 }
 
-TEST_F(RepositoryTest, AStorageNameWithAQuoteNeverReachesTheEngine) {
+TEST_P(RepositoryTest, AStorageNameWithAQuoteNeverReachesTheEngine) {
     EXPECT_EQ(OutcomeOf([&] { GetRootObjects(repository, "x' or 'a'='a"); }), "error 5");
     EXPECT_EQ(*journal,
               std::vector<std::string>{});  // nothing is open: a statement would have shown a message
 }
 
-TEST_F(RepositoryTest, AValueThatIsNoNumberIsNamed) {
+TEST_P(RepositoryTest, AValueThatIsNoNumberIsNamed) {
     NewRepository();
     Execute("insert into tDataDefs (Storage, RootObjectID) values ('Orders', 'one')");
     Open();
@@ -211,6 +211,8 @@ TEST_F(RepositoryTest, AValueThatIsNoNumberIsNamed) {
         EXPECT_NE(error.Description().find("RootObjectID"), std::string::npos) << error.Description();
     }
 }
+
+KORVEX_FOR_EACH_DRIVER(RepositoryTest);
 
 }  // namespace
 }  // namespace korvex::repository

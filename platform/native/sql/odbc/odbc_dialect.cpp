@@ -76,6 +76,7 @@ OdbcDialect Sqlite() {
     dialect.traits.newKeyQuery = "SELECT last_insert_rowid()";
     dialect.traits.rowIdName = "rowid";
     dialect.dynamicTypes = true;
+    dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineSqlite;
     return dialect;
 }
@@ -86,6 +87,7 @@ OdbcDialect MariaDb() {
     dialect.traits.emptyInsert = "() VALUES ()";
     dialect.traits.lexical.bracketNames = false;
     dialect.traits.lexical.backslashEscapes = true;
+    dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
     return dialect;
 }
