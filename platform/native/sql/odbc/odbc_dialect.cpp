@@ -1,7 +1,9 @@
 #include "platform/native/sql/odbc/odbc_dialect.h"
 
 #include "automation/text.h"
-#include "platform/native/sql/sqlite/sqlite_error.h"
+#include "platform/native/sql/sqlite/sqlite_result.h"
+
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>

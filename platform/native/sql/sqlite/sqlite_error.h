@@ -1,16 +1,10 @@
 #pragma once
 
-#include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/sqlite/sqlite_result.h"
 
 #include <sqlite3.h>
 
-#include <string_view>
-
 namespace korvex::native::sql {
-
-/// What a result code (extended or primary) and its message mean. Used for the engine's ODBC driver as well,
-/// which reports nothing finer.
-ErrorKind ClassifySqliteError(int code, std::string_view message) noexcept;
 
 /// Raises the last error of the connection.
 [[noreturn]] void RaiseSqliteError(sqlite3* database, int code);

@@ -1,0 +1,55 @@
+#include "automation/error.h"
+#include "platform/native/dao/dao_engine.h"
+#include "platform/native/dao/dao_error.h"
+#include "platform/native/dao/dao_recordset.h"
+#include "platform/native/sql/odbc/odbc_session.h"
+
+namespace korvex::native::dao_engine {
+
+sql::Session& NativeDatabase::Open(std::string_view context) const {
+    if (!m_session) RaiseDaoError({sql::ErrorKind::Closed, 0, "The database is closed"}, context);
+    return *m_session;
+}
+
+std::unique_ptr<dao::Recordset> NativeDatabase::OpenRecordset(std::string_view sql, std::int32_t type,
+                                                              std::int32_t, std::int32_t) {
+    if (type != dao::dbOpenDynaset && type != dao::dbOpenSnapshot) {
+        throw automation::Error(automation::InvalidProcedureCall,
+                                "A recordset is opened as a dynaset or a snapshot");
+    }
+    return Guarded(
+        sql, [&] { return std::make_unique<NativeRecordset>(Open(sql), sql, type == dao::dbOpenDynaset); });
+}
+
+void NativeDatabase::Execute(std::string_view sql) {
+    Guarded(sql, [&] { Open(sql).Execute(sql); });
+}
+
+void NativeDatabase::Close() {
+    Open({});
+    m_session.reset();
+}
+
+bool NativeDatabase::BeginTrans() {
+    sql::Session& session = Open({});
+    if (!session.Traits().transactionOutlivesFailure) return false;
+    Guarded({}, [&] { session.Begin(); });
+    return true;
+}
+
+void NativeDatabase::CommitTrans() {
+    Guarded({}, [&] { Open({}).Commit(); });
+}
+
+void NativeDatabase::Rollback() {
+    Guarded({}, [&] { Open({}).Rollback(); });
+}
+
+std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool,
+                                                               std::string_view connect) {
+    return Guarded({}, [&] {
+        return std::make_unique<NativeDatabase>(std::make_unique<sql::OdbcSession>(connect, m_seam));
+    });
+}
+
+}  // namespace korvex::native::dao_engine
