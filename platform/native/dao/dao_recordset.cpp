@@ -11,10 +11,10 @@ std::string_view NativeField::Name() const { return m_recordset->Rows().Shape().
 
 Variant NativeField::Value() {
     sql::Cursor& rows = m_recordset->Rows();
-    Variant value = Guarded(rows.Text(), [&] { return rows.Value(m_column); });
-    // A column of a new record that was not set.
-    if (value.IsEmpty()) return Variant::Null();
-    return value;
+    return Guarded(rows.Text(), [&] {
+        const bool adding = rows.Mode() == sql::EditMode::Adding;
+        return adding && rows.Value(m_column).IsEmpty() ? Variant::Null() : rows.Value(m_column);
+    });
 }
 
 void NativeField::Value(const Variant& value) {

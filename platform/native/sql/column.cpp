@@ -89,7 +89,8 @@ std::uint32_t TakeNumber(std::string_view& text) noexcept {
 
 std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (columns[i].name.size() == name.size() && EqualsIgnoreCase(columns[i].name, name)) return i;
+        const std::string& own = columns[i].name;
+        if (own.size() == name.size() && (own == name || EqualsIgnoreCase(own, name))) return i;
     }
     return std::nullopt;
 }

@@ -93,7 +93,7 @@ void Cursor::MoveLast() {
 
 Variant Cursor::Value(std::size_t column) {
     if (m_mode != EditMode::None) {
-        if (const Change* change = Pending(column)) return change->value;
+        if (const Variant* value = m_changes.Find(column)) return *value;
         if (m_mode == EditMode::Adding) return {};
     }
     RequireRecord();
@@ -112,13 +112,12 @@ Variant Cursor::StoredValue(std::size_t column) {
 }
 
 Variant Cursor::AddedValue(AddedRow& row, std::size_t column) {
-    if (!row.known[column]) {
+    if (row.values[column].IsMissing()) {
         std::optional<Row> stored =
             row.identity ? Writer().Read(*row.identity) : Row(row.values.size(), Variant::Null());
         if (!stored) throw EngineError(ErrorKind::RecordChanged, 0, "The added record is not there any more");
         for (std::size_t i = 0; i < row.values.size(); ++i) {
-            if (!row.known[i]) row.values[i] = std::move((*stored)[i]);
-            row.known[i] = true;
+            if (row.values[i].IsMissing()) row.values[i] = std::move((*stored)[i]);
         }
     }
     return row.values[column];
@@ -234,7 +233,7 @@ void Cursor::TakeRows() noexcept {
 // ---- Writing ----
 
 RowWriter& Cursor::Writer() {
-    if (!m_writer) m_writer = std::make_unique<RowWriter>(*m_session, m_shape);
+    if (!m_writer) m_writer.emplace(*m_session, m_session->PlanFor(m_shape));
     return *m_writer;
 }
 
@@ -262,6 +261,7 @@ void Cursor::AddNew() {
     RequireOpen();
     CancelUpdate();
     Writer();
+    m_shapeUsed = true;
     m_mode = EditMode::Adding;
 }
 
@@ -274,12 +274,7 @@ void Cursor::Edit() {
 
 void Cursor::CancelUpdate() noexcept {
     m_mode = EditMode::None;
-    m_changes.clear();
-}
-
-Change* Cursor::Pending(std::size_t column) noexcept {
-    const auto found = std::ranges::find(m_changes, column, &Change::column);
-    return found == m_changes.end() ? nullptr : &*found;
+    m_changes.Clear();
 }
 
 void Cursor::Set(std::size_t column, const Variant& value) {
@@ -293,22 +288,17 @@ void Cursor::Set(std::size_t column, const Variant& value) {
         throw EngineError(ErrorKind::NotUpdatable, 0,
                           "The column " + info.name + " is computed and cannot be set");
     }
-    Variant converted = ForColumn(value, info);
-    if (Change* change = Pending(column)) {
-        change->value = std::move(converted);
-    } else {
-        m_changes.push_back({column, std::move(converted)});
-    }
+    m_changes.Set(column, ForColumn(value, info));
 }
 
 void Cursor::Extend(std::size_t column, const Variant& data) {
-    Change* change = Pending(column);
-    if (change == nullptr || change->value.IsNull()) return Set(column, data);
+    Variant* value = m_changes.Find(column);
+    if (value == nullptr || value->IsNull()) return Set(column, data);
     RequireOpen();
     const Variant more = ForColumn(data, m_shape->columns[column]);
-    if (auto* text = change->value.If<std::string>(); text != nullptr && more.IsString()) {
+    if (auto* text = value->If<std::string>(); text != nullptr && more.IsString()) {
         text->append(*more.If<std::string>());
-    } else if (auto* bytes = change->value.If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {
+    } else if (auto* bytes = value->If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {
         const auto& added = *more.If<automation::Bytes>();
         bytes->insert(bytes->end(), added.begin(), added.end());
     }
@@ -330,30 +320,27 @@ void Cursor::Update() {
 void Cursor::StoreAddition() {
     AddedRow row;
     row.identity = Writer().Insert(m_changes);
-    row.values.resize(m_shape->columns.size());
-    row.known.resize(m_shape->columns.size());
-    for (const Change& change : m_changes) {
-        row.values[change.column] = change.value;
-        row.known[change.column] = true;
+    row.values.resize(m_shape->columns.size(), Variant::Missing());
+    for (std::size_t i = 0; i < m_changes.columns.size(); ++i) {
+        row.values[m_changes.columns[i]] = m_changes.values[i];
     }
-    for (std::size_t i = 0; row.identity && i < row.values.size(); ++i) {
-        const auto& names = row.identity->columns;
-        const auto name = std::ranges::find_if(
-            names, [&](const std::string& n) { return EqualsIgnoreCase(n, m_shape->columns[i].baseColumn); });
-        if (name == names.end()) continue;
-        row.values[i] = row.identity->values[static_cast<std::size_t>(name - names.begin())];
-        row.known[i] = true;
+    for (std::size_t i = 0; row.identity && i < row.identity->columns.size(); ++i) {
+        if (const auto position = Writer().Plan().PositionOf(row.identity->columns[i])) {
+            row.values[*position] = row.identity->values[i];
+        }
     }
     m_added.push_back(std::move(row));
 }
 
 void Cursor::StoreEdit() {
-    std::erase_if(m_changes,
-                  [&](const Change& change) { return change.value == StoredValue(change.column); });
-    if (m_changes.empty()) return;
+    for (std::size_t i = m_changes.columns.size(); i-- > 0;) {
+        if (m_changes.values[i] == StoredValue(m_changes.columns[i])) m_changes.Remove(i);
+    }
+    if (m_changes.IsEmpty()) return;
     Writer().Update(CurrentIdentity(), m_changes);
-    for (const Change& change : m_changes)
-        KeepInRecord(change);
+    for (std::size_t i = 0; i < m_changes.columns.size(); ++i) {
+        KeepInRecord(m_changes.columns[i], m_changes.values[i]);
+    }
 }
 
 RowIdentity Cursor::CurrentIdentity() {
@@ -366,17 +353,16 @@ RowIdentity Cursor::CurrentIdentity() {
 }
 
 /// The current record as it now is in the database. Writing has taken it into memory.
-void Cursor::KeepInRecord(const Change& change) {
+void Cursor::KeepInRecord(std::size_t column, const Variant& value) {
     if (m_position != Position::Added) {
-        m_row[change.column] = change.value;
+        m_row[column] = value;
         return;
     }
     AddedRow& row = m_added[m_addedIndex];
-    row.values[change.column] = change.value;
-    row.known[change.column] = true;
+    row.values[column] = value;
     for (std::size_t i = 0; i < row.identity->columns.size(); ++i) {
-        if (EqualsIgnoreCase(row.identity->columns[i], m_shape->columns[change.column].baseColumn)) {
-            row.identity->values[i] = change.value;
+        if (EqualsIgnoreCase(row.identity->columns[i], m_shape->columns[column].baseColumn)) {
+            row.identity->values[i] = value;
         }
     }
 }
@@ -398,7 +384,7 @@ std::string KeyText(const Row& values) {
 /// known again are left to the statement alone.
 void Cursor::PrepareToSkipAdditions() {
     for (const AddedRow& row : m_added) {
-        if (!row.identity || !Writer().Table().HasKey()) {
+        if (!row.identity || !Writer().Plan().KeyColumns()) {
             m_added.clear();
             m_addedKeys.clear();
             return;

@@ -85,8 +85,7 @@ class Cursor final : private SessionCursor {
         End,
     };
     struct AddedRow {
-        Row values;
-        std::vector<bool> known;
+        Row values;  ///< Missing for what is still to be read from the database
         std::optional<RowIdentity> identity;
     };
 
@@ -112,8 +111,7 @@ class Cursor final : private SessionCursor {
     void StoreAddition();
     void StoreEdit();
     RowIdentity CurrentIdentity();
-    void KeepInRecord(const Change& change);
-    Change* Pending(std::size_t column) noexcept;
+    void KeepInRecord(std::size_t column, const automation::Variant& value);
 
     Session* m_session;
     std::string m_text;
@@ -132,8 +130,8 @@ class Cursor final : private SessionCursor {
     std::exception_ptr m_failure;       ///< raised at the next look at a row
 
     EditMode m_mode = EditMode::None;
-    std::vector<Change> m_changes;
-    std::unique_ptr<RowWriter> m_writer;
+    Changes m_changes;
+    std::optional<RowWriter> m_writer;
 };
 
 }  // namespace korvex::native::sql

@@ -1,7 +1,6 @@
 #include "platform/native/sql/row_writer.h"
 
 #include "automation/convert.h"
-#include "automation/text.h"
 #include "platform/native/sql/column_value.h"
 
 #include <algorithm>
@@ -9,26 +8,7 @@
 namespace korvex::native::sql {
 namespace {
 
-using automation::EqualsIgnoreCase;
 using automation::Variant;
-
-/// The one table behind the columns.
-const TableName& BaseTable(const RowShape& shape) {
-    const TableName* base = nullptr;
-    for (const ColumnInfo& column : shape.columns) {
-        if (column.base.table.empty()) continue;
-        if (base != nullptr && *base != column.base) {
-            throw EngineError(ErrorKind::NotUpdatable, 0,
-                              "Rows that come from several tables (" + base->table + ", " +
-                                  column.base.table + ") cannot be written");
-        }
-        base = &column.base;
-    }
-    if (base == nullptr) {
-        throw EngineError(ErrorKind::NotUpdatable, 0, "Rows that come from no table cannot be written");
-    }
-    return *base;
-}
 
 [[noreturn]] void RaiseRecordChanged(const TableInfo& table, std::string_view what) {
     throw EngineError(ErrorKind::RecordChanged, 0,
@@ -37,105 +17,84 @@ const TableName& BaseTable(const RowShape& shape) {
 
 }  // namespace
 
-RowWriter::RowWriter(Session& session, std::shared_ptr<const RowShape> shape)
-    : m_session(session), m_shape(std::move(shape)), m_table(session.Table(BaseTable(*m_shape))) {}
+void Changes::Clear() noexcept {
+    columns.clear();
+    values.clear();
+}
+
+void Changes::Set(std::size_t column, Variant value) {
+    if (Variant* known = Find(column)) {
+        *known = std::move(value);
+        return;
+    }
+    values.push_back(std::move(value));
+    columns.push_back(column);
+}
+
+Variant* Changes::Find(std::size_t column) noexcept {
+    const auto found = std::ranges::find(columns, column);
+    return found == columns.end() ? nullptr : &values[static_cast<std::size_t>(found - columns.begin())];
+}
+
+const Variant* Changes::Find(std::size_t column) const noexcept {
+    return const_cast<Changes*>(this)->Find(column);
+}
+
+void Changes::Remove(std::size_t position) {
+    columns.erase(columns.begin() + static_cast<std::ptrdiff_t>(position));
+    values.erase(values.begin() + static_cast<std::ptrdiff_t>(position));
+}
 
 RowIdentity RowWriter::Identify(const Row& row) const {
-    RowIdentity identity;
+    RowIdentity identity{.plan = m_plan, .columns = {}, .values = {}};
     const auto add = [&](std::size_t i) {
-        identity.columns.push_back(Column(i).baseColumn);
+        identity.columns.push_back(m_plan->Column(i).baseColumn);
         identity.values.push_back(row[i]);
     };
-    const auto find = [&](const std::string& name) {
-        std::size_t i = 0;
-        while (i < row.size() && !EqualsIgnoreCase(Column(i).baseColumn, name))
-            ++i;
-        return i;
-    };
-    identity.unique = m_table->HasKey();
-    for (const TableColumn& column : m_table->columns) {
-        if (!column.key || !identity.unique) continue;
-        const std::size_t i = find(column.name);
-        if (i == row.size()) {
-            identity.unique = false;
-        } else {
-            add(i);
-        }
+    if (m_plan->KeyColumns()) {
+        std::ranges::for_each(*m_plan->KeyColumns(), add);
+        return identity;
     }
-    if (identity.unique) return identity;
-    identity.columns.clear();
-    identity.values.clear();
+    identity.unique = false;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        if (!Column(i).baseColumn.empty() && !IsLong(Column(i).type)) add(i);
+        if (!m_plan->Column(i).baseColumn.empty() && !IsLong(m_plan->Column(i).type)) add(i);
     }
     if (identity.columns.empty()) {
-        throw EngineError(ErrorKind::NotUpdatable, 0,
-                          "A record of table " + m_table->name.table + " cannot be told from the others");
+        throw EngineError(
+            ErrorKind::NotUpdatable, 0,
+            "A record of table " + m_plan->Table().name.table + " cannot be told from the others");
     }
     return identity;
 }
 
-std::optional<RowIdentity> RowWriter::Insert(std::span<const Change> changes) {
-    const bool returning = m_session.Traits().newKey == NewKeySource::Returning && m_table->HasKey();
-    const std::string text = InsertText(changes, returning);
+std::optional<RowIdentity> RowWriter::Insert(const Changes& changes) {
+    const std::string text = m_plan->InsertText(changes.columns);
     StatementLease insert = m_session.PrepareExact(text, StatementKind::Insert);
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        insert->Bind(i, changes[i].value, &Column(changes[i].column));
-    }
+    BindChanges(insert, changes);
     insert.Execute(text);
     return NewIdentity(changes, insert, text);
 }
 
-std::string RowWriter::InsertText(std::span<const Change> changes, bool returning) const {
-    std::string text;
-    text.reserve(64 + changes.size() * 24);
-    text = "INSERT INTO ";
-    AppendTable(text);
-    text += ' ';
-    if (changes.empty()) text += m_session.Traits().emptyInsert;
-    std::string_view before = "(";
-    for (const Change& change : changes) {
-        text += before;
-        AppendName(text, Column(change.column).baseColumn);
-        before = ", ";
-    }
-    before = ") VALUES (?";
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        text += before;
-        before = ", ?";
-    }
-    if (!changes.empty()) text += ')';
-    before = " RETURNING ";
-    for (const TableColumn& column : m_table->columns) {
-        if (!returning || !column.key) continue;
-        text += before;
-        AppendName(text, column.name);
-        before = ", ";
-    }
-    return text;
-}
-
-std::optional<RowIdentity> RowWriter::NewIdentity(std::span<const Change> changes, StatementLease& insert,
+std::optional<RowIdentity> RowWriter::NewIdentity(const Changes& changes, StatementLease& insert,
                                                   std::string_view text) {
     const EngineTraits& traits = m_session.Traits();
-    RowIdentity identity;
-    if (!m_table->HasKey()) {
+    RowIdentity identity{.plan = m_plan, .columns = {}, .values = {}};
+    if (!m_plan->Table().HasKey()) {
         if (traits.rowIdName.empty()) return std::nullopt;
         identity.columns.push_back(traits.rowIdName);
         identity.values.push_back(NewKey(text));
         return identity;
     }
     const bool returned = traits.newKey == NewKeySource::Returning && insert.Fetch(text);
-    for (const TableColumn& column : m_table->columns) {
+    for (const TableColumn& column : m_plan->Table().columns) {
         if (!column.key) continue;
-        const auto set = std::ranges::find_if(changes, [&](const Change& change) {
-            return EqualsIgnoreCase(Column(change.column).baseColumn, column.name);
-        });
         identity.columns.push_back(column.name);
+        const auto position = m_plan->PositionOf(column.name);
+        const Variant* set = position ? changes.Find(*position) : nullptr;
         if (returned) {
             identity.values.push_back(insert->Value(identity.values.size()));
-        } else if (set != changes.end() && !set->value.IsNull()) {
-            identity.values.push_back(set->value);
+        } else if (set != nullptr && !set->IsNull()) {
+            identity.values.push_back(*set);
         } else if (column.autoNumber) {
             identity.values.push_back(NewKey(text));
         } else {
@@ -149,104 +108,75 @@ std::optional<RowIdentity> RowWriter::NewIdentity(std::span<const Change> change
 
 Variant RowWriter::NewKey(std::string_view insertText) {
     const EngineTraits& traits = m_session.Traits();
-    switch (traits.newKey) {
-        case NewKeySource::LastRowId:
-            return WholeNumber(m_session.LastRowId());
-        case NewKeySource::Query: {
-            StatementLease query = m_session.PrepareExact(traits.newKeyQuery, StatementKind::Select);
-            query.Execute(traits.newKeyQuery);
-            if (query.Fetch(traits.newKeyQuery)) return WholeNumber(automation::ToLongLong(query->Value(0)));
-            break;
-        }
-        default:
-            break;
+    if (traits.newKey == NewKeySource::LastRowId) return WholeNumber(m_session.LastRowId());
+    if (traits.newKey == NewKeySource::Query) {
+        StatementLease query = m_session.PrepareExact(traits.newKeyQuery, StatementKind::Select);
+        query.Execute(traits.newKeyQuery);
+        if (query.Fetch(traits.newKeyQuery)) return WholeNumber(automation::ToLongLong(query->Value(0)));
     }
     throw EngineError(ErrorKind::Other, 0,
                       "The engine gave no key for the new record: " + std::string(insertText));
 }
 
-void RowWriter::Update(const RowIdentity& identity, std::span<const Change> changes) {
+void RowWriter::Update(const RowIdentity& identity, const Changes& changes) {
     if (!identity.unique) RequireSingle(identity);
-    std::string text = "UPDATE ";
-    text.reserve(64 + changes.size() * 24);
-    AppendTable(text);
+    std::string text = "UPDATE " + m_plan->QuotedTable();
+    text.reserve(text.size() + (changes.columns.size() + identity.columns.size()) * 32);
     std::string_view before = " SET ";
-    for (const Change& change : changes) {
-        text += before;
-        AppendName(text, Column(change.column).baseColumn);
-        text += " = ?";
+    for (const std::size_t column : changes.columns) {
+        text.append(before).append(m_plan->QuotedName(column)).append(" = ?");
         before = ", ";
     }
     AppendWhere(text, identity);
     StatementLease update = m_session.PrepareExact(text, StatementKind::Update);
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        update->Bind(i, changes[i].value, &Column(changes[i].column));
-    }
-    BindIdentity(update, changes.size(), identity);
+    BindChanges(update, changes);
+    BindIdentity(update, changes.columns.size(), identity);
     update.Execute(text);
-    if (update->AffectedRows() == 0) RaiseRecordChanged(*m_table, "it is not there any more");
+    if (update->AffectedRows() == 0) RaiseRecordChanged(m_plan->Table(), "it is not there any more");
 }
 
 /// Without a key, only a record that no other one equals can be told apart.
 void RowWriter::RequireSingle(const RowIdentity& identity) {
-    std::string text = "SELECT COUNT(*) FROM ";
-    AppendTable(text);
+    std::string text = "SELECT COUNT(*) FROM " + m_plan->QuotedTable();
     AppendWhere(text, identity);
     StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
     BindIdentity(query, 0, identity);
     query.Execute(text);
-    const bool found = query.Fetch(text);
-    const std::int64_t count = found ? automation::ToLongLong(query->Value(0)) : 0;
-    if (count == 0) RaiseRecordChanged(*m_table, "it is not there any more");
-    if (count > 1) RaiseRecordChanged(*m_table, "the table has no key, and another record is equal to it");
+    const std::int64_t count = query.Fetch(text) ? automation::ToLongLong(query->Value(0)) : 0;
+    if (count == 0) RaiseRecordChanged(m_plan->Table(), "it is not there any more");
+    if (count > 1) {
+        RaiseRecordChanged(m_plan->Table(), "the table has no key, and another record is equal to it");
+    }
 }
 
 std::optional<Row> RowWriter::Read(const RowIdentity& identity) {
-    std::string text = "SELECT";
-    text.reserve(64 + m_shape->columns.size() * 20);
-    std::string_view before = " ";
-    for (const ColumnInfo& column : m_shape->columns) {
-        text += before;
-        if (column.baseColumn.empty()) {
-            text += "NULL";
-        } else {
-            AppendName(text, column.baseColumn);
-        }
-        before = ", ";
-    }
-    text += " FROM ";
-    AppendTable(text);
+    const std::size_t count = m_plan->Shape().columns.size();
+    std::string text = "SELECT ";
+    for (std::size_t i = 0; i < count; ++i)
+        text.append(i == 0 ? "" : ", ").append(m_plan->QuotedName(i));
+    text.append(" FROM ").append(m_plan->QuotedTable());
     AppendWhere(text, identity);
     StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
     BindIdentity(query, 0, identity);
     query.Execute(text);
     if (!query.Fetch(text)) return std::nullopt;
     Row row;
-    row.reserve(m_shape->columns.size());
-    for (std::size_t i = 0; i < m_shape->columns.size(); ++i)
+    row.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
         row.push_back(query->Value(i));
     return row;
 }
 
-void RowWriter::AppendName(std::string& text, std::string_view name) const {
-    text += QuoteName(m_session.Traits(), name);
-}
-
-void RowWriter::AppendTable(std::string& text) const {
-    const TableName& name = m_table->name;
-    for (const std::string* part : {&name.catalog, &name.schema}) {
-        if (part->empty()) continue;
-        AppendName(text, *part);
-        text += '.';
+void RowWriter::BindChanges(StatementLease& statement, const Changes& changes) const {
+    for (std::size_t i = 0; i < changes.columns.size(); ++i) {
+        statement->Bind(i, changes.values[i], &m_plan->Column(changes.columns[i]));
     }
-    AppendName(text, name.table);
 }
 
 void RowWriter::AppendWhere(std::string& text, const RowIdentity& identity) const {
     std::string_view before = " WHERE ";
     for (std::size_t i = 0; i < identity.columns.size(); ++i) {
-        text += before;
-        AppendName(text, identity.columns[i]);
+        text.append(before).append(QuoteName(m_session.Traits(), identity.columns[i]));
         text += identity.values[i].IsNull() ? " IS NULL" : " = ?";
         before = " AND ";
     }
@@ -256,10 +186,8 @@ void RowWriter::BindIdentity(StatementLease& statement, std::size_t first,
                              const RowIdentity& identity) const {
     for (std::size_t i = 0; i < identity.columns.size(); ++i) {
         if (identity.values[i].IsNull()) continue;
-        const auto column = std::ranges::find_if(m_shape->columns, [&](const ColumnInfo& info) {
-            return EqualsIgnoreCase(info.baseColumn, identity.columns[i]);
-        });
-        statement->Bind(first++, identity.values[i], column == m_shape->columns.end() ? nullptr : &*column);
+        const auto position = m_plan->PositionOf(identity.columns[i]);
+        statement->Bind(first++, identity.values[i], position ? &m_plan->Column(*position) : nullptr);
     }
 }
 

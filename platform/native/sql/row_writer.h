@@ -1,28 +1,39 @@
 #pragma once
 
 #include "automation/variant.h"
-#include "platform/native/sql/column.h"
 #include "platform/native/sql/session.h"
+#include "platform/native/sql/write_plan.h"
 
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvex::native::sql {
 
 using Row = std::vector<automation::Variant>;
 
-/// A column of a cursor and its new value, in the form of ForColumn.
-struct Change {
-    std::size_t column;
-    automation::Variant value;
+/// Columns of a cursor and their new values, in the form of ForColumn, side by side.
+struct Changes {
+    std::vector<std::size_t> columns;
+    Row values;
+
+    bool IsEmpty() const noexcept { return columns.empty(); }
+    void Clear() noexcept;
+    /// Adds a column or replaces its value.
+    void Set(std::size_t column, automation::Variant value);
+    /// The value of a column, null when it is not set.
+    automation::Variant* Find(std::size_t column) noexcept;
+    const automation::Variant* Find(std::size_t column) const noexcept;
+    void Remove(std::size_t position);
 };
 
 /// How one stored row is found again: the columns of its table that identify it, with their values.
 struct RowIdentity {
-    std::vector<std::string> columns;
+    std::shared_ptr<const WritePlan> plan;  ///< to which the names belong
+    std::vector<std::string_view> columns;
     Row values;
     bool unique = true;  ///< a key; otherwise all columns, which several rows may share
 };
@@ -30,36 +41,32 @@ struct RowIdentity {
 /// Writes rows of the one base table behind a cursor's columns, by INSERT and UPDATE statements of its own.
 class RowWriter {
   public:
-    /// NotUpdatable when the columns come from no table or from several.
-    RowWriter(Session& session, std::shared_ptr<const RowShape> shape);
+    RowWriter(Session& session, std::shared_ptr<const WritePlan> plan)
+        : m_session(session), m_plan(std::move(plan)) {}
 
-    const TableInfo& Table() const noexcept { return *m_table; }
+    const WritePlan& Plan() const noexcept { return *m_plan; }
 
     /// The identity of a row read from the database: the key, when the cursor has all of its columns, else
     /// all columns that can be compared.
     RowIdentity Identify(const Row& row) const;
     /// Adds a row; gives its identity, engine-given key included. Nothing when it cannot be found again.
-    std::optional<RowIdentity> Insert(std::span<const Change> changes);
+    std::optional<RowIdentity> Insert(const Changes& changes);
     /// Changes the one row of that identity; RecordChanged when there is none, or more than one.
-    void Update(const RowIdentity& identity, std::span<const Change> changes);
+    void Update(const RowIdentity& identity, const Changes& changes);
     /// Reads the cursor's columns of a row; expressions stay Null. Nothing when the row is gone.
     std::optional<Row> Read(const RowIdentity& identity);
 
   private:
-    const ColumnInfo& Column(std::size_t index) const { return m_shape->columns[index]; }
-    std::string InsertText(std::span<const Change> changes, bool returning) const;
-    std::optional<RowIdentity> NewIdentity(std::span<const Change> changes, StatementLease& insert,
+    std::optional<RowIdentity> NewIdentity(const Changes& changes, StatementLease& insert,
                                            std::string_view text);
     automation::Variant NewKey(std::string_view insertText);
-    void AppendName(std::string& text, std::string_view name) const;
-    void AppendTable(std::string& text) const;
+    void BindChanges(StatementLease& statement, const Changes& changes) const;
     void AppendWhere(std::string& text, const RowIdentity& identity) const;
     void BindIdentity(StatementLease& statement, std::size_t first, const RowIdentity& identity) const;
     void RequireSingle(const RowIdentity& identity);
 
     Session& m_session;
-    std::shared_ptr<const RowShape> m_shape;
-    std::shared_ptr<const TableInfo> m_table;
+    std::shared_ptr<const WritePlan> m_plan;
 };
 
 }  // namespace korvex::native::sql

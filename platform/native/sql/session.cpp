@@ -3,6 +3,11 @@
 #include <utility>
 
 namespace korvex::native::sql {
+namespace {
+
+constexpr std::size_t PlanLimit = 256;
+
+}  // namespace
 
 void StatementLease::Swap(StatementLease& other) noexcept {
     std::swap(m_session, other.m_session);
@@ -114,6 +119,14 @@ void Session::Rollback() {
     DoRollback();
 }
 
+std::shared_ptr<const WritePlan> Session::PlanFor(const std::shared_ptr<const RowShape>& shape) {
+    if (const auto found = m_plans.find(shape); found != m_plans.end()) return found->second;
+    auto plan = std::make_shared<const WritePlan>(m_traits, shape, Table(WritePlan::BaseTable(*shape)));
+    if (m_plans.size() >= PlanLimit) m_plans.clear();
+    m_plans.emplace(shape, plan);
+    return plan;
+}
+
 std::shared_ptr<const TableInfo> Session::Table(const TableName& name) {
     std::string key = name.catalog + '\0' + name.schema + '\0' + name.table;
     if (const auto found = m_tables.find(key); found != m_tables.end()) return found->second;
@@ -131,6 +144,7 @@ void Session::DefinitionsChanged() noexcept {
     ++m_generation;
     m_cache.Clear();
     m_tables.clear();
+    m_plans.clear();
 }
 
 void Session::Attach(SessionCursor& cursor) noexcept {

@@ -6,12 +6,14 @@
 #include "platform/native/sql/statement_cache.h"
 #include "platform/native/sql/statement_text.h"
 #include "platform/native/sql/traits.h"
+#include "platform/native/sql/write_plan.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace korvex::native::sql {
 
@@ -102,6 +104,8 @@ class Session {
     /// The number the engine gave to the row inserted last (NewKeySource::LastRowId).
     virtual std::int64_t LastRowId() const noexcept { return 0; }
 
+    /// How rows of that shape are written; kept as long as the definitions. NotUpdatable when they cannot be.
+    std::shared_ptr<const WritePlan> PlanFor(const std::shared_ptr<const RowShape>& shape);
     /// A base table's columns and key, looked up once and kept until a definition statement runs.
     std::shared_ptr<const TableInfo> Table(const TableName& name);
 
@@ -144,6 +148,7 @@ class Session {
     std::uint64_t m_generation = 0;  ///< rises when definitions change
     StatementText m_scan;
     std::map<std::string, std::shared_ptr<const TableInfo>, std::less<>> m_tables;
+    std::unordered_map<std::shared_ptr<const RowShape>, std::shared_ptr<const WritePlan>> m_plans;
     SessionCursor* m_streaming = nullptr;
     SessionCursor* m_idle = nullptr;
 };

@@ -56,9 +56,19 @@ constexpr std::array<CharClass, 256> Classes = MakeClasses();
 constexpr CharClass ClassOf(char c) noexcept { return Classes[static_cast<unsigned char>(c)]; }
 constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
-constexpr bool IsWordPart(char c) noexcept {
-    return ClassOf(c) == CharClass::Letter || IsDigit(c) || c == '$' || c == '#' || c == '@';
+constexpr std::array<bool, 256> MakeWordParts() {
+    std::array<bool, 256> parts{};
+    for (std::size_t c = 0; c < 256; ++c) {
+        const auto character = static_cast<char>(c);
+        parts[c] = ClassOf(character) == CharClass::Letter || IsDigit(character) || character == '$' ||
+                   character == '#' || character == '@';
+    }
+    return parts;
 }
+
+constexpr std::array<bool, 256> WordParts = MakeWordParts();
+
+constexpr bool IsWordPart(char c) noexcept { return WordParts[static_cast<unsigned char>(c)]; }
 constexpr bool IsHexDigit(char c) noexcept {
     return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
@@ -77,22 +87,56 @@ bool IsOneOf(std::string_view word, const std::array<std::string_view, N>& words
     return std::ranges::any_of(words, [&](std::string_view w) { return EqualsIgnoreCase(w, word); });
 }
 
+/// Whether a word is `lower`, in any case.
+constexpr bool IsWord(std::string_view word, std::string_view lower) noexcept {
+    if (word.size() != lower.size()) return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if ((word[i] | ' ') != lower[i]) return false;
+    }
+    return true;
+}
+
 StatementKind KindOf(std::string_view firstWord) noexcept {
+    if (IsWord(firstWord, "select")) return StatementKind::Select;
+    if (IsWord(firstWord, "insert") || IsWord(firstWord, "replace")) return StatementKind::Insert;
+    if (IsWord(firstWord, "update")) return StatementKind::Update;
+    if (IsWord(firstWord, "delete")) return StatementKind::Delete;
     static constexpr std::array<std::string_view, 4> Definitions = {"create", "drop", "alter", "rename"};
-    if (EqualsIgnoreCase(firstWord, "select")) return StatementKind::Select;
-    if (EqualsIgnoreCase(firstWord, "insert") || EqualsIgnoreCase(firstWord, "replace"))
-        return StatementKind::Insert;
-    if (EqualsIgnoreCase(firstWord, "update")) return StatementKind::Update;
-    if (EqualsIgnoreCase(firstWord, "delete")) return StatementKind::Delete;
     return IsOneOf(firstWord, Definitions) ? StatementKind::Definition : StatementKind::Other;
+}
+
+constexpr bool IsComparison(std::string_view text) noexcept {
+    if (text.size() == 1) return text != "!";
+    return text == "<>" || text == "<=" || text == ">=" || text == "!=" || text == "==";
 }
 
 /// The words that end a WHERE clause; literals behind them stay, because a result column or an ordering must
 /// keep the text it has.
 bool EndsCondition(std::string_view word) noexcept {
-    static constexpr std::array<std::string_view, 10> Ends = {
-        "group", "order", "having", "limit", "union", "except", "intersect", "returning", "window", "fetch"};
-    return IsOneOf(word, Ends);
+    switch (word[0] | ' ') {
+        case 'g':
+            return IsWord(word, "group");
+        case 'o':
+            return IsWord(word, "order");
+        case 'h':
+            return IsWord(word, "having");
+        case 'l':
+            return IsWord(word, "limit");
+        case 'u':
+            return IsWord(word, "union");
+        case 'e':
+            return IsWord(word, "except");
+        case 'i':
+            return IsWord(word, "intersect");
+        case 'r':
+            return IsWord(word, "returning");
+        case 'w':
+            return IsWord(word, "window");
+        case 'f':
+            return IsWord(word, "fetch");
+        default:
+            return false;
+    }
 }
 
 /// A routine's or trigger's body holds semicolons of its own.
@@ -131,8 +175,13 @@ class Scanner {
         m_result.literals.clear();
         m_result.kind = StatementKind::Other;
         m_result.secondStatement = false;
-        while (m_at < m_text.size())
-            Step();
+        while (m_at < m_text.size()) {
+            if (ClassOf(m_text[m_at]) == CharClass::Plain) {
+                ++m_at;
+            } else {
+                Step();
+            }
+        }
         m_result.text.append(m_text.substr(m_copied));
     }
 
@@ -148,9 +197,6 @@ class Scanner {
     void Step() {
         const char c = m_text[m_at];
         switch (ClassOf(c)) {
-            case CharClass::Plain:
-                ++m_at;
-                break;
             case CharClass::Letter:
                 Word();
                 break;
@@ -170,6 +216,7 @@ class Scanner {
             case CharClass::Compare:
                 Comparison();
                 break;
+            case CharClass::Plain:
             case CharClass::Dash:
             case CharClass::Slash:
                 m_at = std::max(m_at + 1, BehindComment(m_text, m_at));
@@ -197,8 +244,10 @@ class Scanner {
 
     void Word() {
         const std::size_t start = m_at;
-        while (m_at < m_text.size() && IsWordPart(m_text[m_at]))
-            ++m_at;
+        std::size_t end = start + 1;
+        while (end < m_text.size() && IsWordPart(m_text[end]))
+            ++end;
+        m_at = end;
         const std::string_view word = m_text.substr(start, m_at - start);
         if (!m_sawWord) {
             m_sawWord = true;
@@ -208,7 +257,7 @@ class Scanner {
         } else if (m_depth == 0 && word.size() >= 5) {
             if (m_lifting) {
                 if (EndsCondition(word)) m_lifting = false;
-            } else if (m_result.kind == StatementKind::Select && EqualsIgnoreCase(word, "where")) {
+            } else if (m_result.kind == StatementKind::Select && IsWord(word, "where")) {
                 m_lifting = m_mayLift;
             }
         }
@@ -249,11 +298,9 @@ class Scanner {
         const std::size_t start = m_at;
         while (m_at < m_text.size() && ClassOf(m_text[m_at]) == CharClass::Compare)
             ++m_at;
-        static constexpr std::array<std::string_view, 8> Operators = {
-            "=", "<", ">", "<=", ">=", "<>", "!=", "=="};
         const bool partOfLonger =
             start > 0 && std::string_view("-@#~|&*+/%^").find(m_text[start - 1]) != std::string_view::npos;
-        if (!partOfLonger && IsOneOf(m_text.substr(start, m_at - start), Operators)) m_comparisonEnd = m_at;
+        if (!partOfLonger && IsComparison(m_text.substr(start, m_at - start))) m_comparisonEnd = m_at;
     }
 
     void Number() {

@@ -156,7 +156,8 @@ Variant SqliteStatement::Value(std::size_t index) {
     sqlite3_stmt* statement = m_statement.get();
     const int at = static_cast<int>(index);
     const ColumnInfo& column = m_shape->columns[index];
-    switch (sqlite3_column_type(statement, at)) {
+    const int storage = sqlite3_column_type(statement, at);
+    switch (storage) {
         case SQLITE_INTEGER:
             return FromInteger(sqlite3_column_int64(statement, at), column);
         case SQLITE_FLOAT:
@@ -166,7 +167,7 @@ Variant SqliteStatement::Value(std::size_t index) {
         default:
             break;
     }
-    const bool isBlob = sqlite3_column_type(statement, at) == SQLITE_BLOB;
+    const bool isBlob = storage == SQLITE_BLOB;
     const void* data = isBlob ? sqlite3_column_blob(statement, at) : sqlite3_column_text(statement, at);
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, at));
     if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);

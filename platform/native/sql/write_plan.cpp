@@ -1,0 +1,88 @@
+#include "platform/native/sql/write_plan.h"
+
+#include "automation/text.h"
+#include "platform/native/sql/engine_error.h"
+
+#include <algorithm>
+
+namespace korvex::native::sql {
+
+using automation::EqualsIgnoreCase;
+
+const TableName& WritePlan::BaseTable(const RowShape& shape) {
+    const TableName* base = nullptr;
+    for (const ColumnInfo& column : shape.columns) {
+        if (column.base.table.empty()) continue;
+        if (base != nullptr && *base != column.base) {
+            throw EngineError(ErrorKind::NotUpdatable, 0,
+                              "Rows that come from several tables (" + base->table + ", " +
+                                  column.base.table + ") cannot be written");
+        }
+        base = &column.base;
+    }
+    if (base == nullptr) {
+        throw EngineError(ErrorKind::NotUpdatable, 0, "Rows that come from no table cannot be written");
+    }
+    return *base;
+}
+
+WritePlan::WritePlan(const EngineTraits& traits, std::shared_ptr<const RowShape> shape,
+                     std::shared_ptr<const TableInfo> table)
+    : m_traits(traits), m_shape(std::move(shape)), m_table(std::move(table)) {
+    const TableName& name = m_table->name;
+    for (const std::string* part : {&name.catalog, &name.schema}) {
+        if (!part->empty()) m_quotedTable += QuoteName(traits, *part) + ".";
+    }
+    m_quotedTable += QuoteName(traits, name.table);
+    for (const ColumnInfo& column : m_shape->columns) {
+        m_quotedNames.push_back(column.baseColumn.empty() ? "NULL" : QuoteName(traits, column.baseColumn));
+    }
+    std::vector<std::size_t> key;
+    for (const TableColumn& column : m_table->columns) {
+        if (!column.key) continue;
+        const auto position = PositionOf(column.name);
+        if (!position) return;
+        key.push_back(*position);
+    }
+    if (!key.empty()) m_keyColumns = std::move(key);
+}
+
+std::optional<std::size_t> WritePlan::PositionOf(std::string_view tableColumn) const noexcept {
+    const auto found = std::ranges::find_if(m_shape->columns, [&](const ColumnInfo& column) {
+        return EqualsIgnoreCase(column.baseColumn, tableColumn);
+    });
+    if (found == m_shape->columns.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_shape->columns.begin());
+}
+
+const std::string& WritePlan::InsertText(std::span<const std::size_t> columns) const {
+    if (m_insertText.empty() || !std::ranges::equal(m_insertColumns, columns)) {
+        m_insertText = ComposeInsert(columns);
+        m_insertColumns.assign(columns.begin(), columns.end());
+    }
+    return m_insertText;
+}
+
+std::string WritePlan::ComposeInsert(std::span<const std::size_t> columns) const {
+    std::string text = "INSERT INTO " + m_quotedTable + " ";
+    if (columns.empty()) {
+        text += m_traits.emptyInsert;
+    } else {
+        std::string values;
+        for (const std::size_t column : columns) {
+            text += (values.empty() ? "(" : ", ") + QuotedName(column);
+            values += values.empty() ? "?" : ", ?";
+        }
+        text += ") VALUES (" + values + ")";
+    }
+    if (m_traits.newKey != NewKeySource::Returning) return text;
+    std::string_view before = " RETURNING ";
+    for (const TableColumn& column : m_table->columns) {
+        if (!column.key) continue;
+        text.append(before).append(QuoteName(m_traits, column.name));
+        before = ", ";
+    }
+    return text;
+}
+
+}  // namespace korvex::native::sql
