@@ -142,8 +142,8 @@ TEST_P(AdoColumns, TakeWhatFitsAndRefuseTheRest) {
         {"image", 0, ado::adErrDataConversion},
         {"RAW(3)", bytes, Variant(bytes)},
         {"RAW(2)", bytes, ado::DbEOverflow},
-        {"numeric(18, 0)", 2.5, Variant(3)},
         {"numeric(18, 0)", "", ado::adErrDataConversion},
+        {"NUMBER(18)", 2.5, Variant(3)},
         {"NUMBER(5)", -99999, Variant(-99999)},
         {"NUMBER(5)", 99999.6, ado::DbEOverflow},
         {"NUMBER(5)", 100000, ado::DbEOverflow},
@@ -186,9 +186,10 @@ TEST_P(AdoColumns, GiveStoredValuesOfOtherTypesAsTheyAre) {
     connection->Execute("insert into t values (40000, 'many', 'soon')");
     const auto recordset = Open(connection, "select * from t");
     EXPECT_EQ(automation::ToLong(recordset->Fields("s")->Value()), 40000);
-    if (GetParam() == Route::Odbc) GTEST_SKIP() << "the driver converts texts in number columns itself";
-    EXPECT_EQ(recordset->Fields("i")->Value(), Variant("many"));
-    EXPECT_EQ(recordset->Fields("d")->Value(), Variant("soon"));
+    if (GetParam() == Route::Direct) {  // the ODBC driver converts texts in such columns itself
+        EXPECT_EQ(recordset->Fields("i")->Value(), Variant("many"));
+        EXPECT_EQ(recordset->Fields("d")->Value(), Variant("soon"));
+    }
 }
 
 TEST_P(AdoColumns, SizesCountCharactersOfTextAndBytesOfTheRest) {

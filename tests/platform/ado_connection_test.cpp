@@ -27,21 +27,21 @@ TEST_P(AdoConnection, OpensOnceAndClosesItsRecordsets) {
     EXPECT_EQ(NumberRaisedBy([&] { connection->Open(ConnectionString()); }), ado::adErrObjectOpen);
 
     const auto recordset = Open(connection, "select 1 as One");
-    EXPECT_EQ(recordset->Fields("One")->Value(), Variant(1));
+    EXPECT_EQ(automation::ToLong(recordset->Fields("One")->Value()), 1);
     const auto field = recordset->Fields("One");
     connection->Close();
     EXPECT_EQ(recordset->State(), ado::adStateClosed);
     EXPECT_EQ(NumberRaisedBy([&] { field->Value(); }), ado::adErrObjectClosed);
     EXPECT_EQ(m_seam->OpenStatements(), 0);
     connection->Open(ConnectionString());
-    EXPECT_EQ(Scalar(connection, "select 2"), Variant(2));
+    EXPECT_EQ(Number(connection, "select 2"), 2);
 }
 
 TEST_P(AdoConnection, LivesAsLongAsItsRecordsets) {
     auto connection = Connect();
     const auto recordset = Open(connection, "select 1 as One");
     connection.reset();
-    EXPECT_EQ(recordset->Fields("One")->Value(), Variant(1));
+    EXPECT_EQ(automation::ToLong(recordset->Fields("One")->Value()), 1);
 }
 
 TEST_P(AdoConnection, ExecuteRunsActionsAtOnce) {
@@ -54,7 +54,7 @@ TEST_P(AdoConnection, ExecuteRunsActionsAtOnce) {
     EXPECT_EQ(connection->Execute("update t set n = n + 10", ado::adUnspecified, &affected)->State(),
               ado::adStateClosed);
     EXPECT_EQ(affected, 2);
-    EXPECT_EQ(Scalar(connection, "select sum(n) from t"), Variant(23));
+    EXPECT_EQ(Number(connection, "select sum(n) from t"), 23);
     connection->Execute("delete from t where n=99", ado::adUnspecified, &affected);
     EXPECT_EQ(affected, 0);
     const auto error = RaisedBy([&] { connection->Execute("delete from Nowhere where n=1"); });
@@ -63,7 +63,7 @@ TEST_P(AdoConnection, ExecuteRunsActionsAtOnce) {
     EXPECT_THAT(error->Description(), HasSubstr("Nowhere"));
     EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("delete from t; delete from t"); }),
               ado::DbEStatement);
-    EXPECT_EQ(Scalar(connection, "select count(*) from t"), Variant(2));
+    EXPECT_EQ(Number(connection, "select count(*) from t"), 2);
 }
 
 TEST_P(AdoConnection, TransactionsHoldTogetherAndDoNotNest) {
@@ -75,7 +75,7 @@ TEST_P(AdoConnection, TransactionsHoldTogetherAndDoNotNest) {
     EXPECT_EQ(NumberRaisedBy([&] { connection->BeginTrans(); }), ado::XactEExists);
     connection->Execute("insert into t values (1)");
     connection->RollbackTrans();
-    EXPECT_EQ(Scalar(connection, "select count(*) from t"), Variant(0));
+    EXPECT_EQ(Number(connection, "select count(*) from t"), 0);
     connection->BeginTrans();
     connection->Execute("insert into t values (1)");
     EXPECT_EQ(NumberRaisedBy([&] { connection->Close(); }), ado::adErrInTransaction);
@@ -83,7 +83,7 @@ TEST_P(AdoConnection, TransactionsHoldTogetherAndDoNotNest) {
     connection->BeginTrans();
     connection->Execute("insert into t values (2)");
     connection.reset();  // rolls back
-    EXPECT_EQ(Scalar(Connect(), "select count(*) from t"), Variant(1));
+    EXPECT_EQ(Number(Connect(), "select count(*) from t"), 1);
 }
 
 TEST_P(AdoConnection, WorksByNameAlone) {
@@ -150,7 +150,7 @@ TEST_P(AdoEmbedded, IsDurableUnlessToldOtherwise) {
 TEST_P(AdoEmbedded, KeepsADatabaseInMemoryForItsConnection) {
     const auto connection = Connect("Provider=SQLite;Data Source=:memory:");
     connection->Execute("create table t (n int)");
-    EXPECT_EQ(Scalar(connection, "select count(*) from t"), Variant(0));
+    EXPECT_EQ(Number(connection, "select count(*) from t"), 0);
     EXPECT_FALSE(std::filesystem::exists(":memory:"));
 }
 
@@ -192,6 +192,18 @@ TEST_P(AdoEmbedded, WritesNothingWhenOpenedToRead) {
     EXPECT_EQ(NumberRaisedBy([&] { recordset->Update(); }), ado::DbEPermissionDenied);
     recordset->CancelUpdate();
     EXPECT_TRUE(recordset->Eof());
+}
+
+TEST(AdoOdbc, SaysWhatTheDriverManagerSays) {
+    const auto connection = native::NativePlatform().targetProvider->CreateConnection();
+    for (const char* text : {"DSN=NoSuchSource", "Driver={NoSuchDriver};Database=x"}) {
+        SCOPED_TRACE(text);
+        const auto error = RaisedBy([&] { connection->Open(text); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), ado::DbEFail);
+        EXPECT_FALSE(error->Description().empty());
+        EXPECT_EQ(connection->State(), ado::adStateClosed);
+    }
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "platform/ado_fixture.h"
 
+#include "automation/convert.h"
+
 #include <stdexcept>
 namespace korvex::tests {
 
@@ -28,6 +30,10 @@ std::shared_ptr<ado::Recordset> AdoTest::Open(const std::shared_ptr<ado::Connect
 automation::Variant AdoTest::Scalar(const std::shared_ptr<ado::Connection>& connection,
                                     std::string_view text) {
     return connection->Execute(text)->Fields(0)->Value();
+}
+
+std::int32_t AdoTest::Number(const std::shared_ptr<ado::Connection>& connection, std::string_view text) {
+    return automation::ToLong(Scalar(connection, text));
 }
 
 std::optional<automation::Error> RaisedBy(const std::function<void()>& action) {

@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "platform/ado.h"
 #include "platform/native/native_platform.h"
+#include "support/print_variant.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
 
@@ -19,7 +20,7 @@ namespace korvex::tests {
 
 /// How a test reaches its SQLite database.
 enum class Route { Direct, Odbc };
-inline auto AdoRoutes() { return testing::Values(Route::Direct); }
+inline auto AdoRoutes() { return testing::Values(Route::Direct, Route::Odbc); }
 
 /// A folder of its own for each test, and the engine under test.
 class AdoTest : public testing::TestWithParam<Route> {
@@ -34,6 +35,9 @@ class AdoTest : public testing::TestWithParam<Route> {
                                          std::string_view text);
     /// The value of the first column of the first row.
     automation::Variant Scalar(const std::shared_ptr<ado::Connection>& connection, std::string_view text);
+
+    /// That value as a number: the ODBC driver gives results that are no columns as texts.
+    std::int32_t Number(const std::shared_ptr<ado::Connection>& connection, std::string_view text);
 
     TempFolder m_folder;
     std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();

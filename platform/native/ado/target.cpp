@@ -5,6 +5,7 @@
 #include "platform/ado.h"
 #include "platform/native/ado/connection_string.h"
 #include "platform/native/ado/errors.h"
+#include "platform/native/sql/odbc/odbc_session.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
 #include <algorithm>
@@ -190,7 +191,9 @@ Target ReadTarget(std::string_view connectionString, std::string_view user, std:
 
 std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
     if (target.engine == Target::Engine::Sqlite) return OpenSqlite(target, std::move(seam));
-    throw automation::Error(ado::DbEFail, "No ODBC connections yet: " + target.odbcString);
+    return WithAdoErrors(
+        [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); },
+        [] { return std::string_view(); });
 }
 
 }  // namespace korvex::native::ado_engine

@@ -1,5 +1,7 @@
 #include "platform/native/sql/session.h"
 
+#include "automation/text.h"
+
 #include <utility>
 
 namespace korvex::native::sql {
@@ -75,6 +77,7 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
 }
 
 StatementLease Session::Prepare(std::string_view composed) {
+    if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, 0, "The statement is empty");
     ScanStatement(composed, m_traits.lexical, m_scan);
     if (m_scan.secondStatement) {
         throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");
