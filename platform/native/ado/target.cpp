@@ -4,9 +4,6 @@
 #include "automation/text.h"
 #include "platform/ado.h"
 #include "platform/native/ado/connection_string.h"
-#include "platform/native/ado/errors.h"
-#include "platform/native/sql/odbc/odbc_session.h"
-#include "platform/native/sql/sqlite/sqlite_session.h"
 
 #include <algorithm>
 #include <array>
@@ -18,8 +15,6 @@ namespace korvex::native::ado_engine {
 namespace {
 
 using automation::EqualsIgnoreCase;
-
-constexpr std::string_view memoryFile = ":memory:";
 
 /// ADO's name for a setting and the ODBC driver managers' own.
 struct OdbcWord {
@@ -152,31 +147,6 @@ bool IsProvider(std::string_view provider, std::string_view name) {
     return EqualsIgnoreCase(provider.substr(0, provider.find('.')), name);
 }
 
-std::string SqliteFailureHint(const Target& target, sql::ErrorKind kind) {
-    std::string context = target.file;
-    if (kind == sql::ErrorKind::FileNotFound)
-        context += "; \"Mode=Create\" in the connection string makes a new one";
-    return context;
-}
-
-std::unique_ptr<sql::Session> OpenSqlite(const Target& target, std::shared_ptr<sql::Seam> seam) {
-    sql::SqliteOptions options;
-    options.fullSync = target.fullSync;
-    options.seam = std::move(seam);
-    if (target.file == memoryFile) {
-        options.mode = sql::SqliteMode::Memory;
-    } else if (target.mode == TargetMode::Read) {
-        options.mode = sql::SqliteMode::ReadOnly;
-    } else if (target.mode == TargetMode::Create) {
-        options.mode = sql::SqliteMode::Create;
-    }
-    try {
-        return std::make_unique<sql::SqliteSession>(target.file, options);
-    } catch (const sql::EngineError& error) {
-        throw AdoError(error, SqliteFailureHint(target, error.Kind()));
-    }
-}
-
 }  // namespace
 
 Target ReadTarget(std::string_view connectionString, std::string_view user, std::string_view password) {
@@ -187,13 +157,6 @@ Target ReadTarget(std::string_view connectionString, std::string_view user, std:
     const bool isOdbc = provider ? IsProvider(*provider, "MSDASQL") : namesSource;
     if (!isOdbc) RaiseNoProvider(provider.value_or(""));
     return ReadOdbcTarget(settings, user, password);
-}
-
-std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
-    if (target.engine == Target::Engine::Sqlite) return OpenSqlite(target, std::move(seam));
-    return WithAdoErrors(
-        [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); },
-        [] { return std::string_view(); });
 }
 
 }  // namespace korvex::native::ado_engine
