@@ -16,12 +16,18 @@ Variant ValueOf(QORObject& coData, QORObject& valueDef) {
     return coData.Value(valueDef.LongAttribute(attValueIndex));
 }
 
-void WriteBlank(ado::Field& field) {
+bool TryWrite(ado::Field& field, const Variant& value) {
     try {
-        field.Value("");
+        field.Value(value);
+        return true;
     } catch (const automation::Error&) {
-        field.Value(std::int16_t{0});
+        return false;
     }
+}
+
+/// A column that takes neither, a binary one, stays as the database fills it.
+void WriteBlank(ado::Field& field) {
+    if (!TryWrite(field, "")) TryWrite(field, std::int16_t{0});
 }
 
 /// `value` as a text column of limited length takes it; the rest is cut off.
