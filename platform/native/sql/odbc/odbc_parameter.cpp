@@ -98,7 +98,10 @@ void OdbcParameter::AssignBoolean(bool value, const ColumnInfo* column) {
     Describe(SQL_C_BIT, SQL_BIT, &m_bit, 1, 1);
 }
 
+/// Not every driver takes numbers of 64 bits.
 void OdbcParameter::AssignInteger(std::int64_t value) {
+    m_long = static_cast<SQLINTEGER>(value);
+    if (m_long == value) return Describe(SQL_C_SLONG, SQL_INTEGER, &m_long, sizeof m_long, 10);
     m_integer = value;
     Describe(SQL_C_SBIGINT, SQL_BIGINT, &m_integer, sizeof m_integer, 19);
 }

@@ -35,6 +35,7 @@ class OdbcParameter {
     SQLSMALLINT m_digits = 0;
     void* m_data = nullptr;
     SQLLEN m_length = SQL_NULL_DATA;
+    SQLINTEGER m_long = 0;
     std::int64_t m_integer = 0;
     unsigned char m_bit = 0;
     double m_real = 0;

@@ -53,14 +53,13 @@ Variant OdbcValueReader::Read(const ColumnInfo& column) {
                 return FromInteger(value, column);
             }
             [[fallthrough]];
-        case ColumnType::Boolean:
         case ColumnType::Currency:
         case ColumnType::Decimal: {
             const std::optional<std::string> text = ReadText();
-            if (!text) return Variant::Null();
-            return column.type == ColumnType::Boolean ? BooleanFromText(*text, column)
-                                                      : NumberFromText(*text, column);
+            return text ? NumberFromText(*text, column) : Variant::Null();
         }
+        case ColumnType::Boolean:
+            return ReadBoolean(column);
         case ColumnType::Single:
         case ColumnType::Double: {
             double value = 0;
@@ -124,6 +123,16 @@ std::optional<std::string> OdbcValueReader::ReadText() {
 Variant OdbcValueReader::ReadBytes() {
     const auto data = ReadChunks<char>(SQL_C_BINARY);
     return data ? Variant(automation::Bytes(data->begin(), data->end())) : Variant::Null();
+}
+
+Variant OdbcValueReader::ReadBoolean(const ColumnInfo& column) {
+    if (m_dialect.dynamicTypes) {
+        const std::optional<std::string> text = ReadText();
+        return text ? BooleanFromText(*text, column) : Variant::Null();
+    }
+    unsigned char value = 0;
+    if (!ReadFixed(SQL_C_BIT, &value, sizeof value)) return Variant::Null();
+    return value != 0;
 }
 
 Variant OdbcValueReader::ReadDate(const ColumnInfo& column) {

@@ -25,6 +25,7 @@ class OdbcValueReader {
     std::optional<std::basic_string<Unit>> ReadChunks(SQLSMALLINT cType);
     std::optional<std::string> ReadText();
     automation::Variant ReadBytes();
+    automation::Variant ReadBoolean(const ColumnInfo& column);
     automation::Variant ReadDate(const ColumnInfo& column);
 
     const OdbcHandle& m_statement;
