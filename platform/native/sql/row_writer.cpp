@@ -82,7 +82,7 @@ std::optional<RowIdentity> RowWriter::NewIdentity(const Changes& changes, Statem
     if (!m_plan->Table().HasKey()) {
         if (traits.rowIdName.empty()) return std::nullopt;
         identity.columns.push_back(traits.rowIdName);
-        identity.values.push_back(NewKey(text));
+        identity.values.push_back(NewKey(insert, text));
         return identity;
     }
     const bool returned = traits.newKey == NewKeySource::Returning && insert.Fetch(text);
@@ -96,7 +96,7 @@ std::optional<RowIdentity> RowWriter::NewIdentity(const Changes& changes, Statem
         } else if (set != nullptr && !set->IsNull()) {
             identity.values.push_back(*set);
         } else if (column.autoNumber) {
-            identity.values.push_back(NewKey(text));
+            identity.values.push_back(NewKey(insert, text));
         } else {
             return std::nullopt;
         }
@@ -106,13 +106,24 @@ std::optional<RowIdentity> RowWriter::NewIdentity(const Changes& changes, Statem
     return identity;
 }
 
-Variant RowWriter::NewKey(std::string_view insertText) {
-    const EngineTraits& traits = m_session.Traits();
-    if (traits.newKey == NewKeySource::LastRowId) return WholeNumber(m_session.LastRowId());
-    if (traits.newKey == NewKeySource::Query) {
-        StatementLease query = m_session.PrepareExact(traits.newKeyQuery, StatementKind::Select);
-        query.Execute(traits.newKeyQuery);
-        if (query.Fetch(traits.newKeyQuery)) return WholeNumber(automation::ToLongLong(query->Value(0)));
+Variant RowWriter::NewKey(StatementLease& insert, std::string_view insertText) {
+    switch (m_session.Traits().newKey) {
+        case NewKeySource::LastRowId:
+            return WholeNumber(m_session.LastRowId());
+        case NewKeySource::SameBatch:
+            if (insert.Fetch(insertText)) return WholeNumber(automation::ToLongLong(insert->Value(0)));
+            break;
+        case NewKeySource::Query:
+        case NewKeySource::Sequence: {
+            const std::string text = m_plan->NewKeyQuery();
+            StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
+            query.Execute(text);
+            if (query.Fetch(text)) return WholeNumber(automation::ToLongLong(query->Value(0)));
+            break;
+        }
+        case NewKeySource::Returning:
+        case NewKeySource::None:
+            break;
     }
     throw EngineError(ErrorKind::Other, 0,
                       "The engine gave no key for the new record: " + std::string(insertText));

@@ -59,7 +59,7 @@ class RowWriter {
   private:
     std::optional<RowIdentity> NewIdentity(const Changes& changes, StatementLease& insert,
                                            std::string_view text);
-    automation::Variant NewKey(std::string_view insertText);
+    automation::Variant NewKey(StatementLease& insert, std::string_view insertText);
     void BindChanges(StatementLease& statement, const Changes& changes) const;
     void AppendWhere(std::string& text, const RowIdentity& identity) const;
     void BindIdentity(StatementLease& statement, std::size_t first, const RowIdentity& identity) const;

@@ -13,6 +13,8 @@ enum class NewKeySource : std::uint8_t {
     LastRowId,  ///< the session knows it (Session::LastRowId)
     Returning,  ///< INSERT ... RETURNING
     Query,      ///< newKeyQuery, sent behind the insert
+    SameBatch,  ///< newKeyQuery, in the insert's own batch
+    Sequence,   ///< newKeyQuery on the table's sequence, from which a trigger draws the keys
 };
 
 /// What an engine can do and how it writes things. Logic asks here, never for an engine's name.
@@ -20,7 +22,9 @@ struct EngineTraits {
     std::string quoteOpen = "\"";
     std::string quoteClose = "\"";
     NewKeySource newKey = NewKeySource::None;
+    /// "{sequence}" stands for the sequence of the table: sequencePrefix with the table's name.
     std::string newKeyQuery;
+    std::string sequencePrefix;
     /// The name under which the number given to a new row is a column of every table without a key; empty for
     /// none.
     std::string rowIdName;

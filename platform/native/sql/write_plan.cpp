@@ -29,11 +29,7 @@ const TableName& WritePlan::BaseTable(const RowShape& shape) {
 WritePlan::WritePlan(const EngineTraits& traits, std::shared_ptr<const RowShape> shape,
                      std::shared_ptr<const TableInfo> table)
     : m_traits(traits), m_shape(std::move(shape)), m_table(std::move(table)) {
-    const TableName& name = m_table->name;
-    for (const std::string* part : {&name.catalog, &name.schema}) {
-        if (!part->empty()) m_quotedTable += QuoteName(traits, *part) + ".";
-    }
-    m_quotedTable += QuoteName(traits, name.table);
+    m_quotedTable = Qualified(m_table->name.table);
     for (const ColumnInfo& column : m_shape->columns) {
         m_quotedNames.push_back(column.baseColumn.empty() ? "NULL" : QuoteName(traits, column.baseColumn));
     }
@@ -75,14 +71,37 @@ std::string WritePlan::ComposeInsert(std::span<const std::size_t> columns) const
         }
         text += ") VALUES (" + values + ")";
     }
-    if (m_traits.newKey != NewKeySource::Returning) return text;
-    std::string_view before = " RETURNING ";
-    for (const TableColumn& column : m_table->columns) {
-        if (!column.key) continue;
-        text.append(before).append(QuoteName(m_traits, column.name));
-        before = ", ";
+    if (m_traits.newKey == NewKeySource::Returning) return text + ReturningText();
+    if (m_traits.newKey == NewKeySource::SameBatch && m_table->AutoNumber() != nullptr) {
+        return text + "\n" + NewKeyQuery();
     }
     return text;
+}
+
+std::string WritePlan::ReturningText() const {
+    std::string text;
+    for (const TableColumn& column : m_table->columns) {
+        if (column.key) text += (text.empty() ? " RETURNING " : ", ") + QuoteName(m_traits, column.name);
+    }
+    return text;
+}
+
+std::string WritePlan::NewKeyQuery() const {
+    constexpr std::string_view placeholder = "{sequence}";
+    std::string query = m_traits.newKeyQuery;
+    if (const std::size_t at = query.find(placeholder); at != std::string::npos) {
+        query.replace(at, placeholder.size(), Qualified(m_traits.sequencePrefix + m_table->name.table));
+    }
+    return query;
+}
+
+/// `name` beside the table, in its catalog and schema.
+std::string WritePlan::Qualified(std::string_view name) const {
+    std::string text;
+    for (const std::string* part : {&m_table->name.catalog, &m_table->name.schema}) {
+        if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+    }
+    return text + QuoteName(m_traits, name);
 }
 
 }  // namespace korvex::native::sql

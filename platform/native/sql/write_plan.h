@@ -36,9 +36,13 @@ class WritePlan {
     const std::string& QuotedName(std::size_t index) const noexcept { return m_quotedNames[index]; }
     /// INSERT of the columns at these positions.
     const std::string& InsertText(std::span<const std::size_t> columns) const;
+    /// What asks for the key of the row inserted last (NewKeySource::Query, SameBatch and Sequence).
+    std::string NewKeyQuery() const;
 
   private:
+    std::string Qualified(std::string_view name) const;
     std::string ComposeInsert(std::span<const std::size_t> columns) const;
+    std::string ReturningText() const;
 
     const EngineTraits& m_traits;
     std::shared_ptr<const RowShape> m_shape;

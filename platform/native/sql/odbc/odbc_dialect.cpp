@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace korvex::native::sql {
 namespace {
@@ -102,14 +103,45 @@ OdbcDialect PostgreSql() {
     return dialect;
 }
 
+OdbcDialect SqlServer() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::SameBatch;
+    dialect.traits.newKeyQuery = "SELECT SCOPE_IDENTITY()";
+    return dialect;
+}
+
+OdbcDialect Sybase() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::SameBatch;
+    dialect.traits.newKeyQuery = "SELECT @@IDENTITY";
+    return dialect;
+}
+
+/// Keys are drawn by a trigger from the sequence "SEQ_" with the table's name, as the generated scripts have
+/// it.
+OdbcDialect Oracle() {
+    OdbcDialect dialect;
+    dialect.traits.newKey = NewKeySource::Sequence;
+    dialect.traits.newKeyQuery = "SELECT {sequence}.CURRVAL FROM DUAL";
+    dialect.traits.sequencePrefix = "SEQ_";
+    dialect.traits.lexical.bracketNames = false;
+    return dialect;
+}
+
 }  // namespace
 
 OdbcDialect DialectOf(std::string_view engineName) {
     using automation::ContainsIgnoreCase;
-    if (ContainsIgnoreCase(engineName, "sqlite")) return Sqlite();
-    if (ContainsIgnoreCase(engineName, "mariadb") || ContainsIgnoreCase(engineName, "mysql"))
-        return MariaDb();
-    if (ContainsIgnoreCase(engineName, "postgresql")) return PostgreSql();
+    const auto isAnyOf = [engineName](std::initializer_list<std::string_view> names) {
+        return std::ranges::any_of(
+            names, [engineName](std::string_view name) { return ContainsIgnoreCase(engineName, name); });
+    };
+    if (isAnyOf({"sqlite"})) return Sqlite();
+    if (isAnyOf({"mariadb", "mysql"})) return MariaDb();
+    if (isAnyOf({"postgresql"})) return PostgreSql();
+    if (isAnyOf({"microsoft sql server"})) return SqlServer();
+    if (isAnyOf({"adaptive server", "sybase", "sql anywhere", "sql server"})) return Sybase();
+    if (isAnyOf({"oracle"})) return Oracle();
     return {};
 }
 

@@ -117,13 +117,20 @@ TableInfo OdbcSession::DoDescribeTable(const TableName& name) {
     for (std::size_t i = 0; i < statement.Shape()->columns.size(); ++i)
         table.columns.push_back(statement.Details(i));
     MarkKeyColumns(table);
-    if (m_dialect.dynamicTypes && std::ranges::count(table.columns, true, &TableColumn::key) == 1) {
-        const auto key = std::ranges::find(table.columns, true, &TableColumn::key);
-        const auto index = static_cast<std::size_t>(key - table.columns.begin());
-        const std::string& declared = statement.Shape()->columns[index].declaredType;
-        key->autoNumber = automation::EqualsIgnoreCase(declared, "integer");
-    }
+    MarkNumberedKey(table, *statement.Shape());
     return table;
+}
+
+/// A sole key that is numbered although the driver does not say so.
+void OdbcSession::MarkNumberedKey(TableInfo& table, const RowShape& shape) const {
+    if (std::ranges::count(table.columns, true, &TableColumn::key) != 1) return;
+    const auto key = std::ranges::find(table.columns, true, &TableColumn::key);
+    const ColumnInfo& column = shape.columns[static_cast<std::size_t>(key - table.columns.begin())];
+    if (m_dialect.dynamicTypes) {
+        key->autoNumber = automation::EqualsIgnoreCase(column.declaredType, "integer");
+    } else if (m_traits.newKey == NewKeySource::Sequence) {
+        key->autoNumber = true;
+    }
 }
 
 void OdbcSession::MarkKeyColumns(TableInfo& table) {

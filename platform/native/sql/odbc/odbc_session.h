@@ -32,6 +32,7 @@ class OdbcSession final : public Session {
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
     void MarkKeyColumns(TableInfo& table);
+    void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;
 
     OdbcHandle m_environment;
     OdbcHandle m_connection;

@@ -93,6 +93,7 @@ ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
     Check(SQLDescribeColW(Handle(), index, name.data(), static_cast<SQLSMALLINT>(name.size()), &length, &type,
                           &size, &scale, &nullable));
     ColumnInfo column;
+    column.nullable = nullable != SQL_NO_NULLS;
     const std::string typeName = TextAttribute(index, SQL_DESC_TYPE_NAME);
     if (m_dialect.dynamicTypes) ReadDeclaration(typeName + DeclaredSize(index, type, size), column);
     if (column.type == ColumnType::Unknown) {
@@ -165,12 +166,25 @@ void OdbcStatement::Execute() {
             throw;
         }
     }
-    if (m_shape->columns.empty()) {
+    SQLLEN rows = 0;
+    if (Writes() && SQL_SUCCEEDED(SQLRowCount(Handle(), &rows)) && rows > 0) m_affectedRows = rows;
+    const bool isBatch =
+        m_kind == StatementKind::Insert && m_dialect.traits.newKey == NewKeySource::SameBatch;
+    if (isBatch) SkipToRows();
+    if (isBatch || m_shape->columns.empty()) {
         // Some drivers know the columns only now.
         if (auto shape = Describe(); !shape->columns.empty()) m_shape = std::move(shape);
     }
-    SQLLEN rows = 0;
-    if (Writes() && SQL_SUCCEEDED(SQLRowCount(Handle(), &rows)) && rows > 0) m_affectedRows = rows;
+}
+
+/// A batch gives the count of the rows it wrote before the rows it reads.
+void OdbcStatement::SkipToRows() {
+    SQLSMALLINT columns = 0;
+    for (SQLRETURN result = SQL_SUCCESS; result != SQL_NO_DATA; result = SQLMoreResults(Handle())) {
+        Check(result);
+        Check(SQLNumResultCols(Handle(), &columns));
+        if (columns > 0) return;
+    }
 }
 
 bool OdbcStatement::Fetch() {

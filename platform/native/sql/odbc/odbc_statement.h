@@ -34,6 +34,7 @@ class OdbcStatement final : public Statement {
   private:
     SQLHSTMT Handle() const noexcept { return m_statement.Get(); }
     void Check(SQLRETURN result) const { CheckOdbc(result, m_statement, m_dialect); }
+    void SkipToRows();
     std::shared_ptr<const RowShape> Describe() const;
     ColumnInfo DescribeColumn(SQLUSMALLINT index) const;
     std::string DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const;
