@@ -15,8 +15,7 @@ namespace {
 
 using repository::ValueRow;
 
-/// Longest variable-length text columns of the dialects.
-constexpr double MaxCharLen = 255;
+/// Longest variable-length text column with Oracle.
 constexpr double OracleMaxCharLen = 4000;
 
 std::string Place(const PlannedTable& table) {
