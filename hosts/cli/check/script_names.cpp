@@ -11,8 +11,8 @@ namespace {
 
 using repository::LimitNameLength;
 
-/// "PK_" or "TR_" and a table name of this length make the longest name that older servers take; the scripts
-/// do not cut these.
+/// "SEQ_" and a table name of this length make the longest name that older servers take; the scripts do not
+/// cut these names.
 constexpr std::size_t LongestTableName = repository::MaxNameLength - 4;
 
 /// Things of one kind that must not share a name, names without regard to case.
@@ -20,13 +20,14 @@ class UniqueNames {
   public:
     UniqueNames(std::string kind, Findings& findings) : m_kind(std::move(kind)), m_findings(findings) {}
 
-    /// `owner` says whose name it is.
-    void Add(const std::string& name, const std::string& owner) {
+    /// `owner` says whose name it is. False when the name is taken.
+    bool Add(const std::string& name, const std::string& owner) {
         const auto [entry, isNew] = m_owners.emplace(automation::ToUpperAscii(name), owner);
         if (!isNew) {
             m_findings.Error(m_kind + " " + name + " would be made twice: " + entry->second + " and " +
                              owner);
         }
+        return isNew;
     }
 
   private:
@@ -77,9 +78,11 @@ void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
     for (const PlannedTable& table : definition.tables) {
         const std::string owner =
             "object " + table.object->Name + " (ObjectID " + std::to_string(table.object->ObjectID) + ")";
-        tables.Add(table.name, owner);
-        AddProcedures(table, procedures);
-        AddConstraint(table, owner, constraints, findings);
+        // What has the same table has all the rest in common as well.
+        if (tables.Add(table.name, owner)) {
+            AddProcedures(table, procedures);
+            AddConstraint(table, owner, constraints, findings);
+        }
         if (automation::Length(table.name) > LongestTableName) {
             findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
                              " get longer than 30 characters, which older Oracle servers refuse");

@@ -1,4 +1,5 @@
 #include "hosts/cli/korvex_command.h"
+#include "support/driver.h"
 
 #include <gtest/gtest.h>
 
@@ -48,10 +49,15 @@ class Example : public testing::Test {
     const RepositoryFile m_repository{m_model};
 };
 
-TEST_F(Example, ScriptsAreTheFifteenGoldenFiles) {
-    const std::string out = m_repository.Folder().Path("deep/er");
-    const CommandResult result = RunKorvex({"script", "--repository", m_repository.Path(), "--dialect", "all",
-                                            "--storage", "Orders", "--out", out});
+class ExampleScripts : public testing::TestWithParam<Driver> {};
+
+TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
+    const RepositoryFile repository;
+    const std::string connection = RepositoryConnection(GetParam(), repository.Path());
+    ASSERT_EQ(RunKorvex({"repository", "import", connection, KORVEX_EXAMPLES "/orders.json"}).messages, "");
+    const std::string out = repository.Folder().Path("deep/er");
+    const CommandResult result = RunKorvex(
+        {"script", "--repository", connection, "--dialect", "all", "--storage", "Orders", "--out", out});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.messages, "");
     std::string paths;
@@ -70,6 +76,9 @@ TEST_F(Example, ScriptsAreTheFifteenGoldenFiles) {
         ExpectSameText(name, written.at(name), text);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Drivers, ExampleScripts, testing::Values(Driver::Sqlite, Driver::OdbcSqlite),
+                         DriverName);
 
 TEST_F(Example, ChecksWithoutErrorsBeforeAndAfterItsFirstRun) {
     const CommandResult before = RunKorvex({"repository", "check", m_repository.Path()});
