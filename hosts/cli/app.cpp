@@ -36,6 +36,7 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryShowCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);
+    AddApplyCommand(app, console);
     RequireSubcommand(app);
 }
 
@@ -55,7 +56,7 @@ int Fail(Console& console, std::int32_t number, std::string_view description) {
 }  // namespace
 
 int RunCommandLine(int argc, const char* const* argv, Console& console) {
-    CLI::App app("Turns definition repositories into SQL scripts.", "korvex");
+    CLI::App app("Turns definition repositories into SQL scripts and runs them.", "korvex");
     AddCommands(app, console);
     AddVersion(app);
     try {

@@ -14,5 +14,6 @@ void AddRepositoryNewCommand(CLI::App& parent, Console& console);
 void AddRepositoryImportCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
+void AddApplyCommand(CLI::App& parent, Console& console);
 
 }  // namespace korvex::cli

@@ -1,14 +1,10 @@
 #include "hosts/cli/model/json_file.h"
 
 #include "automation/error.h"
+#include "hosts/cli/text_file.h"
 
-#include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -18,23 +14,6 @@ namespace {
 
 using automation::Error;
 using nlohmann::json;
-
-std::string ReadFile(const std::string& path) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored)) {
-        throw Error(automation::PathFileAccessError, path + ": Is a directory");
-    }
-    errno = 0;
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        const int reason = errno;
-        throw Error(reason == ENOENT ? FileNotFoundError : automation::PathFileAccessError,
-                    path + ": " + std::generic_category().message(reason));
-    }
-    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad()) throw Error(automation::PathFileAccessError, path + ": Cannot be read");
-    return text;
-}
 
 /// "line 3, column 7" of the byte at `position` (counted from 1); columns count bytes.
 std::string PlaceText(std::string_view text, std::size_t position) {
@@ -125,7 +104,7 @@ class DuplicateMembers : public nlohmann::json_sax<json> {
 }  // namespace
 
 json ReadJsonFile(const std::string& path) {
-    const std::string text = ReadFile(path);
+    const std::string text = ReadTextFile(path);
     json document;
     try {
         document = json::parse(text, nullptr, true, true);

@@ -6,9 +6,6 @@
 
 namespace korvex::cli {
 
-/// Error number for a file that does not exist.
-inline constexpr std::int32_t FileNotFoundError = 53;
-
 /// The JSON document in a file; // and /* */ comments are skipped. Raises FileNotFoundError,
 /// PathFileAccessError (75) for a file that can not be read, and InvalidProcedureCall (5) for text that is no
 /// JSON, naming file, line and column, and for a member that stands twice in one object, naming its path.

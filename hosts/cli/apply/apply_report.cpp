@@ -1,0 +1,68 @@
+#include "hosts/cli/apply/apply_report.h"
+
+#include "hosts/cli/suggest.h"
+
+#include <string_view>
+
+namespace korvex::cli {
+
+namespace {
+
+struct Noun {
+    StatementKind kind;
+    std::string_view one;
+    std::string_view many;
+};
+
+constexpr Noun Made[] = {
+    {StatementKind::CreateSequence, "sequence", "sequences"},
+    {StatementKind::CreateTable, "table", "tables"},
+    {StatementKind::CreateIndex, "index", "indexes"},
+    {StatementKind::CreateTrigger, "trigger", "triggers"},
+    {StatementKind::CreateProcedure, "procedure", "procedures"},
+    {StatementKind::AddConstraint, "constraint", "constraints"},
+};
+constexpr Noun Dropped[] = {
+    {StatementKind::DropConstraint, "constraint", "constraints"},
+    {StatementKind::DropTrigger, "trigger", "triggers"},
+    {StatementKind::DropProcedure, "procedure", "procedures"},
+    {StatementKind::DropIndex, "index", "indexes"},
+    {StatementKind::DropTable, "table", "tables"},
+    {StatementKind::DropSequence, "sequence", "sequences"},
+};
+constexpr Noun Others[] = {{StatementKind::Other, "other statement", "other statements"}};
+
+std::string Counted(std::size_t count, std::string_view one, std::string_view many) {
+    return std::to_string(count) + " " + std::string(count == 1 ? one : many);
+}
+
+}  // namespace
+
+void ApplyReport::Ran(const StatementSubject& subject, std::size_t count) {
+    m_ran[static_cast<std::size_t>(subject.kind)] += count;
+}
+
+std::vector<std::string> ApplyReport::Lines() const {
+    std::vector<std::string> lines;
+    const auto add = [&](std::span<const Noun> nouns, std::string_view verb) {
+        std::vector<std::string> counts;
+        for (const Noun& noun : nouns) {
+            const std::size_t count = m_ran[static_cast<std::size_t>(noun.kind)];
+            if (count > 0) counts.push_back(Counted(count, noun.one, noun.many));
+        }
+        if (!counts.empty()) lines.push_back(JoinNames(counts) + std::string(verb));
+    };
+    add(Made, " created");
+    add(Dropped, " dropped");
+    add(Others, " run");
+    if (m_procedures > 0) {
+        lines.push_back(Counted(m_procedures, "procedure", "procedures") +
+                        " skipped: the embedded engine has none");
+    }
+    if (m_repeats > 0)
+        lines.push_back(Counted(m_repeats, "repeated statement", "repeated statements") + " skipped");
+    if (lines.empty()) lines.emplace_back("nothing to do");
+    return lines;
+}
+
+}  // namespace korvex::cli

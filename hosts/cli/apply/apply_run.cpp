@@ -1,0 +1,140 @@
+#include "hosts/cli/apply/apply_run.h"
+
+#include "automation/error.h"
+#include "hosts/cli/apply/embedded_catalog.h"
+#include "hosts/cli/apply/table_rebuild.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace korvex::cli {
+
+namespace {
+
+using automation::Error;
+
+/// A description with a sentence behind it.
+std::string Join(const std::string& description, std::string_view sentence) {
+    if (sentence.empty()) return description;
+    return description + (description.ends_with('.') ? " " : ". ") + std::string(sentence);
+}
+
+class ApplyRun {
+  public:
+    ApplyRun(ado::Connection& connection, std::vector<ApplyStep> steps, Console& console)
+        : m_connection(connection), m_steps(std::move(steps)), m_console(console) {}
+
+    ApplyReport OnServer() && {
+        RunSteps();
+        return m_report;
+    }
+
+    ApplyReport OnEmbedded() && {
+        const bool rebuilds = std::ranges::any_of(m_steps, [](const ApplyStep& step) {
+            return step.action == StepAction::AddKey || step.action == StepAction::DropKeys;
+        });
+        // A table that is rebuilt must be dropped without a thought for its children; what stands at the end
+        // is checked as a whole. Neither can be switched inside a transaction.
+        if (rebuilds) {
+            m_connection.Execute("PRAGMA foreign_keys = OFF");
+            m_connection.Execute("PRAGMA legacy_alter_table = ON");
+        }
+        m_connection.BeginTrans();
+        try {
+            RunSteps();
+            if (rebuilds) CheckAllForeignKeys(m_connection);
+            m_connection.CommitTrans();
+        } catch (const Error& error) {
+            RollBack();
+            throw Error(error.Number(), Join(error.Description(), "The database is as it was."),
+                        error.Source());
+        }
+        return m_report;
+    }
+
+  private:
+    void RunSteps() {
+        std::size_t number = 0;
+        for (const ApplyStep& step : m_steps) {
+            const ScriptStatement& statement = *step.statement;
+            m_console.Progress(statement.file + " " + std::to_string(++number) + "/" +
+                               std::to_string(m_steps.size()));
+            try {
+                Run(step);
+            } catch (const Error& error) {
+                throw Error(error.Number(),
+                            PlaceOf(statement) + ": " + Join(error.Description(), Hint(step, error)),
+                            error.Source());
+            }
+        }
+        m_console.ClearProgress();
+    }
+
+    void Run(const ApplyStep& step) {
+        const std::string& table = step.subject.name;
+        switch (step.action) {
+            case StepAction::Run:
+                for (const std::string& text : step.texts)
+                    m_connection.Execute(text);
+                m_report.Ran(step.subject);
+                break;
+            case StepAction::SkipRepeat:
+                m_report.SkippedRepeat();
+                break;
+            case StepAction::SkipProcedure:
+                m_report.SkippedProcedure();
+                break;
+            case StepAction::AddKey:
+                if (!AddForeignKey(m_connection, table, step.key)) {
+                    m_report.SkippedRepeat();
+                    break;
+                }
+                [[fallthrough]];
+            case StepAction::CheckKey:
+                CheckForeignKey(m_connection, table, step.key);
+                m_report.Ran(step.subject);
+                break;
+            case StepAction::DropKeys:
+                m_report.Ran(step.subject, DropForeignKeys(m_connection, table, step.constraint));
+                break;
+        }
+    }
+
+    static std::string_view Hint(const ApplyStep& step, const Error& error) {
+        if (step.subject.kind == StatementKind::CreateSequence && error.Number() == ado::DbEStatement) {
+            return "The database has no sequences; the scripts for MS SQL or Sybase need none.";
+        }
+        if (step.subject.kind == StatementKind::DropTable && error.Number() == ado::DbEConstraint) {
+            return "Records of other tables refer to this one: drop the foreign keys first.";
+        }
+        return {};
+    }
+
+    void RollBack() {
+        try {
+            m_connection.RollbackTrans();
+        } catch (const Error&) {
+            // The engine has rolled back already, as it does on a full disk.
+        }
+    }
+
+    ado::Connection& m_connection;
+    std::vector<ApplyStep> m_steps;
+    Console& m_console;
+    ApplyReport m_report;
+};
+
+}  // namespace
+
+ApplyReport RunStatements(ado::Connection& connection, std::span<const ScriptStatement> statements,
+                          Console& console) {
+    if (IsEmbedded(connection)) {
+        return ApplyRun(connection, PlanForEmbedded(statements), console).OnEmbedded();
+    }
+    return ApplyRun(connection, PlanStatements(statements), console).OnServer();
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,47 @@
+#include "hosts/cli/apply/embedded_catalog.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+
+namespace korvex::cli {
+
+bool IsEmbedded(ado::Connection& connection) {
+    try {
+        connection.Execute("select sqlite_version()")->Close();
+        return true;
+    } catch (const automation::Error&) {
+        // A server that has no such function.
+        return false;
+    }
+}
+
+std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query) {
+    std::vector<std::string> texts;
+    const auto rows = connection.Execute(query);
+    for (; !rows->Eof(); rows->MoveNext())
+        texts.push_back(automation::ToString(rows->Fields(0)->Value()));
+    rows->Close();
+    return texts;
+}
+
+std::optional<StoredTable> FindTable(ado::Connection& connection, std::string_view name) {
+    const auto rows = connection.Execute(
+        "select name, sql from sqlite_master where type = 'table' and name = " + QuoteText(name) +
+        " collate nocase");
+    if (rows->Eof()) return std::nullopt;
+    StoredTable table{automation::ToString(rows->Fields("name")->Value()),
+                      automation::ToString(rows->Fields("sql")->Value())};
+    rows->Close();
+    return table;
+}
+
+std::string QuoteText(std::string_view text) {
+    std::string quoted = "'";
+    for (const char c : text) {
+        quoted += c;
+        if (c == '\'') quoted += c;
+    }
+    return quoted + "'";
+}
+
+}  // namespace korvex::cli

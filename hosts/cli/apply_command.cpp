@@ -1,0 +1,68 @@
+#include "automation/error.h"
+#include "hosts/cli/apply/apply_run.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/session.h"
+#include "hosts/cli/target_options.h"
+#include "hosts/cli/text_file.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace korvex::cli {
+
+namespace {
+
+struct ApplyOptions {
+    std::string connection;
+    bool create = false;
+    std::string style = "auto";
+    std::vector<std::string> files;
+};
+
+ScriptStyle StyleOf(const std::string& name, std::string_view text) {
+    if (name == "go") return ScriptStyle::Batches;
+    if (name == "sqlplus") return ScriptStyle::SqlPlus;
+    return GuessStyle(text);
+}
+
+std::vector<ScriptStatement> ReadScripts(const ApplyOptions& options) {
+    std::vector<ScriptStatement> statements;
+    for (const std::string& file : options.files) {
+        const std::string text = ReadTextFile(file);
+        for (ScriptStatement& statement : ReadScript(file, text, StyleOf(options.style, text)))
+            statements.push_back(std::move(statement));
+    }
+    return statements;
+}
+
+void RunApply(const ApplyOptions& options, Console& console) {
+    // All files are read before the first statement runs.
+    const std::vector<ScriptStatement> statements = ReadScripts(options);
+    const auto connection = Session(console).platform.targetProvider->CreateConnection();
+    connection->Open(options.create ? WithCreateMode(options.connection) : options.connection);
+    const ApplyReport report = RunStatements(*connection, statements, console);
+    connection->Close();
+    for (const std::string& line : report.Lines())
+        console.Results() << line << '\n';
+}
+
+}  // namespace
+
+void AddApplyCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<ApplyOptions>();
+    CLI::App* command = parent.add_subcommand("apply", "Run script files on a target database");
+    AddConnectionOption(*command, options->connection);
+    command->add_flag("--create", options->create, "Make the database file when it is missing");
+    command
+        ->add_option("--style", options->style,
+                     "How statements end: go, sqlplus, or as each file looks (auto)")
+        ->type_name("STYLE")
+        ->check(CLI::IsMember({"auto", "go", "sqlplus"}));
+    command->add_option("FILE", options->files, "Script files, run in this order")->required();
+    command->callback([options, &console] { RunApply(*options, console); });
+}
+
+}  // namespace korvex::cli

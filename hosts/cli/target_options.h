@@ -1,0 +1,16 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+namespace korvex::cli {
+
+/// --connection, which is required.
+void AddConnectionOption(CLI::App& command, std::string& connection);
+
+/// The connection string with Mode=Create. Raises InvalidProcedureCall (5) for a connection that does not
+/// name the embedded engine, which alone makes databases.
+std::string WithCreateMode(const std::string& connection);
+
+}  // namespace korvex::cli
