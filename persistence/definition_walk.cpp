@@ -10,7 +10,7 @@ using automation::Variant;
 
 const QORObject::Ref& Need(const QORObject::Ref& reference, std::string_view what) {
     if (reference == nullptr)
-        throw Error(automation::ObjectVariableNotSet, "There is no " + std::string(what));
+        throw Error(automation::ObjectVariableNotSet, "There is no " + std::string(what) + ".");
     return reference;
 }
 
@@ -21,10 +21,10 @@ QORObject::Ref DefinitionOf(const QORObject::Ref& coData) {
 QORObject::Ref ToQORObject(const Variant& value, std::string_view what) {
     const auto* reference = value.If<automation::ObjectRef>();
     if (reference == nullptr)
-        throw Error(automation::ObjectRequired, "The " + std::string(what) + " holds no data object");
+        throw Error(automation::ObjectRequired, "The " + std::string(what) + " holds no data object.");
     auto object = std::dynamic_pointer_cast<QORObject>(*reference);
     if (*reference != nullptr && object == nullptr)
-        throw Error(automation::TypeMismatch, "The " + std::string(what) + " is no QORObject");
+        throw Error(automation::TypeMismatch, "The " + std::string(what) + " is no QORObject.");
     return Need(object, what);
 }
 

@@ -1,6 +1,7 @@
 #include "persistence/plain_object.h"
 
 #include "automation/error.h"
+#include "automation/text.h"
 
 namespace korvex::persistence {
 
@@ -9,34 +10,35 @@ using automation::Variant;
 
 void PlainObject::LongAttribute(std::int32_t id, std::int32_t) {
     throw Error(automation::InvalidProcedureCall,
-                "The object has no attribute " + std::to_string(id) + " to set");
+                "The object has no attribute " + std::to_string(id) + " to set.");
 }
 
 void PlainObject::IntegerAttribute(std::int32_t id, std::int16_t) { LongAttribute(id, 0); }
 
 Variant PlainObject::Value(std::int32_t index) {
-    throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index));
+    throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index) + ".");
 }
 
 void PlainObject::Value(std::int32_t index, const Variant&) {
-    throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index));
+    throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index) + ".");
 }
 
 Variant PlainObject::NamedValue(std::string_view name) {
-    throw Error(automation::MemberNotFound, "The object has no value named " + std::string(name));
+    throw Error(automation::MemberNotFound,
+                "The object has no value named " + automation::Quoted(name) + ".");
 }
 
 void PlainObject::DataDef(const Ref&) {
-    throw Error(automation::InvalidProcedureCall, "The object takes no definition");
+    throw Error(automation::InvalidProcedureCall, "The object takes no definition.");
 }
 
 QORObject::Ref PlainObject::AddItem(const Variant&, const Variant&) {
-    throw Error(automation::InvalidProcedureCall, "The object is no collection");
+    throw Error(automation::InvalidProcedureCall, "The object is no collection.");
 }
 
 std::int32_t PlainObject::ValueIndex(std::string_view fieldName) {
     throw Error(automation::SubscriptOutOfRange,
-                "The object has no value stored in column " + std::string(fieldName));
+                "The object has no value stored in column " + automation::Quoted(fieldName) + ".");
 }
 
 }  // namespace korvex::persistence

@@ -82,7 +82,7 @@ std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) 
 }
 
 void Session::Execute(const std::string& sSQL) {
-    if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn)");
+    if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn).");
     m_oConn->Execute(sSQL, ado::adUnspecified);
 }
 

@@ -2,6 +2,9 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/text.h"
+
+#include <charconv>
 
 namespace korvex::persistence {
 
@@ -9,6 +12,16 @@ using automation::Error;
 using automation::Variant;
 
 namespace {
+
+/// Sign, digits, decimal point and exponent, with blanks around them.
+bool IsPlainNumber(std::string_view text) {
+    text = automation::Trim(text);
+    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+    if (text.empty() || (text.front() != '.' && (text.front() < '0' || text.front() > '9'))) return false;
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
 
 std::string Where(std::string_view verb, std::string_view table, std::string_view keyColumn,
                   const Variant& key, KeyClause clause) {
@@ -22,16 +35,14 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
 
 }  // namespace
 
-// Keys stand in the statements without quotes, so nothing but a number may pass.
+// Keys stand in the statements without quotes, so nothing but a plain number may pass: not even what else the
+// conversions read as one ("&H1", "$5", "(1)").
 std::string KeyText(const Variant& key) {
     if (const auto* number = key.If<std::int32_t>()) return std::to_string(*number);
     if (key.IsEmpty() || key.IsNull()) return {};
     std::string text = automation::ToString(key);
-    try {
-        automation::ParseNumber(text);
-    } catch (const Error&) {
-        throw Error(automation::TypeMismatch, "The key \"" + text + "\" is not a number");
-    }
+    if (!IsPlainNumber(text))
+        throw Error(automation::TypeMismatch, "The key " + automation::Quoted(text) + " is not a number.");
     return text;
 }
 
@@ -52,7 +63,7 @@ std::string DeleteWhere(std::string_view table, std::string_view keyColumn, cons
 void RefuseQuote(std::string_view name) {
     if (name.find('\'') != std::string_view::npos)
         throw Error(automation::InvalidProcedureCall,
-                    "The name \"" + std::string(name) + "\" holds a single quote");
+                    "The name " + automation::Quoted(name) + " holds a single quote.");
 }
 
 }  // namespace korvex::persistence

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "persistence/plain_object.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex::objects {
+
+class Definition;
+
+/// A plain value, as the definition repository describes it.
+struct ValueInfo {
+    std::string name;
+    std::string column = {};  ///< "" for a value that is not stored
+    /// The repository's data type code: a variant type number. Values are converted to it when they are set;
+    /// objects (9), variants (12) and codes that are no type of a value take what they are given.
+    std::int32_t dataType = static_cast<std::int32_t>(automation::VarType::String);
+    bool isIncluded = true;
+    bool isAutoNumber = false;
+};
+
+/// The definition of one value. That of a child object answers for the child's definition, so it can stand in
+/// its place.
+class ValueDefinition final : public persistence::PlainObject {
+  public:
+    ValueDefinition(ValueInfo info, std::int32_t index, std::shared_ptr<Definition> child);
+
+    const ValueInfo& Info() const noexcept { return m_info; }
+    std::int32_t Index() const noexcept { return m_index; }
+    /// The child object's definition; nullptr for a plain value.
+    const std::shared_ptr<Definition>& Child() const noexcept { return m_child; }
+
+    std::string StringAttribute(std::int32_t id) override;
+    using PlainObject::LongAttribute;
+    std::int32_t LongAttribute(std::int32_t id) override;
+    bool BooleanAttribute(std::int32_t id) override;
+    Ref ObjectAttribute(std::int32_t id) override;
+    bool HasAttribute(std::int32_t id) override;
+
+  private:
+    friend class Definition;
+
+    ValueInfo m_info;
+    std::int32_t m_index;
+    std::shared_ptr<Definition> m_child;
+};
+
+/// The definition of data objects: table, columns, keys, child objects and elements. Built once, then shared
+/// by the objects; it must not contain itself.
+class Definition final : public persistence::PlainObject {
+  public:
+    /// `table` is "" for objects without a table.
+    Definition(std::string name, std::string table, bool isIncluded = true);
+    ~Definition() override;
+
+    /// Values stand in the order in which they are added; their indexes start at 1. KeyAlreadyUsed (457) for
+    /// a name that is taken.
+    void AddValue(ValueInfo info);
+    void AddChild(const std::string& name, std::shared_ptr<Definition> child);
+    void AddPrimaryKey(const std::string& column);
+    void AddForeignKey(const std::string& column);
+    /// Makes the objects collections of elements with that definition.
+    void ElementDefinition(std::shared_ptr<Definition> element) { m_element = std::move(element); }
+
+    const std::string& Name() const noexcept { return m_name; }
+    const std::vector<std::shared_ptr<ValueDefinition>>& Values() const noexcept { return m_values; }
+    /// nullptr for objects that are no collections.
+    const std::shared_ptr<Definition>& ElementDefinition() const noexcept { return m_element; }
+    /// nullptr when there is none of that name, or in that column. Names are case-sensitive.
+    const ValueDefinition* FindValue(std::string_view name) const;
+    const ValueDefinition* FindColumn(std::string_view column) const;
+    /// The value at an index; SubscriptOutOfRange (9).
+    const ValueDefinition& ValueAt(std::int32_t index) const;
+    /// The value of the own key; nullptr when there is none.
+    const ValueDefinition* KeyValue() const;
+
+    std::string StringAttribute(std::int32_t id) override;
+    bool BooleanAttribute(std::int32_t id) override;
+    Ref ObjectAttribute(std::int32_t id) override;
+    bool HasAttribute(std::int32_t id) override;
+
+  private:
+    class EntryList;
+    void Append(std::shared_ptr<ValueDefinition> value);
+    void TakeParts(std::vector<std::shared_ptr<Definition>>& parts);
+
+    std::string m_name;
+    std::string m_table;
+    bool m_isIncluded;
+    std::vector<std::shared_ptr<ValueDefinition>> m_values;
+    std::map<std::string, const ValueDefinition*, std::less<>> m_byName;
+    std::map<std::string, const ValueDefinition*, std::less<>> m_byColumn;
+    std::vector<std::string> m_primaryKeys;
+    std::shared_ptr<Definition> m_element;
+    /// The collections that the interface hands out.
+    std::shared_ptr<EntryList> m_valueList, m_primaryKeyList, m_foreignKeyList;
+};
+
+}  // namespace korvex::objects

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "hosts/objects/data_object.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Data objects as JSON text.
+///
+/// An object is a JSON object with one member per value, under the value's name: a child object nested in it,
+/// dates as ISO 8601 text, amounts of money as decimal numbers, binary data as {"$base64": "..."}; Null is
+/// null, and an Empty value is left out. The elements of a collection are an array under "$items". State that
+/// is not zero stands under "$state": "SelectState" and "Counter", or "SelectedItem" and "CounterHolder" of a
+/// collection. Values of the type variant keep their value, not its exact type.
+namespace korvex::objects {
+
+/// A new object, modified wherever the text says something.
+///
+/// Errors name the place ("Lines.$items[3].Quantity"): InvalidProcedureCall (5) for text that is no JSON,
+/// with line and column; MemberNotFound (438) for a member that the definition does not know, with the
+/// nearest name that it does; TypeMismatch (13) and Overflow (6) for a value that does not fit its type;
+/// OutOfStackSpace (28) for objects nested more than 5,000 levels deep, an array counting as one.
+std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text);
+
+/// One new object for each item of a JSON array, or one for anything else.
+std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Definition>& definition,
+                                                      std::string_view text);
+
+/// Puts what the text says into an object; values and child objects that it does not mention stay. "$items"
+/// gives all elements: an item with the key of an element is put into that one, any other is a new element,
+/// and elements without an item leave the collection. After an error the object is partly changed.
+void ApplyJson(DataObject& object, std::string_view text);
+
+/// The object as text, with members in the order of its definition and two blanks of indentation per level.
+std::string ToJson(DataObject& object);
+
+}  // namespace korvex::objects

@@ -1,0 +1,189 @@
+#include "hosts/objects/load_definition.h"
+
+#include "automation/error.h"
+#include "automation/text.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvex::objects {
+
+using automation::Error;
+using automation::Quoted;
+using repository::Catalog;
+using repository::ObjectRow;
+using repository::ValueRow;
+
+namespace {
+
+std::string Describe(const ObjectRow& row) {
+    return Quoted(row.Name) + " (ObjectID " + std::to_string(row.ObjectID) + ")";
+}
+
+const ObjectRow& ObjectOf(const Catalog& catalog, std::int32_t objectID) {
+    if (const auto* row = catalog.FindObject(objectID)) return *row;
+    throw Error(automation::InvalidProcedureCall,
+                "The repository refers to the object with ObjectID " + std::to_string(objectID) +
+                    ", which does not exist in it; korvex repository check names all such places.");
+}
+
+std::string ColumnOf(const ValueRow& row) {
+    return std::string(automation::Trim(row.FieldName.value_or(std::string())));
+}
+
+std::int32_t RootOf(const Catalog& catalog, std::string_view storageName) {
+    std::vector<std::int32_t> roots;
+    std::set<std::string> names;
+    for (const auto& row : catalog.DataDefs()) {
+        names.insert(Quoted(row.Storage));
+        if (row.Storage == storageName) roots.push_back(row.RootObjectID);
+    }
+    if (roots.size() == 1) return roots.front();
+    std::string text = roots.empty() ? "No data definition has the storage name "
+                                     : "Several data definitions have the storage name ";
+    text += Quoted(storageName) + ".";
+    if (roots.empty() && !names.empty()) {
+        text += " There are ";
+        for (const auto& name : names)
+            text += (&name == &*names.begin() ? "" : ", ") + name;
+        text += ".";
+    }
+    throw Error(automation::InvalidProcedureCall, text);
+}
+
+/// Raises an error when a way down from the root comes back to an object on it.
+void RefuseCycles(const Catalog& catalog, std::int32_t root) {
+    struct Level {
+        std::int32_t object;
+        std::vector<std::int32_t> beneath;
+        std::size_t next = 0;
+    };
+    std::map<std::int32_t, bool> isOnWay;
+    std::vector<Level> way;
+    const auto enter = [&](std::int32_t object) {
+        const auto [position, isNew] = isOnWay.emplace(object, true);
+        if (isNew) return way.push_back({object, catalog.ChildrenOf(object)});
+        if (position->second)
+            throw Error(automation::OutOfStackSpace,
+                        "The object " + Describe(ObjectOf(catalog, object)) + " is its own ancestor.");
+    };
+    enter(root);
+    while (!way.empty()) {
+        auto& level = way.back();
+        if (level.next < level.beneath.size()) {
+            enter(level.beneath[level.next++]);
+        } else {
+            isOnWay[level.object] = false;
+            way.pop_back();
+        }
+    }
+}
+
+/// Builds one definition per object and parent, and the objects beneath it one after the other.
+class Builder {
+  public:
+    Builder(const Catalog& catalog, std::string_view sFKPrefix)
+        : m_catalog(catalog), m_sFKPrefix(sFKPrefix) {}
+
+    std::shared_ptr<Definition> Build(std::int32_t root) {
+        KeyColumnOf(ObjectOf(m_catalog, root));
+        auto definition = DefinitionOf(root, NoParent);
+        while (!m_open.empty()) {
+            const Place place = m_open.back();
+            m_open.pop_back();
+            Fill(place);
+        }
+        return definition;
+    }
+
+  private:
+    /// An object and the one above it.
+    using Place = std::pair<std::int32_t, std::int32_t>;
+    static constexpr std::int32_t NoParent = 0;
+
+    std::shared_ptr<Definition> DefinitionOf(std::int32_t object, std::int32_t parent) {
+        auto& definition = m_definitions[{object, parent}];
+        if (definition == nullptr) {
+            const auto& row = ObjectOf(m_catalog, object);
+            definition =
+                std::make_shared<Definition>(row.Name, row.TableName.value_or(std::string()), row.IsIncluded);
+            m_open.emplace_back(object, parent);
+        }
+        return definition;
+    }
+
+    void Fill(const Place& place) {
+        const auto [object, parent] = place;
+        Definition& definition = *m_definitions.at(place);
+        const auto& row = ObjectOf(m_catalog, object);
+        const auto otherForeignKeys = ForeignKeysToOthers(object, parent);
+        for (const auto* value : m_catalog.ValuesOf(object)) {
+            if (value->ChildObjectID > 0)
+                definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
+            else
+                definition.AddValue({value->Name, ColumnOf(*value), value->DataType,
+                                     value->IsIncluded && !otherForeignKeys.contains(value->ValueID),
+                                     value->IsAutoNumber});
+        }
+        for (const auto* key : m_catalog.PrimaryKeysOf(object))
+            if (const auto* value = m_catalog.FindValue(key->ValueID))
+                definition.AddPrimaryKey(ColumnOf(*value));
+        if (parent != NoParent) AddForeignKey(definition, row, ObjectOf(m_catalog, parent));
+        if (row.CollectionObjectID > 0)
+            definition.ElementDefinition(DefinitionOf(row.CollectionObjectID, object));
+    }
+
+    /// Values that hold references to objects other than this parent.
+    std::set<std::int32_t> ForeignKeysToOthers(std::int32_t object, std::int32_t parent) const {
+        std::set<std::int32_t> values;
+        for (const auto* key : m_catalog.ForeignKeysOf(object))
+            values.insert(key->ValueID);
+        for (const auto* key : m_catalog.ForeignKeysOf(object))
+            if (key->FKObjectID == parent) values.erase(key->ValueID);
+        return values;
+    }
+
+    /// Records beneath a parent are found through the column that the prefix and the parent's key name.
+    void AddForeignKey(Definition& definition, const ObjectRow& row, const ObjectRow& parent) const {
+        if (!row.IsIncluded || !parent.IsIncluded) return;
+        const std::string column = m_sFKPrefix + KeyColumnOf(parent);
+        for (const auto* key : m_catalog.ForeignKeysOf(row.ObjectID)) {
+            const auto* value = m_catalog.FindValue(key->ValueID);
+            if (key->FKObjectID != parent.ObjectID || value == nullptr || ColumnOf(*value) != column)
+                continue;
+            return definition.AddForeignKey(column);
+        }
+        throw Error(automation::InvalidProcedureCall, "The object " + Describe(row) + " has no foreign key " +
+                                                          Quoted(column) + " to its parent " +
+                                                          Describe(parent) + Advice);
+    }
+
+    std::string KeyColumnOf(const ObjectRow& row) const {
+        const auto keys = m_catalog.PrimaryKeysOf(row.ObjectID);
+        const auto* value = keys.empty() ? nullptr : m_catalog.FindValue(keys.back()->ValueID);
+        if (value != nullptr) return ColumnOf(*value);
+        throw Error(automation::InvalidProcedureCall, "The object " + Describe(row) + " has no key" + Advice);
+    }
+
+    static constexpr auto Advice = "; prepare the definition with this prefix first (korvex relate).";
+
+    const Catalog& m_catalog;
+    std::string m_sFKPrefix;
+    std::map<Place, std::shared_ptr<Definition>> m_definitions;
+    std::vector<Place> m_open;
+};
+
+}  // namespace
+
+std::shared_ptr<Definition> LoadDefinition(const Catalog& catalog, std::string_view storageName,
+                                           std::string_view sFKPrefix) {
+    const std::int32_t root = RootOf(catalog, storageName);
+    RefuseCycles(catalog, root);
+    return Builder(catalog, sFKPrefix).Build(root);
+}
+
+}  // namespace korvex::objects
