@@ -42,14 +42,12 @@ std::optional<std::vector<Variant>> ElementKeys(Session& session, const QORObjec
     return keys;
 }
 
-bool DeleteElements(Session& session, const QORObject::Ref& elementDef, const std::vector<Variant>& keys) {
+void DeleteElements(Session& session, const QORObject::Ref& elementDef, const std::vector<Variant>& keys) {
     const auto working = std::make_shared<DefinitionCarrier>();
     working->DataDef(elementDef);
-    bool complete = true;
     for (const auto& key : keys)
-        if (session.Members().DbDeleteData(working, key, {}) == 0) complete = false;
+        session.Members().DbDeleteData(working, key, {});
     working->DataDef(nullptr);
-    return complete;
 }
 
 void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::string& ownKey,

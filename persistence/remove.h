@@ -25,8 +25,8 @@ std::optional<std::vector<automation::Variant>> ElementKeys(Session& session,
                                                             const QORObject::Ref& elementDef,
                                                             const std::string& ownKey, std::int32_t lPK);
 
-/// Deletes elements by their own keys, each with everything beneath it. False when one was not looked up.
-bool DeleteElements(Session& session, const QORObject::Ref& elementDef,
+/// Deletes elements by their own keys, each with everything beneath it.
+void DeleteElements(Session& session, const QORObject::Ref& elementDef,
                     const std::vector<automation::Variant>& keys);
 
 }  // namespace korvex::persistence

@@ -60,19 +60,20 @@ std::optional<std::int32_t> FindParentKey(Session& session, QORObject& coData, c
 
 }  // namespace
 
-SavedRecord SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent) {
+std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent) {
     const Descent descent(session);
     const auto definition = DefinitionOf(coData);
     const auto place = FindStoredPlace(session, definition);
-    if (!place) return {};
+    if (!place) return 0;
     auto records = session.Members().OpenRecordset(SelectAll(place->table));
-    if (records == nullptr) return {0, false};
+    if (records == nullptr) return 0;
 
     const std::int32_t newKey = InsertRecord(*records, coData, *definition, place->ownKey, parent);
     records.reset();
     TakeKeys(*coData, place->ownKey, newKey, parent);
     coData->Modified(false);
-    return {newKey, SaveBeneath(session, *coData, *definition, newKey, place->ownKey)};
+    SaveBeneath(session, *coData, *definition, newKey, place->ownKey);
+    return newKey;
 }
 
 void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, const ParentLink& parent) {
@@ -81,16 +82,12 @@ void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, co
         coData.Value(coData.ValueIndex(parent.column), parent.value);
 }
 
-bool SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
+void SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
                  const std::string& ownKey) {
     const ParentLink link{session.ForeignKeyColumn(ownKey), key};
-    bool complete = true;
-    const auto save = [&](const QORObject::Ref& object) {
-        if (!SaveRecord(session, object, link).complete) complete = false;
-    };
+    const auto save = [&](const QORObject::Ref& object) { SaveRecord(session, object, link); };
     ForEachChild(coData, definition, save);
     if (IsCollection(definition)) ForEach(&coData, save);
-    return complete;
 }
 
 std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {
@@ -102,7 +99,7 @@ std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {
         if (!parentKey) return 0;
         parent.value = *parentKey;
     }
-    return SaveRecord(session, coData, parent).key;
+    return SaveRecord(session, coData, parent);
 }
 
 }  // namespace korvex::persistence

@@ -6,23 +6,15 @@
 /// Inserting object trees. Records that were written stay written when a later one fails.
 namespace korvex::persistence {
 
-/// What SaveRecord did.
-struct SavedRecord {
-    std::int32_t key = 0;  ///< the new record's; 0 when nothing was saved
-    /// False when a table did not open. Objects without a table or a key column are no part of the database;
-    /// leaving them out is no failure.
-    bool complete = true;
-};
-
-/// Inserts a new record with everything beneath it, and gives the objects their new keys.
-SavedRecord SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent);
+/// Inserts a new record with everything beneath it, and gives the objects their new keys. Answers the key of
+/// the record; 0 when nothing was saved: the object has no key column or no table, or that did not open.
+std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent);
 
 /// Gives an object the key of its record, and its parent's where that is known.
 void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, const ParentLink& parent);
 
 /// Inserts the records of an object's children and elements; `key` and `ownKey` are those of its own record.
-/// False when a table did not open.
-bool SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
+void SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
                  const std::string& ownKey);
 
 /// Inserts a tree, given from any point of a definition's tree. Answers the new key of the topmost record, 0

@@ -76,6 +76,7 @@ std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) 
         records->Open(sSQL, m_oConn, ado::adUnspecified, ado::adUnspecified, ado::adUnspecified);
         return records;
     } catch (const Error&) {
+        ++m_failedOpens;
         Fail(dbCannotOpenRecordset);
         return nullptr;
     }

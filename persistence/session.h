@@ -4,6 +4,7 @@
 #include "persistence/public_members.h"
 #include "platform/platform.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,6 +37,9 @@ class Session {
     bool ConnectDB(const automation::Variant& sConnection, const automation::Variant& sFKPrefix);
     void DisconnectDB();
     std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+    /// Statements that did not open so far. Steps that go on after one, as the inserts and deletes of a tree
+    /// do, leave no other trace of it when later calls reset the last result.
+    std::size_t FailedOpens() const noexcept { return m_failedOpens; }
     /// Runs an action statement; engine errors reach the caller.
     void Execute(const std::string& sSQL);
 
@@ -48,6 +52,7 @@ class Session {
     bool m_bConnected = false;
     std::string m_sFKPrefix;
     dbResults m_lLastResult = dbNoError;
+    std::size_t m_failedOpens = 0;
     std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
 };
 

@@ -56,8 +56,13 @@ std::optional<RootRecord> OpenRoot(Session& session, QORObject& coData, const QO
     return std::nullopt;
 }
 
-/// The end of an update that left nothing out.
-std::int32_t Done(Session& session, const QORObject::Ref& coData, std::int32_t key) {
+/// The end of an update: nothing may have been passed over since `failedOpens`.
+std::int32_t Finish(Session& session, const QORObject::Ref& coData, std::int32_t key,
+                    std::size_t failedOpens) {
+    if (session.FailedOpens() != failedOpens) {
+        session.Fail(dbCannotOpenRecordset);
+        return 0;
+    }
     ClearModified(session, coData);
     session.ResetLastResult();
     return key;
@@ -69,6 +74,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
                           const std::string& sKeyFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
+    const std::size_t failedOpens = session.FailedOpens();
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
     if (!root) return 0;
@@ -80,7 +86,8 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
     const ParentLink link = LinkOfRoot(session, *coData, definition);
     const auto stored =
         UpdateRecord(coData, std::move(root->records), root->place.ownKey, link, Columns::Modified);
-    return UpdateBeneath(session, coData, stored) ? Done(session, coData, stored.key) : 0;
+    UpdateBeneath(session, coData, stored);
+    return Finish(session, coData, root->key, failedOpens);
 }
 
 // The record is written before anything beneath it is deleted: when the database refuses the values, all is
@@ -88,6 +95,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
 std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coData, const Variant& lKey) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
+    const std::size_t failedOpens = session.FailedOpens();
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, {});
     if (!root) return 0;
@@ -95,11 +103,8 @@ std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coDa
     const std::string& ownKey = root->place.ownKey;
     UpdateRecord(coData, std::move(root->records), ownKey, link, Columns::All);
     DeleteBeneath(session, coData, ownKey, root->key);
-    if (!SaveBeneath(session, *coData, *definition, root->key, ownKey)) {
-        session.Fail(dbCannotOpenRecordset);
-        return 0;
-    }
-    return Done(session, coData, root->key);
+    if (session.FailedOpens() == failedOpens) SaveBeneath(session, *coData, *definition, root->key, ownKey);
+    return Finish(session, coData, root->key, failedOpens);
 }
 
 }  // namespace korvex::persistence

@@ -44,16 +44,11 @@ void WriteDifferences(QORObject& coData, ado::Recordset& records, const std::str
     if (changed) records.Update();
 }
 
-/// Inserts an object that is not stored yet.
-bool SaveNew(Session& session, const QORObject::Ref& object, const ParentLink& link) {
-    return SaveRecord(session, object, link).complete || session.Fail(dbCannotOpenRecordset);
-}
-
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
-bool UpdateStored(Session& session, const QORObject::Ref& object, RecordsetRef records,
+void UpdateStored(Session& session, const QORObject::Ref& object, RecordsetRef records,
                   const std::string& ownKey, const ParentLink& link) {
     const auto stored = UpdateRecord(object, std::move(records), ownKey, link, Columns::Modified);
-    return UpdateBeneath(session, object, stored);
+    UpdateBeneath(session, object, stored);
 }
 
 /// The stored record of a child: the one with the child's own key if it belongs to this parent, else the
@@ -70,27 +65,27 @@ RecordsetRef OpenChild(Session& session, const RecordPlace& place, std::int32_t 
 }
 
 /// A child without a record is saved, unless nothing was ever put into it.
-bool UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link, bool parentIsItsOwn) {
+void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link, bool parentIsItsOwn) {
     const auto place = FindStoredPlace(session, DefinitionOf(child));
-    if (!place) return true;
+    if (!place) return;
     const std::int32_t key = OwnKey(*child, place->ownKey);
     if (parentIsItsOwn && key > 0 && !child->Modified())
         return UpdateBeneath(session, child, {place->ownKey, key, true});
     auto records = OpenChild(session, *place, key, link);
-    if (records == nullptr) return false;
+    if (records == nullptr) return;
     if (!records->Eof()) return UpdateStored(session, child, std::move(records), place->ownKey, link);
     records->Close();
-    return (key < 1 && !TreeModified(session, child)) || SaveNew(session, child, link);
+    if (key > 0 || TreeModified(session, child)) SaveRecord(session, child, link);
 }
 
-bool UpdateElement(Session& session, const QORObject::Ref& element, const RecordPlace& place,
+void UpdateElement(Session& session, const QORObject::Ref& element, const RecordPlace& place,
                    std::int32_t key, const ParentLink& link) {
     if (!element->Modified()) return UpdateBeneath(session, element, {place.ownKey, key, true});
     auto records = OpenRecords(session, SelectRecord(place, key));
-    if (records == nullptr) return false;
+    if (records == nullptr) return;
     if (!records->Eof()) return UpdateStored(session, element, std::move(records), place.ownKey, link);
     records->Close();
-    return SaveNew(session, element, link);
+    SaveRecord(session, element, link);
 }
 
 /// Takes out of `stored` the keys that elements of the collection carry, and gives them element by element; 0
@@ -114,26 +109,26 @@ std::vector<std::int32_t> MatchElements(QORObject& coData, const std::string& ke
 }
 
 /// Elements that left the collection are deleted first, so that what they held in unique columns is free.
-bool UpdateElements(Session& session, const QORObject::Ref& coData, const UpdatedObject& owner,
+void UpdateElements(Session& session, const QORObject::Ref& coData, const UpdatedObject& owner,
                     const ParentLink& link) {
     const auto elementDef =
         Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
     const auto place = FindStoredPlace(session, elementDef);
-    if (!place) return true;
+    if (!place) return;
     auto stored = ElementKeys(session, elementDef, owner.ownKey, owner.key);
-    if (!stored) return false;
+    if (!stored) return;
     const auto matched = MatchElements(*coData, place->ownKey, *stored);
-    if (!DeleteElements(session, elementDef, *stored)) return false;
+    DeleteElements(session, elementDef, *stored);
 
-    bool complete = true;
     auto key = matched.begin();
     ForEach(coData.get(), [&](const QORObject::Ref& element) {
-        if (!complete || key == matched.end()) return;
-        complete =
-            *key > 0 ? UpdateElement(session, element, *place, *key, link) : SaveNew(session, element, link);
+        if (key == matched.end()) return;
+        if (*key > 0)
+            UpdateElement(session, element, *place, *key, link);
+        else
+            SaveRecord(session, element, link);
         ++key;
     });
-    return complete;
 }
 
 }  // namespace
@@ -166,15 +161,13 @@ UpdatedObject UpdateRecord(const QORObject::Ref& coData, RecordsetRef records, c
     return {ownKey, key, carried == key};
 }
 
-bool UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored) {
+void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored) {
     const Descent descent(session);
     const auto definition = DefinitionOf(coData);
     const ParentLink link{session.ForeignKeyColumn(stored.ownKey), stored.key};
-    bool complete = true;
-    ForEachChild(*coData, *definition, [&](const QORObject::Ref& child) {
-        complete = complete && UpdateChild(session, child, link, stored.isItsOwn);
-    });
-    return complete && (!IsCollection(*definition) || UpdateElements(session, coData, stored, link));
+    ForEachChild(*coData, *definition,
+                 [&](const QORObject::Ref& child) { UpdateChild(session, child, link, stored.isItsOwn); });
+    if (IsCollection(*definition)) UpdateElements(session, coData, stored, link);
 }
 
 }  // namespace korvex::persistence

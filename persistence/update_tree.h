@@ -34,7 +34,7 @@ UpdatedObject UpdateRecord(const QORObject::Ref& coData, RecordsetRef records, c
                            const ParentLink& parent, Columns columns);
 
 /// Updates the stored children and elements, saves new ones and deletes stored elements that left their
-/// collection. False, and a code, when a table did not open.
-bool UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored);
+/// collection. Passes over what does not open.
+void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored);
 
 }  // namespace korvex::persistence
