@@ -92,11 +92,8 @@ class Builder {
     std::shared_ptr<Definition> Build(std::int32_t root) {
         KeyColumnOf(ObjectOf(m_catalog, root));
         auto definition = DefinitionOf(root, NoParent);
-        while (!m_open.empty()) {
-            const Place place = m_open.back();
-            m_open.pop_back();
-            Fill(place);
-        }
+        for (std::size_t i = 0; i < m_places.size(); ++i)
+            Fill(Place(m_places[i]));
         return definition;
     }
 
@@ -111,7 +108,7 @@ class Builder {
             const auto& row = ObjectOf(m_catalog, object);
             definition =
                 std::make_shared<Definition>(row.Name, row.TableName.value_or(std::string()), row.IsIncluded);
-            m_open.emplace_back(object, parent);
+            m_places.emplace_back(object, parent);
         }
         return definition;
     }
@@ -174,7 +171,7 @@ class Builder {
     const Catalog& m_catalog;
     std::string m_sFKPrefix;
     std::map<Place, std::shared_ptr<Definition>> m_definitions;
-    std::vector<Place> m_open;
+    std::vector<Place> m_places;  ///< in the order in which they were met
 };
 
 }  // namespace

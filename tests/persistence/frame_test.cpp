@@ -30,7 +30,7 @@ TEST_F(Frame, ConnectingLeavesTheResultOfTheDisconnectBefore) {
     EXPECT_FALSE(fresh->ConnectDB(Variant::Null()));
     EXPECT_EQ(fresh->LastResult(), dbConnectError);
     EXPECT_EQ(database.TakeLog(), "open first\nclose\nopen second\nclose\nopen a bad one");
-    EXPECT_THAT(desktop->messages, testing::ElementsAre("no such database", testing::_));
+    EXPECT_THAT(*messages, testing::ElementsAre("message 0 <> <no such database>", testing::_));
 }
 
 TEST_F(Frame, AConnectionFromOutsideIsUsedOnlyWhileConnected) {

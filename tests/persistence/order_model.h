@@ -2,7 +2,7 @@
 
 #include "hosts/objects/data_object.h"
 #include "persistence/fake_ado.h"
-#include "support/message_log.h"
+#include "support/recording_parts.h"
 #include "surface/cls_crud.h"
 
 #include <gmock/gmock.h>
@@ -150,8 +150,9 @@ struct OrderWorld {
     }
 
     FakeDatabase database;
-    std::shared_ptr<MessageLog> desktop = std::make_shared<MessageLog>();
-    Platform platform{nullptr, std::make_shared<FakeProvider>(database), desktop, nullptr};
+    Journal messages = std::make_shared<std::vector<std::string>>();
+    Platform platform{nullptr, std::make_shared<FakeProvider>(database),
+                      std::make_shared<RecordingDesktop>(messages), nullptr};
     std::shared_ptr<clsCRUD> crud = std::make_shared<clsCRUD>(platform);
 };
 
