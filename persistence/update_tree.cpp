@@ -64,7 +64,7 @@ RecordsetRef OpenChild(Session& session, const RecordPlace& place, std::int32_t 
     return OpenRecords(session, SelectWhere(place.table, link.column, link.value));
 }
 
-/// A child without a record is saved, unless nothing was ever put into it.
+/// A child without a record is saved, as it would have been with its parent.
 void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link, bool parentIsItsOwn) {
     const auto place = FindStoredPlace(session, DefinitionOf(child));
     if (!place) return;
@@ -75,7 +75,7 @@ void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink
     if (records == nullptr) return;
     if (!records->Eof()) return UpdateStored(session, child, std::move(records), place->ownKey, link);
     records->Close();
-    if (key > 0 || TreeModified(session, child)) SaveRecord(session, child, link);
+    SaveRecord(session, child, link);
 }
 
 void UpdateElement(Session& session, const QORObject::Ref& element, const RecordPlace& place,
