@@ -1,5 +1,7 @@
 #include "support/statement_recorder.h"
 
+#include "support/sqlite_handle.h"
+
 #include <sqlite3.h>
 
 #include <cstdlib>
@@ -65,17 +67,6 @@ std::vector<Recording::Value> BoundValues(std::string_view text, std::string_vie
     return values;
 }
 
-struct Closing {
-    void operator()(sqlite3* connection) const noexcept { sqlite3_close(connection); }
-    void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
-};
-using Connection = std::unique_ptr<sqlite3, Closing>;
-using Prepared = std::unique_ptr<sqlite3_stmt, Closing>;
-
-void Require(bool done, sqlite3* connection) {
-    if (!done) throw std::runtime_error(std::string("floor: ") + sqlite3_errmsg(connection));
-}
-
 void Bind(sqlite3_stmt* statement, int index, const Recording::Value& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) {
         sqlite3_bind_int64(statement, index, *number);
@@ -126,24 +117,13 @@ void StatementRecorder::Record(const char* text, const char* expanded) {
 }
 
 std::size_t Replay(const Recording& recording, const std::string& file) {
-    sqlite3* opened = nullptr;
-    const int result = sqlite3_open(file.c_str(), &opened);
-    const Connection connection(opened);
-    Require(result == SQLITE_OK, opened);
-
-    std::vector<Prepared> statements(recording.texts.size());
+    const SqliteConnection connection = OpenSqlite(file);
+    std::vector<SqliteStatement> statements(recording.texts.size());
     std::size_t rows = 0;
     static volatile std::size_t sink = 0;
     for (const Recording::Execution& execution : recording.executions) {
-        Prepared& prepared = statements[execution.text];
-        if (!prepared) {
-            sqlite3_stmt* statement = nullptr;
-            const std::string& text = recording.texts[execution.text];
-            Require(sqlite3_prepare_v3(opened, text.c_str(), static_cast<int>(text.size()) + 1,
-                                       SQLITE_PREPARE_PERSISTENT, &statement, nullptr) == SQLITE_OK,
-                    opened);
-            prepared.reset(statement);
-        }
+        SqliteStatement& prepared = statements[execution.text];
+        if (!prepared) prepared = PrepareSqlite(connection.get(), recording.texts[execution.text]);
         sqlite3_stmt* statement = prepared.get();
         for (std::size_t i = 0; i < execution.values.size(); ++i) {
             Bind(statement, static_cast<int>(i) + 1, execution.values[i]);
@@ -152,7 +132,7 @@ std::size_t Replay(const Recording& recording, const std::string& file) {
         for (; step == SQLITE_ROW; step = sqlite3_step(statement), ++rows) {
             sink = sink + ReadColumns(statement);
         }
-        Require(step == SQLITE_DONE, opened);
+        RequireSqlite(step == SQLITE_DONE, connection.get());
         sqlite3_reset(statement);
     }
     return rows;

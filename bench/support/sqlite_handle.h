@@ -1,0 +1,38 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace korvex::bench {
+
+struct SqliteClosing {
+    void operator()(sqlite3* connection) const noexcept { sqlite3_close(connection); }
+    void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+};
+using SqliteConnection = std::unique_ptr<sqlite3, SqliteClosing>;
+using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteClosing>;
+
+inline void RequireSqlite(bool done, sqlite3* connection) {
+    if (!done) throw std::runtime_error(std::string("floor: ") + sqlite3_errmsg(connection));
+}
+
+inline SqliteConnection OpenSqlite(const std::string& file) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open(file.c_str(), &opened);
+    SqliteConnection connection(opened);
+    RequireSqlite(result == SQLITE_OK, opened);
+    return connection;
+}
+
+inline SqliteStatement PrepareSqlite(sqlite3* connection, const std::string& text) {
+    sqlite3_stmt* statement = nullptr;
+    RequireSqlite(sqlite3_prepare_v3(connection, text.c_str(), static_cast<int>(text.size()) + 1,
+                                     SQLITE_PREPARE_PERSISTENT, &statement, nullptr) == SQLITE_OK,
+                  connection);
+    return SqliteStatement(statement);
+}
+
+}  // namespace korvex::bench
