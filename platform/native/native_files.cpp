@@ -2,7 +2,6 @@
 
 #include "automation/error.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -37,16 +36,13 @@ std::int32_t ErrorNumberOf(int error) noexcept {
     }
 }
 
-[[noreturn]] void RaiseFileError(const std::string& path, int error) {
-    throw automation::Error(ErrorNumberOf(error), "The file cannot be written: " + path + " (" +
-                                                      std::generic_category().message(error) + ")");
-}
+[[noreturn]] void RaiseSystemError() { throw std::system_error(errno, std::generic_category()); }
 
-/// An open file descriptor and the path that errors name.
+/// An open file descriptor; failures are std::system_errors.
 class Descriptor {
   public:
-    Descriptor(int handle, const std::string& path) : m_handle(handle), m_path(path) {
-        if (m_handle < 0) RaiseFileError(m_path, errno);
+    explicit Descriptor(int handle) : m_handle(handle) {
+        if (m_handle < 0) RaiseSystemError();
     }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -60,24 +56,23 @@ class Descriptor {
             if (written >= 0) {
                 text.remove_prefix(static_cast<std::size_t>(written));
             } else if (errno != EINTR) {
-                RaiseFileError(m_path, errno);
+                RaiseSystemError();
             }
         }
     }
     void SetMode(mode_t mode) {
-        if (::fchmod(m_handle, mode) != 0) RaiseFileError(m_path, errno);
+        if (::fchmod(m_handle, mode) != 0) RaiseSystemError();
     }
     void Sync() {
-        // Devices and pipes have nothing to sync.
-        if (::fsync(m_handle) != 0 && errno != EINVAL && errno != ENOTSUP) RaiseFileError(m_path, errno);
+        // Some file systems have nothing to sync.
+        if (::fsync(m_handle) != 0 && errno != EINVAL && errno != ENOTSUP) RaiseSystemError();
     }
     void Close() {
-        if (::close(std::exchange(m_handle, -1)) != 0) RaiseFileError(m_path, errno);
+        if (::close(std::exchange(m_handle, -1)) != 0) RaiseSystemError();
     }
 
   private:
     int m_handle;
-    const std::string& m_path;
 };
 
 /// With the slash at its end; empty for a bare name.
@@ -86,8 +81,7 @@ std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind
 /// The text under a temporary name beside its target; removed unless it was put in place.
 class TemporaryFile {
   public:
-    explicit TemporaryFile(const std::string& target)
-        : m_target(target), m_name(NewName(target)), m_file(Create(m_name), m_target) {}
+    explicit TemporaryFile(const std::string& target) : m_target(target), m_file(Create()) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
@@ -99,20 +93,21 @@ class TemporaryFile {
     void Place() {
         m_file.Sync();
         m_file.Close();
-        if (std::rename(m_name.c_str(), m_target.c_str()) != 0) RaiseFileError(m_target, errno);
+        if (std::rename(m_name.c_str(), m_target.c_str()) != 0) RaiseSystemError();
         m_placed = true;
     }
 
   private:
-    static std::string NewName(const std::string& target) {
-        static std::atomic<unsigned> counter = 0;
-        return FolderOf(target) + ".korvex-" + std::to_string(::getpid()) + "-" + std::to_string(++counter) +
-               ".tmp";
-    }
-    static int Create(const std::string& name) {
-        // One that a killed process of the same number left behind is in nobody's way.
-        std::remove(name.c_str());
-        return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, DefaultMode);
+    /// Creates a file under the first name that is free.
+    int Create() {
+        const std::string start = FolderOf(m_target) + ".korvex-" + std::to_string(::getpid()) + "-";
+        int handle = -1;
+        for (int n = 0; handle < 0; ++n) {
+            m_name = start + std::to_string(n) + ".tmp";
+            handle = ::open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, DefaultMode);
+            if (handle < 0 && errno != EEXIST) RaiseSystemError();
+        }
+        return handle;
     }
 
     const std::string& m_target;
@@ -136,22 +131,18 @@ std::string RealTarget(const std::string& path) {
     return resolved ? resolved.get() : path;
 }
 
-}  // namespace
-
-void NativeFiles::WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) {
-    const std::string target = RealTarget(std::string(path));
+void ReplaceFile(const std::string& target, std::string_view text, std::string_view lineEnd) {
     struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) RaiseFileError(target, EISDIR);
     if (exists && !S_ISREG(status.st_mode)) {
-        // A device or pipe is written, not replaced.
-        Descriptor file(::open(target.c_str(), O_WRONLY | O_CLOEXEC), target);
+        // A device or pipe is written, not replaced; a folder refuses.
+        Descriptor file(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
         file.Write(text);
         file.Write(lineEnd);
         file.Close();
         return;
     }
-    if (exists && ::access(target.c_str(), W_OK) != 0) RaiseFileError(target, errno);
+    if (exists && ::access(target.c_str(), W_OK) != 0) RaiseSystemError();
     TemporaryFile temporary(target);
     if (exists) temporary.File().SetMode(status.st_mode & ~static_cast<mode_t>(S_IFMT));
     temporary.File().Write(text);
@@ -160,12 +151,26 @@ void NativeFiles::WriteText(std::string_view path, std::string_view text, std::s
     SyncFolder(target);
 }
 
+}  // namespace
+
+void NativeFiles::WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) {
+    try {
+        ReplaceFile(RealTarget(std::string(path)), text, lineEnd);
+    } catch (const std::system_error& error) {
+        throw automation::Error(
+            ErrorNumberOf(error.code().value()),
+            "The file cannot be written: " + std::string(path) + " (" + error.code().message() + ")");
+    }
+}
+
 std::string NativeFiles::LibraryFolder() {
     Dl_info info{};
     // Any function of this library tells where the library is.
     if (::dladdr(reinterpret_cast<const void*>(&SyncFolder), &info) == 0 || info.dli_fname == nullptr)
         return ".";
-    const std::string file = RealTarget(info.dli_fname);
+    // Linked into a program, this is the name the program was called by, which may lack its folder.
+    const std::string name = info.dli_fname;
+    const std::string file = RealTarget(name.find('/') == std::string::npos ? "/proc/self/exe" : name);
     const std::size_t slash = file.rfind('/');
     return slash == std::string::npos ? "." : file.substr(0, slash);
 }
