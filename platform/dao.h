@@ -40,6 +40,7 @@ enum ErrorNumber : std::int32_t {
     UnrecognizedFormat = 3343,  ///< the file is no database of this engine
     ObjectInvalid = 3420,       ///< the object was closed
     ConstraintViolated = 3201,
+    InvalidOperation = 3219,       ///< an action statement where a query is asked for
     OperationNotSupported = 3251,  ///< a write through a snapshot, or to rows of several tables
     ValueOutOfColumn = 3421,  ///< a value that does not convert to the column
 };

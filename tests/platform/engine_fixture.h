@@ -8,6 +8,7 @@
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>

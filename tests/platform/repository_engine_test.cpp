@@ -1,4 +1,5 @@
 #include "engine_fixture.h"
+#include "support/print_variant.h"
 
 namespace korvex::tests {
 namespace {
@@ -65,6 +66,140 @@ TEST_P(RepositoryEngine, EditingInALoopOverTheSameTableTouchesEachRowOnce) {
     dynaset->Close();
     EXPECT_EQ(Rows("select * from tInterfaces order by InterfaceID", {"InterfaceID", "Name"}),
               (Texts{"101|Alpha!", "102|Beta!", "103|Gamma!"}));
+}
+
+TEST_P(RepositoryEngine, ValuesComeBackAsTheirColumnsAreDeclared) {
+    Run("create table tTypes (ID integer primary key, B bit, S smallint, I int, G bigint, D double "
+        "precision, M money, "
+        "T datetime, V varchar(300), X text, P image)");
+    const std::string unicode = "Gr\xC3\xBC\xC3\x9F' \"\xE2\x82\xAC\" \xF0\x9F\x98\x80";
+    std::string longText;
+    for (int i = 0; i < 20000; ++i)
+        longText += unicode;
+    automation::Bytes bytes(100000);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::uint8_t>(i * 7);
+    const struct {
+        const char* column;
+        Variant set;
+        Variant read;
+    } cases[] = {
+        {"B", true, true},
+        {"B", 0, false},
+        {"B", Variant::Null(), Variant::Null()},
+        {"S", "-32768", std::int16_t{-32768}},
+        {"I", true, -1},
+        {"I", std::int64_t{2147483647}, 2147483647},
+        {"G", std::int64_t{-9223372036854775807}, std::int64_t{-9223372036854775807}},
+        {"G", 2147483647, 2147483647},
+        {"D", 0.1, 0.1},
+        {"D", 3, 3.0},
+        {"M", "12.3456", automation::Currency{123456}},
+        {"T", automation::ParseIsoDate("2026-11-21T08:30:00"),
+         automation::ParseIsoDate("2026-11-21T08:30:00")},
+        {"T", "1899-12-29 06:00", automation::Date{-1.25}},
+        {"V", 12, "12"},
+        {"V", unicode, unicode},
+        {"V", "", ""},
+        {"X", longText, longText},
+        {"X", Variant(), Variant::Null()},
+        {"P", bytes, bytes},
+        {"P", automation::Bytes{}, automation::Bytes{}},
+    };
+    auto dynaset = Dynaset("select * from tTypes");
+    int key = 0;
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.column) + " " + std::to_string(++key));
+        dynaset->AddNew();
+        dynaset->Fields(each.column).Value(each.set);
+        dynaset->Update();
+        const auto stored = Snapshot("select * from tTypes where ID = " + std::to_string(key));
+        EXPECT_EQ(stored->Fields(each.column).Value(), each.read);
+        dynaset->MoveLast();
+        EXPECT_EQ(dynaset->Fields(each.column).Value(), each.read);
+        dynaset->Edit();
+        dynaset->Fields(each.column).Value(Variant::Null());
+        dynaset->Update();
+        dynaset->Edit();
+        dynaset->Fields(each.column).Value(each.set);
+        dynaset->Update();
+        EXPECT_EQ(
+            Snapshot("select * from tTypes where ID = " + std::to_string(key))->Fields(each.column).Value(),
+            each.read);
+    }
+}
+
+TEST_P(RepositoryEngine, ARecordsetStandsWhereDaoHasIt) {
+    auto rows = Snapshot("select * from tInterfaces order by InterfaceID");
+    EXPECT_EQ(rows->Fields("INTERFACEID").Value(), Variant(1));
+    EXPECT_EQ(rows->Fields("interfaceid").Name(), "InterfaceID");
+    rows->MoveNext();
+    EXPECT_EQ(rows->Fields("Name").Value(), Variant("Beta"));
+    rows->MoveLast();
+    EXPECT_EQ(rows->Fields("Name").Value(), Variant("Gamma"));
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), dao::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { rows->Fields("Name").Value(); }), dao::NoCurrentRecord);
+
+    auto none = Dynaset("select * from tInterfaces where InterfaceID = 99");
+    EXPECT_TRUE(none->Eof());
+    EXPECT_EQ(ErrorOf([&] { none->MoveLast(); }), dao::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { none->Edit(); }), dao::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { none->Update(); }), dao::UpdateWithoutEdit);
+    EXPECT_EQ(ErrorOf([&] { none->Fields("Name").Value("x"); }), dao::UpdateWithoutEdit);
+}
+
+TEST_P(RepositoryEngine, SnapshotsStayWhatTheyWereAndAreNotWritten) {
+    auto snapshot = Snapshot("select * from tInterfaces");
+    EXPECT_FALSE(snapshot->Eof());
+    Run("update tInterfaces set Name = 'changed'");
+    Run("delete from tInterfaces where InterfaceID = 3");
+    EXPECT_EQ(Rows(*snapshot, {"Name"}), (Texts{"Alpha", "Beta", "Gamma"}));
+    EXPECT_EQ(ErrorOf([&] { snapshot->AddNew(); }), dao::OperationNotSupported);
+    EXPECT_EQ(ErrorOf([&] { snapshot->Edit(); }), dao::OperationNotSupported);
+    auto join = Dynaset("select a.Name, b.name as Other from tInterfaces a, sqlite_master b");
+    EXPECT_EQ(ErrorOf([&] { join->AddNew(); }), dao::OperationNotSupported);
+}
+
+TEST_P(RepositoryEngine, NestedRecordsetsReadAndWriteTheSameTables) {
+    Run("create table tLinks (A int, B int, primary key (A, B))");
+    auto outer = Dynaset("select * from tInterfaces");
+    for (; !outer->Eof(); outer->MoveNext()) {
+        auto inner = Snapshot("select * from tInterfaces");
+        for (; !inner->Eof(); inner->MoveNext()) {
+            auto links = Dynaset("select * from tLinks");
+            links->AddNew();
+            links->Fields("A").Value(outer->Fields("InterfaceID").Value());
+            links->Fields("B").Value(inner->Fields("InterfaceID").Value());
+            links->Update();
+        }
+        outer->Edit();
+        outer->Fields("Flag").Value(true);
+        outer->Update();
+        EXPECT_EQ(outer->Fields("Flag").Value(), Variant(true));
+    }
+    EXPECT_EQ(Rows("select * from tLinks where A = 2 order by B", {"A", "B"}), (Texts{"2|1", "2|2", "2|3"}));
+    EXPECT_EQ(Rows("select * from tInterfaces", {"Flag"}), (Texts{"True", "True", "True"}));
+}
+
+TEST_P(RepositoryEngine, ATransactionIsOfferedOnlyWhereItHolds) {
+    if (!m_database->BeginTrans()) GTEST_SKIP() << "this engine commits each statement";
+    auto dynaset = Dynaset("select * from tInterfaces");
+    dynaset->AddNew();
+    dynaset->Fields("Name").Value("lost");
+    dynaset->Update();
+    EXPECT_NE(ErrorOf([&] { Run("insert into tInterfaces (InterfaceID) values (1)"); }), 0);
+    Run("create table tLost (A int)");
+    Run("delete from tInterfaces where InterfaceID = 1");
+    m_database->Rollback();
+    EXPECT_EQ(Rows("select * from tInterfaces", {"Name"}), (Texts{"Alpha", "Beta", "Gamma"}));
+    EXPECT_EQ(ErrorOf([&] { Snapshot("select * from tLost"); }), dao::TableNotFound);
+    ASSERT_TRUE(m_database->BeginTrans());
+    Run("delete from tInterfaces where InterfaceID = 1");
+    m_database->CommitTrans();
+    m_database = Open();
+    EXPECT_EQ(Rows("select * from tInterfaces", {"Name"}), (Texts{"Beta", "Gamma"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryEngine, testing::Values(Driver::Sqlite, Driver::OdbcSqlite),

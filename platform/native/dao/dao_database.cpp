@@ -6,6 +6,23 @@
 
 namespace korvex::native::dao_engine {
 
+namespace {
+
+/// An action is run by Execute; opened as a recordset it would take effect unseen.
+void RequireQuery(std::string_view text) {
+    switch (sql::KindOfStatement(text)) {
+        case sql::StatementKind::Select:
+        case sql::StatementKind::Other:
+            return;
+        default:
+            throw automation::Error(
+                dao::InvalidOperation,
+                "Invalid operation: an action statement opens no recordset (" + std::string(text) + ")");
+    }
+}
+
+}  // namespace
+
 sql::Session& NativeDatabase::Open(std::string_view context) const {
     if (!m_session) RaiseDaoError({sql::ErrorKind::Closed, 0, "The database is closed"}, context);
     return *m_session;
@@ -17,11 +34,13 @@ std::unique_ptr<dao::Recordset> NativeDatabase::OpenRecordset(std::string_view s
         throw automation::Error(automation::InvalidProcedureCall,
                                 "A recordset is opened as a dynaset or a snapshot");
     }
-    return Guarded(
-        sql, [&] { return std::make_unique<NativeRecordset>(Open(sql), sql, type == dao::dbOpenDynaset); });
+    RequireQuery(sql);
+    const bool updatable = type == dao::dbOpenDynaset && !m_readOnly;
+    return Guarded(sql, [&] { return std::make_unique<NativeRecordset>(Open(sql), sql, updatable); });
 }
 
 void NativeDatabase::Execute(std::string_view sql) {
+    if (m_readOnly) RaiseDaoError({sql::ErrorKind::ReadOnly, 0, "It was opened to read only"}, sql);
     Guarded(sql, [&] { Open(sql).Execute(sql); });
 }
 
@@ -45,10 +64,11 @@ void NativeDatabase::Rollback() {
     Guarded({}, [&] { Open({}).Rollback(); });
 }
 
-std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool,
+std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool readOnly,
                                                                std::string_view connect) {
     return Guarded({}, [&] {
-        return std::make_unique<NativeDatabase>(std::make_unique<sql::OdbcSession>(connect, m_seam));
+        auto session = std::make_unique<sql::OdbcSession>(connect, m_seam);
+        return std::make_unique<NativeDatabase>(std::move(session), readOnly);
     });
 }
 

@@ -12,7 +12,8 @@ namespace korvex::native::dao_engine {
 
 class NativeDatabase final : public dao::Database {
   public:
-    explicit NativeDatabase(std::unique_ptr<sql::Session> session) : m_session(std::move(session)) {}
+    explicit NativeDatabase(std::unique_ptr<sql::Session> session, bool readOnly = false)
+        : m_session(std::move(session)), m_readOnly(readOnly) {}
 
     std::unique_ptr<dao::Recordset> OpenRecordset(std::string_view sql, std::int32_t type,
                                                   std::int32_t options, std::int32_t lockEdit) override;
@@ -26,6 +27,7 @@ class NativeDatabase final : public dao::Database {
     sql::Session& Open(std::string_view context) const;
 
     std::unique_ptr<sql::Session> m_session;
+    bool m_readOnly;
 };
 
 class NativeWorkspace final : public dao::Workspace {

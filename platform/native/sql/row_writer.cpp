@@ -57,7 +57,9 @@ RowIdentity RowWriter::Identify(const Row& row) const {
     }
     identity.unique = false;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        if (!m_plan->Column(i).baseColumn.empty() && !IsLong(m_plan->Column(i).type)) add(i);
+        const ColumnInfo& column = m_plan->Column(i);
+        const bool comparable = m_session.Traits().comparesLongValues || !IsLong(column.type);
+        if (!column.baseColumn.empty() && comparable) add(i);
     }
     if (identity.columns.empty()) {
         throw EngineError(

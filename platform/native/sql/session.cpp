@@ -119,6 +119,8 @@ void Session::Commit() {
 void Session::Rollback() {
     BeforeWrite();
     Check(CallKind::Rollback, "rollback");
+    // Tables made since Begin are gone again.
+    DefinitionsChanged();
     DoRollback();
 }
 

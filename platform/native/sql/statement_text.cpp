@@ -391,6 +391,17 @@ bool HoldsStatement(std::string_view text) noexcept {
     return false;
 }
 
+StatementKind KindOfStatement(std::string_view text) noexcept {
+    std::size_t at = 0;
+    while (at < text.size() && ClassOf(text[at]) != CharClass::Letter) {
+        at = std::max(at + 1, BehindComment(text, at));
+    }
+    std::size_t end = at;
+    while (end < text.size() && IsWordPart(text[end]))
+        ++end;
+    return KindOf(text.substr(std::min(at, text.size()), end - at));
+}
+
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result) {
     result.text.reserve(composed.size() + 8);
     Scanner scanner(composed, rules, true, result);

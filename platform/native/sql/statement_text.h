@@ -33,6 +33,9 @@ struct StatementText {
 /// own.
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result);
 
+/// What kind of statement a text is, by its first word.
+StatementKind KindOfStatement(std::string_view text) noexcept;
+
 /// Whether `text` holds anything but blanks, comments and semicolons.
 bool HoldsStatement(std::string_view text) noexcept;
 

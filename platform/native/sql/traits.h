@@ -32,8 +32,8 @@ struct EngineTraits {
     std::string emptyInsert = "DEFAULT VALUES";
     /// A transaction goes on after a statement in it has failed.
     bool transactionOutlivesFailure = false;
-    /// Integer literals may be lifted out into parameters.
-    bool liftsLiterals = true;
+    /// Long texts and bytes may stand in a comparison.
+    bool comparesLongValues = false;
     LexicalRules lexical;
 };
 

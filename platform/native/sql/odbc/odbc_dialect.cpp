@@ -81,6 +81,7 @@ OdbcDialect Sqlite() {
     dialect.dynamicTypes = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineSqlite;
+    dialect.traits.comparesLongValues = true;
     return dialect;
 }
 
@@ -92,6 +93,7 @@ OdbcDialect MariaDb() {
     dialect.traits.lexical.backslashEscapes = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
+    dialect.traits.comparesLongValues = true;
     return dialect;
 }
 
@@ -100,6 +102,7 @@ OdbcDialect PostgreSql() {
     dialect.traits.newKey = NewKeySource::Returning;
     dialect.traits.lexical.bracketNames = false;
     dialect.traits.lexical.dollarQuotes = true;
+    dialect.traits.comparesLongValues = true;
     return dialect;
 }
 

@@ -18,6 +18,7 @@ EngineTraits SqliteTraits() {
     traits.newKey = NewKeySource::LastRowId;
     traits.rowIdName = "rowid";
     traits.transactionOutlivesFailure = true;
+    traits.comparesLongValues = true;
     return traits;
 }
 
@@ -36,12 +37,28 @@ class NewFile {
     std::string m_path;
 };
 
+/// The failure to open a file, naming it.
+[[noreturn]] void RaiseForFile(const std::string& path, const EngineError& error) {
+    const std::string message = error.what();
+    const bool named = message.find(path) != std::string::npos;
+    const ErrorKind kind = error.Kind() == ErrorKind::Locked ? ErrorKind::CannotOpen : error.Kind();
+    throw EngineError(kind, error.NativeCode(), named ? message : message + ": " + path);
+}
+
 }  // namespace
 
 SqliteSession::SqliteSession(std::string_view path, const SqliteOptions& options) : Session(options.seam) {
     m_traits = SqliteTraits();
     const std::string file(path);
     Check(CallKind::Connect, file);
+    try {
+        OpenFile(file, options);
+    } catch (const EngineError& error) {
+        RaiseForFile(file, error);
+    }
+}
+
+void SqliteSession::OpenFile(const std::string& file, const SqliteOptions& options) {
     if (options.mode == SqliteMode::Memory) {
         Open(":memory:", options.mode);
         Configure(options, false);

@@ -49,6 +49,7 @@ class SqliteSession final : public Session {
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name) override;
 
+    void OpenFile(const std::string& file, const SqliteOptions& options);
     void Open(const std::string& path, SqliteMode mode);
     void Configure(const SqliteOptions& options, bool created);
     void Run(const char* text);
