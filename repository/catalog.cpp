@@ -4,7 +4,7 @@
 #include "automation/error.h"
 #include "repository/repository.h"
 
-#include <algorithm>
+#include <memory>
 
 namespace korvex::repository {
 

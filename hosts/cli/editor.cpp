@@ -11,8 +11,6 @@
 #include <system_error>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace korvex::cli {
 
 namespace {
@@ -42,6 +40,7 @@ std::vector<std::string> NamedEditor() {
 /// Starts a program without a shell, so that no character of a path is special.
 pid_t Start(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

@@ -17,9 +17,8 @@ void CheckDefinition(const Catalog& catalog, const repository::DataDefRow& dataD
     }
     for (const PlannedTable& table : definition.tables) {
         if (table.visits > 1) {
-            findings.Warning(ObjectText(catalog, table.object->ObjectID) + " is reached along " +
-                             std::to_string(table.visits) + " ways; the scripts hold table " + table.name +
-                             " as often");
+            findings.Warning(ObjectText(*table.object) + " is reached along " + std::to_string(table.visits) +
+                             " ways; the scripts hold table " + table.name + " as often");
         }
         CheckColumns(table, findings);
     }
@@ -40,8 +39,11 @@ std::size_t Findings::Count(Severity severity) const {
 
 std::string ObjectText(const Catalog& catalog, std::int32_t objectID) {
     const repository::ObjectRow* object = catalog.FindObject(objectID);
-    const std::string id = "ObjectID " + std::to_string(objectID);
-    return object == nullptr ? id : "object " + object->Name + " (" + id + ")";
+    return object == nullptr ? "ObjectID " + std::to_string(objectID) : ObjectText(*object);
+}
+
+std::string ObjectText(const repository::ObjectRow& object) {
+    return "object " + object.Name + " (ObjectID " + std::to_string(object.ObjectID) + ")";
 }
 
 Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {

@@ -33,5 +33,6 @@ void CheckScriptNames(const PlannedDefinition& definition, Findings& findings);
 
 /// "object Customer (ObjectID 7)", for findings; also for an identifier without a row.
 std::string ObjectText(const repository::Catalog& catalog, std::int32_t objectID);
+std::string ObjectText(const repository::ObjectRow& object);
 
 }  // namespace korvex::cli

@@ -18,9 +18,7 @@ using repository::ValueRow;
 /// Longest variable-length text column with Oracle.
 constexpr double OracleMaxCharLen = 4000;
 
-std::string Place(const PlannedTable& table) {
-    return "object " + table.object->Name + " (ObjectID " + std::to_string(table.object->ObjectID) + ")";
-}
+std::string Place(const PlannedTable& table) { return ObjectText(*table.object); }
 
 std::optional<double> Number(const std::string& text) {
     try {

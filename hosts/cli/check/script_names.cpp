@@ -76,19 +76,19 @@ void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
     UniqueNames procedures(place + "procedure", findings);
     UniqueNames constraints(place + "constraint", findings);
     for (const PlannedTable& table : definition.tables) {
-        const std::string owner =
-            "object " + table.object->Name + " (ObjectID " + std::to_string(table.object->ObjectID) + ")";
+        const std::string owner = ObjectText(*table.object);
         // What has the same table has all the rest in common as well.
         if (tables.Add(table.name, owner)) {
             AddProcedures(table, procedures);
             AddConstraint(table, owner, constraints, findings);
         }
+        const std::string ofTable = "table " + table.name;
         if (automation::Length(table.name) > LongestTableName) {
-            findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
+            findings.Warning(owner + ": the names of sequence, trigger, index or key of " + ofTable +
                              " get longer than 30 characters, which older Oracle servers refuse");
         }
         if (const std::string dialects = ReservedBy(table.name); !dialects.empty()) {
-            findings.Warning(owner + ": table " + table.name + " is a reserved word (" + dialects + ")");
+            findings.Warning(owner + ": " + ofTable + " is a reserved word (" + dialects + ")");
         }
     }
 }

@@ -49,7 +49,7 @@ std::int32_t ReadDataType(const JsonNode& node) {
 
 std::string ReadMaxLength(const JsonNode& node) {
     if (node.IsNumber()) return std::to_string(node.Whole(0, LongMax));
-    const std::string text = node.Text();
+    std::string text = node.Text();
     try {
         static_cast<void>(automation::ParseNumber(text));
     } catch (const automation::Error&) {
