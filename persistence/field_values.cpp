@@ -25,10 +25,8 @@ bool TryWrite(ado::Field& field, const Variant& value) {
     }
 }
 
-/// A column that takes neither, a binary one, stays as the database fills it.
-void WriteBlank(ado::Field& field) {
-    if (!TryWrite(field, "")) TryWrite(field, std::int16_t{0});
-}
+/// False for a column that takes neither, a binary one.
+bool WriteBlank(ado::Field& field) { return TryWrite(field, "") || TryWrite(field, std::int16_t{0}); }
 
 /// `value` as a text column of limited length takes it; the rest is cut off.
 std::string CutText(const Variant& value, std::int32_t definedSize) {
@@ -40,7 +38,7 @@ std::string CutText(const Variant& value, std::int32_t definedSize) {
 
 void WriteValue(ado::Field& field, const Variant& value) {
     if (IsBlank(value))
-        WriteBlank(field);
+        WriteBlank(field);  // what takes no blank stays as the database fills it
     else if ((field.Attributes() & ado::adFldLong) != 0)
         field.AppendChunk(value);
     else if (field.Type() == ado::adVarChar)
@@ -91,7 +89,10 @@ bool UpdateFieldValue(QORObject& valueDef, QORObject& coData, ado::Recordset& re
     if (column == parent.column) return UpdateLink(*field, parent.value);
     const Variant value = ValueOf(coData, valueDef);
     if (SameInField(*field, value)) return false;
-    WriteValue(*field, value);
+    if (!IsBlank(value))
+        WriteValue(*field, value);
+    else if (!WriteBlank(*field))
+        field->Value(Variant::Null());  // nothing else empties what is stored there
     return true;
 }
 

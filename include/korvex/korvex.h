@@ -7,6 +7,8 @@
 #include "automation/dispatch.h"
 #include "automation/error.h"
 #include "automation/variant.h"
+#include "hosts/objects/json.h"
+#include "hosts/objects/load_definition.h"
 #include "persistence/db_results.h"
 #include "persistence/qor_object.h"
 #include "platform/platform.h"

@@ -178,7 +178,14 @@ TEST_P(RoundTrip, UpdatesWriteDifferencesOnly) {
     EXPECT_EQ(m_crud->DbUpdateData(order), 1);
     EXPECT_EQ(m_crud->LastResult(), dbObjectNotModified);
 
+    order->Set("Photo", {});
+    order->Set("LongText", {});
+    EXPECT_EQ(m_crud->DbUpdateData(order), 1);
+    EXPECT_EQ(Load(1)->Get("Photo"), Variant::Null());
+    EXPECT_EQ(Load(1)->Get("LongText"), Variant(""));
+
     order->Set("Integer", 6);
+    ApplyJson(*order, R"({"Photo": null, "LongText": ""})");
     EXPECT_EQ(m_crud->DbUpdateDataRetainRoot(order, 1), 1);
     EXPECT_EQ(Counts(), "1 1 3 1 2 1 ");
     EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
