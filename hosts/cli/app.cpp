@@ -37,6 +37,17 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);
     AddApplyCommand(app, console);
+    AddSaveCommand(app, console);
+    AddLoadCommand(app, console);
+    AddUpdateCommand(app, console);
+    AddDeleteCommand(app, console);
+    AddExistsCommand(app, console);
+
+    CLI::App* field = app.add_subcommand("field", "Read or write one column of one record");
+    AddFieldGetCommand(*field, console);
+    AddFieldSetCommand(*field, console);
+    RequireSubcommand(*field);
+
     RequireSubcommand(app);
 }
 
@@ -56,7 +67,9 @@ int Fail(Console& console, std::int32_t number, std::string_view description) {
 }  // namespace
 
 int RunCommandLine(int argc, const char* const* argv, Console& console) {
-    CLI::App app("Turns definition repositories into SQL scripts and runs them.", "korvex");
+    CLI::App app(
+        "Turns definition repositories into SQL scripts, and keeps objects in the databases that these make.",
+        "korvex");
     AddCommands(app, console);
     AddVersion(app);
     try {

@@ -15,5 +15,12 @@ void AddRepositoryImportCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
 void AddApplyCommand(CLI::App& parent, Console& console);
+void AddSaveCommand(CLI::App& parent, Console& console);
+void AddLoadCommand(CLI::App& parent, Console& console);
+void AddUpdateCommand(CLI::App& parent, Console& console);
+void AddDeleteCommand(CLI::App& parent, Console& console);
+void AddExistsCommand(CLI::App& parent, Console& console);
+void AddFieldGetCommand(CLI::App& parent, Console& console);
+void AddFieldSetCommand(CLI::App& parent, Console& console);
 
 }  // namespace korvex::cli

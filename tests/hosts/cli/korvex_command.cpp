@@ -25,7 +25,8 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 }  // namespace
 
 CommandResult RunKorvex(const std::vector<std::string>& arguments,
-                        const std::vector<std::string>& environment, const std::string& outputFile) {
+                        const std::vector<std::string>& environment, const std::string& outputFile,
+                        const std::string& inputFile) {
     const TempFolder folder;
     std::vector<std::string> words = {KORVEX_COMMAND};
     words.insert(words.end(), arguments.begin(), arguments.end());
@@ -37,7 +38,7 @@ CommandResult RunKorvex(const std::vector<std::string>& arguments,
     posix_spawn_file_actions_init(&actions);
     const int flags = O_WRONLY | O_CREAT | O_TRUNC;
     const std::string output = outputFile.empty() ? folder.Path("output") : outputFile;
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, inputFile.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), flags, 0600);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, folder.Path("messages").c_str(), flags, 0600);
     pid_t child = 0;

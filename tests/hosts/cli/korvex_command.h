@@ -16,9 +16,11 @@ struct CommandResult {
 };
 
 /// Runs the command and waits for it. `environment` holds further "NAME=value" entries; `outputFile` receives
-/// the standard output when it is named, which is then not part of the result.
+/// the standard output when it is named, which is then not part of the result; `inputFile` is the standard
+/// input.
 CommandResult RunKorvex(const std::vector<std::string>& arguments,
-                        const std::vector<std::string>& environment = {}, const std::string& outputFile = {});
+                        const std::vector<std::string>& environment = {}, const std::string& outputFile = {},
+                        const std::string& inputFile = "/dev/null");
 
 /// A repository in a folder of its own, which is the place for everything that a test writes.
 class RepositoryFile {

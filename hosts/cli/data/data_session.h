@@ -1,0 +1,71 @@
+#pragma once
+
+#include "hosts/cli/console.h"
+#include "hosts/cli/data/watched_provider.h"
+#include "hosts/objects/data_object.h"
+#include "surface/cls_crud.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// What the commands that read and write objects have in common.
+namespace korvex::cli {
+
+struct DataOptions {
+    std::string repository;
+    std::string storage;
+    std::string connection;
+    std::string fkPrefix = "FK_";
+};
+
+/// --repository, --storage, --connection and --fk-prefix.
+void AddDataOptions(CLI::App& command, DataOptions& options);
+/// --key, which is required.
+void AddKeyOption(CLI::App& command, std::string& key);
+
+/// A whole number of 32 bits. Raises TypeMismatch (13) or Overflow (6), naming it.
+std::int32_t ReadKey(const std::string& text);
+
+/// A connected clsCRUD. Failures are said on the console and end the command with RuntimeError.
+class DataSession {
+  public:
+    DataSession(const std::string& connection, const std::string& fkPrefix, Console& console);
+
+    clsCRUD& Crud() const noexcept { return *m_crud; }
+    const FailureLog& Failures() const noexcept { return *m_failures; }
+
+    /// Ends the command with the code that clsCRUD left.
+    [[noreturn]] void FailWithLastResult() const { Fail(m_crud->LastResult()); }
+    /// Ends the command: "NAME: what is wrong (the engine's reason). What to do."
+    [[noreturn]] void Fail(dbResults code, std::string_view reason = {}) const;
+    /// Ends the command when a table did not open, wherever in the tree that was.
+    void ExpectAllOpened() const;
+
+  private:
+    Console& m_console;
+    std::shared_ptr<FailureLog> m_failures;
+    std::shared_ptr<clsCRUD> m_crud;
+};
+
+/// The definition of a storage name. Raises InvalidProcedureCall (5), listing the names there are, for one
+/// that no definition has.
+std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console);
+
+/// A transaction of the session's connection, taken back unless it is committed.
+class Transaction {
+  public:
+    explicit Transaction(clsCRUD& crud) : m_connection(crud.DbConn()) { m_connection->BeginTrans(); }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction();
+    void Commit();
+
+  private:
+    std::shared_ptr<ado::Connection> m_connection;
+};
+
+}  // namespace korvex::cli

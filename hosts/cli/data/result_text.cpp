@@ -1,0 +1,42 @@
+#include "hosts/cli/data/result_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvex::cli {
+
+namespace {
+
+constexpr std::array Texts = {
+    ResultText{dbNoError, "dbNoError", "Nothing was done, for no reason that the database gives.",
+               "Bring the keys of the definition up to date (korvex relate)."},
+    ResultText{dbConnectError, "dbConnectError", "The database cannot be opened.", "Check --connection."},
+    ResultText{dbNotConnected, "dbNotConnected", "There is no connection to the database.",
+               "Check --connection."},
+    ResultText{dbPrimaryKeyFieldNameMissing, "dbPrimaryKeyFieldNameMissing",
+               "An object of the definition has no primary key.",
+               "Bring the keys of the definition up to date (korvex relate)."},
+    ResultText{dbPrimaryKeyMissing, "dbPrimaryKeyMissing", "A record has no key above 0.",
+               "Give --key, or correct the key in the database."},
+    ResultText{dbTableNameMissing, "dbTableNameMissing", "An object of the definition has no table.",
+               "Bring the definition up to date (korvex relate)."},
+    ResultText{dbBadParameter, "dbBadParameter", "A name is empty.",
+               "Give --table, --key-field and --field."},
+    ResultText{dbNoMatchingRecord, "dbNoMatchingRecord", "No record has that key.", "Check --key."},
+    ResultText{dbCannotOpenRecordset, "dbCannotOpenRecordset", "A table cannot be opened.",
+               "Make the tables of the definition (korvex script, korvex apply)."},
+    ResultText{dbParentNotInDatabase, "dbParentNotInDatabase",
+               "The object's foreign key does not name the key of its parent.", "Check --fk-prefix."},
+    ResultText{dbObjectNotModified, "dbObjectNotModified", "Nothing differs from what is stored.", ""},
+    ResultText{dbTableNotIncluded, "dbTableNotIncluded", "An object of the definition is not stored.",
+               "Bring the definition up to date (korvex relate)."},
+};
+
+}  // namespace
+
+const ResultText& TextOf(dbResults code) noexcept {
+    const auto* found = std::ranges::find(Texts, code, &ResultText::code);
+    return found == Texts.end() ? Texts.front() : *found;
+}
+
+}  // namespace korvex::cli

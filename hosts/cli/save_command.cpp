@@ -1,0 +1,55 @@
+#include "hosts/cli/commands.h"
+#include "hosts/cli/data/data_session.h"
+#include "hosts/cli/data/json_input.h"
+#include "hosts/objects/json.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace korvex::cli {
+
+namespace {
+
+struct SaveOptions {
+    DataOptions data;
+    std::string file = "-";
+};
+
+using DataObjects = std::vector<std::shared_ptr<objects::DataObject>>;
+
+/// Saves the objects in one transaction; their keys.
+std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects& objects, Console& console) {
+    std::vector<std::int32_t> keys;
+    Transaction transaction(session.Crud());
+    for (const auto& object : objects) {
+        console.Progress("saving " + std::to_string(keys.size() + 1) + "/" + std::to_string(objects.size()));
+        const std::int32_t key = session.Crud().DbSaveData(object);
+        session.ExpectAllOpened();
+        if (key < 1) session.FailWithLastResult();
+        keys.push_back(key);
+    }
+    transaction.Commit();
+    return keys;
+}
+
+void RunSave(const SaveOptions& options, Console& console) {
+    const auto definition = OpenDefinition(options.data, console);
+    const DataObjects objects = WithJsonFile(
+        options.file, [&](const std::string& text) { return objects::ListFromJson(definition, text); });
+    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    for (const std::int32_t key : SaveAll(session, objects, console))
+        console.Results() << key << '\n';
+}
+
+}  // namespace
+
+void AddSaveCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<SaveOptions>();
+    CLI::App* command = parent.add_subcommand("save", "Save new objects; prints their keys");
+    AddDataOptions(*command, options->data);
+    AddJsonFile(*command, options->file);
+    command->callback([options, &console] { RunSave(*options, console); });
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,410 @@
+#include "hosts/cli/korvex_command.h"
+#include "hosts/cli/target_database.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvex::tests {
+namespace {
+
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+using Arguments = std::vector<std::string>;
+
+constexpr const char* OrderFile = KORVEX_EXAMPLES "/order.json";
+
+json ReadJson(const std::string& path) {
+    std::ifstream file(path);
+    return json::parse(file);
+}
+
+/// `options` with those of `more`, which replace options of the same name.
+Arguments Merge(Arguments options, const Arguments& more) {
+    for (std::size_t i = 0; i < more.size(); ++i) {
+        const auto same = std::ranges::find(options, more[i]);
+        if (!more[i].starts_with("--") || same == options.end()) {
+            options.push_back(more[i]);
+        } else {
+            *(same + 1) = more[++i];
+        }
+    }
+    return options;
+}
+
+/// The example's definition, ready for use, and an empty database from its scripts.
+class StoredData : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        s_repository = std::make_unique<RepositoryFile>(ReadJsonText(KORVEX_EXAMPLES "/orders.json"));
+        ASSERT_EQ(RunKorvex({"relate", "--repository", s_repository->Path()}).exitCode, 0);
+        const TargetDatabase target;
+        ASSERT_EQ(RunKorvex({"apply", "--connection", target.Connection(), "--create",
+                             KORVEX_EXAMPLES "/scripts/MSCreate.sql", KORVEX_EXAMPLES "/scripts/MSFKCr.sql"})
+                      .exitCode,
+                  0);
+        std::filesystem::copy(target.Path(), EmptyDatabase());
+    }
+    static void TearDownTestSuite() { s_repository.reset(); }
+
+    StoredData() { std::filesystem::copy(EmptyDatabase(), m_target.Path()); }
+
+    static std::string ReadJsonText(const std::string& path) {
+        std::ifstream file(path);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static std::string EmptyDatabase() { return s_repository->Folder().Path("empty.db"); }
+
+    /// Runs a command on the definition and the database.
+    CommandResult Run(const std::string& command, const Arguments& arguments,
+                      const std::string& input = {}) const {
+        const Arguments all = Merge({command, "--repository", s_repository->Path(), "--storage", "Orders",
+                                     "--connection", m_target.Connection()},
+                                    arguments);
+        return RunKorvex(all, {}, {},
+                         input.empty() ? "/dev/null" : m_target.Folder().Write("input.json", input));
+    }
+    CommandResult RunField(const std::string& command, const Arguments& arguments) const {
+        return RunKorvex(Merge({"field", command, "--connection", m_target.Connection(), "--table", "tOrder",
+                                "--key-field", "OrderID"},
+                               arguments));
+    }
+    /// Runs one that must succeed without a word on standard error.
+    std::string Expect(const CommandResult& result) const {
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.messages, "");
+        return result.output;
+    }
+    json Load(int key = 1) const { return json::parse(Expect(Run("load", {"--key", std::to_string(key)}))); }
+
+    /// The number of records of every table that has any.
+    std::vector<std::string> Counts() const {
+        std::string query;
+        for (const std::string& table : m_target.Query("select name from sqlite_master where type = 'table'"))
+            query +=
+                (query.empty() ? "" : " union all ") + ("select '" + table + "' t, count(*) n from " + table);
+        return m_target.Query("select t, n from (" + query +
+                              ") where n > 0 and t not like 'sqlite_%' order by t");
+    }
+
+    TargetDatabase m_target;
+
+  private:
+    static inline std::unique_ptr<RepositoryFile> s_repository;
+};
+
+/// Every member and item that is given must be there, and equal; members may be there besides.
+void ExpectHolds(const json& actual, const json& given, const std::string& path = "$") {
+    if (given.is_object() && actual.is_object()) {
+        for (const auto& [name, value] : given.items()) {
+            ASSERT_TRUE(actual.contains(name)) << path << "." << name;
+            ExpectHolds(actual[name], value, path + "." + name);
+        }
+    } else if (given.is_array() && actual.is_array()) {
+        ASSERT_EQ(actual.size(), given.size()) << path;
+        for (std::size_t i = 0; i < given.size(); ++i)
+            ExpectHolds(actual[i], given[i], path + "[" + std::to_string(i) + "]");
+    } else {
+        EXPECT_EQ(actual, given) << path;
+    }
+}
+
+const std::vector<std::string> CountsOfTheExample = {
+    "tAddress2 2",       "tContact 2",         "tContacts 1",  "tCustomer 1",
+    "tLineAllocation 3", "tLineAllocations 3", "tOrder 1",     "tOrderLine 3",
+    "tOrderLines 1",     "tParcel 2",          "tPayment 1",   "tPayments 1",
+    "tProduct 3",        "tShipment 1",        "tShipments 1", "trnationalDeliveryInstructions 1"};
+
+TEST_F(StoredData, IsSavedLoadedUpdatedAndDeleted) {
+    const json given = ReadJson(OrderFile);
+    EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "false\n");
+    EXPECT_EQ(Expect(Run("save", {OrderFile})), "1\n");
+    EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "true\n");
+    EXPECT_EQ(Counts(), CountsOfTheExample);
+    const json saved = Load();
+    ExpectHolds(saved, given);
+
+    const CommandResult unchanged = Run("update", {"--key", "1"}, saved.dump());
+    EXPECT_EQ(unchanged.exitCode, 0);
+    EXPECT_EQ(unchanged.messages, "korvex: dbObjectNotModified: Nothing differs from what is stored.\n");
+    EXPECT_EQ(Load(), saved);
+
+    Expect(Run("update", {"--key", "1", "-"},
+               R"({"State": 4, "Customer": {"Rating": 1}, "Notes": null,
+                   "Payments": {"$items": [{"PaymentID": 1, "Amount": 1936.55}, {"PaymentMethod": 2}]},
+                   "Shipments": {"$items": []}})"));
+    const json updated = Load();
+    EXPECT_EQ(json::diff(saved, updated), json::parse(R"([
+        {"op": "replace", "path": "/Customer/Rating", "value": 1},
+        {"op": "replace", "path": "/Notes", "value": ""},
+        {"op": "replace", "path": "/Payments/$items/0/Amount", "value": 1936.55},
+        {"op": "add", "path": "/Payments/$items/-", "value":
+            {"Amount": 0, "PaidOn": "1899-12-30", "PaymentMethod": 2, "BankReference": "", "CreatedOn": "1899-12-30",
+             "ChangedOn": "1899-12-30", "ChangedBy": "", "PaymentID": 2, "FK_PaymentsID": 1}},
+        {"op": "remove", "path": "/Shipments/$items/0"},
+        {"op": "replace", "path": "/State", "value": 4}])"));
+
+    Expect(Run("update", {"--key", "1", "--retain-root", OrderFile}));
+    const json replaced = Load();
+    ExpectHolds(replaced, given);
+    EXPECT_EQ(replaced["OrderID"], 1);
+    EXPECT_EQ(replaced["Customer"]["CustomerID"], 2);
+    EXPECT_EQ(Counts(), CountsOfTheExample);
+
+    EXPECT_EQ(Expect(Run("delete", {"--key", "1"})), "");
+    EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "false\n");
+    EXPECT_THAT(Counts(), testing::IsEmpty());
+}
+
+TEST_F(StoredData, AnArrayIsSavedAsAWholeOrNotAtAll) {
+    const std::string order = R"({"OrderNumber": "A", "Payments": {"$items": [{}, {}]}})";
+    EXPECT_EQ(Expect(Run("save", {}, "[" + order + ", {}, " + order + "]")), "1\n2\n3\n");
+    EXPECT_EQ(Expect(Run("save", {"-"}, "[]")), "");
+    const std::vector<std::string> counts = Counts();
+    EXPECT_THAT(counts, testing::Contains("tPayment 4"));
+
+    ASSERT_EQ(m_target.Execute("create unique index OneB on tOrder(OrderNumber) where OrderNumber = 'B'"), 0);
+    const CommandResult refused = Run("save", {}, R"([{"OrderNumber": "B"}, {"OrderNumber": "B"}])");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.output, "") << "no key of a record that was taken back";
+    EXPECT_THAT(refused.messages, HasSubstr("UNIQUE constraint failed"));
+    EXPECT_EQ(Counts(), counts);
+}
+
+TEST_F(StoredData, FieldsAreReadAndWritten) {
+    Expect(Run("save", {OrderFile}));
+    const struct {
+        const char* field;
+        const char* before;
+        const char* set;
+        const char* after;
+    } cases[] = {
+        {"OrderNumber", "2026-004711", "it's Ö", "it's Ö"},
+        {"State", "3", " 9", "9"},
+        {"Total", "1936.55", "0.1", "0.1"},
+        {"IsPaid", "false", "True", "true"},
+        {"OrderedOn", "2026-03-02T09:14:30", "2026-12-24 18:00", "2026-12-24T18:00:00"},
+        {"InternalRemarks", nullptr, "short", "short"},
+        {"ExternalReference", "UE8gMTAwNDIvQg==", nullptr, ""},
+        {"RequiredBy", "2026-03-20", nullptr, ""},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.field);
+        const Arguments where = {"--key", "1", "--field", test.field};
+        const auto with = [&where](Arguments more) {
+            more.insert(more.begin(), where.begin(), where.end());
+            return more;
+        };
+        const std::string before = Expect(RunField("get", where));
+        if (test.before != nullptr) {
+            EXPECT_EQ(before, std::string(test.before) + "\n");
+        }
+        Expect(RunField("set", test.set != nullptr ? with({"--value", test.set}) : with({"--null"})));
+        EXPECT_EQ(Expect(RunField("get", where)), std::string(test.after) + "\n");
+    }
+}
+
+struct BadCase {
+    const char* name;
+    std::string command;
+    Arguments arguments;
+    std::string input;
+    int exitCode;
+    std::string message;  ///< a part of it
+};
+
+void PrintTo(const BadCase& test, std::ostream* stream) { *stream << test.name; }
+
+/// The example is stored under the key 1; the table tParcel and the column tPayment.Amount are missing.
+class BadInput : public StoredData, public testing::WithParamInterface<BadCase> {
+  protected:
+    void ExpectFailure(const CommandResult& result, const BadCase& test) const {
+        EXPECT_EQ(result.exitCode, test.exitCode);
+        EXPECT_EQ(result.output, "");
+        EXPECT_THAT(result.messages, HasSubstr(test.message));
+        if (test.exitCode == 1) {
+            EXPECT_THAT(result.messages, MatchesRegex("korvex: [^\n]*\n"));
+        }
+    }
+};
+
+TEST_P(BadInput, OneClearErrorAndNothingChanged) {
+    Expect(Run("save", {OrderFile}));
+    const BadCase& test = GetParam();
+    if (test.message.find("tParcel") != std::string::npos) {
+        ASSERT_EQ(m_target.Execute("drop table tParcel"), 0);
+    }
+    if (test.message.find("Amount") != std::string::npos) {
+        ASSERT_EQ(m_target.Execute("alter table tPayment drop column Amount"), 0);
+    }
+    const std::vector<std::string> counts = Counts();
+    const bool isField = test.command == "get" || test.command == "set";
+    ExpectFailure(
+        isField ? RunField(test.command, test.arguments) : Run(test.command, test.arguments, test.input),
+        test);
+    EXPECT_EQ(Counts(), counts);
+    EXPECT_THAT(m_target.Query("select State, Rating, FK_OrderID from tOrder, tCustomer"),
+                ElementsAre("3 2 1"));
+}
+
+const BadCase Json[] = {
+    {"Malformed",
+     "save",
+     {},
+     "{\"State\": 1,\n  \"Notes\": oops}",
+     1,
+     "error 5: standard input: line 2, column 12: "},
+    {"TextForANumber",
+     "save",
+     {},
+     R"({"Lines": {"$items": [{}, {"Quantity": "x"}]}})",
+     1,
+     "error 13: standard input: Lines.$items[1].Quantity: "},
+    {"OutOfRange",
+     "save",
+     {},
+     R"([{"State": 1}, {"State": 40000}])",
+     1,
+     "error 6: standard input: [1].State: 40000 is out of range"},
+    {"UnknownMember",
+     "update",
+     {"--key", "1"},
+     R"({"Customer": {"Ratting": 5}})",
+     1,
+     "the nearest name that it knows is \"Rating\""},
+    {"NotAnObject", "update", {"--key", "1"}, "[]", 1, "error 13: standard input: "},
+    {"Nothing", "save", {}, "", 1, "error 5: standard input: line 1, column 1: "},
+    {"NoFile", "save", {"/nowhere/x.json"}, "", 1, "error 53: /nowhere/x.json: No such file"},
+};
+const BadCase Keys[] = {
+    {"NotANumber", "load", {"--key", "one"}, "", 1, "error 13: The key \"one\" is not a whole number."},
+    {"MoreThanANumber", "delete", {"--key", "1 or 1=1"}, "", 1, "error 13: "},
+    {"Fraction", "get", {"--key", "1.5", "--field", "State"}, "", 1, "error 13: "},
+    {"TooLarge", "exists", {"--key", "4294967297"}, "", 1, "error 6: "},
+    {"Missing", "load", {}, "", 2, "--key is required"},
+    {"LoadNoRecord",
+     "load",
+     {"--key", "2"},
+     "",
+     1,
+     "dbNoMatchingRecord: No record has that key. Check --key."},
+    {"UpdateNoRecord", "update", {"--key", "2"}, "{}", 1, "dbNoMatchingRecord: "},
+    {"ReplaceNoRecord", "update", {"--key", "2", "--retain-root"}, "{}", 1, "dbNoMatchingRecord: "},
+    {"DeleteNoRecord", "delete", {"--key", "2"}, "", 1, "dbNoMatchingRecord: "},
+    {"FieldNoRecord",
+     "set",
+     {"--key", "2", "--field", "State", "--value", "1"},
+     "",
+     1,
+     "dbNoMatchingRecord: "},
+};
+const BadCase Fields[] = {
+    {"NoSuchColumn", "get", {"--key", "1", "--field", "Stat"}, "", 1, "error -2146825023: "},
+    {"EmptyName", "get", {"--key", "1", "--field", ""}, "", 1, "dbBadParameter: "},
+    {"WrongType", "set", {"--key", "1", "--field", "State", "--value", "many"}, "", 1, "tOrder.State"},
+    {"TooLong",
+     "set",
+     {"--key", "1", "--field", "OrderNumber", "--value", "123456789012345678901"},
+     "",
+     1,
+     "tOrder.OrderNumber"},
+    {"RefusedByTheDatabase",
+     "set",
+     {"--table", "tCustomer", "--key-field", "CustomerID", "--key", "1", "--field", "FK_OrderID", "--value",
+      "7"},
+     "",
+     1,
+     "FOREIGN KEY constraint failed"},
+    {"ValueAndNull", "set", {"--key", "1", "--field", "State", "--value", "1", "--null"}, "", 2, "--null"},
+    {"NoValue", "set", {"--key", "1", "--field", "State"}, "", 2, "--value"},
+};
+const BadCase Databases[] = {
+    {"LoadWithoutATable",
+     "load",
+     {"--key", "1"},
+     "",
+     1,
+     "dbCannotOpenRecordset: A table cannot be opened. no such table: tParcel"},
+    {"SaveWithoutATable",
+     "save",
+     {OrderFile},
+     "",
+     1,
+     "dbCannotOpenRecordset: A table cannot be opened. no such table: tParcel"},
+    {"UpdateWithoutATable", "update", {"--key", "1"}, R"({"State": 1})", 1, "no such table: tParcel"},
+    {"DeleteWithoutATable", "delete", {"--key", "1"}, "", 1, "no such table: tParcel"},
+    {"LoadWithoutAColumn", "load", {"--key", "1"}, "", 1, "Amount"},
+    {"SaveWithoutAColumn", "save", {OrderFile}, "", 1, "Amount"},
+};
+std::string BadCaseName(const testing::TestParamInfo<BadCase>& info) { return info.param.name; }
+INSTANTIATE_TEST_SUITE_P(Json, BadInput, testing::ValuesIn(Json), BadCaseName);
+INSTANTIATE_TEST_SUITE_P(Keys, BadInput, testing::ValuesIn(Keys), BadCaseName);
+INSTANTIATE_TEST_SUITE_P(Fields, BadInput, testing::ValuesIn(Fields), BadCaseName);
+INSTANTIATE_TEST_SUITE_P(Databases, BadInput, testing::ValuesIn(Databases), BadCaseName);
+
+TEST_F(StoredData, BadSettings) {
+    const struct {
+        Arguments arguments;
+        std::string message;
+    } cases[] = {
+        {{"--storage", "Order"}, "error 5: No definition has the storage name \"Order\"; there is Orders."},
+        {{"--storage", "O'"}, "error 5: "},
+        {{"--fk-prefix", "X_"}, "korvex relate"},
+        {{"--repository", "/nowhere/r.db"}, "error 3024: "},
+        {{"--connection", ""},
+         "dbConnectError: The database cannot be opened. The connection string names no provider."},
+        {{"--connection", "Provider=SQLite;Data Source"}, "dbConnectError: "},
+        {{"--connection", "Provider=SQLite;Data Source=/nowhere/x.db"}, "/nowhere/x.db"},
+        {{"--connection", std::string("Provider=SQLite;Data Source=") + OrderFile},
+         "The file is no database"},
+    };
+    for (const auto& test : cases) {
+        const CommandResult result = Run("exists", Merge({"--key", "1"}, test.arguments));
+        EXPECT_EQ(result.exitCode, 1) << test.message;
+        EXPECT_EQ(result.output, "") << test.message;
+        EXPECT_THAT(result.messages, MatchesRegex("korvex: [^\n]*\n"));
+        EXPECT_THAT(result.messages, HasSubstr(test.message));
+    }
+}
+
+TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
+    Expect(Run("save", {OrderFile}));
+    const std::vector<std::pair<std::string, Arguments>> writes = {
+        {"save", {OrderFile}},
+        {"update", {"--key", "1", "--retain-root", OrderFile}},
+        {"delete", {"--key", "1"}}};
+    const auto expectRefused = [](const CommandResult& result, const char* message) {
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_THAT(result.messages, HasSubstr(message));
+    };
+    const std::string readOnly = m_target.Connection() + ";Mode=Read";
+    for (const auto& [command, arguments] : writes)
+        expectRefused(Run(command, Merge({"--connection", readOnly}, arguments)), "readonly database");
+    expectRefused(
+        RunField("set", {"--connection", readOnly, "--key", "1", "--field", "State", "--value", "1"}),
+        "readonly database");
+    EXPECT_EQ(Expect(RunField("get", {"--connection", readOnly, "--key", "1", "--field", "State"})), "3\n");
+
+    const auto other = m_target.Open();
+    other->BeginTrans();
+    expectRefused(Run("save", {OrderFile}), "database is locked");
+    other->RollbackTrans();
+    EXPECT_EQ(Counts(), CountsOfTheExample);
+}
+
+}  // namespace
+}  // namespace korvex::tests
