@@ -4,6 +4,7 @@
 
 #include <iterator>
 #include <memory>
+#include <utility>
 
 namespace korvex::repository {
 
@@ -59,15 +60,49 @@ constexpr std::string_view Indexes[] = {
     "CREATE INDEX tValues_InterfaceID ON tValues (InterfaceID)",
 };
 
-std::string CreateTableText(const SchemaTable& table) {
+/// A column as an engine declares it.
+std::string ColumnText(const SchemaColumn& column, SchemaEngine engine) {
+    std::string name(column.name);
+    std::string_view type = column.type;
+    if (engine == SchemaEngine::MariaDb) {
+        name = "`" + name + "`";  // MaxValue is a reserved word there
+        if (type == AutoNumber) type = "INTEGER AUTO_INCREMENT PRIMARY KEY";
+        if (type == LongText) type = "LONGTEXT";
+    }
+    if (engine == SchemaEngine::PostgreSql && type == AutoNumber) type = "SERIAL PRIMARY KEY";
+    return name.append(" ").append(type);
+}
+
+std::string CreateTableText(const SchemaTable& table, SchemaEngine engine) {
     std::string text = "CREATE TABLE " + std::string(table.name) + " (";
     std::string_view separator;
     for (const SchemaColumn& column : table.columns) {
-        text.append(separator).append(column.name).append(" ").append(column.type);
+        text.append(separator).append(ColumnText(column, engine));
         separator = ", ";
     }
     if (!table.key.empty()) text.append(separator).append(table.key);
     return text + ")";
+}
+
+/// A serial column does not take notice of numbers that rows bring with them, and would give them once more.
+void AddNumbering(std::vector<std::string>& statements) {
+    statements.emplace_back(
+        "CREATE FUNCTION NumberFromHere() RETURNS trigger LANGUAGE plpgsql AS $$ "
+        "DECLARE given bigint := (to_jsonb(NEW) ->> lower(TG_ARGV[0]))::bigint; "
+        "numbers text := pg_get_serial_sequence(TG_RELID::regclass::text, lower(TG_ARGV[0])); "
+        "BEGIN "
+        "IF given > coalesce(pg_sequence_last_value(numbers::regclass), 0) THEN "
+        "PERFORM setval(numbers, given); END IF; "
+        "RETURN NEW; END $$");
+    for (const SchemaTable& table : Tables) {
+        for (const SchemaColumn& column : table.columns) {
+            if (column.type != AutoNumber) continue;
+            std::string text = "CREATE TRIGGER ";
+            text.append(table.name).append("_Number BEFORE INSERT ON ").append(table.name);
+            text.append(" FOR EACH ROW EXECUTE FUNCTION NumberFromHere('").append(column.name).append("')");
+            statements.push_back(std::move(text));
+        }
+    }
 }
 
 bool HasColumn(dao::Recordset& recordset, std::string_view column) {
@@ -95,17 +130,18 @@ std::unique_ptr<dao::Recordset> OpenEmpty(dao::Database& database, std::string_v
 
 std::span<const SchemaTable> SchemaTables() noexcept { return Tables; }
 
-std::vector<std::string> SchemaStatements() {
+std::vector<std::string> SchemaStatements(SchemaEngine engine) {
     std::vector<std::string> statements;
     for (const SchemaTable& table : Tables) {
-        statements.push_back(CreateTableText(table));
+        statements.push_back(CreateTableText(table, engine));
     }
     statements.insert(statements.end(), std::begin(Indexes), std::end(Indexes));
+    if (engine == SchemaEngine::PostgreSql) AddNumbering(statements);
     return statements;
 }
 
-void CreateSchema(dao::Database& database) {
-    for (const std::string& statement : SchemaStatements()) {
+void CreateSchema(dao::Database& database, SchemaEngine engine) {
+    for (const std::string& statement : SchemaStatements(engine)) {
         database.Execute(statement);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/dao.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,12 +25,15 @@ struct SchemaTable {
 /// All tables with all their columns, in the order in which they are created.
 std::span<const SchemaTable> SchemaTables() noexcept;
 
-/// The statements that make an empty repository on the embedded engine: the tables, then one index for each
-/// look-up that no primary key serves.
-std::vector<std::string> SchemaStatements();
+/// The engines whose dialect the schema is known in.
+enum class SchemaEngine : std::uint8_t { Embedded, MariaDb, PostgreSql };
+
+/// The statements that make an empty repository: the tables, then one index for each look-up that no primary
+/// key serves.
+std::vector<std::string> SchemaStatements(SchemaEngine engine = SchemaEngine::Embedded);
 
 /// Makes the tables and indexes in an empty database. Engine errors reach the caller.
-void CreateSchema(dao::Database& database);
+void CreateSchema(dao::Database& database, SchemaEngine engine = SchemaEngine::Embedded);
 
 /// A table, or a column of a table, that a database lacks.
 struct SchemaGap {

@@ -1,6 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs: packages.sh build | test [more sets ...]
-# Sets: build (compile and run korvex), test (GoogleTest, sanitizers, the ODBC driver of SQLite).
+# Sets: build (compile and run korvex), test (GoogleTest, sanitizers, the ODBC driver of SQLite), servers (MariaDB,
+# PostgreSQL and their ODBC drivers).
 # Packages that are there already are left alone; without them it needs root or sudo.
 set -eu
 
@@ -9,6 +10,7 @@ for set in "$@"; do
     case "$set" in
         build) packages="$packages g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev nlohmann-json3-dev" ;;
         test) packages="$packages git clang libclang-rt-14-dev clang-format libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3" ;;
+        servers) packages="$packages unixodbc odbc-mariadb mariadb-server odbc-postgresql postgresql" ;;
         windows) packages="$packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools googletest wine wine64 xvfb unixodbc libsqliteodbc sqlite3" ;;
         *) echo "packages.sh: no such set: $set" >&2; exit 2 ;;
     esac

@@ -84,20 +84,28 @@ class RelationshipBuilderTest : public RepositoryFileTest {
     }
     /// "object: column -> referenced object.column"
     std::vector<std::string> References() const {
-        return Rows(
-            "select f.ObjectID || ': ' || v.FieldName || ' -> ' || f.FKObjectID || '.' || k.FieldName as "
-            "Reference "
+        std::vector<std::string> references = Rows(
+            "select f.ObjectID, v.FieldName as OwnColumn, f.FKObjectID, k.FieldName as KeyColumn "
             "from tForeignKeys f join tValues v on v.ValueID = f.ValueID join tValues k on k.ValueID = "
             "f.FKValueID "
             "order by f.ObjectID, f.FKObjectID",
-            {"Reference"});
+            {"ObjectID", "OwnColumn", "FKObjectID", "KeyColumn"});
+        for (std::string& reference : references) {
+            for (const char* separator : {": ", " -> ", "."}) {
+                reference.replace(reference.find('|'), 1, separator);
+            }
+        }
+        return references;
     }
     /// Every column that a key interface makes: "interface: column".
     std::vector<std::string> KeyColumns() const {
-        return Rows(
-            "select i.Name || ': ' || v.FieldName as KeyColumn from tValues v "
+        std::vector<std::string> columns = Rows(
+            "select i.Name, v.FieldName from tValues v "
             "join tInterfaces i on i.InterfaceID = v.InterfaceID where v.VID > 10000 order by v.ValueID",
-            {"KeyColumn"});
+            {"Name", "FieldName"});
+        for (std::string& column : columns)
+            column.replace(column.find('|'), 1, ": ");
+        return columns;
     }
 };
 

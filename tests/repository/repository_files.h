@@ -18,7 +18,7 @@
 
 namespace korvex::repository {
 
-/// Tests that work on a repository file of their own, opened through each driver, with messages noted.
+/// Tests that work on a repository of their own, opened through each driver, with messages noted.
 class RepositoryFileTest : public ::testing::TestWithParam<tests::Driver> {
   protected:
     explicit RepositoryFileTest(const native::NativeOptions& options = {})
@@ -26,9 +26,15 @@ class RepositoryFileTest : public ::testing::TestWithParam<tests::Driver> {
         platform.desktop = std::make_shared<tests::RecordingDesktop>(journal);
     }
 
+    void SetUp() override {
+        if (tests::IsServer(GetParam()) && !tests::ServersMissing().empty())
+            GTEST_SKIP() << tests::ServersMissing();
+        path = places.New("definitions.db");
+    }
+
     tests::DefinitionRepository NewRepository() { return {platform, path}; }
 
-    std::string Connection() const { return tests::RepositoryConnection(GetParam(), path); }
+    std::string Connection() const { return places.Connection(path); }
 
     void Relate(std::string_view storageName = {}, std::string_view sFKPrefix = "FK_") {
         Repository repository(platform);
@@ -46,15 +52,14 @@ class RepositoryFileTest : public ::testing::TestWithParam<tests::Driver> {
     }
 
     tests::TempFolder folder;
-    std::string path = folder.Path("definitions.db");
+    tests::Places places{GetParam(), folder};
+    std::string path;
     tests::Journal journal = std::make_shared<std::vector<std::string>>();
     Platform platform;
 };
 
-/// Instantiates a suite for both drivers.
-#define KORVEX_FOR_EACH_DRIVER(suite)                                                             \
-    INSTANTIATE_TEST_SUITE_P(Drivers, suite,                                                      \
-                             ::testing::Values(tests::Driver::Sqlite, tests::Driver::OdbcSqlite), \
-                             tests::DriverName)
+/// Instantiates a suite for every driver.
+#define KORVEX_FOR_EACH_DRIVER(suite) \
+    INSTANTIATE_TEST_SUITE_P(Drivers, suite, tests::AllDrivers(), tests::DriverName)
 
 }  // namespace korvex::repository

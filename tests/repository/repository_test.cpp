@@ -131,8 +131,9 @@ TEST_P(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     EXPECT_EQ(OutcomeOf([&] { repository.OpenRepository(folder.Path("missing.db")); }), "error 3024");
     EXPECT_EQ(GetObjectInterfaces(repository, 1), std::vector<std::int32_t>{1});
 
-    tests::DefinitionRepository(platform, folder.Path("other.db"));
-    repository.OpenRepository(folder.Path("other.db"));
+    const std::string other = places.New("other.db");
+    tests::DefinitionRepository(platform, other);
+    repository.OpenRepository(other);
     EXPECT_EQ(GetObjectInterfaces(repository, 1), std::vector<std::int32_t>{});
     repository.Close();
     EXPECT_FALSE(repository.IsOpen());
@@ -181,7 +182,8 @@ TEST_P(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     using Numbers = std::vector<std::int32_t>;
     EXPECT_EQ(GetRootObjects(repository, ""), (Numbers{1, 3, 2}));
     EXPECT_EQ(GetRootObjects(repository, "Orders"), (Numbers{1, 2}));
-    EXPECT_EQ(GetRootObjects(repository, "orders"), Numbers{});
+    EXPECT_EQ(GetRootObjects(repository, "orders"),
+              tests::EqualIgnoresCase(GetParam()) ? (Numbers{1, 2}) : Numbers{});
     EXPECT_EQ(GetObjectInterfaces(repository, 1), (Numbers{1, 2}));
     EXPECT_EQ(GetChildObjects(repository, 1), (Numbers{20, 10}));
     EXPECT_EQ(FindObjectInterface(repository, 1, "iorder"), 2);
@@ -200,6 +202,7 @@ TEST_P(RepositoryTest, AStorageNameWithAQuoteNeverReachesTheEngine) {
 }
 
 TEST_P(RepositoryTest, AValueThatIsNoNumberIsNamed) {
+    if (!tests::ColumnsTakeAnyType(GetParam())) GTEST_SKIP() << "the engine refuses such a value itself";
     NewRepository();
     Execute("insert into tDataDefs (Storage, RootObjectID) values ('Orders', 'one')");
     Open();

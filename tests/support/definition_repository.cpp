@@ -1,7 +1,9 @@
 #include "support/definition_repository.h"
 
 #include "automation/convert.h"
+#include "automation/text.h"
 #include "repository/schema.h"
+#include "support/driver.h"
 
 namespace korvex::tests {
 
@@ -34,8 +36,13 @@ std::vector<std::string> ReadRows(dao::Database& database, std::string_view sql,
 }  // namespace
 
 DefinitionRepository::DefinitionRepository(const Platform& platform, const std::string& path)
-    : m_database(platform.repositoryEngine->CreateDatabase(path)) {
-    repository::CreateSchema(*m_database);
+    : m_database(automation::ContainsIgnoreCase(path, "DSN=")
+                     ? OpenAt(platform, path)
+                     : platform.repositoryEngine->CreateDatabase(path)) {
+    repository::SchemaEngine engine = repository::SchemaEngine::Embedded;
+    if (automation::ContainsIgnoreCase(path, "mariadb")) engine = repository::SchemaEngine::MariaDb;
+    if (automation::ContainsIgnoreCase(path, "postgresql")) engine = repository::SchemaEngine::PostgreSql;
+    repository::CreateSchema(*m_database, engine);
 }
 
 DefinitionRepository& DefinitionRepository::Definition(std::string_view storage, std::int32_t rootObjectID) {
@@ -80,11 +87,11 @@ DefinitionRepository& DefinitionRepository::Child(std::int32_t objectID, std::st
 
 std::vector<std::string> ReadRows(const Platform& platform, const std::string& path, std::string_view sql,
                                   const std::vector<std::string>& columns) {
-    return ReadRows(*platform.repositoryEngine->OpenDatabase(path), sql, columns);
+    return ReadRows(*OpenAt(platform, path), sql, columns);
 }
 
 std::string DumpRepository(const Platform& platform, const std::string& path) {
-    const auto database = platform.repositoryEngine->OpenDatabase(path);
+    const auto database = OpenAt(platform, path);
     std::string dump;
     for (const repository::SchemaTable& table : repository::SchemaTables()) {
         const std::string name(table.name);
@@ -101,7 +108,7 @@ std::string DumpRepository(const Platform& platform, const std::string& path) {
 }
 
 void Execute(const Platform& platform, const std::string& path, std::string_view sql) {
-    platform.repositoryEngine->OpenDatabase(path)->Execute(sql);
+    OpenAt(platform, path)->Execute(sql);
 }
 
 }  // namespace korvex::tests

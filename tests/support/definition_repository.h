@@ -10,8 +10,8 @@
 
 namespace korvex::tests {
 
-/// Fills a new repository file with definitions, row by row. Each object gets one interface of its own, with
-/// the object's number.
+/// Fills a new repository with definitions, row by row, in a file or on a server (an ODBC string). Each
+/// object gets one interface of its own, with the object's number.
 class DefinitionRepository {
   public:
     DefinitionRepository(const Platform& platform, const std::string& path);
@@ -31,14 +31,14 @@ class DefinitionRepository {
     std::int32_t m_vid = 0;
 };
 
-/// The rows of a query on a repository file, a line each: the named columns joined with "|", "-" for Null.
+/// The rows of a query on a repository, a line each: the named columns joined with "|", "-" for Null.
 std::vector<std::string> ReadRows(const Platform& platform, const std::string& path, std::string_view sql,
                                   const std::vector<std::string>& columns);
 
 /// Every row of the seven tables in key order, a line each: "tObjects 1|Customer|0|tCustomer|-1|{1}".
 std::string DumpRepository(const Platform& platform, const std::string& path);
 
-/// Runs statements on a repository file.
+/// Runs statements on a repository.
 void Execute(const Platform& platform, const std::string& path, std::string_view sql);
 
 }  // namespace korvex::tests

@@ -1,22 +1,64 @@
 #pragma once
 
+#include "platform/platform.h"
+#include "support/temp_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace korvex::tests {
 
-/// The drivers under the native engines; the same suites run over both.
-enum class Driver { Sqlite, OdbcSqlite };
+/// What lies under the native engines; the same suites run over all of them.
+enum class Driver { Sqlite, OdbcSqlite, MariaDb, PostgreSql };
 
-inline std::string DriverName(const testing::TestParamInfo<Driver>& info) {
-    return info.param == Driver::Sqlite ? "Sqlite" : "OdbcSqlite";
+inline auto AllDrivers() {
+    return testing::Values(Driver::Sqlite, Driver::OdbcSqlite, Driver::MariaDb, Driver::PostgreSql);
 }
+std::string DriverName(const testing::TestParamInfo<Driver>& info);
 
-/// What opens a repository file through a driver. "DSN=" alone makes it an ODBC repository; it stands in an
-/// attribute that the driver ignores, as the driver manager leaks a data source that names nothing.
-inline std::string RepositoryConnection(Driver driver, const std::string& file) {
-    return driver == Driver::Sqlite ? file : "DRIVER=SQLite3;NoDSN=1;Database=" + file;
-}
+/// What tests may ask about a driver.
+bool IsServer(Driver driver);
+/// Texts are equal whatever the case of their letters.
+bool EqualIgnoresCase(Driver driver);
+/// A column of numbers takes a text that is none.
+bool ColumnsTakeAnyType(Driver driver);
+
+/// Why tests on servers are left out; empty when the tests were configured to start servers.
+std::string ServersMissing();
+/// The folder in which the servers were started for this test run.
+std::string ServersFolder();
+
+/// Makes the data sources those of servers that were started in another folder.
+void UseServers(const std::string& folder);
+
+/// Opens a repository database, whatever it is in: a file, or an ODBC string.
+std::unique_ptr<dao::Database> OpenAt(const Platform& platform, const std::string& place);
+
+/// Empty databases for one test, removed at its end.
+class Places {
+  public:
+    Places(Driver driver, const TempFolder& folder) : m_driver(driver), m_folder(folder) {}
+    Places(const Places&) = delete;
+    Places& operator=(const Places&) = delete;
+    ~Places();
+
+    /// A place for a new database: the path of a file that is not there, or the ODBC string of an empty
+    /// database on a server.
+    std::string New(std::string_view name);
+    /// What opens it through the driver: itself, or the ODBC string for the file. "DSN=" alone makes it an
+    /// ODBC repository; it stands in an attribute that the driver ignores, as the driver manager leaks a data
+    /// source that names nothing.
+    std::string Connection(const std::string& place) const;
+
+  private:
+    void Run(const std::string& statement) const;
+
+    Driver m_driver;
+    const TempFolder& m_folder;
+    std::vector<std::string> m_databases;
+};
 
 }  // namespace korvex::tests

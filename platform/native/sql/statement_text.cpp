@@ -110,9 +110,9 @@ constexpr bool IsComparison(std::string_view text) noexcept {
     return text == "<>" || text == "<=" || text == ">=" || text == "!=" || text == "==";
 }
 
-/// The words that end a WHERE clause; literals behind them stay, because a result column or an ordering must
-/// keep the text it has.
-bool EndsCondition(std::string_view word) noexcept {
+/// The words that end a WHERE clause or stand before it, and arrange or combine rows; literals behind them
+/// stay, because a result column or an ordering must keep the text it has.
+bool ArrangesRows(std::string_view word) noexcept {
     switch (word[0] | ' ') {
         case 'g':
             return IsWord(word, "group");
@@ -134,6 +134,8 @@ bool EndsCondition(std::string_view word) noexcept {
             return IsWord(word, "window");
         case 'f':
             return IsWord(word, "fetch");
+        case 'd':
+            return IsWord(word, "distinct");
         default:
             return false;
     }
@@ -175,6 +177,7 @@ class Scanner {
         m_result.literals.clear();
         m_result.kind = StatementKind::Other;
         m_result.secondStatement = false;
+        m_result.arrangesRows = false;
         while (m_at < m_text.size()) {
             if (ClassOf(m_text[m_at]) == CharClass::Plain) {
                 ++m_at;
@@ -254,9 +257,13 @@ class Scanner {
             m_result.kind = KindOf(word);
             m_lifting = m_mayLift &&
                         (m_result.kind == StatementKind::Update || m_result.kind == StatementKind::Delete);
+        } else if (m_rules.exactLike && IsWord(word, "like")) {
+            m_result.text.append(m_text.substr(m_copied, start - m_copied)).append("ILIKE");
+            m_copied = m_at;
         } else if (m_depth == 0 && word.size() >= 5) {
-            if (m_lifting) {
-                if (EndsCondition(word)) m_lifting = false;
+            if (ArrangesRows(word)) {
+                m_lifting = false;
+                m_result.arrangesRows = true;
             } else if (m_result.kind == StatementKind::Select && IsWord(word, "where")) {
                 m_lifting = m_mayLift;
             }

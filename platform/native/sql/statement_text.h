@@ -12,6 +12,7 @@ struct LexicalRules {
     bool bracketNames = true;       ///< [name] is a quoted name
     bool backslashEscapes = false;  ///< a backslash in a text literal takes the next character with it
     bool dollarQuotes = false;      ///< $tag$ ... $tag$ is a text literal, E'...' one with backslashes
+    bool exactLike = false;         ///< LIKE tells capital letters from small ones; ILIKE does not
 };
 
 enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
@@ -19,13 +20,16 @@ enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Defini
 /// A statement as it goes to the engine. Reused from call to call, so that a scan allocates nothing.
 struct StatementText {
     /// The engine's text, and the key under which its prepared statement is cached: literals lifted out as
-    /// "?", a blank where an integer touched the word behind it ("0and").
+    /// "?", a blank where an integer touched the word behind it ("0and"), ILIKE where LIKE is exact.
     std::string text;
     /// The values of the lifted literals, in order.
     std::vector<std::int64_t> literals;
     StatementKind kind = StatementKind::Other;
     /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
     bool secondStatement = false;
+    /// A query that says itself in what order its rows come, or whose rows are made of several (DISTINCT,
+    /// GROUP BY, UNION ...).
+    bool arrangesRows = false;
 };
 
 /// Reads a statement once, outside its quotes and comments. In SELECT (its WHERE clause), UPDATE and DELETE,

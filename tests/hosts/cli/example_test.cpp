@@ -1,4 +1,5 @@
 #include "hosts/cli/korvex_command.h"
+#include "support/definition_repository.h"
 #include "support/driver.h"
 
 #include <gtest/gtest.h>
@@ -52,10 +53,14 @@ class Example : public testing::Test {
 class ExampleScripts : public testing::TestWithParam<Driver> {};
 
 TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
-    const RepositoryFile repository;
-    const std::string connection = RepositoryConnection(GetParam(), repository.Path());
+    if (IsServer(GetParam()) && !ServersMissing().empty()) GTEST_SKIP() << ServersMissing();
+    const TempFolder folder;
+    Places places(GetParam(), folder);
+    const std::string place = places.New("orders.db");
+    DefinitionRepository(DefaultPlatform(), place);
+    const std::string connection = places.Connection(place);
     ASSERT_EQ(RunKorvex({"repository", "import", connection, KORVEX_EXAMPLES "/orders.json"}).messages, "");
-    const std::string out = repository.Folder().Path("deep/er");
+    const std::string out = folder.Path("deep/er");
     const CommandResult result = RunKorvex(
         {"script", "--repository", connection, "--dialect", "all", "--storage", "Orders", "--out", out});
     EXPECT_EQ(result.exitCode, 0);
@@ -77,8 +82,7 @@ TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Drivers, ExampleScripts, testing::Values(Driver::Sqlite, Driver::OdbcSqlite),
-                         DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, ExampleScripts, AllDrivers(), DriverName);
 
 TEST_F(Example, ChecksWithoutErrorsBeforeAndAfterItsFirstRun) {
     const CommandResult before = RunKorvex({"repository", "check", m_repository.Path()});

@@ -103,6 +103,11 @@ OdbcDialect PostgreSql() {
     dialect.traits.lexical.bracketNames = false;
     dialect.traits.lexical.dollarQuotes = true;
     dialect.traits.comparesLongValues = true;
+    dialect.traits.lexical.exactLike = true;
+    // An updated row is stored anew, behind the others.
+    dialect.rowOrderColumn = "ctid";
+    // The driver sets a savepoint before each statement.
+    dialect.traits.transactionOutlivesFailure = true;
     return dialect;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/native/sql/odbc/odbc_handle.h"
 #include "platform/native/sql/traits.h"
 
+#include <string>
 #include <string_view>
 
 namespace korvex::native::sql {
@@ -14,6 +15,9 @@ struct OdbcDialect {
     /// Columns hold values of any type: the declared type's name decides, numbers are read as text first, and
     /// a sole key declared INTEGER is numbered by the engine although the driver does not say so.
     bool dynamicTypes = false;
+    /// Rows come in any order unless the statement asks for one: they are asked for by key, or in tables
+    /// without a key by this hidden column. Empty where they come in the order of the key of themselves.
+    std::string rowOrderColumn;
     /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
     ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
 };

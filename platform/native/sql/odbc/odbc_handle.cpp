@@ -41,6 +41,10 @@ OdbcDiagnosis ReadDiagnosis(const OdbcHandle& handle) {
         if (end == std::string::npos) break;
         diagnosis.message.erase(0, end + 1);
     }
+    // Behind this mark one driver tells what it was doing itself.
+    if (const std::size_t own = diagnosis.message.find(";\n"); own != std::string::npos) {
+        diagnosis.message.erase(own);
+    }
     return diagnosis;
 }
 

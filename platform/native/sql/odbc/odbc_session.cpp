@@ -82,7 +82,47 @@ std::string OdbcSession::Info(SQLUSMALLINT what) const {
 }
 
 std::unique_ptr<Statement> OdbcSession::DoPrepare(std::string_view text, StatementKind kind) {
-    return std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind);
+    auto statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind);
+    if (kind != StatementKind::Select || m_dialect.rowOrderColumn.empty()) return statement;
+    const std::string order = OrderOf(text, *statement->Shape());
+    if (order.empty()) return statement;
+    try {
+        return std::make_unique<OdbcStatement>(m_connection, m_dialect, std::string(text) + order, kind);
+    } catch (const EngineError&) {
+        return statement;  // a view, or a table under another name: rows come as they come
+    }
+}
+
+/// The ORDER BY that gives a query's rows in the order of the keys of its tables; empty for one that arranges
+/// its rows itself, or has none of a table.
+std::string OdbcSession::OrderOf(std::string_view text, const RowShape& shape) {
+    StatementText scan;
+    ScanStatement(text, m_traits.lexical, scan);
+    if (scan.arrangesRows || text.find(';') != std::string_view::npos) return {};
+    std::vector<TableName> tables;
+    for (const ColumnInfo& column : shape.columns) {
+        if (!column.base.table.empty() && std::ranges::count(tables, column.base) == 0) {
+            tables.push_back(column.base);
+        }
+    }
+    std::string order;
+    const auto append = [&order](const std::string& what) {
+        order.append(order.empty() ? "\nORDER BY " : ", ").append(what);
+    };
+    for (const TableName& name : tables) {
+        const std::shared_ptr<const TableInfo> table = Table(name);
+        for (const TableColumn& key : table->columns) {
+            if (!key.key) continue;
+            const auto shown = std::ranges::find_if(shape.columns, [&](const ColumnInfo& column) {
+                return column.base == name && column.baseColumn == key.name;
+            });
+            append(shown == shape.columns.end()
+                       ? QuoteName(m_traits, name.table) + "." + QuoteName(m_traits, key.name)
+                       : std::to_string(shown - shape.columns.begin() + 1));
+        }
+        if (!table->HasKey()) append(QuoteName(m_traits, name.table) + "." + m_dialect.rowOrderColumn);
+    }
+    return order;
 }
 
 void OdbcSession::SetAutoCommit(bool on) {

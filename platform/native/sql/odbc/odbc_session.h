@@ -33,6 +33,7 @@ class OdbcSession final : public Session {
     void EndTransaction(SQLSMALLINT completion);
     void MarkKeyColumns(TableInfo& table);
     void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;
+    std::string OrderOf(std::string_view text, const RowShape& shape);
 
     OdbcHandle m_environment;
     OdbcHandle m_connection;
