@@ -1,0 +1,102 @@
+#include "servers/example_target.h"
+
+#include "automation/text.h"
+#include "hosts/cli/korvex_command.h"
+#include "hosts/cli/model/model_import.h"
+#include "hosts/cli/model/model_reader.h"
+#include "hosts/objects/json.h"
+#include "hosts/objects/load_definition.h"
+#include "repository/catalog.h"
+#include "repository/relationship_builder.h"
+#include "repository/repository.h"
+#include "support/definition_repository.h"
+
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <utility>
+
+namespace korvex::tests {
+namespace {
+
+using Words = std::vector<std::pair<std::string, std::string>>;
+
+/// Longer ones first: what was replaced must not be found again.
+Words ServerWords(Driver driver) {
+    Words words = {{"dbo.", ""}, {" CLUSTERED", ""}, {" default ,", ","}, {" bit ", " smallint "}};
+    if (driver == Driver::MariaDb) {
+        words.insert(words.end(), {{"int IDENTITY (1, 1)", "int AUTO_INCREMENT"},
+                                   {" image ", " longblob "},
+                                   {" text ", " longtext "},
+                                   {" float ", " double "},
+                                   {" datetime ", " datetime(3) "}});
+    } else {
+        words.insert(words.end(), {{"int IDENTITY (1, 1)", "serial"},
+                                   {" image ", " bytea "},
+                                   {" float ", " double precision "},
+                                   {" datetime ", " timestamp(3) "}});
+    }
+    return words;
+}
+
+}  // namespace
+
+std::shared_ptr<objects::Definition> OrdersDefinition() {
+    const TempFolder folder;
+    const Platform platform = native::NativePlatform();
+    DefinitionRepository(platform, folder.Path("orders.db"));
+    repository::Repository repository(platform);
+    repository.OpenRepository(folder.Path("orders.db"));
+    cli::ImportModel(cli::ReadModel(KORVEX_EXAMPLES "/orders.json"), repository.Open());
+    repository::CreateRelationship(repository, "Orders", "FK_");
+    return objects::LoadDefinition(repository::Catalog::Read(repository.Open()), "Orders");
+}
+
+void CreateExampleTables(ado::Connection& connection, Driver driver) {
+    std::ifstream file(KORVEX_EXAMPLES "/scripts/MSCreate.sql");
+    std::set<std::string> made;  // the script holds a table once for each way that leads to its object
+    std::string statement;
+    for (std::string line; std::getline(file, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        if (line != "GO") {
+            statement += line + "\n";
+            continue;
+        }
+        for (const auto& [theirs, ours] : ServerWords(driver))
+            statement = Replace(std::move(statement), theirs, ours);
+        if (!automation::Trim(statement).empty() && made.insert(statement).second)
+            connection.Execute(statement);
+        statement.clear();
+    }
+}
+
+std::shared_ptr<objects::DataObject> FullOrder(const std::shared_ptr<objects::Definition>& definition) {
+    return objects::FromJson(definition, R"({
+        "OrderNumber": "A-1", "OrderedOn": "2024-02-29T13:14:15", "State": 3, "SalesRepresentative": -7,
+        "Total": 1234.5, "DiscountRate": 0.25, "ExchangeRate": 1.0625, "IsPaid": true, "CurrencyCode": "EUR",
+        "ExternalReference": {"$base64": "AAECAw=="}, "Notes": "It's \\ grün 😀", "InternalRemarks": "r",
+        "$state": {"SelectState": 2, "Counter": 5},
+        "Customer": {"CompanyName": "Zoë & Söhne", "CreditLimit": 10, "IsCompany": false, "Rating": 2,
+            "SignedContract": null, "BillingAddress": {"City": "Köln", "Latitude": 50.9375},
+            "Contacts": {"$items": [{"FirstName": "Ann", "IsMainContact": true}, {"FirstName": "Bob"}]}},
+        "DeliveryAddress": {"City": "Bonn"},
+        "Lines": {"NextLineNumber": 4, "$state": {"SelectedItem": 2, "CounterHolder": 3}, "$items": [
+            {"LineNumber": 1, "Quantity": 2.5, "UnitPrice": 3.1, "Product": {"Sku": "S1", "Title": "Anchor"},
+             "Allocations": {"$items": [{"WarehouseCode": "W1"}, {"WarehouseCode": "W2"}]}},
+            {"LineNumber": 2, "Product": {"Sku": "S2"}},
+            {"LineNumber": 3, "Product": {"Sku": "S3"}}]},
+        "Shipments": {"$items": [{"Carrier": "C", "$items": [{"Barcode": "1"}, {"Barcode": "2"}]}]},
+        "Payments": {"PaymentTerms": "now", "$items": [{"Amount": 1.25}]}
+    })");
+}
+
+int CountRecords(ado::Connection& connection, Driver driver) {
+    const std::string schema = driver == Driver::MariaDb ? "database()" : "current_schema()";
+    int count = 0;
+    for (const std::string& table : RowsOf(
+             connection, "select table_name from information_schema.tables where table_schema = " + schema))
+        count += std::stoi(ValueOf(connection, "select count(*) from " + table));
+    return count;
+}
+
+}  // namespace korvex::tests

@@ -1,0 +1,232 @@
+#include "automation/convert.h"
+#include "automation/outcome.h"
+#include "hosts/objects/json.h"
+#include "servers/example_target.h"
+#include "support/definition_repository.h"
+#include "support/recording_parts.h"
+#include "support/test_seam.h"
+#include "surface/cls_create_db.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <functional>
+#include <thread>
+#include <unistd.h>
+
+namespace korvex::tests {
+namespace {
+
+using objects::DataObject;
+
+/// Calls `action` in front of one engine call.
+class ActingSeam final : public native::sql::Seam {
+  public:
+    void BeforeCall(const native::sql::EngineCall& call) override {
+        if (action && call.kind == kind && --countdown == 0) std::exchange(action, nullptr)();
+    }
+
+    native::sql::CallKind kind = native::sql::CallKind::Execute;
+    int countdown = 0;
+    std::function<void()> action;
+};
+
+/// What happens when a server or another client is in the way.
+class ServerFaults : public testing::TestWithParam<Driver> {
+  protected:
+    void SetUp() override {
+        if (!ServersMissing().empty()) GTEST_SKIP() << ServersMissing();
+        platform.desktop = std::make_shared<RecordingDesktop>(messages);
+        platform.files = files;
+    }
+
+    std::shared_ptr<clsCRUD> Connected(const std::string& connection) {
+        auto crud = std::make_shared<clsCRUD>(platform);
+        EXPECT_TRUE(crud->ConnectDB(connection));
+        return crud;
+    }
+
+    Journal messages = std::make_shared<std::vector<std::string>>();
+    std::shared_ptr<ActingSeam> seam = std::make_shared<ActingSeam>();
+    std::shared_ptr<RecordingFiles> files = std::make_shared<RecordingFiles>(messages);
+    Platform platform = native::NativePlatform({.seam = seam});
+};
+
+/// Works on a pair of servers of its own, one of which it stops.
+class ServerStops : public ServerFaults {
+  protected:
+    void SetUp() override {
+        ServerFaults::SetUp();
+        if (IsSkipped()) return;
+        Run("start.sh", "");
+        UseServers(folder);
+    }
+    void TearDown() override {
+        if (IsSkipped()) return;
+        UseServers(ServersFolder());
+        Run("stop.sh", "all");
+    }
+
+    void Run(const std::string& script, const std::string& which) const {
+        const std::string command = "sh " KORVEX_SERVER_SCRIPTS "/" + script + " " + folder + " " + which;
+        EXPECT_EQ(std::system(command.c_str()), 0) << command;
+    }
+    /// Stops the server in front of the n-th call of a kind.
+    void StopBefore(int n, native::sql::CallKind kind) {
+        seam->kind = kind;
+        seam->countdown = n;
+        seam->action = [this] { Run("stop.sh", GetParam() == Driver::MariaDb ? "mariadb" : "postgresql"); };
+    }
+    void Restart() {
+        EXPECT_EQ(seam->action, nullptr) << "the call was never made";
+        Run("start.sh", "");
+    }
+
+    const std::string folder = ServersFolder() + "-stopping-" + std::to_string(getpid());
+};
+
+TEST_P(ServerStops, InTheMiddleOfASaveALoadAndAScriptRun) {
+    const ServerDatabase database(GetParam());
+    CreateExampleTables(*database.Connect(), GetParam());
+    const auto definition = OrdersDefinition();
+    const auto order = FullOrder(definition);
+    auto crud = Connected(database.ConnectionString());
+
+    StopBefore(7, native::sql::CallKind::Execute);
+    EXPECT_NE(automation::OutcomeOf([&] { crud->DbSaveData(order); }), "done");
+    EXPECT_FALSE(crud->ConnectDB(database.ConnectionString()));
+    EXPECT_EQ(crud->LastResult(), dbConnectError);
+    Restart();
+    EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));
+    const std::int32_t key = crud->DbSaveData(FullOrder(definition));
+    EXPECT_GT(key, 1);
+
+    for (const auto kind : {native::sql::CallKind::Execute, native::sql::CallKind::Prepare}) {
+        EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));  // nothing is prepared
+        auto loaded = std::make_shared<DataObject>(definition);
+        StopBefore(3, kind);
+        const std::string outcome = automation::OutcomeOf([&] { crud->DbGetData(loaded, key); });
+        EXPECT_TRUE(outcome != "done" || crud->LastResult() != dbNoError);
+        Restart();
+        EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));
+        EXPECT_EQ(crud->DbGetData(std::make_shared<DataObject>(definition), key), key);
+    }
+
+    TempFolder unused;
+    Places places(GetParam(), unused);
+    const std::string repository = places.New("repository");
+    DefinitionRepository(platform, repository)
+        .Definition("D", 1)
+        .Object(1, "Customer")
+        .Object(2, "Order")
+        .Value(1, "Name", 8)
+        .Child(1, "o", 2);
+    clsCreateDb scripts(platform);
+    scripts.DoMSsqlDb(repository, "D");
+    const std::string whole = scripts.DbSQL();
+    messages->clear();
+    StopBefore(12, native::sql::CallKind::Execute);
+    const std::string outcome = automation::OutcomeOf([&] { scripts.DoMSsqlDb(repository, "D"); });
+    EXPECT_TRUE(outcome != "done" || !messages->empty());
+    EXPECT_THAT(*messages, testing::Each(testing::Not(testing::HasSubstr("write"))));
+    Restart();
+    scripts.DoMSsqlDb(repository, "D");
+    EXPECT_EQ(scripts.DbSQL(), whole);
+}
+
+TEST_P(ServerFaults, ALockThatAnotherClientHoldsEndsInAnError) {
+    const ServerDatabase database(GetParam());
+    const auto other = database.Connect();
+    other->Execute("create table tNote (NoteID integer primary key, Text varchar(20))");
+    other->Execute("insert into tNote values (1, 'a')");
+    other->BeginTrans();
+    other->Execute("update tNote set Text = 'b'");
+
+    const bool isMariaDb = GetParam() == Driver::MariaDb;
+    const auto crud =
+        Connected(database.ConnectionString() + (isMariaDb ? ";INITSTMT={set innodb_lock_wait_timeout=1}"
+                                                           : ";ConnSettings={set lock_timeout=500}"));
+    const auto definition = std::make_shared<objects::Definition>("Note", "tNote");
+    definition->AddValue(
+        {"NoteID", "NoteID", static_cast<std::int32_t>(automation::VarType::Long), true, true});
+    definition->AddPrimaryKey("NoteID");
+    const auto note = std::make_shared<DataObject>(definition);
+    try {
+        crud->DbDeleteData(note, 1);
+        ADD_FAILURE() << "the lock was not seen";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.Number(), ado::DbEFail);
+        EXPECT_THAT(error.Description(), testing::HasSubstr("ock"));
+    }
+    EXPECT_EQ(ValueOf(*other, "select Text from tNote"), "b");
+    other->CommitTrans();
+    EXPECT_EQ(crud->DbDeleteData(note, 1), 1);
+    EXPECT_EQ(ValueOf(*other, "select Text from tNote"), "");
+}
+
+TEST_P(ServerFaults, ABrokenConstraintIsReportedAndTheConnectionWorksOn) {
+    const ServerDatabase database(GetParam());
+    const auto connection = database.Connect();
+    CreateExampleTables(*connection, GetParam());
+    connection->Execute("create unique index one on tOrder (OrderNumber)");
+    const auto definition = OrdersDefinition();
+    const auto crud = Connected(database.ConnectionString());
+    EXPECT_EQ(crud->DbSaveData(FullOrder(definition)), 1);
+    const int records = CountRecords(*connection, GetParam());
+    const auto second = FullOrder(definition);
+    EXPECT_EQ(automation::OutcomeOf([&] { crud->DbSaveData(second); }),
+              "error " + std::to_string(ado::DbEConstraint));
+    EXPECT_EQ(CountRecords(*connection, GetParam()), records);
+    second->Set("OrderNumber", "A-2");
+    EXPECT_GT(crud->DbSaveData(second), 1);
+}
+
+/// Two clients save at once; the foreign key of every record must be the key that its own parent got.
+TEST_P(ServerFaults, TwoClientsAtOnceMixUpNoKey) {
+    constexpr int treesPerClient = 5000;
+    const ServerDatabase database(GetParam());
+    const auto connection = database.Connect();
+    const std::string key =
+        GetParam() == Driver::MariaDb ? "integer auto_increment primary key" : "serial primary key";
+    const std::string state = ", QORSelectState integer, QORCounter integer)";
+    connection->Execute("create table tOrder (OrderID " + key + ", Mark integer" + state);
+    connection->Execute("create table tPart (PartID " + key + ", FK_OrderID integer, Mark integer" + state);
+
+    const auto number = static_cast<std::int32_t>(automation::VarType::Long);
+    const auto part = std::make_shared<objects::Definition>("Part", "tPart");
+    const auto order = std::make_shared<objects::Definition>("Order", "tOrder");
+    for (const auto& definition : {part, order}) {
+        definition->AddValue({definition->Name() + "ID", definition->Name() + "ID", number, true, true});
+        definition->AddPrimaryKey(definition->Name() + "ID");
+        definition->AddValue({"Mark", "Mark", number});
+    }
+    part->AddValue({"FK_OrderID", "FK_OrderID", number});
+    part->AddForeignKey("FK_OrderID");
+    order->AddChild("Part", part);
+
+    const auto save = [&](int first) {
+        clsCRUD crud(native::NativePlatform());
+        ASSERT_TRUE(crud.ConnectDB(database.ConnectionString()));
+        for (int mark = first; mark < first + treesPerClient; ++mark) {
+            const auto tree = std::make_shared<DataObject>(order);
+            tree->Set("Mark", mark);
+            tree->Child("Part")->Set("Mark", mark);
+            ASSERT_GT(crud.DbSaveData(tree), 0);
+        }
+    };
+    std::thread other(save, 1'000'000);
+    save(0);
+    other.join();
+    EXPECT_EQ(ValueOf(*connection,
+                      "select count(*) from tOrder o inner join tPart p on p.FK_OrderID = o.OrderID and "
+                      "p.Mark = o.Mark"),
+              std::to_string(2 * treesPerClient));
+}
+
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerFaults, testing::Values(Driver::MariaDb, Driver::PostgreSql),
+                         DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerStops, testing::Values(Driver::MariaDb, Driver::PostgreSql),
+                         DriverName);
+
+}  // namespace
+}  // namespace korvex::tests
