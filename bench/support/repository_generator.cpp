@@ -1,7 +1,6 @@
 #include "support/repository_generator.h"
 
 #include "platform/platform.h"
-#include "repository/schema.h"
 
 #include <string_view>
 
@@ -103,12 +102,16 @@ class Generator {
 
 }  // namespace
 
+void GenerateRepository(dao::Database& database, std::int64_t objects, repository::SchemaEngine engine) {
+    repository::CreateSchema(database, engine);
+    const bool inTransaction = database.BeginTrans();
+    Generator(database, objects).Run();
+    if (inTransaction) database.CommitTrans();
+}
+
 void GenerateRepository(const std::string& file, std::int64_t objects) {
     const std::unique_ptr<dao::Database> database = DefaultPlatform().repositoryEngine->CreateDatabase(file);
-    repository::CreateSchema(*database);
-    database->BeginTrans();
-    Generator(*database, objects).Run();
-    database->CommitTrans();
+    GenerateRepository(*database, objects, repository::SchemaEngine::Embedded);
     database->Close();
 }
 
