@@ -42,7 +42,7 @@ enum ErrorNumber : std::int32_t {
     ConstraintViolated = 3201,
     InvalidOperation = 3219,       ///< an action statement where a query is asked for
     OperationNotSupported = 3251,  ///< a write through a snapshot, or to rows of several tables
-    ValueOutOfColumn = 3421,  ///< a value that does not convert to the column
+    ValueOutOfColumn = 3421,       ///< a value that does not convert to the column
 };
 
 /// One column of a recordset, of its current record.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "automation/dispatch.h"
+#include "persistence/db_results.h"
 #include "persistence/qor_object.h"
 #include "platform/platform.h"
-#include "persistence/db_results.h"
 
 #include <memory>
 #include <string>

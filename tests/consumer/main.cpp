@@ -1,9 +1,8 @@
-// A host of its own, built against the installed package: writes the Oracle scripts of a definition, once early bound
-// and once by name, and fails when the two differ.
-
-#include <korvex/korvex.h>
+// A host of its own, built against the installed package: writes the Oracle scripts of a definition, once
+// early bound and once by name, and fails when the two differ.
 
 #include <iostream>
+#include <korvex/korvex.h>
 
 int main(int argc, char** argv) {
     if (argc != 4) {
