@@ -26,4 +26,5 @@ ctest --preset release --output-log build/release-tests.log -Q || { cat build/re
 tail -n 4 build/release-tests.log
 
 step "tests, with address and undefined-behaviour sanitizers"
+ulimit -s 131072  # instrumented frames are many times as large: what nests deeply needs more stack
 ctest --preset asan-ubsan

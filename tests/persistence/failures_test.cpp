@@ -209,6 +209,19 @@ class Endless final : public persistence::PlainObject {
     Ref m_definition;
 };
 
+// Instrumented code needs many times the stack for each level.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int DeepLevels = 300;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr int DeepLevels = 300;
+#else
+constexpr int DeepLevels = 3000;
+#endif
+#else
+constexpr int DeepLevels = 3000;
+#endif
+
 TEST(Failures, ATreeWithoutEndIsAnErrorAndDeepOnesWork) {
     OrderWorld world;
     auto& table = world.database.tables["tNode"];
@@ -218,7 +231,7 @@ TEST(Failures, ATreeWithoutEndIsAnErrorAndDeepOnesWork) {
                      {.name = "QORCounter"}};
     const auto leaf = KeyedDefinition("Node", "Node");
     auto definition = leaf;
-    constexpr int levels = 3000;
+    constexpr int levels = DeepLevels;
     for (int i = 1; i < levels; ++i) {
         auto above = KeyedDefinition("Node", i + 1 < levels ? "Node" : "");
         above->AddChild("Next", std::move(definition));
