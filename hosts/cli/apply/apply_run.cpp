@@ -5,6 +5,7 @@
 #include "hosts/cli/apply/table_rebuild.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,6 +23,30 @@ std::string Join(const std::string& description, std::string_view sentence) {
     return description + (description.ends_with('.') ? " " : ". ") + std::string(sentence);
 }
 
+/// A table that is rebuilt must be dropped without a thought for its children; what stands at the end is
+/// checked as a whole. Nothing of this can be switched inside a transaction.
+class RebuildMode {
+  public:
+    explicit RebuildMode(ado::Connection& connection) : m_connection(connection) { Switch("OFF", "ON"); }
+    RebuildMode(const RebuildMode&) = delete;
+    RebuildMode& operator=(const RebuildMode&) = delete;
+    ~RebuildMode() {
+        try {
+            Switch("ON", "OFF");
+        } catch (const Error&) {
+            // The run has ended with an error of its own, or the connection is gone.
+        }
+    }
+
+  private:
+    void Switch(const std::string& foreignKeys, const std::string& legacyAlterTable) {
+        m_connection.Execute("PRAGMA foreign_keys = " + foreignKeys);
+        m_connection.Execute("PRAGMA legacy_alter_table = " + legacyAlterTable);
+    }
+
+    ado::Connection& m_connection;
+};
+
 class ApplyRun {
   public:
     ApplyRun(ado::Connection& connection, std::vector<ApplyStep> steps, Console& console)
@@ -36,12 +61,9 @@ class ApplyRun {
         const bool rebuilds = std::ranges::any_of(m_steps, [](const ApplyStep& step) {
             return step.action == StepAction::AddKey || step.action == StepAction::DropKeys;
         });
-        // A table that is rebuilt must be dropped without a thought for its children; what stands at the end
-        // is checked as a whole. Neither can be switched inside a transaction.
-        if (rebuilds) {
-            m_connection.Execute("PRAGMA foreign_keys = OFF");
-            m_connection.Execute("PRAGMA legacy_alter_table = ON");
-        }
+        std::optional<RebuildMode> rebuildMode;
+        if (rebuilds) rebuildMode.emplace(m_connection);
+
         m_connection.BeginTrans();
         try {
             RunSteps();

@@ -68,25 +68,42 @@ void CopyRecords(ado::Connection& connection, const TableInHand& table, const st
                        values + " FROM " + QuoteName(table.name));
 }
 
-/// Puts a table of the text in hand in the stored one's place.
-void Rebuild(ado::Connection& connection, const TableInHand& table) {
-    const std::vector<std::string> dependents = Dependents(connection, table.name);
-    const std::vector<std::string> lastNumber = LastNumber(connection, table.name);
+void DropTable(ado::Connection& connection, const std::string& table) {
+    connection.Execute("DROP TABLE " + QuoteName(table));
+}
+
+/// To rename a table the engine reads the definitions of all tables again, so one without records is simply
+/// made anew.
+void ReplaceTable(ado::Connection& connection, const TableInHand& table) {
+    const bool isEmpty = ReadTexts(connection, "select 1 from " + QuoteName(table.name) + " limit 1").empty();
+    if (isEmpty) {
+        DropTable(connection, table.name);
+        connection.Execute(table.text.Text());
+        return;
+    }
     const std::string target = "korvex_new_" + table.name;
     TableText text = table.text;
     text.Rename(target);
     connection.Execute(text.Text());
     CopyRecords(connection, table, target);
-    connection.Execute("DROP TABLE " + QuoteName(table.name));
+    DropTable(connection, table.name);
     connection.Execute("ALTER TABLE " + QuoteName(target) + " RENAME TO " + QuoteName(table.name));
+}
+
+/// Puts a table of the text in hand in the stored one's place, with all that belongs to it.
+void Rebuild(ado::Connection& connection, const TableInHand& table) {
+    const std::vector<std::string> dependents = Dependents(connection, table.name);
+    const std::vector<std::string> lastNumber = LastNumber(connection, table.name);
+    ReplaceTable(connection, table);
     for (const std::string& dependent : dependents)
         connection.Execute(dependent);
     for (const std::string& trigger : NoParentTriggers(table.name, table.text.ForeignKeys()))
         connection.Execute(trigger);
-    for (const std::string& number : lastNumber) {
-        connection.Execute("UPDATE sqlite_sequence SET seq = " + number +
-                           " WHERE name = " + QuoteText(table.name));
-    }
+    if (lastNumber.empty()) return;
+    const std::string name = QuoteText(table.name);
+    connection.Execute("DELETE FROM sqlite_sequence WHERE name = " + name);
+    connection.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES (" + name + ", " + lastNumber.front() +
+                       ")");
 }
 
 /// Raises an error for the rows of a foreign-key check, which are the records without a parent.

@@ -152,6 +152,19 @@ TEST_F(Apply, ATableThatGetsForeignKeysKeepsAllElse) {
     EXPECT_THAT(m_target.Query("select Text from Log"), ElementsAre("9", "4"));
 }
 
+TEST_F(Apply, ATableWithoutRecordsKeepsItsCounter) {
+    ApplyText(Family);
+    for (const char* statement : {"insert into C values (41, 0, 0, null)", "delete from C"})
+        ASSERT_EQ(m_target.Execute(statement), 0) << statement;
+    const Lines objects =
+        m_target.Query("select type, name from sqlite_master where type <> 'trigger' order by 1, 2");
+    Expect(ApplyText(FamilyKeys), "2 constraints created\n");
+    EXPECT_EQ(m_target.Query("select type, name from sqlite_master where type <> 'trigger' order by 1, 2"),
+              objects);
+    EXPECT_EQ(m_target.Execute("insert into C (Data) values (null)"), 0);
+    EXPECT_THAT(m_target.Query("select CID from C"), ElementsAre("42"));
+}
+
 // A record beneath one of several parents says 0 for the others.
 TEST_F(Apply, NoParentIsNull) {
     ApplyText(std::string(Family) + FamilyKeys);

@@ -1,0 +1,78 @@
+#include "automation/error.h"
+#include "hosts/cli/apply/apply_run.h"
+#include "hosts/cli/target_database.h"
+#include "platform/native/native_platform.h"
+#include "support/test_seam.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace korvex::tests {
+namespace {
+
+constexpr const char* Before =
+    "create table A (AID INTEGER primary key);\n"
+    "create table C (CID INTEGER primary key autoincrement, FK_AID int, FK_BID int);\n"
+    "create index C1 on C(FK_AID);\ninsert into A values (1);\ninsert into C values (7, 1, 0);\n";
+constexpr const char* Script =
+    "CREATE TABLE dbo.B (BID int IDENTITY (1, 1) Not NULL, PRIMARY KEY CLUSTERED (BID))\nGO\n"
+    "ALTER TABLE C\nADD CONSTRAINT F FOREIGN KEY (FK_AID) REFERENCES A(AID)\nGO\n"
+    "insert into dbo.B default values\nGO\n"
+    "ALTER TABLE C\nADD CONSTRAINT F FOREIGN KEY (FK_BID) REFERENCES B(BID)\nGO\n"
+    "if exists(select 1) DROP TABLE dbo.None\nGO\n";
+
+void RunScript(ado::Connection& connection, const std::string& text) {
+    std::ostringstream results;
+    std::ostringstream messages;
+    cli::Console console(results, messages, false);
+    cli::RunStatements(connection, cli::ReadScript("script", text, cli::GuessStyle(text)), console);
+}
+
+/// Everything that a database holds.
+std::vector<std::string> Contents(const TargetDatabase& target) {
+    std::vector<std::string> all = target.Query("select type, name, sql from sqlite_master order by 1, 2");
+    for (const char* query : {"select * from A", "select * from C", "select * from sqlite_sequence"})
+        for (const std::string& line : target.Query(query))
+            all.push_back(line);
+    return all;
+}
+
+// Whichever engine call fails, the run ends with its error, and the database is as it was.
+TEST(ApplyFaults, ARunSucceedsOrChangesNothing) {
+    const TargetDatabase target;
+    RunScript(*target.Open(), Before);
+    const std::vector<std::string> before = Contents(target);
+    const auto seam = std::make_shared<TestSeam>();
+    const Platform platform = native::NativePlatform({.seam = seam});
+
+    std::size_t failures = 0;
+    for (std::size_t n = 1;; ++n) {
+        SCOPED_TRACE("call " + std::to_string(n));
+        const auto connection = platform.targetProvider->CreateConnection();
+        connection->Open(target.Connection());
+        seam->FailAt(n);
+        try {
+            RunScript(*connection, Script);
+            seam->FailAt(0);
+            break;
+        } catch (const automation::Error& error) {
+            EXPECT_TRUE(seam->HasFailed()) << error.Description();
+        }
+        seam->FailAt(0);
+        ++failures;
+        EXPECT_EQ(seam->OpenStatements(), 0);
+        ASSERT_EQ(Contents(target), before);
+    }
+    EXPECT_GT(failures, 50U);
+    EXPECT_THAT(target.ForeignKeys(), testing::ElementsAre("C.FK_AID A.AID", "C.FK_BID B.BID"));
+    EXPECT_THAT(target.Query("select * from C"), testing::ElementsAre("7 1 -"));
+    EXPECT_EQ(target.Execute("insert into C (FK_AID) values (2)"), ado::DbEConstraint);
+}
+
+}  // namespace
+}  // namespace korvex::tests
