@@ -68,6 +68,16 @@ void AddConstraint(const PlannedTable& table, const std::string& owner, UniqueNa
     }
 }
 
+void CheckTableName(const PlannedTable& table, const std::string& owner, Findings& findings) {
+    if (automation::Length(table.name) > LongestTableName) {
+        findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
+                         " get longer than 30 characters, which older Oracle servers refuse");
+    }
+    if (const std::string dialects = ReservedBy(table.name); !dialects.empty()) {
+        findings.Warning(owner + ": table " + table.name + " is a reserved word (" + dialects + ")");
+    }
+}
+
 }  // namespace
 
 void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
@@ -82,14 +92,7 @@ void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
             AddProcedures(table, procedures);
             AddConstraint(table, owner, constraints, findings);
         }
-        const std::string ofTable = "table " + table.name;
-        if (automation::Length(table.name) > LongestTableName) {
-            findings.Warning(owner + ": the names of sequence, trigger, index or key of " + ofTable +
-                             " get longer than 30 characters, which older Oracle servers refuse");
-        }
-        if (const std::string dialects = ReservedBy(table.name); !dialects.empty()) {
-            findings.Warning(owner + ": " + ofTable + " is a reserved word (" + dialects + ")");
-        }
+        CheckTableName(table, owner, findings);
     }
 }
 
