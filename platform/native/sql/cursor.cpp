@@ -78,8 +78,8 @@ void Cursor::MoveLast() {
         return;
     }
     RequireRecord();
-    while (m_position == Position::Stream) {
-        Row row = StreamRow();
+    while (m_statement && m_position != Position::End) {
+        Row row = m_position == Position::Stream ? StreamRow() : std::move(m_row);
         Advance();
         if (m_position == Position::End) {
             m_row = std::move(row);
@@ -333,6 +333,10 @@ void Cursor::StoreAddition() {
 }
 
 void Cursor::StoreEdit() {
+    if (m_position == Position::Stream) {
+        m_row = StreamRow();
+        m_position = Position::Memory;
+    }
     for (std::size_t i = m_changes.columns.size(); i-- > 0;) {
         if (m_changes.values[i] == StoredValue(m_changes.columns[i])) m_changes.Remove(i);
     }
@@ -344,7 +348,6 @@ void Cursor::StoreEdit() {
 }
 
 RowIdentity Cursor::CurrentIdentity() {
-    if (m_position == Position::Stream) return Writer().Identify(StreamRow());
     if (m_position == Position::Memory) return Writer().Identify(m_row);
     const AddedRow& row = m_added[m_addedIndex];
     if (!row.identity)

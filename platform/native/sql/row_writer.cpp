@@ -133,13 +133,7 @@ Variant RowWriter::NewKey(StatementLease& insert, std::string_view insertText) {
 
 void RowWriter::Update(const RowIdentity& identity, const Changes& changes) {
     if (!identity.unique) RequireSingle(identity);
-    std::string text = "UPDATE " + m_plan->QuotedTable();
-    text.reserve(text.size() + (changes.columns.size() + identity.columns.size()) * 32);
-    std::string_view before = " SET ";
-    for (const std::size_t column : changes.columns) {
-        text.append(before).append(m_plan->QuotedName(column)).append(" = ?");
-        before = ", ";
-    }
+    std::string text = m_plan->UpdateText(changes.columns);
     AppendWhere(text, identity);
     StatementLease update = m_session.PrepareExact(text, StatementKind::Update);
     BindChanges(update, changes);

@@ -150,6 +150,7 @@ void Session::DefinitionsChanged() noexcept {
     m_cache.Clear();
     m_tables.clear();
     m_plans.clear();
+    DoForgetDefinitions();
 }
 
 void Session::Attach(SessionCursor& cursor) noexcept {

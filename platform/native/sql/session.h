@@ -131,6 +131,8 @@ class Session {
     virtual void DoCommit() = 0;
     virtual void DoRollback() = 0;
     virtual TableInfo DoDescribeTable(const TableName& name) = 0;
+    /// Drops what the driver itself keeps of tables and columns.
+    virtual void DoForgetDefinitions() noexcept {}
     /// Ends cursors and idle statements; the driver calls it before it closes its connection.
     void CloseAll() noexcept;
 

@@ -51,12 +51,28 @@ std::optional<std::size_t> WritePlan::PositionOf(std::string_view tableColumn) c
     return static_cast<std::size_t>(found - m_shape->columns.begin());
 }
 
+bool WritePlan::ComposedText::IsFor(std::span<const std::size_t> wanted) const noexcept {
+    return !text.empty() && std::ranges::equal(columns, wanted);
+}
+
 const std::string& WritePlan::InsertText(std::span<const std::size_t> columns) const {
-    if (m_insertText.empty() || !std::ranges::equal(m_insertColumns, columns)) {
-        m_insertText = ComposeInsert(columns);
-        m_insertColumns.assign(columns.begin(), columns.end());
+    if (!m_insert.IsFor(columns)) m_insert = {{columns.begin(), columns.end()}, ComposeInsert(columns)};
+    return m_insert.text;
+}
+
+const std::string& WritePlan::UpdateText(std::span<const std::size_t> columns) const {
+    if (!m_update.IsFor(columns)) m_update = {{columns.begin(), columns.end()}, ComposeUpdate(columns)};
+    return m_update.text;
+}
+
+std::string WritePlan::ComposeUpdate(std::span<const std::size_t> columns) const {
+    std::string text = "UPDATE " + m_quotedTable;
+    std::string_view before = " SET ";
+    for (const std::size_t column : columns) {
+        text.append(before).append(QuotedName(column)).append(" = ?");
+        before = ", ";
     }
-    return m_insertText;
+    return text;
 }
 
 std::string WritePlan::ComposeInsert(std::span<const std::size_t> columns) const {

@@ -36,12 +36,15 @@ class WritePlan {
     const std::string& QuotedName(std::size_t index) const noexcept { return m_quotedNames[index]; }
     /// INSERT of the columns at these positions.
     const std::string& InsertText(std::span<const std::size_t> columns) const;
+    /// UPDATE of the columns at these positions, without its condition.
+    const std::string& UpdateText(std::span<const std::size_t> columns) const;
     /// What asks for the key of the row inserted last (NewKeySource::Query, SameBatch and Sequence).
     std::string NewKeyQuery() const;
 
   private:
     std::string Qualified(std::string_view name) const;
     std::string ComposeInsert(std::span<const std::size_t> columns) const;
+    std::string ComposeUpdate(std::span<const std::size_t> columns) const;
     std::string ReturningText() const;
 
     const EngineTraits& m_traits;
@@ -50,9 +53,15 @@ class WritePlan {
     std::optional<std::vector<std::size_t>> m_keyColumns;
     std::string m_quotedTable;
     std::vector<std::string> m_quotedNames;
-    // The INSERT composed last: one host mostly sets the same columns.
-    mutable std::vector<std::size_t> m_insertColumns;
-    mutable std::string m_insertText;
+    /// The statement composed last: one host mostly sets the same columns.
+    struct ComposedText {
+        std::vector<std::size_t> columns;
+        std::string text;
+
+        bool IsFor(std::span<const std::size_t> wanted) const noexcept;
+    };
+    mutable ComposedText m_insert;
+    mutable ComposedText m_update;
 };
 
 }  // namespace korvex::native::sql

@@ -116,7 +116,7 @@ std::int64_t SqliteSession::LastRowId() const noexcept { return sqlite3_last_ins
 bool SqliteSession::IsReadOnly() const noexcept { return sqlite3_db_readonly(m_database.get(), "main") == 1; }
 
 std::unique_ptr<Statement> SqliteSession::DoPrepare(std::string_view text, StatementKind) {
-    return std::make_unique<SqliteStatement>(m_database.get(), text);
+    return std::make_unique<SqliteStatement>(m_database.get(), m_shapes, text);
 }
 
 /// Takes the write lock at once: a transaction that began by reading could not wait for it later.
@@ -130,7 +130,7 @@ void SqliteSession::DoRollback() {
 }
 
 TableInfo SqliteSession::DoDescribeTable(const TableName& name) {
-    SqliteStatement query(m_database.get(),
+    SqliteStatement query(m_database.get(), m_shapes,
                           "SELECT name, \"notnull\", pk FROM pragma_table_xinfo(?, ?) WHERE hidden <> 1");
     const automation::Variant table = name.table;
     const automation::Variant schema = name.schema.empty() ? "main" : name.schema;
@@ -155,7 +155,8 @@ void SqliteSession::MarkNumberedColumn(TableInfo& table) {
     const std::string from = QuoteName(m_traits, table.name.schema.empty() ? "main" : table.name.schema) +
                              "." + QuoteName(m_traits, table.name.table);
     try {
-        const SqliteStatement query(m_database.get(), "SELECT " + m_traits.rowIdName + " FROM " + from);
+        const SqliteStatement query(m_database.get(), m_shapes,
+                                    "SELECT " + m_traits.rowIdName + " FROM " + from);
         const std::string& origin = query.Shape()->columns.front().baseColumn;
         for (TableColumn& column : table.columns) {
             if (column.key && automation::EqualsIgnoreCase(column.name, origin)) column.autoNumber = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/native/sql/session.h"
+#include "platform/native/sql/sqlite/sqlite_shapes.h"
 
 #include <sqlite3.h>
 
@@ -48,6 +49,7 @@ class SqliteSession final : public Session {
     void DoCommit() override;
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name) override;
+    void DoForgetDefinitions() noexcept override { m_shapes.Forget(); }
 
     void OpenFile(const std::string& file, const SqliteOptions& options);
     void Open(const std::string& path, SqliteMode mode);
@@ -56,6 +58,7 @@ class SqliteSession final : public Session {
     void MarkNumberedColumn(TableInfo& table);
 
     std::unique_ptr<sqlite3, Closer> m_database;
+    SqliteShapes m_shapes;
 };
 
 }  // namespace korvex::native::sql

@@ -13,32 +13,6 @@ namespace {
 
 using automation::Variant;
 
-std::string Text(const char* text) { return text == nullptr ? std::string() : std::string(text); }
-
-bool IsNullable(sqlite3* database, const ColumnInfo& column) {
-    if (column.baseColumn.empty()) return true;
-    int notNull = 0;
-    sqlite3_table_column_metadata(database, column.base.schema.c_str(), column.base.table.c_str(),
-                                  column.baseColumn.c_str(), nullptr, nullptr, &notNull, nullptr, nullptr);
-    return notNull == 0;
-}
-
-std::shared_ptr<const RowShape> Describe(sqlite3_stmt* statement) {
-    auto shape = std::make_shared<RowShape>();
-    const int count = sqlite3_column_count(statement);
-    shape->columns.resize(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        ColumnInfo& column = shape->columns[static_cast<std::size_t>(i)];
-        column.name = Text(sqlite3_column_name(statement, i));
-        ReadDeclaration(Text(sqlite3_column_decltype(statement, i)), column);
-        column.base.schema = Text(sqlite3_column_database_name(statement, i));
-        column.base.table = Text(sqlite3_column_table_name(statement, i));
-        column.baseColumn = Text(sqlite3_column_origin_name(statement, i));
-        column.nullable = IsNullable(sqlite3_db_handle(statement), column);
-    }
-    return shape;
-}
-
 /// True is -1 in a number column, as automation has it, and 1 in one that was declared Boolean.
 int StoredBoolean(bool value, const ColumnInfo* column) noexcept {
     if (!value) return 0;
@@ -91,7 +65,8 @@ class Binder {
 
 }  // namespace
 
-SqliteStatement::SqliteStatement(sqlite3* database, std::string_view text) : m_database(database) {
+SqliteStatement::SqliteStatement(sqlite3* database, SqliteShapes& shapes, std::string_view text)
+    : m_database(database), m_shapes(shapes) {
     sqlite3_stmt* statement = nullptr;
     const char* tail = nullptr;
     CheckSqlite(database, sqlite3_prepare_v3(database, text.data(), static_cast<int>(text.size()),
@@ -102,7 +77,7 @@ SqliteStatement::SqliteStatement(sqlite3* database, std::string_view text) : m_d
                           "Characters found after end of SQL statement");
     }
     if (statement == nullptr) throw EngineError(ErrorKind::Syntax, SQLITE_ERROR, "The statement is empty");
-    m_shape = Describe(statement);
+    m_shape = m_shapes.Describe(statement);
     m_parameterCount = static_cast<std::size_t>(sqlite3_bind_parameter_count(statement));
     m_writes = sqlite3_stmt_readonly(statement) == 0;
 }
@@ -130,7 +105,8 @@ bool SqliteStatement::Step() {
     if (code == SQLITE_ROW) {
         if (const int count = RepreparedCount(); count != m_reprepared) {
             m_reprepared = count;
-            m_shape = Describe(m_statement.get());
+            m_shapes.Forget();
+            m_shape = m_shapes.Describe(m_statement.get());
         }
         return true;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/native/sql/sqlite/sqlite_shapes.h"
 #include "platform/native/sql/statement.h"
 
 #include <sqlite3.h>
@@ -11,8 +12,8 @@ namespace korvex::native::sql {
 
 class SqliteStatement final : public Statement {
   public:
-    /// Prepares `text`; SecondStatement when another one follows.
-    SqliteStatement(sqlite3* database, std::string_view text);
+    /// Prepares `text`; SecondStatement when another one follows. `shapes` outlives the statement.
+    SqliteStatement(sqlite3* database, SqliteShapes& shapes, std::string_view text);
 
     const std::shared_ptr<const RowShape>& Shape() const noexcept override { return m_shape; }
     std::size_t ParameterCount() const noexcept override { return m_parameterCount; }
@@ -32,6 +33,7 @@ class SqliteStatement final : public Statement {
     int RepreparedCount() const noexcept;
 
     sqlite3* m_database;
+    SqliteShapes& m_shapes;
     std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
     std::shared_ptr<const RowShape> m_shape;
     std::size_t m_parameterCount = 0;
