@@ -17,3 +17,9 @@ function(korvex_compile_settings target)
         target_link_options(${target} PRIVATE -fsanitize=${KORVEX_SANITIZE})
     endif()
 endfunction()
+
+# For targets whose time goes into what they call, such as hosts and tests: an optimised build compiles them lightly,
+# in half the time.
+function(korvex_compile_lightly target)
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
+endfunction()
