@@ -1,0 +1,29 @@
+#include "tests/windows/engines/ado_parts.h"
+
+#include "platform/native/ado/errors.h"
+#include "platform/native/ado/provider.h"
+#include "platform/native/ado/target.h"
+#include "platform/native/sql/odbc/odbc_session.h"
+
+namespace korvex::test {
+
+std::shared_ptr<automation::TableObject> CreateAdoConnection() {
+    return native::ado_engine::CreateAdoProvider(nullptr)->CreateConnection();
+}
+
+std::shared_ptr<automation::TableObject> CreateAdoRecordset() {
+    return native::ado_engine::CreateAdoProvider(nullptr)->CreateRecordset();
+}
+
+}  // namespace korvex::test
+
+namespace korvex::native::ado_engine {
+
+/// Every target is an ODBC one here.
+std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
+    return WithAdoErrors(
+        [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); },
+        [] { return std::string_view(); });
+}
+
+}  // namespace korvex::native::ado_engine
