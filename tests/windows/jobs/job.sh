@@ -1,0 +1,107 @@
+#!/bin/sh
+# One step of the jobs, which are done by hosts that know korvex.dll by its registration only: job.sh BUILD STEP
+# BUILD is the build folder; the steps stand in CMakeLists.txt, in their order. A script's output is compared whole:
+# Wine's script host ends without a message, and with exit code 0, where a script fails.
+set -eu
+build=$1
+step=$2
+source=$(cd "$(dirname "$0")" && pwd)
+examples=$(cd "$source/../../../examples" && pwd)
+work=$build/jobs
+
+wine() {
+    sh "$build/wine-jobs.sh" "$@"
+}
+
+# The path by which Windows programs know a file.
+windows_path() {
+    printf 'Z:%s' "$1" | tr / '\\'
+}
+
+# run_script NAME [ARGUMENT ...]: in a folder of its own, on copies of the databases that are there.
+run_script() {
+    name=$1
+    shift
+    rm -rf "$work/$name"
+    mkdir -p "$work/$name/out"
+    cd "$work/$name"
+    for database in orders.db target.db; do
+        [ ! -f "../$database" ] || cp "../$database" .
+    done
+    echo "not a database" >no_database.txt
+    wine cscript //nologo "$(windows_path "$source/$name.vbs")" "$@" >output.txt
+    diff -u "$source/$name.expected" output.txt
+}
+
+# query SQL: what a program that knows nothing of the component finds in the target database.
+query() {
+    sqlite3 target.db "$1"
+}
+
+expect() {
+    [ "$2" = "$3" ] || { printf '%s: is %s, should be %s\n' "$1" "$2" "$3"; exit 1; }
+}
+
+case "$step" in
+    start)
+        wine --start
+        # A broken-off run may have left them.
+        wine regsvr32 /u /s "$(windows_path "$build/korvex_test_engines.dll")" || true
+        # The ADO of Wine cannot write.
+        for class in ADODB.Connection ADODB.Recordset; do
+            wine reg delete "HKCR\\$class" /f >/dev/null 2>&1 || true
+        done
+        wine regsvr32 /s "$(windows_path "$build/korvex.dll")"
+        rm -rf "$work"
+        mkdir -p "$work"
+        ;;
+    no_engines)
+        run_script no_engines
+        ;;
+    engines)
+        wine regsvr32 /s "$(windows_path "$build/korvex_test_engines.dll")"
+        cd "$work"
+        wine "$build/make_databases.exe" repository orders.db "$examples/orders.json"
+        ;;
+    scripts)
+        run_script scripts
+        for golden in "$examples"/scripts/*; do
+            cmp "$golden" "out/${golden##*/}"
+        done
+        expect "script files" "$(ls out | wc -l)" 15
+        # With the keys that the runs have made.
+        cp orders.db ..
+        ;;
+    target)
+        cd "$work"
+        rm -f target.db
+        wine "$build/make_databases.exe" target "DRIVER=SQLite3;Database=$work/target.db" \
+            scripts/out/MSCreate.sql scripts/out/MSFKCr.sql
+        ;;
+    persistence)
+        run_script persistence "$work/persistence/target.db" "$(windows_path "$examples/order.json")"
+        expect "orders" "$(query 'select OrderID from tOrder')" 2
+        expect "lines" "$(query 'select OrderLineID, FK_OrderLinesID, LineNumber from tOrderLine')" '6|3|1'
+        expect "customer" "$(query 'select CompanyName from tCustomer')" 'Müller & Ж😀'
+        expect "foreign keys" "$(query 'pragma foreign_key_check')" ''
+        ;;
+    connection | errors)
+        run_script "$step" "$work/$step/target.db"
+        ;;
+    stop)
+        for server in korvex_test_engines korvex; do
+            wine regsvr32 /u /s "$(windows_path "$build/$server.dll")"
+        done
+        for class in Korvex.clsCreateDb Korvex.clsField Korvex.clsCRUD DAO.DBEngine.36; do
+            if wine reg query "HKCR\\$class" >/dev/null 2>&1; then
+                echo "$class is still registered"
+                exit 1
+            fi
+        done
+        wine --stop
+        ;;
+    *)
+        echo "job.sh: no such step: $step" >&2
+        exit 2
+        ;;
+esac
