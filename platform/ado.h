@@ -90,6 +90,9 @@ class Field : public automation::TableObject {
     virtual automation::Variant GetChunk(std::int32_t length) = 0;
     /// The first call on a record replaces the long value, later ones extend it.
     virtual void AppendChunk(const automation::Variant& data) = 0;
+    /// Beside ADO's own members: False when the column is known to refuse "", so that nobody has to try it
+    /// for the error.
+    virtual bool TakesBlankText() const { return true; }
     const automation::ClassInfo& Class() const noexcept override;
 };
 

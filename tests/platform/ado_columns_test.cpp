@@ -62,6 +62,7 @@ TEST_P(AdoColumns, FieldsFollowTheDeclaredTypes) {
     const auto connection = Connect();
     connection->Execute(text + ")");
     const auto recordset = Open(connection, "select * from t");
+    recordset->AddNew();
     for (std::size_t i = 0; i < std::size(cases); ++i) {
         SCOPED_TRACE(cases[i].declared);
         const auto field = recordset->Fields(static_cast<std::int32_t>(i));
@@ -69,7 +70,21 @@ TEST_P(AdoColumns, FieldsFollowTheDeclaredTypes) {
         EXPECT_EQ(field->DefinedSize(), cases[i].definedSize);
         EXPECT_EQ((field->Attributes() & ado::adFldLong) != 0, cases[i].isLong);
         EXPECT_NE(field->Attributes() & ado::adFldUpdatable, 0);
+        if (field->TakesBlankText())
+            EXPECT_NO_THROW(field->Value(""));
+        else
+            EXPECT_EQ(NumberRaisedBy([&] { field->Value(""); }), ado::adErrDataConversion);
     }
+}
+
+TEST_P(AdoColumns, AreFoundByNameInAnyCaseAndTheFirstOfSeveral) {
+    const auto recordset =
+        Open(Connect(), "select 1 as A1, 2 as b, 3 as a1, 4 as \"\", 5 as B, 6 as \"A 1\"");
+    const std::pair<std::string, int> fields[] = {{"A1", 1}, {"a1", 1}, {"B", 2}, {"", 4}, {"a 1", 6}};
+    for (const auto& [name, value] : fields)
+        EXPECT_EQ(automation::ToLong(recordset->Fields(name)->Value()), value) << name;
+    for (const char* name : {"A", "a\x11", "1", "b "})
+        EXPECT_EQ(NumberRaisedBy([&] { recordset->Fields(name); }), ado::adErrItemNotFound) << name;
 }
 
 /// What a column makes of a value: the value that comes back, from the edit and from the database, or an

@@ -27,18 +27,19 @@ TEST(NewKey, IsAskedForInTheEnginesOwnWay) {
         {"Oracle", insert, "SELECT \"dbo\".\"SEQ_Orders\".CURRVAL FROM DUAL"},
         {"Some other engine", insert, ""},
     };
-    auto shape = std::make_shared<RowShape>();
+    std::vector<ColumnInfo> columns;
     auto table = std::make_shared<TableInfo>();
     table->name = {.catalog = "", .schema = "dbo", .table = "Orders"};
     for (const char* name : {"OrderID", "Note"}) {
         ColumnInfo column;
         column.name = column.baseColumn = name;
         column.base = table->name;
-        shape->columns.push_back(column);
+        columns.push_back(column);
         TableColumn& stored = table->columns.emplace_back();
         stored.name = name;
         stored.key = stored.autoNumber = column.name == "OrderID";
     }
+    const auto shape = std::make_shared<RowShape>(std::move(columns));
     for (const auto& c : cases) {
         SCOPED_TRACE(c.engine);
         const OdbcDialect dialect = DialectOf(c.engine);

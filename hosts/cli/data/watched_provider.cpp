@@ -38,6 +38,7 @@ class WatchedField final : public ado::Field {
     std::int32_t Attributes() const override { return m_field->Attributes(); }
     Variant GetChunk(std::int32_t length) override { return m_field->GetChunk(length); }
     void AppendChunk(const Variant& data) override { m_field->AppendChunk(data); }
+    bool TakesBlankText() const override { return m_field->TakesBlankText(); }
 
   private:
     std::shared_ptr<ado::Field> m_field;

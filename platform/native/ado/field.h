@@ -26,6 +26,9 @@ class NativeField final : public ado::Field {
     std::int32_t Attributes() const override { return FieldAttributes(Column(), m_rows->IsUpdatable()); }
     automation::Variant GetChunk(std::int32_t length) override { return m_rows->GetChunk(m_column, length); }
     void AppendChunk(const automation::Variant& data) override { m_rows->AppendChunk(m_column, data); }
+    bool TakesBlankText() const override {
+        return sql::IsText(Column().type) || Column().type == sql::ColumnType::Unknown;
+    }
 
   private:
     const sql::ColumnInfo& Column() const noexcept { return m_rows->Column(m_column); }

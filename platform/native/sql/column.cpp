@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <utility>
 
 namespace korvex::native::sql {
 namespace {
@@ -87,12 +89,30 @@ std::uint32_t TakeNumber(std::string_view& text) noexcept {
 
 }  // namespace
 
-std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
+RowShape::RowShape(std::vector<ColumnInfo> described)
+    : columns(std::move(described)), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const std::string& own = columns[i].name;
-        if (own.size() == name.size() && (own == name || EqualsIgnoreCase(own, name))) return i;
+        std::size_t slot = SlotOf(columns[i].name);
+        while (m_slots[slot] != 0)
+            slot = (slot + 1) % m_slots.size();
+        m_slots[slot] = static_cast<std::uint32_t>(i) + 1;
+    }
+}
+
+std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
+    for (std::size_t slot = SlotOf(name); m_slots[slot] != 0; slot = (slot + 1) % m_slots.size()) {
+        const std::size_t position = m_slots[slot] - 1;
+        const std::string& own = columns[position].name;
+        if (own == name || EqualsIgnoreCase(own, name)) return position;
     }
     return std::nullopt;
+}
+
+std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
+    std::size_t hash = name.size();
+    for (const char c : name)
+        hash = hash * 31 + (static_cast<unsigned char>(c) | 0x20u);  // letters of either case alike
+    return (hash ^ (hash >> 16)) & (m_slots.size() - 1);
 }
 
 const TableColumn* TableInfo::Find(std::string_view column) const noexcept {

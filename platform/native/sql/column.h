@@ -48,12 +48,24 @@ struct ColumnInfo {
     std::string baseColumn;    ///< empty for an expression
 };
 
-/// The columns of a result.
-struct RowShape {
-    std::vector<ColumnInfo> columns;
+/// The columns of a result. Made once and shared by all results that have them, so that what is worked out
+/// here is not worked out for each row.
+class RowShape {
+  public:
+    explicit RowShape(std::vector<ColumnInfo> described);
 
     /// Position of the column of that name, in any case; the first one when several bear it.
     std::optional<std::size_t> Find(std::string_view name) const noexcept;
+
+    const std::vector<ColumnInfo> columns;
+
+  private:
+    /// Where the search for a name begins.
+    std::size_t SlotOf(std::string_view name) const noexcept;
+
+    /// Positions plus one, each at its name's slot or the next free one behind it; 0 for a free slot. A power
+    /// of two in size, and half empty.
+    std::vector<std::uint32_t> m_slots;
 };
 
 /// One column of a base table.

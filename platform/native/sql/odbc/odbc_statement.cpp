@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace korvex::native::sql {
 namespace {
@@ -74,13 +75,13 @@ bool OdbcStatement::Writes() const noexcept {
 }
 
 std::shared_ptr<const RowShape> OdbcStatement::Describe() const {
-    auto shape = std::make_shared<RowShape>();
     SQLSMALLINT count = 0;
     Check(SQLNumResultCols(Handle(), &count));
+    std::vector<ColumnInfo> columns;
     for (SQLSMALLINT i = 1; i <= count; ++i) {
-        shape->columns.push_back(DescribeColumn(static_cast<SQLUSMALLINT>(i)));
+        columns.push_back(DescribeColumn(static_cast<SQLUSMALLINT>(i)));
     }
-    return shape;
+    return std::make_shared<RowShape>(std::move(columns));
 }
 
 ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {

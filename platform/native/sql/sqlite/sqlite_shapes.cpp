@@ -61,17 +61,17 @@ bool IsNullable(sqlite3* database, const ColumnInfo& column) {
 }
 
 std::shared_ptr<const RowShape> MakeShape(sqlite3* database, const std::vector<ColumnTexts>& columns) {
-    auto shape = std::make_shared<RowShape>();
-    shape->columns.reserve(columns.size());
+    std::vector<ColumnInfo> described;
+    described.reserve(columns.size());
     for (const ColumnTexts& texts : columns) {
-        ColumnInfo& column = shape->columns.emplace_back();
+        ColumnInfo& column = described.emplace_back();
         column.name = texts.name;
         ReadDeclaration(texts.declaration, column);
         column.base = {.catalog = {}, .schema = std::string(texts.schema), .table = std::string(texts.table)};
         column.baseColumn = texts.baseColumn;
         column.nullable = IsNullable(database, column);
     }
-    return shape;
+    return std::make_shared<RowShape>(std::move(described));
 }
 
 }  // namespace
