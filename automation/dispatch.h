@@ -11,6 +11,8 @@
 
 namespace korvex::automation {
 
+struct ClassInfo;
+
 /// How a member is reached; the values are the platform's dispatch flags.
 enum class InvokeKind : std::uint16_t { Method = 1, PropertyGet = 2, PropertyLet = 4, PropertySet = 8 };
 
@@ -38,6 +40,10 @@ class Object : public std::enable_shared_from_this<Object> {
 
     /// Starts a For Each; raises MemberNotFound (438) for an object that is no collection.
     virtual std::unique_ptr<Enumerator> NewEnum();
+
+    /// Whether the object is of the class that `info` describes, or of one that derives from it. Answered by
+    /// classes that are looked for all the time, for which a cast's search through the hierarchy is too slow.
+    virtual bool IsA(const ClassInfo& /*info*/) const noexcept { return false; }
 };
 
 enum class Passing : std::uint8_t { ByValue, ByReference };

@@ -6,13 +6,12 @@ namespace korvex::persistence {
 
 automation::Variant DefinitionCarrier::NamedValue(std::string_view name) {
     std::shared_ptr<DefinitionCarrier> child;
-    if (m_definition != nullptr) {
-        ForEachValueDef(*m_definition, [&](const Ref& valueDef) {
-            if (child != nullptr || !IsChild(*valueDef) || valueDef->StringAttribute(attName) != name) return;
-            child = std::make_shared<DefinitionCarrier>();
-            child->DataDef(valueDef);
-        });
-    }
+    const auto values = m_definition != nullptr ? m_definition->ObjectAttribute(attValues) : nullptr;
+    ForEach(values.get(), [&](const Ref& valueDef) {
+        if (child != nullptr || !IsChild(*valueDef) || valueDef->StringAttribute(attName) != name) return;
+        child = std::make_shared<DefinitionCarrier>();
+        child->DataDef(valueDef);
+    });
     return child != nullptr ? automation::Variant(child) : PlainObject::NamedValue(name);
 }
 

@@ -8,9 +8,16 @@ namespace korvex::persistence {
 using automation::Error;
 using automation::Variant;
 
+namespace {
+
+[[noreturn]] void RaiseNothing(std::string_view what) {
+    throw Error(automation::ObjectVariableNotSet, "There is no " + std::string(what) + ".");
+}
+
+}  // namespace
+
 const QORObject::Ref& Need(const QORObject::Ref& reference, std::string_view what) {
-    if (reference == nullptr)
-        throw Error(automation::ObjectVariableNotSet, "There is no " + std::string(what) + ".");
+    if (reference == nullptr) RaiseNothing(what);
     return reference;
 }
 
@@ -22,15 +29,11 @@ QORObject::Ref ToQORObject(const Variant& value, std::string_view what) {
     const auto* reference = value.If<automation::ObjectRef>();
     if (reference == nullptr)
         throw Error(automation::ObjectRequired, "The " + std::string(what) + " holds no data object.");
-    auto object = std::dynamic_pointer_cast<QORObject>(*reference);
-    if (*reference != nullptr && object == nullptr)
+    if (*reference == nullptr) RaiseNothing(what);
+    auto* object = QORObject::From(reference->get());
+    if (object == nullptr)
         throw Error(automation::TypeMismatch, "The " + std::string(what) + " is no QORObject.");
-    return Need(object, what);
-}
-
-std::string StoredColumn(QORObject& valueDef) {
-    if (IsChild(valueDef) || !valueDef.BooleanAttribute(attIsIncluded)) return {};
-    return valueDef.StringAttribute(attFieldName);
+    return {*reference, object};
 }
 
 Variant ColumnValue(QORObject& coData, std::string_view column) {

@@ -4,6 +4,8 @@
 #include "persistence/qor_object.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 /// Reading data objects and their definitions. Everything rests on the operations of QORObject alone.
 namespace korvex::persistence {
@@ -27,31 +29,16 @@ void ForEach(QORObject* collection, Visit&& visit) {
         visit(ToQORObject(*item, "item of the collection"));
 }
 
-/// Calls `visit` for each value definition of a definition, in order.
-template <class Visit>
-void ForEachValueDef(QORObject& definition, Visit&& visit) {
-    const auto values = definition.ObjectAttribute(attValues);
-    ForEach(values.get(), visit);
-}
-
 /// The value is a child data object.
 inline bool IsChild(QORObject& valueDef) { return valueDef.HasAttribute(attValues); }
 /// The definition is that of a collection-kind object.
 inline bool IsCollection(QORObject& definition) { return definition.HasAttribute(attElementDef); }
 
-/// Column of a value definition; "" for one that is not stored in a column: a child object, not included, or
-/// without a column name.
-std::string StoredColumn(QORObject& valueDef);
-
-/// Calls `visit(const QORObject::Ref& child)` for each child object of a data object, in the order of its
-/// definition.
+/// Calls `visit(const QORObject::Ref& child)` for the child objects of these names.
 template <class Visit>
-void ForEachChild(QORObject& coData, QORObject& definition, Visit&& visit) {
-    ForEachValueDef(definition, [&](const QORObject::Ref& valueDef) {
-        if (!IsChild(*valueDef)) return;
-        const std::string name = valueDef->StringAttribute(attName);
+void ForEachChild(QORObject& coData, const std::vector<std::string>& names, Visit&& visit) {
+    for (const auto& name : names)
         visit(ToQORObject(coData.NamedValue(name), name));
-    });
 }
 
 /// The value that a data object holds for a column.

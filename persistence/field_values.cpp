@@ -12,10 +12,6 @@ using automation::Variant;
 
 namespace {
 
-Variant ValueOf(QORObject& coData, QORObject& valueDef) {
-    return coData.Value(valueDef.LongAttribute(attValueIndex));
-}
-
 bool TryWrite(ado::Field& field, const Variant& value) {
     try {
         field.Value(value);
@@ -26,7 +22,9 @@ bool TryWrite(ado::Field& field, const Variant& value) {
 }
 
 /// False for a column that takes neither, a binary one.
-bool WriteBlank(ado::Field& field) { return TryWrite(field, "") || TryWrite(field, std::int16_t{0}); }
+bool WriteBlank(ado::Field& field) {
+    return (field.TakesBlankText() && TryWrite(field, "")) || TryWrite(field, std::int16_t{0});
+}
 
 /// `value` as a text column of limited length takes it; the rest is cut off.
 std::string CutText(const Variant& value, std::int32_t definedSize) {
@@ -62,35 +60,30 @@ bool UpdateLink(ado::Field& field, const Variant& parentKey) {
 
 }  // namespace
 
-void LoadFieldValue(QORObject& coData, QORObject& valueDef, ado::Recordset& records) {
-    const std::string column = StoredColumn(valueDef);
-    if (column.empty()) return;
-    const auto field = records.Fields(column);
-    coData.Value(valueDef.LongAttribute(attValueIndex), ReadField(*field));
+void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records) {
+    if (value.IsStored()) coData.Value(value.index, ReadField(*records.Fields(value.column)));
 }
 
-void WriteFieldValue(QORObject& valueDef, QORObject& coData, ado::Recordset& records,
+void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,
                      const ParentLink& parent) {
-    const std::string column = StoredColumn(valueDef);
-    if (column.empty()) return;
-    const auto field = records.Fields(column);
-    if (column == parent.column) {
+    if (!value.IsStored()) return;
+    const auto field = records.Fields(value.column);
+    if (value.column == parent.column) {
         if (field->Value().IsEmpty()) field->Value(parent.value);
-    } else if (!valueDef.BooleanAttribute(attIsAutoNumber)) {
-        WriteValue(*field, ValueOf(coData, valueDef));
+    } else if (!value.isAutoNumber) {
+        WriteValue(*field, coData.Value(value.index));
     }
 }
 
-bool UpdateFieldValue(QORObject& valueDef, QORObject& coData, ado::Recordset& records,
+bool UpdateFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,
                       const std::string& ownKey, const ParentLink& parent) {
-    const std::string column = StoredColumn(valueDef);
-    if (column.empty() || column == ownKey || valueDef.BooleanAttribute(attIsAutoNumber)) return false;
-    const auto field = records.Fields(column);
-    if (column == parent.column) return UpdateLink(*field, parent.value);
-    const Variant value = ValueOf(coData, valueDef);
-    if (SameInField(*field, value)) return false;
-    if (!IsBlank(value))
-        WriteValue(*field, value);
+    if (!value.IsStored() || value.column == ownKey || value.isAutoNumber) return false;
+    const auto field = records.Fields(value.column);
+    if (value.column == parent.column) return UpdateLink(*field, parent.value);
+    const Variant carried = coData.Value(value.index);
+    if (SameInField(*field, carried)) return false;
+    if (!IsBlank(carried))
+        WriteValue(*field, carried);
     else if (!WriteBlank(*field))
         field->Value(Variant::Null());  // nothing else empties what is stored there
     return true;

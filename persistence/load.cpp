@@ -15,6 +15,7 @@ namespace {
 /// A record that was copied into its data object.
 struct LoadedRecord {
     QORObject::Ref definition;
+    DefinitionReadings::Reading reading;
     std::string ownKey;
     std::int32_t key = 0;  ///< 0 when the object's key column is not among its values
     bool isCollection = false;
@@ -31,11 +32,12 @@ std::optional<LoadedRecord> LoadRecord(Session& session, const QORObject::Ref& c
 
     loaded.ownKey = place->ownKey;
     loaded.isCollection = IsCollection(*loaded.definition);
-    ForEachValueDef(*loaded.definition, [&](const QORObject::Ref& valueDef) {
-        LoadFieldValue(*coData, *valueDef, *records);
-        if (!loaded.ownKey.empty() && valueDef->StringAttribute(attFieldName) == loaded.ownKey)
-            loaded.key = automation::ToLong(coData->Value(valueDef->LongAttribute(attValueIndex)));
-    });
+    loaded.reading = session.Read(loaded.definition);
+    for (const auto& value : loaded.reading->values) {
+        LoadFieldValue(*coData, value, *records);
+        if (!loaded.ownKey.empty() && value.column == loaded.ownKey)
+            loaded.key = automation::ToLong(coData->Value(value.index));
+    }
     if (loaded.isCollection)
         LoadCollectionItemState(*coData, *records);
     else
@@ -99,7 +101,7 @@ std::int32_t DbGetData(Session& session, const QORObject::Ref& coData, const Var
     const Descent descent(session);
     const auto loaded = LoadRecord(session, coData, lKey, sKeyFieldName);
     if (!loaded) return 0;
-    ForEachChild(*coData, *loaded->definition, [&](const QORObject::Ref& child) {
+    ForEachChild(*coData, loaded->reading->childNames, [&](const QORObject::Ref& child) {
         session.Members().DbGetData(child, loaded->key, session.ForeignKeyColumn(loaded->ownKey));
     });
     if (loaded->isCollection) LoadElements(session, *coData, *loaded);

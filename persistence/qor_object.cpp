@@ -157,4 +157,10 @@ constexpr automation::ClassInfo Info = {.name = "QORObject", .description = {}, 
 
 const automation::ClassInfo& QORObject::Class() const noexcept { return Info; }
 
+bool QORObject::IsA(const automation::ClassInfo& info) const noexcept { return &info == &Info; }
+
+QORObject* QORObject::From(Object* object) noexcept {
+    return object != nullptr && object->IsA(Info) ? static_cast<QORObject*>(object) : nullptr;
+}
+
 }  // namespace korvex

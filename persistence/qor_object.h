@@ -63,6 +63,10 @@ class QORObject : public automation::TableObject {
 
     /// Serves the members above by name as well.
     const automation::ClassInfo& Class() const noexcept override;
+
+    bool IsA(const automation::ClassInfo& info) const noexcept override;
+    /// `object` as a QORObject; nullptr for Nothing and for another kind of object.
+    static QORObject* From(automation::Object* object) noexcept;
 };
 
 }  // namespace korvex

@@ -53,7 +53,8 @@ void DeleteElements(Session& session, const QORObject::Ref& elementDef, const st
 void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::string& ownKey,
                    std::int32_t lPK) {
     const auto definition = DefinitionOf(coData);
-    ForEachChild(*coData, *definition, [&](const QORObject::Ref& child) {
+    const auto reading = session.Read(definition);
+    ForEachChild(*coData, reading->childNames, [&](const QORObject::Ref& child) {
         session.Members().DbDeleteData(child, lPK, session.ForeignKeyColumn(ownKey));
     });
     if (IsCollection(*definition)) DeleteCollectionElements(session, coData, ownKey, lPK);

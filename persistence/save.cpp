@@ -13,17 +13,18 @@ using automation::Variant;
 namespace {
 
 /// Adds the record and answers its key: the one that the database gave it, or the one written.
-std::int32_t InsertRecord(ado::Recordset& records, const QORObject::Ref& coData, QORObject& definition,
-                          const std::string& ownKey, const ParentLink& parent) {
-    const bool isCollection = IsCollection(definition);
+std::int32_t InsertRecord(Session& session, ado::Recordset& records, QORObject& coData,
+                          const QORObject::Ref& definition, const std::string& ownKey,
+                          const ParentLink& parent) {
+    const auto reading = session.Read(definition);
+    const bool isCollection = IsCollection(*definition);
     records.AddNew();
-    ForEachValueDef(definition, [&](const QORObject::Ref& valueDef) {
-        WriteFieldValue(*valueDef, *coData, records, parent);
-    });
+    for (const auto& value : reading->values)
+        WriteFieldValue(value, coData, records, parent);
     if (isCollection)
-        SaveCollectionItemState(*coData, records);
+        SaveCollectionItemState(coData, records);
     else
-        SaveObjectState(*coData, records);
+        SaveObjectState(coData, records);
     records.Update();
     const std::int32_t newKey = KeyOfRecord(records, ownKey);
     records.Close();
@@ -68,11 +69,11 @@ std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const Pa
     auto records = session.Members().OpenRecordset(SelectAll(place->table));
     if (records == nullptr) return 0;
 
-    const std::int32_t newKey = InsertRecord(*records, coData, *definition, place->ownKey, parent);
+    const std::int32_t newKey = InsertRecord(session, *records, *coData, definition, place->ownKey, parent);
     records.reset();
     TakeKeys(*coData, place->ownKey, newKey, parent);
     coData->Modified(false);
-    SaveBeneath(session, *coData, *definition, newKey, place->ownKey);
+    SaveBeneath(session, *coData, definition, newKey, place->ownKey);
     return newKey;
 }
 
@@ -82,12 +83,12 @@ void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, co
         coData.Value(coData.ValueIndex(parent.column), parent.value);
 }
 
-void SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
+void SaveBeneath(Session& session, QORObject& coData, const QORObject::Ref& definition, std::int32_t key,
                  const std::string& ownKey) {
     const ParentLink link{session.ForeignKeyColumn(ownKey), key};
     const auto save = [&](const QORObject::Ref& object) { SaveRecord(session, object, link); };
-    ForEachChild(coData, definition, save);
-    if (IsCollection(definition)) ForEach(&coData, save);
+    ForEachChild(coData, session.Read(definition)->childNames, save);
+    if (IsCollection(*definition)) ForEach(&coData, save);
 }
 
 std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {

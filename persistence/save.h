@@ -14,7 +14,7 @@ std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const Pa
 void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, const ParentLink& parent);
 
 /// Inserts the records of an object's children and elements; `key` and `ownKey` are those of its own record.
-void SaveBeneath(Session& session, QORObject& coData, QORObject& definition, std::int32_t key,
+void SaveBeneath(Session& session, QORObject& coData, const QORObject::Ref& definition, std::int32_t key,
                  const std::string& ownKey);
 
 /// Inserts a tree, given from any point of a definition's tree. Answers the new key of the topmost record, 0

@@ -87,6 +87,11 @@ void Session::Execute(const std::string& sSQL) {
     m_oConn->Execute(sSQL, ado::adUnspecified);
 }
 
+DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
+    if (m_stackBase != 0) return m_readings.Of(definition);
+    return std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
+}
+
 Descent::Descent(Session& session) : m_session(session), m_outermost(session.m_stackBase == 0) {
     const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     if (m_outermost) session.m_stackBase = here;
@@ -97,7 +102,9 @@ Descent::Descent(Session& session) : m_session(session), m_outermost(session.m_s
 }
 
 Descent::~Descent() {
-    if (m_outermost) m_session.m_stackBase = 0;
+    if (!m_outermost) return;
+    m_session.m_stackBase = 0;
+    m_session.m_readings.Forget();
 }
 
 }  // namespace korvex::persistence

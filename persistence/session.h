@@ -1,6 +1,7 @@
 #pragma once
 
 #include "persistence/db_results.h"
+#include "persistence/definition_reading.h"
 #include "persistence/public_members.h"
 #include "platform/platform.h"
 
@@ -42,6 +43,8 @@ class Session {
     std::size_t FailedOpens() const noexcept { return m_failedOpens; }
     /// Runs an action statement; engine errors reach the caller.
     void Execute(const std::string& sSQL);
+    /// What a definition says of its values. Within a descent, each definition is read once.
+    DefinitionReadings::Reading Read(const QORObject::Ref& definition);
 
   private:
     friend class Descent;
@@ -54,6 +57,7 @@ class Session {
     dbResults m_lLastResult = dbNoError;
     std::size_t m_failedOpens = 0;
     std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
+    DefinitionReadings m_readings;   ///< of the definitions met in a descent
 };
 
 /// Stands in every step that goes down a tree of data objects, once per level. Raises OutOfStackSpace (28)

@@ -27,19 +27,19 @@ bool AnyInTree(Session& session, const QORObject::Ref& coData, const Visit& visi
     const auto descend = [&](const QORObject::Ref& object) {
         found = found || AnyInTree(session, object, visit);
     };
-    ForEachChild(*coData, *definition, descend);
+    ForEachChild(*coData, session.Read(definition)->childNames, descend);
     if (!found && IsCollection(*definition)) ForEach(coData.get(), descend);
     return found;
 }
 
 /// Sends the columns that differ; nothing when none does.
-void WriteDifferences(QORObject& coData, ado::Recordset& records, const std::string& ownKey,
+void WriteDifferences(Session& session, QORObject& coData, ado::Recordset& records, const std::string& ownKey,
                       const ParentLink& parent) {
     const auto definition = coData.DataDef();
+    const auto reading = session.Read(definition);
     bool changed = false;
-    ForEachValueDef(*definition, [&](const QORObject::Ref& valueDef) {
-        if (UpdateFieldValue(*valueDef, coData, records, ownKey, parent)) changed = true;
-    });
+    for (const auto& value : reading->values)
+        if (UpdateFieldValue(value, coData, records, ownKey, parent)) changed = true;
     if (UpdateState(coData, records, IsCollection(*definition))) changed = true;
     if (changed) records.Update();
 }
@@ -47,7 +47,7 @@ void WriteDifferences(QORObject& coData, ado::Recordset& records, const std::str
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
 void UpdateStored(Session& session, const QORObject::Ref& object, RecordsetRef records,
                   const std::string& ownKey, const ParentLink& link) {
-    const auto stored = UpdateRecord(object, std::move(records), ownKey, link, Columns::Modified);
+    const auto stored = UpdateRecord(session, object, std::move(records), ownKey, link, Columns::Modified);
     UpdateBeneath(session, object, stored);
 }
 
@@ -149,13 +149,13 @@ void ClearModified(Session& session, const QORObject::Ref& coData) {
     });
 }
 
-UpdatedObject UpdateRecord(const QORObject::Ref& coData, RecordsetRef records, const std::string& ownKey,
-                           const ParentLink& parent, Columns columns) {
+UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, RecordsetRef records,
+                           const std::string& ownKey, const ParentLink& parent, Columns columns) {
     const std::int32_t key = KeyOfRecord(*records, ownKey);
     const std::int32_t carried = OwnKey(*coData, ownKey);
     const bool isAnothers = carried > 0 && carried != key;
     if (coData->Modified() || isAnothers || columns == Columns::All)
-        WriteDifferences(*coData, *records, ownKey, parent);
+        WriteDifferences(session, *coData, *records, ownKey, parent);
     records->Close();
     TakeKeys(*coData, ownKey, key, parent);
     return {ownKey, key, carried == key};
@@ -165,7 +165,8 @@ void UpdateBeneath(Session& session, const QORObject::Ref& coData, const Updated
     const Descent descent(session);
     const auto definition = DefinitionOf(coData);
     const ParentLink link{session.ForeignKeyColumn(stored.ownKey), stored.key};
-    ForEachChild(*coData, *definition,
+    const auto reading = session.Read(definition);
+    ForEachChild(*coData, reading->childNames,
                  [&](const QORObject::Ref& child) { UpdateChild(session, child, link, stored.isItsOwn); });
     if (IsCollection(*definition)) UpdateElements(session, coData, stored, link);
 }

@@ -66,6 +66,8 @@ TEST_F(Frame, NamesComeFromTheDefinition) {
     definition->AddForeignKey("FK_1");
     definition->AddForeignKey("FK_2");
     EXPECT_EQ(crud->GetPrimaryKeyFieldName(definition), "B");  // the last entry that names a column
+    definition->AddPrimaryKey("A");
+    EXPECT_EQ(crud->GetPrimaryKeyFieldName(definition), "A");  // each call looks anew
     EXPECT_EQ(crud->GetForeignKeyFieldName(definition), "FK_1");
     EXPECT_EQ(crud->GetTableName(definition), "");
     EXPECT_EQ(crud->LastResult(), dbNoError);
@@ -84,6 +86,19 @@ TEST_F(Frame, AKeyColumnThatIsNoValueGivesNoKey) {
     definition->AddValue({"nowhere", ""});
     EXPECT_EQ(crud->DbGetData(std::make_shared<DataObject>(definition), 1, "OrderID"), 0);
     EXPECT_EQ(crud->LastResult(), dbNoError);
+}
+
+TEST_F(Frame, ADefinitionThatChangedIsReadAnewByTheNextCall) {
+    const auto order = StoredOrder();
+    const auto definition = KeyedDefinition("Order", "");
+    const auto loaded = [&] {
+        const auto object = std::make_shared<DataObject>(definition);
+        EXPECT_EQ(crud->DbGetData(object, 1), 1);
+        return object;
+    };
+    loaded();
+    definition->AddValue({"Note", "Note"});
+    EXPECT_EQ(loaded()->Get("Note"), order->Get("Note"));
 }
 
 TEST_F(Frame, AMissingChildRecordShowsInLastResult) {
