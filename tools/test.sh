@@ -1,17 +1,18 @@
 #!/bin/sh
-# From a fresh Debian 12 machine to passing tests: formatting, the optimised build with GCC, the sanitizer build with
-# clang, an installed copy used by a separate project. Ends with the test runner's summary.
+# From a fresh Debian 12 machine to passing tests: formatting, the optimised build with GCC (its tests also run on private
+# database servers), the sanitizer build with clang, an installed copy used by a separate project. Ends with the test
+# runner's summary.
 set -eu
 cd "$(dirname "$0")/.."
 
-sh tools/packages.sh build test
+sh tools/packages.sh build test servers
 step() { printf '\n== %s\n' "$*"; }
 
 step "formatting"
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 step "optimised build (GCC)"
-cmake --preset release >/dev/null
+cmake --preset release -DKORVEX_TEST_SERVERS=ON >/dev/null
 cmake --build --preset release
 
 step "an installed copy, used by a project of its own"
@@ -22,6 +23,7 @@ cmake --preset asan-ubsan >/dev/null
 cmake --build --preset asan-ubsan
 
 step "tests, optimised"
+trap 'sh tests/servers/stop.sh build/release/test-servers all' EXIT  # of a run that was interrupted
 ctest --preset release --output-log build/release-tests.log -Q || { cat build/release-tests.log; exit 1; }
 tail -n 4 build/release-tests.log
 

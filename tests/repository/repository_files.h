@@ -26,11 +26,7 @@ class RepositoryFileTest : public ::testing::TestWithParam<tests::Driver> {
         platform.desktop = std::make_shared<tests::RecordingDesktop>(journal);
     }
 
-    void SetUp() override {
-        if (tests::IsServer(GetParam()) && !tests::ServersMissing().empty())
-            GTEST_SKIP() << tests::ServersMissing();
-        path = places.New("definitions.db");
-    }
+    void SetUp() override { path = places.New("definitions.db"); }
 
     tests::DefinitionRepository NewRepository() { return {platform, path}; }
 

@@ -34,6 +34,12 @@ std::string DriverName(const testing::TestParamInfo<Driver>& info) {
     return "Unknown";
 }
 
+std::vector<Driver> AvailableDrivers() {
+    std::vector<Driver> drivers = {Driver::Sqlite, Driver::OdbcSqlite};
+    if (!ServersFolder().empty()) drivers.insert(drivers.end(), {Driver::MariaDb, Driver::PostgreSql});
+    return drivers;
+}
+
 bool IsServer(Driver driver) { return driver == Driver::MariaDb || driver == Driver::PostgreSql; }
 
 bool ColumnsTakeAnyType(Driver driver) { return !IsServer(driver); }
@@ -45,10 +51,6 @@ std::string ServersFolder() { return KORVEX_TEST_SERVERS_FOLDER; }
 /// The driver manager looks there for the data sources.
 void UseServers(const std::string& folder) {
     if (setenv("ODBCINI", (folder + "/odbc.ini").c_str(), 1) != 0) std::abort();
-}
-
-std::string ServersMissing() {
-    return ServersFolder().empty() ? "needs database servers: configure with -DKORVEX_TEST_SERVERS=ON" : "";
 }
 
 std::unique_ptr<dao::Database> OpenAt(const Platform& platform, const std::string& place) {

@@ -53,7 +53,6 @@ class Example : public testing::Test {
 class ExampleScripts : public testing::TestWithParam<Driver> {};
 
 TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
-    if (IsServer(GetParam()) && !ServersMissing().empty()) GTEST_SKIP() << ServersMissing();
     const TempFolder folder;
     Places places(GetParam(), folder);
     const std::string place = places.New("orders.db");
