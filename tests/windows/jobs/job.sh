@@ -65,7 +65,7 @@ case "$step" in
         wine "$build/make_databases.exe" repository orders.db "$examples/orders.json"
         ;;
     scripts)
-        run_script scripts
+        run_script scripts "$work/scripts/orders.db"
         for golden in "$examples"/scripts/*; do
             cmp "$golden" "out/${golden##*/}"
         done

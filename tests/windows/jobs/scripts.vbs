@@ -1,4 +1,5 @@
 ' The scripts of the example definition in all three dialects, and what a host sees of the runs.
+' Argument: the repository's path as the ODBC driver takes it.
 Option Explicit
 Const repository = "orders.db"
 Dim scripts, dialects, dialect
@@ -40,7 +41,8 @@ ShowBuffers scripts
 Set scripts = NewCreateDb()
 scripts.DoOracleDb repository, "Orders"
 ShowBuffers scripts
+' The same repository through ODBC: DSN= in the string, wherever it stands, asks for that.
 Set scripts = NewCreateDb()
-scripts.DoSybaseDb repository, "Orders", "FK_"
+scripts.DoSybaseDb "DRIVER=SQLite3;Database=" & WScript.Arguments(0) & ";NoDSN=1", "Orders", "FK_"
 ShowBuffers scripts
 WScript.Echo "end of job"
