@@ -28,8 +28,7 @@ constexpr Parameter ValueIndexAndValue[] = {{"Index", VarType::Long}, {"newValue
 constexpr Parameter MemberName[] = {{"Name", VarType::String}};
 constexpr Parameter FieldName[] = {{"FieldName", VarType::String}};
 constexpr Parameter NewFlag[] = {{"newValue", VarType::Boolean}};
-constexpr Parameter NewDefinition[] = {
-    {"newValue", VarType::Object, Passing::ByReference, false, "QORObject"}};
+constexpr Parameter NewDefinition[] = {{"newValue", VarType::Object, Passing::ByValue, false, "QORObject"}};
 constexpr Parameter AddItemParameters[] = {{"vnt1", VarType::Variant, Passing::ByValue, true},
                                            {"vnt2", VarType::Variant, Passing::ByValue, true}};
 

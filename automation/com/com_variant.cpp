@@ -6,6 +6,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <type_traits>
@@ -165,6 +166,81 @@ struct Filler {
     }
 };
 
+/// Whether the library's own conversions give that type; the system's give the others.
+constexpr bool IsOwnType(VARTYPE type) noexcept {
+    switch (type) {
+        case VT_I2:
+        case VT_I4:
+        case VT_R4:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_BOOL:
+        case VT_UI1:
+        case VT_I8:
+        case VT_ARRAY | VT_UI1:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// `value` as a VARIANT of that very type.
+ComVariant Converted(const Variant& value, VARTYPE type) {
+    if (IsOwnType(type)) return ComVariant(automation::ChangeType(value, static_cast<VarType>(type)));
+    ComVariant given(value);
+    ComVariant converted;
+    const HRESULT result = VariantChangeType(&converted, &given, 0, type);
+    if (result == DISP_E_OVERFLOW) throw Error(automation::Overflow);
+    if (FAILED(result)) throw Error(automation::TypeMismatch);
+    return converted;
+}
+
+std::size_t SizeOf(VARTYPE type) {
+    if ((type & VT_ARRAY) != 0) return sizeof(void*);
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_I2:
+        case VT_UI2:
+        case VT_BOOL:
+            return 2;
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_R4:
+            return 4;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        default:
+            throw Error(automation::TypeMismatch);
+    }
+}
+
+/// What a by-reference VARIANT refers to, for the contents of `value`; both have the same type.
+void SwapContents(VARIANT& reference, VARIANT& value) {
+    if (value.vt == VT_DECIMAL) {
+        // A Decimal lies over the whole VARIANT, its type included.
+        *reference.pdecVal = value.decVal;
+        reference.pdecVal->wReserved = 0;
+        return;
+    }
+    auto* target = static_cast<std::uint8_t*>(reference.byref);
+    std::swap_ranges(target, target + SizeOf(value.vt), reinterpret_cast<std::uint8_t*>(&value.byref));
+}
+
 }  // namespace
 
 ComVariant::ComVariant(const Variant& value) : ComVariant() { std::visit(Filler{m_value}, value.Value()); }
@@ -223,44 +299,14 @@ Variant FromVariant(const VARIANT& value) {
 
 void WriteBack(VARIANT& variable, const Variant& value) {
     const auto type = static_cast<VARTYPE>(variable.vt & ~VT_BYREF);
-    if (type == VT_VARIANT) {
+    if (type != VT_VARIANT) {
+        ComVariant replacement = Converted(value, type);
+        SwapContents(variable, replacement.Value());
+    } else if ((variable.pvarVal->vt & VT_BYREF) != 0) {
+        WriteBack(*variable.pvarVal, value);
+    } else {
         ComVariant replacement(value);
         std::swap(*variable.pvarVal, replacement.Value());
-        return;
-    }
-    ComVariant replacement(automation::ChangeType(value, static_cast<VarType>(type)));
-    VARIANT& from = replacement.Value();
-    switch (type) {
-        case VT_BSTR:
-            std::swap(*variable.pbstrVal, from.bstrVal);
-            break;
-        case VT_DISPATCH:
-            std::swap(*variable.ppdispVal, from.pdispVal);
-            break;
-        case VT_ARRAY | VT_UI1:
-            std::swap(*variable.pparray, from.parray);
-            break;
-        case VT_UI1:
-            *variable.pbVal = from.bVal;
-            break;
-        case VT_I2:
-        case VT_BOOL:
-            *variable.piVal = from.iVal;
-            break;
-        case VT_I4:
-            *variable.plVal = from.lVal;
-            break;
-        case VT_R4:
-            *variable.pfltVal = from.fltVal;
-            break;
-        case VT_I8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            *variable.pllVal = from.llVal;
-            break;
-        default:
-            throw Error(automation::TypeMismatch);
     }
 }
 

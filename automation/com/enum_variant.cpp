@@ -5,6 +5,7 @@
 #include "automation/com/module.h"
 
 #include <atomic>
+#include <vector>
 
 namespace korvex::com {
 
@@ -37,14 +38,18 @@ class EnumVariant final : public IEnumVARIANT {
         if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
         if (fetched != nullptr) *fetched = 0;
         return Guard(IID_IEnumVARIANT, [&] {
-            for (ULONG i = 0; i < count; ++i) {
+            // All of them or, when one fails, none: a caller lets go only of what a success gave it.
+            std::vector<ComVariant> taken;
+            while (taken.size() < count) {
                 const auto item = m_items->Next();
-                if (!item) return S_FALSE;
-                items[i] = ComVariant(*item).Detach();
+                if (!item) break;
                 ++m_position;
-                if (fetched != nullptr) ++*fetched;
+                taken.emplace_back(*item);
             }
-            return S_OK;
+            for (std::size_t i = 0; i < taken.size(); ++i)
+                items[i] = taken[i].Detach();
+            if (fetched != nullptr) *fetched = static_cast<ULONG>(taken.size());
+            return taken.size() == count ? S_OK : S_FALSE;
         });
     }
     STDMETHODIMP Skip(ULONG count) override {

@@ -82,8 +82,8 @@ class Shell : public Interface, public ISupportErrorInfo, public IAutomationObje
     /// Slot `slot`, whose last parameter receives the result.
     template <class Result, class... Arguments>
     HRESULT ResultSlot(std::size_t slot, Result* result, Arguments... arguments) const noexcept {
-        if (result == nullptr) return E_POINTER;
         return Guard(__uuidof(Interface), [&] {
+            if (result == nullptr) throw automation::Error(E_POINTER, "Null pointer for the result");
             *result = {};
             ComVariant value = Call(slot, arguments...);
             TakeResult(value, result);

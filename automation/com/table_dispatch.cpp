@@ -22,7 +22,6 @@ using automation::Variant;
 constexpr std::string_view enumeratorName = "_NewEnum";
 
 DISPID MemberId(const automation::ClassInfo& info, std::string_view name) {
-    if (automation::EqualsIgnoreCase(name, enumeratorName)) return DISPID_NEWENUM;
     for (std::size_t i = 0; i < info.members.size(); ++i) {
         if (automation::EqualsIgnoreCase(info.members[i].name, name)) return static_cast<DISPID>(i + 1);
     }
@@ -88,10 +87,14 @@ HRESULT ArgumentResult(const Error& error) noexcept {
             return DISP_E_OVERFLOW;
         case automation::ArgumentNotOptional:
             return DISP_E_PARAMNOTOPTIONAL;
+        case automation::OutOfMemory:
+            return E_OUTOFMEMORY;
         default:
             return DISP_E_TYPEMISMATCH;
     }
 }
+
+constexpr bool IsRead(WORD flags) noexcept { return (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) != 0; }
 
 bool IsWritable(const Parameter& parameter, const VARIANT* argument) noexcept {
     return parameter.passing == automation::Passing::ByReference && argument != nullptr &&
@@ -104,10 +107,13 @@ HRESULT TableDispatch::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT coun
                                      DISPID* ids) const noexcept {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+    if (std::find(names, names + count, nullptr) != names + count) return E_INVALIDARG;
     try {
         std::fill_n(ids, count, DISPID_UNKNOWN);
         const automation::ClassInfo& info = m_object->Class();
-        ids[0] = MemberId(info, FromWide(names[0]));
+        const std::string member = FromWide(names[0]);
+        const bool isEnumerator = automation::EqualsIgnoreCase(member, enumeratorName) && NewEnum();
+        ids[0] = isEnumerator ? DISPID_NEWENUM : MemberId(info, member);
         for (UINT i = 1; i < count; ++i)
             ids[i] = ParameterId(info, ids[0], FromWide(names[i]));
         return std::find(ids, ids + count, DISPID_UNKNOWN) == ids + count ? S_OK : DISP_E_UNKNOWNNAME;
@@ -122,6 +128,7 @@ const Member* TableDispatch::FindRow(DISPID id, WORD flags) const noexcept {
     if (id != DISPID_VALUE) {
         if (id < 1 || static_cast<std::size_t>(id) > info.members.size()) return nullptr;
         name = info.members[static_cast<std::size_t>(id - 1)].name;
+        if (MemberId(info, name) != id) return nullptr;
     }
     return name.empty() ? nullptr : automation::FindMember(info, name, static_cast<InvokeKind>(flags));
 }
@@ -129,13 +136,16 @@ const Member* TableDispatch::FindRow(DISPID id, WORD flags) const noexcept {
 HRESULT TableDispatch::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                               EXCEPINFO* exception, UINT* badArgument) const noexcept {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (parameters == nullptr) return E_INVALIDARG;
+    if (parameters == nullptr || (parameters->cArgs > 0 && parameters->rgvarg == nullptr)) return E_INVALIDARG;
     try {
         if (result != nullptr) VariantInit(result);
         ComVariant value;
         if (id == DISPID_NEWENUM) {
-            value = NewEnum();
-            if (value.Value().vt == VT_EMPTY) return DISP_E_MEMBERNOTFOUND;
+            auto items = IsRead(flags) ? NewEnum() : ComPtr<IEnumVARIANT>();
+            if (!items) return DISP_E_MEMBERNOTFOUND;
+            if (parameters->cArgs > 0) return DISP_E_BADPARAMCOUNT;
+            value.Value().punkVal = items.Detach();
+            value.Value().vt = VT_UNKNOWN;
         } else {
             const Member* member = FindRow(id, flags);
             if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
@@ -205,16 +215,13 @@ Variant TableDispatch::Call(const Member& member, std::span<VARIANT* const> argu
     return result;
 }
 
-/// Empty for an object that is no collection.
-ComVariant TableDispatch::NewEnum() const {
-    ComVariant result;
+ComPtr<IEnumVARIANT> TableDispatch::NewEnum() const {
     try {
-        result.Value().punkVal = EnumerateForHost(m_object).Detach();
-        result.Value().vt = VT_UNKNOWN;
+        return EnumerateForHost(m_object);
     } catch (const Error& error) {
         if (error.Number() != automation::MemberNotFound) throw;
+        return {};
     }
-    return result;
 }
 
 }  // namespace korvex::com

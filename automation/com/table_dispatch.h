@@ -47,7 +47,8 @@ class TableDispatch {
                                                    std::size_t& position) const;
     automation::Variant Call(const automation::Member& member, std::span<VARIANT* const> arguments,
                              std::vector<automation::Variant> values) const;
-    ComVariant NewEnum() const;
+    /// Nothing for an object that is no collection.
+    ComPtr<IEnumVARIANT> NewEnum() const;
 
     std::shared_ptr<automation::TableObject> m_object;
     BindObject m_bind;

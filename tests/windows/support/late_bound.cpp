@@ -25,12 +25,11 @@ DISPID IdOf(IDispatch* object, std::string_view name) {
     return SUCCEEDED(found) ? id : DISPID_UNKNOWN;
 }
 
-CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::initializer_list<VARIANT> arguments) {
-    std::vector<VARIANT> list(arguments);
-    std::ranges::reverse(list);
+CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VARIANT> arguments) {
+    std::ranges::reverse(arguments);
     DISPPARAMS parameters = {};
-    parameters.rgvarg = list.data();
-    parameters.cArgs = static_cast<UINT>(list.size());
+    parameters.rgvarg = arguments.data();
+    parameters.cArgs = static_cast<UINT>(arguments.size());
     DISPID assigned = DISPID_PROPERTYPUT;
     const bool isAssignment = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     if (isAssignment) {
@@ -50,8 +49,18 @@ CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::initialize
 }
 
 CallOutcome InvokeByName(IDispatch* object, std::string_view name, WORD flags,
-                         std::initializer_list<VARIANT> arguments) {
-    return InvokeById(object, IdOf(object, name), flags, arguments);
+                         std::vector<VARIANT> arguments) {
+    return InvokeById(object, IdOf(object, name), flags, std::move(arguments));
+}
+
+CallOutcome CallByName(IDispatch* object, std::string_view name, WORD flags,
+                       const std::vector<automation::Variant>& arguments) {
+    std::vector<com::ComVariant> owned;
+    std::vector<VARIANT> list;
+    for (const automation::Variant& argument : arguments) {
+        list.push_back(owned.emplace_back(argument).Value());
+    }
+    return InvokeByName(object, name, flags, std::move(list));
 }
 
 }  // namespace korvex::tests

@@ -6,9 +6,9 @@
 #include <oaidl.h>
 #include <windows.h>
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex::tests {
 
@@ -29,10 +29,13 @@ DISPID IdOf(IDispatch* object, std::string_view name);
 /// IDispatch::Invoke by name. `arguments` stand in the order of the parameters and are the caller's own
 /// variables: by-reference ones are written to. The last one is the new value for a property put.
 CallOutcome InvokeByName(IDispatch* object, std::string_view name, WORD flags,
-                         std::initializer_list<VARIANT> arguments = {});
+                         std::vector<VARIANT> arguments = {});
 
 /// The same for a known identifier.
-CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags,
-                       std::initializer_list<VARIANT> arguments = {});
+CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VARIANT> arguments = {});
+
+/// By name with arguments by value.
+CallOutcome CallByName(IDispatch* object, std::string_view name, WORD flags,
+                       const std::vector<automation::Variant>& arguments = {});
 
 }  // namespace korvex::tests
