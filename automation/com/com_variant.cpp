@@ -232,9 +232,10 @@ std::size_t SizeOf(VARTYPE type) {
 /// What a by-reference VARIANT refers to, for the contents of `value`; both have the same type.
 void SwapContents(VARIANT& reference, VARIANT& value) {
     if (value.vt == VT_DECIMAL) {
-        // A Decimal lies over the whole VARIANT, its type included.
+        // A Decimal lies over the whole VARIANT: its reserved word is the VARIANT's type.
+        const auto reserved = reference.pdecVal->wReserved;
         *reference.pdecVal = value.decVal;
-        reference.pdecVal->wReserved = 0;
+        reference.pdecVal->wReserved = reserved;
         return;
     }
     auto* target = static_cast<std::uint8_t*>(reference.byref);

@@ -136,7 +136,8 @@ const Member* TableDispatch::FindRow(DISPID id, WORD flags) const noexcept {
 HRESULT TableDispatch::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                               EXCEPINFO* exception, UINT* badArgument) const noexcept {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (parameters == nullptr || (parameters->cArgs > 0 && parameters->rgvarg == nullptr)) return E_INVALIDARG;
+    if (parameters == nullptr || (parameters->cArgs > 0 && parameters->rgvarg == nullptr))
+        return E_INVALIDARG;
     try {
         if (result != nullptr) VariantInit(result);
         ComVariant value;
