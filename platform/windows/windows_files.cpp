@@ -32,7 +32,11 @@ std::int32_t RuntimeNumber(DWORD failure) noexcept {
 }
 
 [[noreturn]] void RaiseFileError(std::string_view path, DWORD failure) {
-    const std::int32_t number = RuntimeNumber(failure);
+    // The system denies access to a folder's contents where a file is meant.
+    const DWORD attributes = GetFileAttributesW(com::ToWide(path).c_str());
+    const bool isFolder =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const std::int32_t number = isFolder ? automation::PathFileAccessError : RuntimeNumber(failure);
     std::string description(automation::StandardErrorText(number));
     description.append(": ").append(path).append(" (");
     description.append(com::SystemText(HRESULT_FROM_WIN32(failure))).append(")");
