@@ -28,8 +28,14 @@ T& As(Object& self) {
 
 const std::string& Text(const Variant& argument) { return *argument.If<std::string>(); }
 
+constexpr std::int32_t invalidArgument = 3001;
+
+/// What may be left out must not be given as anything that is no option.
 std::int32_t LongOrOmitted(const Variant& argument) {
-    return argument.IsMissing() ? dao::dbOmitted : automation::ToLong(argument);
+    if (argument.IsMissing()) return dao::dbOmitted;
+    const std::int32_t option = automation::ToLong(argument);
+    if (option < 0) throw automation::Error(invalidArgument, "Invalid argument.", "DAO.Database");
+    return option;
 }
 
 constexpr Parameter Optional(std::string_view name) {

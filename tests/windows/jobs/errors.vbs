@@ -76,6 +76,8 @@ scripts.DoMSsqlDb repository, "Or'ders"
 Check "a quote in the storage name"
 scripts.DoScript "91", "nowhere.db"
 Check "no dialect of that name"
+scripts.DoMSsqlDb "refusing.db", "Orders"
+Check "a table that refuses rows"
 scripts.ScriptFilePath = "no\such\folder"
 scripts.DoMSsqlDb repository, "Orders"
 Check "no such folder"
@@ -98,6 +100,9 @@ x = crud.DbSaveData(order.NamedValue("Customer"))
 Check "a parent that is not there, " & x
 x = crud.DbDeleteData(order, "1 or 1=1")
 Check "a key that is no number, " & x
+crud.DbConn.Execute "alter table tOrder drop column QORCounter"
+x = crud.DbSaveData(order)
+Check "a column that is not there"
 x = order.Value(999)
 Check "an error of the data object"
 WScript.Echo "end of job"

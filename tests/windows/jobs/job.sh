@@ -25,7 +25,7 @@ run_script() {
     rm -rf "$work/$name"
     mkdir -p "$work/$name/out"
     cd "$work/$name"
-    for database in orders.db target.db; do
+    for database in orders.db refusing.db target.db; do
         [ ! -f "../$database" ] || cp "../$database" .
     done
     echo "not a database" >no_database.txt
@@ -63,6 +63,10 @@ case "$step" in
         wine regsvr32 /s "$(windows_path "$build/korvex_test_engines.dll")"
         cd "$work"
         wine "$build/make_databases.exe" repository orders.db "$examples/orders.json"
+        # One that has no keys yet and takes none.
+        cp orders.db refusing.db
+        sqlite3 refusing.db "create trigger refuse before insert on tForeignKeys
+            begin select raise(abort, 'no foreign keys here'); end"
         ;;
     scripts)
         run_script scripts "$work/scripts/orders.db"
@@ -86,7 +90,11 @@ case "$step" in
         expect "customer" "$(query 'select CompanyName from tCustomer')" 'Müller & Ж😀'
         expect "foreign keys" "$(query 'pragma foreign_key_check')" ''
         ;;
-    connection | errors | other_language)
+    errors)
+        run_script errors "$work/errors/target.db"
+        expect "a run that failed changed the repository" "$(sqlite3 refusing.db .dump)" "$(sqlite3 ../refusing.db .dump)"
+        ;;
+    connection | other_language)
         run_script "$step" "$work/$step/target.db"
         ;;
     stop)
