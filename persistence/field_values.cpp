@@ -26,6 +26,11 @@ bool WriteBlank(ado::Field& field) {
     return (field.TakesBlankText() && TryWrite(field, "")) || TryWrite(field, std::int16_t{0});
 }
 
+bool IsTextUpTo(const Variant& value, std::int32_t definedSize) {
+    const auto* text = value.If<std::string>();
+    return text != nullptr && automation::Length(*text) <= static_cast<std::size_t>(definedSize);
+}
+
 /// `value` as a text column of limited length takes it; the rest is cut off.
 std::string CutText(const Variant& value, std::int32_t definedSize) {
     std::string text = automation::ToString(value);
@@ -39,7 +44,7 @@ void WriteValue(ado::Field& field, const Variant& value) {
         WriteBlank(field);  // what takes no blank stays as the database fills it
     else if ((field.Attributes() & ado::adFldLong) != 0)
         field.AppendChunk(value);
-    else if (field.Type() == ado::adVarChar)
+    else if (field.Type() == ado::adVarChar && !IsTextUpTo(value, field.DefinedSize()))
         field.Value(CutText(value, field.DefinedSize()));
     else
         field.Value(value);

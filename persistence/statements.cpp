@@ -27,8 +27,9 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
                   const Variant& key, KeyClause clause) {
     RefuseQuote(table);
     RefuseQuote(keyColumn);
-    std::string text(verb);
-    text.append(table).append(" where ").append(keyColumn);
+    std::string text;
+    text.reserve(verb.size() + table.size() + keyColumn.size() + 32);
+    text.append(verb).append(table).append(" where ").append(keyColumn);
     text.append(clause == KeyClause::Tight ? "=" : " = ").append(KeyText(key));
     return text;
 }
@@ -48,7 +49,10 @@ std::string KeyText(const Variant& key) {
 
 std::string SelectAll(std::string_view table) {
     RefuseQuote(table);
-    return std::string("select * from ").append(table);
+    constexpr std::string_view verb = "select * from ";
+    std::string text;
+    text.reserve(verb.size() + table.size());
+    return text.append(verb).append(table);
 }
 
 std::string SelectWhere(std::string_view table, std::string_view keyColumn, const Variant& key,

@@ -227,6 +227,14 @@ TEST_P(AdoRecordset, ViolatedConstraintsAreReportedAndTheEditGoesOn) {
     recordset->Fields("Name")->Value("free");
     recordset->Update();
     EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("free"));
+
+    recordset->Fields("Credit")->Value(7);  // as it is stored, and left out of the statement
+    recordset->Fields("Name")->Value("taken");
+    EXPECT_EQ(NumberRaisedBy([&] { recordset->Update(); }), ado::DbEConstraint);
+    recordset->Fields("Credit")->Value(8);
+    recordset->Fields("Name")->Value("free");
+    recordset->Update();
+    EXPECT_EQ(Number(m_connection, "select Credit from Customer where Name = 'free'"), 8);
 }
 
 TEST_P(AdoRecordset, ARecordThatIsGoneCannotBeUpdated) {

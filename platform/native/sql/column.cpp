@@ -6,6 +6,7 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <cstring>
 #include <utility>
 
 namespace korvex::native::sql {
@@ -87,32 +88,40 @@ std::uint32_t TakeNumber(std::string_view& text) noexcept {
     return error == std::errc() ? value : 0;
 }
 
+/// The same for all spellings of a name, in whatever case. Names mostly differ in their length or in their
+/// last characters.
+std::uint32_t NameHash(std::string_view name) noexcept {
+    std::uint64_t end = 0;
+    const std::size_t taken = std::min(name.size(), sizeof end);
+    std::memcpy(&end, name.data() + name.size() - taken, taken);
+    constexpr std::uint64_t lowerCase = 0x2020202020202020;
+    return static_cast<std::uint32_t>(((end | lowerCase) + name.size()) * 0x9E3779B97F4A7C15 >> 32);
+}
+
 }  // namespace
 
 RowShape::RowShape(std::vector<ColumnInfo> described)
     : columns(std::move(described)), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
+    const std::size_t mask = m_slots.size() - 1;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        std::size_t slot = SlotOf(columns[i].name);
-        while (m_slots[slot] != 0)
-            slot = (slot + 1) % m_slots.size();
-        m_slots[slot] = static_cast<std::uint32_t>(i) + 1;
+        const std::uint32_t hash = NameHash(columns[i].name);
+        std::size_t slot = hash & mask;
+        while (m_slots[slot].column != 0)
+            slot = (slot + 1) & mask;
+        m_slots[slot] = {.hash = hash, .column = static_cast<std::uint32_t>(i) + 1};
     }
 }
 
 std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
-    for (std::size_t slot = SlotOf(name); m_slots[slot] != 0; slot = (slot + 1) % m_slots.size()) {
-        const std::size_t position = m_slots[slot] - 1;
+    const std::size_t mask = m_slots.size() - 1;
+    const std::uint32_t hash = NameHash(name);
+    for (std::size_t slot = hash & mask; m_slots[slot].column != 0; slot = (slot + 1) & mask) {
+        if (m_slots[slot].hash != hash) continue;
+        const std::size_t position = m_slots[slot].column - 1;
         const std::string& own = columns[position].name;
         if (own == name || EqualsIgnoreCase(own, name)) return position;
     }
     return std::nullopt;
-}
-
-std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
-    std::size_t hash = name.size();
-    for (const char c : name)
-        hash = hash * 31 + (static_cast<unsigned char>(c) | 0x20u);  // letters of either case alike
-    return (hash ^ (hash >> 16)) & (m_slots.size() - 1);
 }
 
 const TableColumn* TableInfo::Find(std::string_view column) const noexcept {

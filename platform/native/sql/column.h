@@ -60,12 +60,13 @@ class RowShape {
     const std::vector<ColumnInfo> columns;
 
   private:
-    /// Where the search for a name begins.
-    std::size_t SlotOf(std::string_view name) const noexcept;
-
-    /// Positions plus one, each at its name's slot or the next free one behind it; 0 for a free slot. A power
-    /// of two in size, and half empty.
-    std::vector<std::uint32_t> m_slots;
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t column = 0;  ///< its position plus one; 0 in a free slot
+    };
+    /// Each column stands at the slot of its name's hash, or at the next one that was free. A power of two in
+    /// size, and at least half free.
+    std::vector<Slot> m_slots;
 };
 
 /// One column of a base table.

@@ -46,7 +46,7 @@ void Cursor::Close() noexcept {
     m_session = nullptr;
     m_mode = EditMode::None;
     m_writer.reset();
-    m_rest.clear();
+    ClearRest();
     m_added.clear();
 }
 
@@ -88,12 +88,12 @@ void Cursor::MoveLast() {
     }
     if (m_rest.empty()) return;
     m_row = std::move(m_rest.back());
-    m_rest.clear();
+    ClearRest();
 }
 
 Variant Cursor::Value(std::size_t column) {
     if (m_mode != EditMode::None) {
-        if (const Variant* value = m_changes.Find(column)) return *value;
+        if (m_changes.IsSet(column)) return m_changes.Value(column);
         if (m_mode == EditMode::Adding) return {};
     }
     RequireRecord();
@@ -167,9 +167,9 @@ void Cursor::AdoptShape() {
 }
 
 void Cursor::Advance() {
-    if (!m_rest.empty()) {
-        m_row = std::move(m_rest.front());
-        m_rest.pop_front();
+    if (m_nextRest < m_rest.size()) {
+        m_row = std::move(m_rest[m_nextRest++]);
+        if (m_nextRest == m_rest.size()) ClearRest();
         m_position = Position::Memory;
         return;
     }
@@ -188,6 +188,11 @@ void Cursor::Advance() {
         EndStream();
     }
     StepIntoAdded(0);
+}
+
+void Cursor::ClearRest() noexcept {
+    m_rest.clear();
+    m_nextRest = 0;
 }
 
 bool Cursor::FetchRow() {
@@ -262,19 +267,24 @@ void Cursor::AddNew() {
     CancelUpdate();
     Writer();
     m_shapeUsed = true;
-    m_mode = EditMode::Adding;
+    StartChanges(EditMode::Adding);
 }
 
 void Cursor::Edit() {
     CancelUpdate();
     RequireRecord();
     Writer();
-    m_mode = EditMode::Editing;
+    StartChanges(EditMode::Editing);
+}
+
+void Cursor::StartChanges(EditMode mode) {
+    m_changes = Changes(m_shape->columns.size());
+    m_mode = mode;
 }
 
 void Cursor::CancelUpdate() noexcept {
     m_mode = EditMode::None;
-    m_changes.Clear();
+    m_changes = {};
 }
 
 void Cursor::Set(std::size_t column, const Variant& value) {
@@ -292,13 +302,14 @@ void Cursor::Set(std::size_t column, const Variant& value) {
 }
 
 void Cursor::Extend(std::size_t column, const Variant& data) {
-    Variant* value = m_changes.Find(column);
-    if (value == nullptr || value->IsNull()) return Set(column, data);
+    if (m_mode == EditMode::None || !m_changes.IsSet(column)) return Set(column, data);
+    Variant& value = m_changes.Value(column);
+    if (value.IsNull()) return Set(column, data);
     RequireOpen();
     const Variant more = ForColumn(data, m_shape->columns[column]);
-    if (auto* text = value->If<std::string>(); text != nullptr && more.IsString()) {
+    if (auto* text = value.If<std::string>(); text != nullptr && more.IsString()) {
         text->append(*more.If<std::string>());
-    } else if (auto* bytes = value->If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {
+    } else if (auto* bytes = value.If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {
         const auto& added = *more.If<automation::Bytes>();
         bytes->insert(bytes->end(), added.begin(), added.end());
     }
@@ -320,10 +331,7 @@ void Cursor::Update() {
 void Cursor::StoreAddition() {
     AddedRow row;
     row.identity = Writer().Insert(m_changes);
-    row.values.resize(m_shape->columns.size(), Variant::Missing());
-    for (std::size_t i = 0; i < m_changes.columns.size(); ++i) {
-        row.values[m_changes.columns[i]] = m_changes.values[i];
-    }
+    row.values = std::move(m_changes).TakeRow();
     for (std::size_t i = 0; row.identity && i < row.identity->columns.size(); ++i) {
         if (const auto position = Writer().Plan().PositionOf(row.identity->columns[i])) {
             row.values[*position] = row.identity->values[i];
@@ -337,14 +345,11 @@ void Cursor::StoreEdit() {
         m_row = StreamRow();
         m_position = Position::Memory;
     }
-    for (std::size_t i = m_changes.columns.size(); i-- > 0;) {
-        if (m_changes.values[i] == StoredValue(m_changes.columns[i])) m_changes.Remove(i);
-    }
-    if (m_changes.IsEmpty()) return;
+    m_changes.RemoveSame([this](std::size_t column) { return StoredValue(column); });
+    if (m_changes.Columns().empty()) return;
     Writer().Update(CurrentIdentity(), m_changes);
-    for (std::size_t i = 0; i < m_changes.columns.size(); ++i) {
-        KeepInRecord(m_changes.columns[i], m_changes.values[i]);
-    }
+    for (const std::size_t column : m_changes.Columns())
+        KeepInRecord(column, m_changes.Value(column));
 }
 
 RowIdentity Cursor::CurrentIdentity() {

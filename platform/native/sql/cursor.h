@@ -4,7 +4,6 @@
 #include "platform/native/sql/session.h"
 
 #include <cstdint>
-#include <deque>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -99,6 +98,7 @@ class Cursor final : private SessionCursor {
     void AdoptShape();
     void PrepareToSkipAdditions();
     void Advance();
+    void ClearRest() noexcept;
     bool FetchRow();
     bool IsOwnAddition();
     void EndStream() noexcept;
@@ -108,6 +108,7 @@ class Cursor final : private SessionCursor {
     automation::Variant StoredValue(std::size_t column);
     automation::Variant AddedValue(AddedRow& row, std::size_t column);
     RowWriter& Writer();
+    void StartChanges(EditMode mode);
     void StoreAddition();
     void StoreEdit();
     RowIdentity CurrentIdentity();
@@ -122,7 +123,10 @@ class Cursor final : private SessionCursor {
 
     Position m_position = Position::Before;
     bool m_executed = false;
-    std::deque<Row> m_rest;  ///< rows taken from the statement, behind the current one
+    /// Rows taken from the statement: those from m_nextRest on stand behind the current one. Emptied when the
+    /// last one was reached.
+    std::vector<Row> m_rest;
+    std::size_t m_nextRest = 0;
     Row m_row;
     std::vector<AddedRow> m_added;
     std::size_t m_addedIndex = 0;

@@ -17,32 +17,9 @@ using automation::Variant;
 
 }  // namespace
 
-void Changes::Clear() noexcept {
-    columns.clear();
-    values.clear();
-}
-
 void Changes::Set(std::size_t column, Variant value) {
-    if (Variant* known = Find(column)) {
-        *known = std::move(value);
-        return;
-    }
-    values.push_back(std::move(value));
-    columns.push_back(column);
-}
-
-Variant* Changes::Find(std::size_t column) noexcept {
-    const auto found = std::ranges::find(columns, column);
-    return found == columns.end() ? nullptr : &values[static_cast<std::size_t>(found - columns.begin())];
-}
-
-const Variant* Changes::Find(std::size_t column) const noexcept {
-    return const_cast<Changes*>(this)->Find(column);
-}
-
-void Changes::Remove(std::size_t position) {
-    columns.erase(columns.begin() + static_cast<std::ptrdiff_t>(position));
-    values.erase(values.begin() + static_cast<std::ptrdiff_t>(position));
+    if (!IsSet(column)) m_columns.push_back(column);
+    m_values[column] = std::move(value);
 }
 
 RowIdentity RowWriter::Identify(const Row& row) const {
@@ -70,7 +47,7 @@ RowIdentity RowWriter::Identify(const Row& row) const {
 }
 
 std::optional<RowIdentity> RowWriter::Insert(const Changes& changes) {
-    const std::string text = m_plan->InsertText(changes.columns);
+    const std::string& text = m_plan->InsertText(changes.Columns());
     StatementLease insert = m_session.PrepareExact(text, StatementKind::Insert);
     BindChanges(insert, changes);
     insert.Execute(text);
@@ -92,11 +69,11 @@ std::optional<RowIdentity> RowWriter::NewIdentity(const Changes& changes, Statem
         if (!column.key) continue;
         identity.columns.push_back(column.name);
         const auto position = m_plan->PositionOf(column.name);
-        const Variant* set = position ? changes.Find(*position) : nullptr;
+        const bool isSet = position && changes.IsSet(*position) && !changes.Value(*position).IsNull();
         if (returned) {
             identity.values.push_back(insert->Value(identity.values.size()));
-        } else if (set != nullptr && !set->IsNull()) {
-            identity.values.push_back(*set);
+        } else if (isSet) {
+            identity.values.push_back(changes.Value(*position));
         } else if (column.autoNumber) {
             identity.values.push_back(NewKey(insert, text));
         } else {
@@ -133,11 +110,11 @@ Variant RowWriter::NewKey(StatementLease& insert, std::string_view insertText) {
 
 void RowWriter::Update(const RowIdentity& identity, const Changes& changes) {
     if (!identity.unique) RequireSingle(identity);
-    std::string text = m_plan->UpdateText(changes.columns);
+    std::string text = m_plan->UpdateText(changes.Columns());
     AppendWhere(text, identity);
     StatementLease update = m_session.PrepareExact(text, StatementKind::Update);
     BindChanges(update, changes);
-    BindIdentity(update, changes.columns.size(), identity);
+    BindIdentity(update, changes.Columns().size(), identity);
     update.Execute(text);
     if (update->AffectedRows() == 0) RaiseRecordChanged(m_plan->Table(), "it is not there any more");
 }
@@ -175,9 +152,9 @@ std::optional<Row> RowWriter::Read(const RowIdentity& identity) {
 }
 
 void RowWriter::BindChanges(StatementLease& statement, const Changes& changes) const {
-    for (std::size_t i = 0; i < changes.columns.size(); ++i) {
-        statement->Bind(i, changes.values[i], &m_plan->Column(changes.columns[i]));
-    }
+    std::size_t parameter = 0;
+    for (const std::size_t column : changes.Columns())
+        statement->Bind(parameter++, changes.Value(column), &m_plan->Column(column));
 }
 
 void RowWriter::AppendWhere(std::string& text, const RowIdentity& identity) const {

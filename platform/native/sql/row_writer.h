@@ -15,19 +15,37 @@ namespace korvex::native::sql {
 
 using Row = std::vector<automation::Variant>;
 
-/// Columns of a cursor and their new values, in the form of ForColumn, side by side.
-struct Changes {
-    std::vector<std::size_t> columns;
-    Row values;
+/// New values for the columns of one row, in the form of ForColumn.
+class Changes {
+  public:
+    Changes() = default;
+    /// For a row of `count` columns, none of them set.
+    explicit Changes(std::size_t count) : m_values(count, automation::Variant::Missing()) {
+        m_columns.reserve(count);
+    }
 
-    bool IsEmpty() const noexcept { return columns.empty(); }
-    void Clear() noexcept;
-    /// Adds a column or replaces its value.
+    /// The columns that are set, in the order in which they were.
+    const std::vector<std::size_t>& Columns() const noexcept { return m_columns; }
+    /// The value of a column; Missing when it is not set.
+    const automation::Variant& Value(std::size_t column) const noexcept { return m_values[column]; }
+    automation::Variant& Value(std::size_t column) noexcept { return m_values[column]; }
+    bool IsSet(std::size_t column) const noexcept { return !m_values[column].IsMissing(); }
     void Set(std::size_t column, automation::Variant value);
-    /// The value of a column, null when it is not set.
-    automation::Variant* Find(std::size_t column) noexcept;
-    const automation::Variant* Find(std::size_t column) const noexcept;
-    void Remove(std::size_t position);
+    /// Takes back what is set to `stored(column)` anyway.
+    template <class Stored>
+    void RemoveSame(Stored&& stored) {
+        std::erase_if(m_columns, [&](std::size_t column) {
+            const bool isSame = m_values[column] == stored(column);
+            if (isSame) m_values[column] = automation::Variant::Missing();
+            return isSame;
+        });
+    }
+    /// Gives the values away: the row as far as it was set.
+    Row TakeRow() && noexcept { return std::move(m_values); }
+
+  private:
+    std::vector<std::size_t> m_columns;
+    Row m_values;
 };
 
 /// How one stored row is found again: the columns of its table that identify it, with their values.
