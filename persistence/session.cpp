@@ -15,9 +15,9 @@ namespace {
 
 /// Stack that a descent may use. The threads of Windows hosts commonly have one megabyte, others eight.
 #ifdef _WIN32
-constexpr std::uintptr_t StackBudget = 640 * 1024;
+constexpr std::uintptr_t StackBudget = std::uintptr_t{640} * 1024;
 #else
-constexpr std::uintptr_t StackBudget = 6 * 1024 * 1024;
+constexpr std::uintptr_t StackBudget = std::uintptr_t{6} * 1024 * 1024;
 #endif
 
 }  // namespace

@@ -149,7 +149,7 @@ void ClearModified(Session& session, const QORObject::Ref& coData) {
     });
 }
 
-UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, RecordsetRef records,
+UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns) {
     const std::int32_t key = KeyOfRecord(*records, ownKey);
     const std::int32_t carried = OwnKey(*coData, ownKey);

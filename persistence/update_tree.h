@@ -30,7 +30,7 @@ enum class Columns { Modified, All };
 /// Brings the current record up to date and closes the recordset. An object that reads Modified False is left
 /// alone, unless it carries the key of another record or `columns` asks for all. The object takes the
 /// record's key.
-UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, RecordsetRef records,
+UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns);
 
 /// Updates the stored children and elements, saves new ones and deletes stored elements that left their
