@@ -23,6 +23,14 @@ bool IsPlainNumber(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size();
 }
 
+std::string ConvertedNumber(std::string_view text) {
+    try {
+        return automation::ToString(automation::ParseNumber(text));
+    } catch (const Error&) {
+        throw Error(automation::TypeMismatch, "The key " + automation::Quoted(text) + " is not a number.");
+    }
+}
+
 std::string Where(std::string_view verb, std::string_view table, std::string_view keyColumn,
                   const Variant& key, KeyClause clause) {
     RefuseQuote(table);
@@ -36,15 +44,13 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
 
 }  // namespace
 
-// Keys stand in the statements without quotes, so nothing but a plain number may pass: not even what else the
-// conversions read as one ("&H1", "$5", "(1)").
+// Keys stand in the statements without quotes, so nothing but a plain number may pass. What the conversions
+// read as a number in another form ("1,200", "$5", "(12)") passes as the number that it is.
 std::string KeyText(const Variant& key) {
     if (const auto* number = key.If<std::int32_t>()) return std::to_string(*number);
     if (key.IsEmpty() || key.IsNull()) return {};
     std::string text = automation::ToString(key);
-    if (!IsPlainNumber(text))
-        throw Error(automation::TypeMismatch, "The key " + automation::Quoted(text) + " is not a number.");
-    return text;
+    return IsPlainNumber(text) ? text : ConvertedNumber(text);
 }
 
 std::string SelectAll(std::string_view table) {

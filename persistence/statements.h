@@ -12,7 +12,8 @@ namespace korvex::persistence {
 /// How the key clause stands in a statement; each member keeps its own spelling.
 enum class KeyClause { Tight, Spaced };  ///< "Key=1", "Key = 1"
 
-/// Text of a key for a statement; TypeMismatch (13) for a text that is no number. Empty and Null give "".
+/// Text of a key for a statement: a number, also where the key is a text that converts to one. TypeMismatch
+/// (13) for anything else. Empty and Null give "".
 std::string KeyText(const automation::Variant& key);
 
 std::string SelectAll(std::string_view table);

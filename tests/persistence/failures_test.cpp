@@ -116,9 +116,9 @@ TEST(Failures, KeysThatAreNoNumberAndNamesWithQuotesNeverReachTheDatabase) {
     Variant value;
     const auto quoted = std::make_shared<DataObject>(KeyedDefinition("O'Neill", ""));
     for (const Variant& key :
-         {Variant("1 or 1=1"), Variant("1; drop table tOrder"), Variant(""), Variant("$1"), Variant("&H1"),
-          Variant("(1)"), Variant("1,2"), Variant("nan"), Variant("--1"), Variant("1 2"), Variant(true),
-          Variant(automation::Date{3}), Variant(order)}) {
+         {Variant("1 or 1=1"), Variant("1; drop table tOrder"), Variant("1/**/or 1"), Variant("1)or(1"),
+          Variant(""), Variant("(1"), Variant("nan"), Variant("--1"), Variant("1--"), Variant("1 2"),
+          Variant("1e999"), Variant("0x1"), Variant(true), Variant(automation::Date{3}), Variant(order)}) {
         SCOPED_TRACE(key.IsObject() ? "an object" : Show(key));
         for (const char* member :
              {"DbDataExists", "DbGetData", "DbDeleteData", "DbUpdateData", "DbUpdateDataRetainRoot"})
@@ -141,17 +141,40 @@ TEST(Failures, KeysThatAreNoNumberAndNamesWithQuotesNeverReachTheDatabase) {
     EXPECT_EQ(ErrorOf([&] { world.crud->DbGetField(1, "OrderID", "tOrder", "No'te", value); }),
               automation::InvalidProcedureCall);
     EXPECT_EQ(world.database.TakeLog(), "");
+}
 
-    for (const Variant& key : {Variant(" 7 "), Variant("-7"), Variant("+7.0e0"), Variant(7.5),
-                               Variant(std::int64_t{7}), Variant(automation::Currency{70'000})})
+TEST(Failures, KeysStandInStatementsAsTheNumbersThatTheyAre) {
+    const struct {
+        Variant key;
+        std::string text;
+    } cases[] = {
+        {7.5, "7.5"},
+        {std::int64_t{7}, "7"},
+        {automation::Currency{70'000}, "7"},
+        {" 7 ", " 7 "},
+        {"-7", "-7"},
+        {"+7.0e0", "+7.0e0"},
+        // What only the conversions read as a number is converted.
+        {"1,2", "12"},
+        {"1,234.5", "1234.5"},
+        {"(12)", "-12"},
+        {"$5", "5"},
+        {" ($1,200) ", "-1200"},
+        {"7-", "-7"},
+        {"1d2", "100"},
+        {"&H1F", "31"},
+        {"\t7\n", "7"},
+    };
+    OrderWorld world;
+    const auto order = NewOrder();
+    Variant value;
+    for (const auto& [key, text] : cases) {
+        SCOPED_TRACE(Show(key));
         EXPECT_FALSE(world.crud->DbDataExists(order, key));
-    EXPECT_EQ(world.database.TakeLog(),
-              "select * from tOrder where OrderID= 7 ; Close\n"
-              "select * from tOrder where OrderID=-7; Close\n"
-              "select * from tOrder where OrderID=+7.0e0; Close\n"
-              "select * from tOrder where OrderID=7.5; Close\n"
-              "select * from tOrder where OrderID=7; Close\n"
-              "select * from tOrder where OrderID=7; Close");
+        EXPECT_EQ(world.database.TakeLog(), "select * from tOrder where OrderID=" + text + "; Close");
+        EXPECT_FALSE(world.crud->DbGetField(key, "OrderID", "tOrder", "Note", value));
+        EXPECT_EQ(world.database.TakeLog(), "select * from tOrder where OrderID = " + text + "; Close");
+    }
 }
 
 /// Fails the first, second, third ... call that reaches the database, until the operation gets through.

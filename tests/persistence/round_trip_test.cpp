@@ -222,6 +222,69 @@ TEST_P(RoundTrip, ErrorsOfTheDatabaseReachTheCaller) {
     EXPECT_EQ(m_crud->LastResult(), dbNoError);
 }
 
+/// The full disk is a limit to the pages that the file may grow to.
+TEST_P(RoundTrip, AFullDiskKeepsWhatWasWritten) {
+    auto& connection = *m_crud->DbConn();
+    connection.Execute("pragma synchronous = off");
+    const auto allRecords = [&] {
+        std::int32_t count = 0;
+        for (const auto& table : m_tables)
+            count += Number(m_crud->DbConn(), "select count(*) from " + table);
+        return count;
+    };
+    ASSERT_EQ(m_crud->DbSaveData(FromJson(m_definition, Tree)), 1);
+    const std::int32_t pages = Number(m_crud->DbConn(), "select page_count from pragma_page_count()");
+    connection.Execute("pragma max_page_count = " + std::to_string(pages + 2));
+    const std::int32_t before = allRecords();
+    m_seam->Record();
+    std::int32_t lastKey = 1;
+    const auto saveUntilFull = [&] {
+        for (int i = 0; i < 1000; ++i)
+            lastKey = m_crud->DbSaveData(FromJson(m_definition, Tree));
+    };
+    const auto raised = RaisedBy(saveUntilFull);
+    ASSERT_TRUE(raised);
+    EXPECT_EQ(raised->Number(), ado::DbEFail);
+    EXPECT_THAT(raised->Description(), testing::HasSubstr("full"));
+    EXPECT_EQ(allRecords(), before + static_cast<std::int32_t>(Writes()) - 1) << "all but the refused one";
+    EXPECT_EQ(Load(lastKey)->Child("Shipments")->Items().size(), 2U);
+
+    const auto order = Load(1);
+    const std::string stored = ToJson(*order);
+    const std::string longText(100'000, 'x');
+    order->Set("LongText", longText);
+    EXPECT_EQ(NumberRaisedBy([&] { m_crud->DbUpdateData(order); }), ado::DbEFail);
+    EXPECT_TRUE(m_crud->DbSaveField(1, "OrderID", "tOrder", "LongText", longText)) << "it is passed over";
+    EXPECT_EQ(ToJson(*Load(1)), stored);
+
+    connection.Execute("pragma max_page_count = 100000");
+    EXPECT_EQ(m_crud->DbUpdateData(order), 1);
+    EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
+    EXPECT_GT(m_crud->DbSaveData(FromJson(m_definition, Tree)), lastKey);
+}
+
+TEST_P(RoundTrip, AReadOnlyDatabaseIsRead) {
+    ASSERT_EQ(m_crud->DbSaveData(FromJson(m_definition, Tree)), 1);
+    m_crud->DbConn()->Execute("pragma query_only = on");
+    const auto order = Load(1);
+    const std::string stored = ToJson(*order);
+    order->Set("String", "other");
+    const std::function<void()> writes[] = {
+        [&] { m_crud->DbSaveData(FromJson(m_definition, Tree)); },
+        [&] { m_crud->DbUpdateData(order); },
+        [&] { m_crud->DbUpdateDataRetainRoot(order, 1); },
+        [&] { m_crud->DbDeleteData(order, 1); },
+    };
+    for (const auto& write : writes)
+        EXPECT_EQ(NumberRaisedBy(write), ado::DbEPermissionDenied);
+    EXPECT_TRUE(m_crud->DbSaveField(1, "OrderID", "tOrder", "String", "other")) << "it is passed over";
+    EXPECT_EQ(Counts(), TreeCounts);
+    EXPECT_EQ(ToJson(*Load(1)), stored);
+    m_crud->DbConn()->Execute("pragma query_only = off");
+    EXPECT_EQ(m_crud->DbUpdateData(order), 1);
+    EXPECT_EQ(Load(1)->Get("String"), Variant("other"));
+}
+
 /// Lets the first, second, third ... engine call of an operation fail, until it gets through.
 TEST_P(RoundTrip, AnyEngineCallMayFail) {
     m_crud->DbConn()->Execute("pragma synchronous = off");
