@@ -1,6 +1,7 @@
 // Persistence and script runs over ODBC, on private MariaDB and PostgreSQL servers, against hand-written ODBC
 // code that prepares the same statements once and reads the same rows.
 
+#include "automation/convert.h"
 #include "hosts/objects/data_object.h"
 #include "platform/native/native_platform.h"
 #include "platform/native/sql/statement_text.h"
@@ -247,17 +248,18 @@ class Recorder final : public native::sql::Seam {
 /// A recorded run as hand-written code would make it.
 class FloorRun {
   public:
-    FloorRun(const std::vector<Recorder::Call>& calls, FloorConnection& floor) {
+    FloorRun(const std::vector<Recorder::Call>& calls, bool exactLike, FloorConnection& floor) {
         for (const Recorder::Call& call : calls) {
             Step& step = m_steps.emplace_back();
             step.kind = call.kind;
             if (call.kind != native::sql::CallKind::Execute) continue;
             native::sql::StatementText scan;
-            native::sql::ScanStatement(call.text, {.bracketNames = false}, scan);
+            native::sql::ScanStatement(
+                call.text, {.bracketNames = false, .exactLike = exactLike, .liftsTexts = true}, scan);
             step.text = scan.text;
-            for (const std::int64_t value : scan.literals)
-                step.values.push_back(value);
-            if (call.text.starts_with("delete from tPrimaryKeys")) m_object = step.values.at(0);
+            step.values = scan.literals;
+            if (call.text.starts_with("delete from tPrimaryKeys"))
+                m_object = automation::ToLongLong(step.values.at(0));
             if (scan.literals.empty() && call.text.find('?') != std::string::npos) FillInsert(step, floor);
         }
     }
@@ -272,7 +274,7 @@ class FloorRun {
             } else {
                 FloorStatement& statement = floor.Statement(step.text);
                 for (std::size_t i = 0; i < step.values.size(); ++i)
-                    statement.Set(i, step.values[i]);
+                    SetValue(statement, i, step.values[i]);
                 statement.Run();
             }
         }
@@ -284,8 +286,16 @@ class FloorRun {
     struct Step {
         native::sql::CallKind kind = native::sql::CallKind::Execute;
         std::string text;
-        std::vector<std::int64_t> values;
+        std::vector<automation::Variant> values;
     };
+
+    static void SetValue(FloorStatement& statement, std::size_t parameter, const automation::Variant& value) {
+        if (const auto* text = value.If<std::string>()) {
+            statement.Set(parameter, std::string_view(*text));
+        } else {
+            statement.Set(parameter, automation::ToLongLong(value));
+        }
+    }
 
     /// The one statement with values that a run repeats: the primary key that was deleted before it.
     void FillInsert(Step& step, FloorConnection& floor) const {
@@ -311,7 +321,7 @@ Comparison CompareScriptRuns(const Server& server, int rounds, std::int64_t obje
     const auto recorder = std::make_shared<Recorder>();
     run(BenchPlatform(recorder));
     FloorConnection reader(database);
-    const FloorRun steps(recorder->calls, reader);
+    const FloorRun steps(recorder->calls, server.schema == repository::SchemaEngine::PostgreSql, reader);
     std::printf("%s: %zu engine calls in a run\n", server.name.c_str(), steps.Size());
     return Compare(
         rounds, [&] { run(platform); },

@@ -1,5 +1,7 @@
 #include "platform/native/sql/statement_text.h"
 
+#include "support/print_variant.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -14,6 +16,9 @@ struct ScanCase {
     std::string text;
     std::vector<std::int64_t> literals;
 };
+
+using automation::Variant;
+using Literals = std::vector<Variant>;
 
 TEST(StatementText, LiteralsBehindComparisonsAreLiftedAndTouchingWordsParted) {
     const std::vector<ScanCase> cases = {
@@ -70,8 +75,44 @@ TEST(StatementText, LiteralsBehindComparisonsAreLiftedAndTouchingWordsParted) {
     for (const ScanCase& each : cases) {
         ScanStatement(each.composed, {}, result);
         EXPECT_EQ(result.text, each.text);
+        EXPECT_EQ(result.literals, Literals(each.literals.begin(), each.literals.end())) << each.composed;
+    }
+}
+
+TEST(StatementText, TextsThatAQueryComparesAreLiftedWhereThatPays) {
+    const struct {
+        const char* composed;
+        const char* text;
+        Literals literals;
+    } cases[] = {
+        {"select * from t where Name='Customer' and ID = 3",
+         "select * from t where Name=? and ID = ?",
+         {"Customer", std::int64_t{3}}},
+        {"SELECT a FROM t WHERE (t.Name Like '%x_') or b <> ''ORDER BY 'c'",
+         "SELECT a FROM t WHERE (t.Name Like ?) or b <> ?ORDER BY 'c'",
+         {"%x_", ""}},
+        // What does not stand for itself alone.
+        {"select * from t where a = 'it''s' and b = N'x' and c = 'x' || d and e like 'f' escape '!' and g in "
+         "('h')",
+         "select * from t where a = 'it''s' and b = N'x' and c = 'x' || d and e like 'f' escape '!' and g in "
+         "('h')",
+         {}},
+        {"select 'a', b = 'c' from t where d = 'open", "select 'a', b = 'c' from t where d = 'open", {}},
+        {"select * from t where a = 'b' and c = ?", "select * from t where a = 'b' and c = ?", {}},
+        {"update t set a = 'b' where c = 'd'", "update t set a = 'b' where c = 'd'", {}},
+        {"delete from t where a = 'b'", "delete from t where a = 'b'", {}},
+    };
+    StatementText result;
+    for (const auto& each : cases) {
+        ScanStatement(each.composed, {.liftsTexts = true}, result);
+        EXPECT_EQ(result.text, each.text);
         EXPECT_EQ(result.literals, each.literals) << each.composed;
     }
+    const std::string backslash = R"(select * from t where a = 'it\'s' and b = 'c')";
+    ScanStatement(backslash, {.backslashEscapes = true, .liftsTexts = true}, result);
+    EXPECT_EQ(result.text, R"(select * from t where a = 'it\'s' and b = ?)");
+    ScanStatement("select * from t where a like 'b'", {.exactLike = true, .liftsTexts = true}, result);
+    EXPECT_EQ(result.text, "select * from t where a ILIKE ?");
 }
 
 TEST(StatementText, QuotesFollowTheEngine) {
@@ -81,12 +122,12 @@ TEST(StatementText, QuotesFollowTheEngine) {
     StatementText result;
     ScanStatement(backslash, {.bracketNames = false, .backslashEscapes = true}, result);
     EXPECT_FALSE(result.secondStatement);
-    EXPECT_EQ(result.literals, std::vector<std::int64_t>{2});
+    EXPECT_EQ(result.literals, Literals{std::int64_t{2}});
     ScanStatement(array, {.bracketNames = false}, result);
     EXPECT_EQ(result.text, "select a[1 and 2] from t where b[3] = ?");
     ScanStatement(dollar, {.bracketNames = false, .dollarQuotes = true}, result);
     EXPECT_FALSE(result.secondStatement);
-    EXPECT_EQ(result.literals, std::vector<std::int64_t>{1});
+    EXPECT_EQ(result.literals, Literals{std::int64_t{1}});
     // The same text where these are no quotes.
     ScanStatement("select $x$ ; drop table t; $x$", {}, result);
     EXPECT_TRUE(result.secondStatement);

@@ -207,7 +207,7 @@ class Scanner {
                 Number();
                 break;
             case CharClass::Quote:
-                Quoted(c, m_rules.backslashEscapes && c != '`');
+                if (c != '\'' || !LiftText()) Quoted(c, m_rules.backslashEscapes && c != '`');
                 break;
             case CharClass::Bracket:
                 if (m_rules.bracketNames) {
@@ -257,9 +257,12 @@ class Scanner {
             m_result.kind = KindOf(word);
             m_lifting = m_mayLift &&
                         (m_result.kind == StatementKind::Update || m_result.kind == StatementKind::Delete);
-        } else if (m_rules.exactLike && IsWord(word, "like")) {
-            m_result.text.append(m_text.substr(m_copied, start - m_copied)).append("ILIKE");
-            m_copied = m_at;
+        } else if (IsWord(word, "like")) {
+            if (m_rules.exactLike) {
+                m_result.text.append(m_text.substr(m_copied, start - m_copied)).append("ILIKE");
+                m_copied = m_at;
+            }
+            m_likeEnd = m_at;
         } else if (m_depth == 0 && word.size() >= 5) {
             if (ArrangesRows(word)) {
                 m_lifting = false;
@@ -286,6 +289,36 @@ class Scanner {
         while (m_at < m_text.size() && m_text[m_at] != close)
             m_at += m_text[m_at] == '\\' ? 2 : 1;
         m_at = std::min(m_at + 1, m_text.size());
+    }
+
+    /// Replaces the text that begins here by "?" when it is all that is compared or matched with, and reads
+    /// as it stands.
+    bool LiftText() {
+        if (!m_lifting || !m_rules.liftsTexts || m_result.kind != StatementKind::Select) return false;
+        std::size_t before = m_at;
+        while (before > 0 && IsBlank(m_text[before - 1]))
+            --before;
+        if (before != m_comparisonEnd && before != m_likeEnd) return false;
+        const std::size_t end = m_text.find('\'', m_at + 1);
+        if (end == std::string_view::npos || !EndsOperand(end + 1)) return false;
+        const std::string_view value = m_text.substr(m_at + 1, end - m_at - 1);
+        if (m_rules.backslashEscapes && value.find('\\') != std::string_view::npos) return false;
+        m_result.literals.emplace_back(value);
+        m_result.text.append(m_text.substr(m_copied, m_at - m_copied)).push_back('?');
+        m_copied = m_at = end + 1;
+        return true;
+    }
+
+    /// Whether a condition ends at `at`, or another one follows.
+    bool EndsOperand(std::size_t at) const noexcept {
+        while (at < m_text.size() && IsBlank(m_text[at]))
+            ++at;
+        if (at == m_text.size() || m_text[at] == ')') return true;
+        std::size_t end = at;
+        while (end < m_text.size() && IsWordPart(m_text[end]))
+            ++end;
+        const std::string_view word = m_text.substr(at, end - at);
+        return IsWord(word, "and") || IsWord(word, "or") || IsWord(word, "order");
     }
 
     void Dollar() {
@@ -359,7 +392,7 @@ class Scanner {
         std::int64_t value = 0;
         const auto [end, error] = std::from_chars(m_text.data() + digits, m_text.data() + m_at, value);
         if (error != std::errc() || end != m_text.data() + m_at) return;
-        m_result.literals.push_back(value);
+        m_result.literals.emplace_back(value);
         m_result.text.append(m_text.substr(m_copied, start - m_copied)).push_back('?');
         m_copied = m_at;
     }
@@ -379,6 +412,7 @@ class Scanner {
     std::size_t m_at = 0;
     std::size_t m_copied = 0;  ///< the text before this position is in the result
     std::size_t m_comparisonEnd = NoComparison;
+    std::size_t m_likeEnd = NoComparison;
     int m_depth = 0;
     bool m_sawWord = false;
     bool m_lifting = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "automation/variant.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +15,9 @@ struct LexicalRules {
     bool backslashEscapes = false;  ///< a backslash in a text literal takes the next character with it
     bool dollarQuotes = false;      ///< $tag$ ... $tag$ is a text literal, E'...' one with backslashes
     bool exactLike = false;         ///< LIKE tells capital letters from small ones; ILIKE does not
+    /// Text literals of queries are lifted too: preparing costs an answer of a server. For drivers that copy
+    /// what is bound.
+    bool liftsTexts = false;
 };
 
 enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
@@ -23,7 +28,7 @@ struct StatementText {
     /// "?", a blank where an integer touched the word behind it ("0and"), ILIKE where LIKE is exact.
     std::string text;
     /// The values of the lifted literals, in order.
-    std::vector<std::int64_t> literals;
+    std::vector<automation::Variant> literals;
     StatementKind kind = StatementKind::Other;
     /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
     bool secondStatement = false;
@@ -33,8 +38,8 @@ struct StatementText {
 };
 
 /// Reads a statement once, outside its quotes and comments. In SELECT (its WHERE clause), UPDATE and DELETE,
-/// an integer literal behind a comparison operator is lifted out, unless the text has placeholders of its
-/// own.
+/// an integer literal behind a comparison operator is lifted out, and with liftsTexts a text that a query
+/// compares or matches with, unless the statement has placeholders of its own.
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result);
 
 /// What kind of statement a text is, by its first word.

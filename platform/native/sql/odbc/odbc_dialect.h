@@ -15,6 +15,10 @@ struct OdbcDialect {
     /// Columns hold values of any type: the declared type's name decides, numbers are read as text first, and
     /// a sole key declared INTEGER is numbered by the engine although the driver does not say so.
     bool dynamicTypes = false;
+    /// The driver gives a row's values in any order, bound ones too: what is short is bound, what is long is
+    /// read when it is asked for. Otherwise all are read one by one, from left to right. The session finds
+    /// out.
+    bool bindsColumns = false;
     /// Rows come in any order unless the statement asks for one: they are asked for by key, or in tables
     /// without a key by this hidden column. Empty where they come in the order of the key of themselves.
     std::string rowOrderColumn;

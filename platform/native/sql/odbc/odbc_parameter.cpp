@@ -5,6 +5,8 @@
 #include "platform/native/sql/odbc/odbc_date.h"
 
 #include <algorithm>
+#include <bit>
+#include <string_view>
 #include <type_traits>
 
 namespace korvex::native::sql {
@@ -14,6 +16,21 @@ using automation::Variant;
 
 /// From here on text and bytes go as long data, in characters or bytes.
 constexpr std::size_t LongDataFrom = 4000;
+
+/// The size that a driver is told for a value: the same for most, so that it need not be told anew, and never
+/// more than a parameter of that type may have while the value is not long data.
+SQLULEN SteadySize(std::size_t size) noexcept {
+    constexpr std::size_t least = 64;
+    return size > LongDataFrom ? size : std::min(std::max(std::bit_ceil(size), least), LongDataFrom);
+}
+
+/// Copies a value into a buffer that stays in its place while values are not longer than before.
+template <class Text>
+void Keep(Text& buffer, std::basic_string_view<typename Text::value_type> value) {
+    constexpr std::size_t least = 64;
+    if (buffer.capacity() < value.size()) buffer.reserve(std::max(std::bit_ceil(value.size()), least));
+    buffer.assign(value);
+}
 
 bool IsLongColumn(const ColumnInfo* column) noexcept { return column != nullptr && IsLong(column->type); }
 
@@ -73,22 +90,28 @@ void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column) {
 }
 
 SQLRETURN OdbcParameter::Bind(SQLHSTMT statement, SQLUSMALLINT index) {
-    return SQLBindParameter(statement, index, SQL_PARAM_INPUT, m_cType, m_sqlType, m_size, m_digits, m_data,
-                            m_length > 0 ? m_length : 0, &m_length);
+    if (m_bound == m_form) return SQL_SUCCESS;
+    m_bound.reset();
+    const SQLRETURN result = SQLBindParameter(statement, index, SQL_PARAM_INPUT, m_form.cType, m_form.sqlType,
+                                              m_form.size, m_form.digits, m_form.data, 0, &m_length);
+    if (SQL_SUCCEEDED(result)) m_bound = m_form;
+    return result;
 }
 
-void OdbcParameter::Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length,
-                             SQLULEN size) {
-    m_cType = cType;
-    m_sqlType = sqlType;
-    m_data = data;
+void OdbcParameter::Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
+                             SQLSMALLINT digits) noexcept {
+    m_form = {.cType = cType, .sqlType = sqlType, .size = size, .digits = digits, .data = data};
     m_length = length;
-    m_size = size;
-    m_digits = 0;
 }
 
+/// Null fits whatever form the parameter has.
 void OdbcParameter::AssignNull(const ColumnInfo* column) {
-    Describe(SQL_C_CHAR, NullType(column), nullptr, SQL_NULL_DATA, 1);
+    if (m_bound) {
+        m_form = *m_bound;
+        m_length = SQL_NULL_DATA;
+    } else {
+        Describe(SQL_C_CHAR, NullType(column), nullptr, SQL_NULL_DATA, 1);
+    }
 }
 
 /// True is -1 in a number column, as automation has it.
@@ -112,29 +135,27 @@ void OdbcParameter::AssignReal(double value) {
 }
 
 void OdbcParameter::AssignCurrency(automation::Currency value) {
-    m_narrow = automation::ToString(value);
-    Describe(SQL_C_CHAR, SQL_DECIMAL, m_narrow.data(), static_cast<SQLLEN>(m_narrow.size()), 19);
-    m_digits = 4;
+    Keep(m_narrow, automation::ToString(value));
+    Describe(SQL_C_CHAR, SQL_DECIMAL, m_narrow.data(), static_cast<SQLLEN>(m_narrow.size()), 19, 4);
 }
 
 void OdbcParameter::AssignDate(automation::Date value) {
     m_timestamp = ToTimestamp(value);
-    Describe(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, &m_timestamp, sizeof m_timestamp, 23);
-    m_digits = 3;
+    Describe(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, &m_timestamp, sizeof m_timestamp, 23, 3);
 }
 
 void OdbcParameter::AssignText(const std::string& value, const ColumnInfo* column) {
-    m_wide = automation::ToUtf16(value);
+    Keep(m_wide, automation::ToUtf16(value));
     const bool isLong = IsLongColumn(column) || m_wide.size() > LongDataFrom;
     Describe(SQL_C_WCHAR, isLong ? SQL_WLONGVARCHAR : SQL_WVARCHAR, m_wide.data(),
-             static_cast<SQLLEN>(m_wide.size() * sizeof(char16_t)), std::max<std::size_t>(m_wide.size(), 1));
+             static_cast<SQLLEN>(m_wide.size() * sizeof(char16_t)), SteadySize(m_wide.size()));
 }
 
 void OdbcParameter::AssignBytes(const automation::Bytes& value, const ColumnInfo* column) {
-    m_narrow.assign(value.begin(), value.end());
+    Keep(m_narrow, std::string_view(reinterpret_cast<const char*>(value.data()), value.size()));
     const bool isLong = IsLongColumn(column) || m_narrow.size() > LongDataFrom;
     Describe(SQL_C_BINARY, isLong ? SQL_LONGVARBINARY : SQL_VARBINARY, m_narrow.data(),
-             static_cast<SQLLEN>(m_narrow.size()), std::max<std::size_t>(m_narrow.size(), 1));
+             static_cast<SQLLEN>(m_narrow.size()), SteadySize(m_narrow.size()));
 }
 
 }  // namespace korvex::native::sql

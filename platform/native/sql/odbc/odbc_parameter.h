@@ -5,6 +5,7 @@
 #include "platform/native/sql/odbc/odbc_handle.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace korvex::native::sql {
@@ -16,6 +17,7 @@ class OdbcParameter {
     /// Takes a value, for a column or (null) for a comparison.
     void Assign(const automation::Variant& value, const ColumnInfo* column);
     /// Binds it to the parameter `index` (one-based) of a statement.
+    /// when it is bound already, and only its value is another one, does nothing.
     SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT index);
 
   private:
@@ -27,13 +29,22 @@ class OdbcParameter {
     void AssignDate(automation::Date value);
     void AssignText(const std::string& value, const ColumnInfo* column);
     void AssignBytes(const automation::Bytes& value, const ColumnInfo* column);
-    void Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size);
+    void Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
+                  SQLSMALLINT digits = 0) noexcept;
 
-    SQLSMALLINT m_cType = SQL_C_CHAR;
-    SQLSMALLINT m_sqlType = SQL_VARCHAR;
-    SQLULEN m_size = 1;
-    SQLSMALLINT m_digits = 0;
-    void* m_data = nullptr;
+    /// What a driver is told of a parameter once.
+    struct Form {
+        SQLSMALLINT cType = SQL_C_CHAR;
+        SQLSMALLINT sqlType = SQL_VARCHAR;
+        SQLULEN size = 1;
+        SQLSMALLINT digits = 0;
+        void* data = nullptr;
+
+        friend bool operator==(const Form&, const Form&) = default;
+    };
+    Form m_form;
+    std::optional<Form> m_bound;
+    /// The value's, which the driver reads with it.
     SQLLEN m_length = SQL_NULL_DATA;
     SQLINTEGER m_long = 0;
     std::int64_t m_integer = 0;

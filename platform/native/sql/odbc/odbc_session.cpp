@@ -45,6 +45,7 @@ OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam
     Connect(connectionString);
     m_dialect = DialectOf(Info(SQL_DBMS_NAME));
     m_traits = m_dialect.traits;
+    m_dialect.bindsColumns = !m_dialect.dynamicTypes && ReadsInAnyOrder();
     if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
         m_traits.quoteOpen = m_traits.quoteClose = quote;
     }
@@ -68,6 +69,14 @@ void OdbcSession::Connect(std::string_view connectionString) {
                           diagnosis.message + " (" + WithoutPassword(connectionString) + ")");
     }
     m_connected = true;
+}
+
+bool OdbcSession::ReadsInAnyOrder() const {
+    constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BOUND;
+    SQLUINTEGER extensions = 0;
+    return SQL_SUCCEEDED(SQLGetInfoW(m_connection.Get(), SQL_GETDATA_EXTENSIONS, &extensions,
+                                     sizeof extensions, nullptr)) &&
+           (extensions & needed) == needed;
 }
 
 std::string OdbcSession::Info(SQLUSMALLINT what) const {

@@ -29,6 +29,7 @@ class OdbcSession final : public Session {
 
     void Connect(std::string_view connectionString);
     std::string Info(SQLUSMALLINT what) const;
+    bool ReadsInAnyOrder() const;
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
     void MarkKeyColumns(TableInfo& table);

@@ -1,7 +1,5 @@
 #include "platform/native/sql/odbc/odbc_statement.h"
 
-#include "platform/native/sql/odbc/odbc_value.h"
-
 #include <sqlucode.h>
 
 #include <algorithm>
@@ -67,7 +65,17 @@ OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& di
     SQLSMALLINT parameters = 0;
     Check(SQLNumParams(Handle(), &parameters));
     m_parameters.resize(static_cast<std::size_t>(std::max<SQLSMALLINT>(parameters, 0)));
-    m_shape = Describe();
+    TakeShape(Describe());
+}
+
+void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
+    m_shape = std::move(shape);
+    m_columns.clear();
+    m_columns.reserve(m_shape->columns.size());
+    for (const ColumnInfo& column : m_shape->columns) {
+        m_columns.emplace_back(static_cast<SQLUSMALLINT>(m_columns.size() + 1), column);
+        if (m_dialect.bindsColumns) m_columns.back().Bind(m_statement, m_dialect);
+    }
 }
 
 bool OdbcStatement::Writes() const noexcept {
@@ -174,7 +182,7 @@ void OdbcStatement::Execute() {
     if (isBatch) SkipToRows();
     if (isBatch || m_shape->columns.empty()) {
         // Some drivers know the columns only now.
-        if (auto shape = Describe(); !shape->columns.empty()) m_shape = std::move(shape);
+        if (auto shape = Describe(); !shape->columns.empty()) TakeShape(std::move(shape));
     }
 }
 
@@ -196,16 +204,11 @@ bool OdbcStatement::Fetch() {
         return false;
     }
     Check(result);
-    // Drivers give each value once, from left to right.
-    m_row.resize(m_shape->columns.size());
-    for (std::size_t i = 0; i < m_row.size(); ++i)
-        m_row[i] = ReadValue(i);
+    for (OdbcColumn& column : m_columns) {
+        column.StartRow();
+        if (!m_dialect.bindsColumns) column.Value(m_statement, m_dialect);
+    }
     return true;
-}
-
-automation::Variant OdbcStatement::ReadValue(std::size_t column) {
-    return OdbcValueReader(m_statement, m_dialect, static_cast<SQLUSMALLINT>(column + 1))
-        .Read(m_shape->columns[column]);
 }
 
 void OdbcStatement::Reset() noexcept {

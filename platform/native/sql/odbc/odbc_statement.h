@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/native/sql/odbc/odbc_column.h"
 #include "platform/native/sql/odbc/odbc_dialect.h"
 #include "platform/native/sql/odbc/odbc_parameter.h"
 #include "platform/native/sql/row_writer.h"
@@ -24,7 +25,9 @@ class OdbcStatement final : public Statement {
     void Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) override;
     void Execute() override;
     bool Fetch() override;
-    automation::Variant Value(std::size_t column) override { return m_row[column]; }
+    automation::Variant Value(std::size_t column) override {
+        return m_columns[column].Value(m_statement, m_dialect);
+    }
     std::int64_t AffectedRows() const noexcept override { return m_affectedRows; }
     void Reset() noexcept override;
 
@@ -40,14 +43,14 @@ class OdbcStatement final : public Statement {
     std::string DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const;
     std::string TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const;
     SQLLEN NumberAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const;
-    automation::Variant ReadValue(std::size_t column);
+    void TakeShape(std::shared_ptr<const RowShape> shape);
 
     const OdbcDialect& m_dialect;
     StatementKind m_kind;
     OdbcHandle m_statement;
     std::shared_ptr<const RowShape> m_shape;
     std::vector<OdbcParameter> m_parameters;
-    Row m_row;
+    std::vector<OdbcColumn> m_columns;
     bool m_executing = false;
     std::int64_t m_affectedRows = 0;
 };

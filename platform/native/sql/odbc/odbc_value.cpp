@@ -21,7 +21,14 @@ std::optional<std::int64_t> ParseInteger(std::string_view text) {
     return value;
 }
 
-/// A number that came as text; what is no number stays text.
+Variant BooleanFromText(const std::string& text, const ColumnInfo& column) {
+    if (automation::EqualsIgnoreCase(text, "true") || automation::EqualsIgnoreCase(text, "t")) return true;
+    if (automation::EqualsIgnoreCase(text, "false") || automation::EqualsIgnoreCase(text, "f")) return false;
+    return NumberFromText(text, column);
+}
+
+}  // namespace
+
 Variant NumberFromText(const std::string& text, const ColumnInfo& column) {
     const std::string_view trimmed = automation::Trim(text);
     if (const auto whole = ParseInteger(trimmed)) return FromInteger(*whole, column);
@@ -32,14 +39,6 @@ Variant NumberFromText(const std::string& text, const ColumnInfo& column) {
         return text;
     }
 }
-
-Variant BooleanFromText(const std::string& text, const ColumnInfo& column) {
-    if (automation::EqualsIgnoreCase(text, "true") || automation::EqualsIgnoreCase(text, "t")) return true;
-    if (automation::EqualsIgnoreCase(text, "false") || automation::EqualsIgnoreCase(text, "f")) return false;
-    return NumberFromText(text, column);
-}
-
-}  // namespace
 
 Variant OdbcValueReader::Read(const ColumnInfo& column) {
     switch (column.type) {

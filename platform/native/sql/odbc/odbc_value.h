@@ -9,7 +9,10 @@
 
 namespace korvex::native::sql {
 
-/// Reads one value of a fetched row.
+/// A number that came as text; what is no number stays text.
+automation::Variant NumberFromText(const std::string& text, const ColumnInfo& column);
+
+/// Reads one value of a fetched row that was not bound.
 class OdbcValueReader {
   public:
     OdbcValueReader(const OdbcHandle& statement, const OdbcDialect& dialect, SQLUSMALLINT column)

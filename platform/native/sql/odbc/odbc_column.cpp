@@ -1,0 +1,119 @@
+#include "platform/native/sql/odbc/odbc_column.h"
+
+#include "automation/text.h"
+#include "platform/native/sql/column_value.h"
+#include "platform/native/sql/odbc/odbc_date.h"
+#include "platform/native/sql/odbc/odbc_value.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace korvex::native::sql {
+namespace {
+
+using automation::Variant;
+
+/// Longer texts and bytes are rare: a value that does not fit is read again.
+constexpr std::size_t LongestBound = 512;
+
+/// The room for a text of so many characters, in bytes, with the closing zero.
+std::size_t TextRoom(std::size_t characters) noexcept {
+    const std::size_t most = characters == 0 ? LongestBound : std::min(characters, LongestBound);
+    return (most + 1) * sizeof(char16_t);
+}
+
+struct Form {
+    SQLSMALLINT cType = 0;
+    std::size_t capacity = 0;  ///< 0: not bound
+};
+
+Form FormOf(const ColumnInfo& column) noexcept {
+    switch (column.type) {
+        case ColumnType::TinyInt:
+        case ColumnType::SmallInt:
+        case ColumnType::Integer:
+        case ColumnType::BigInt:
+            return {SQL_C_SBIGINT, sizeof(std::int64_t)};
+        case ColumnType::Boolean:
+            return {SQL_C_BIT, sizeof(unsigned char)};
+        case ColumnType::Single:
+        case ColumnType::Double:
+            return {SQL_C_DOUBLE, sizeof(double)};
+        case ColumnType::Date:
+            return {SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
+        case ColumnType::Currency:
+        case ColumnType::Decimal:
+            return {SQL_C_WCHAR, TextRoom(64)};
+        case ColumnType::Char:
+        case ColumnType::VarChar:
+        case ColumnType::Unknown:
+            return {SQL_C_WCHAR, TextRoom(column.size)};
+        case ColumnType::Binary:
+            return {SQL_C_BINARY,
+                    column.size == 0 ? LongestBound : std::min<std::size_t>(column.size, LongestBound)};
+        case ColumnType::LongText:
+        case ColumnType::LongBinary:
+            break;
+    }
+    return {};
+}
+
+}  // namespace
+
+void OdbcColumn::Bind(const OdbcHandle& statement, const OdbcDialect& dialect) {
+    const Form form = FormOf(*m_info);
+    if (form.capacity == 0) return;
+    m_cType = form.cType;
+    m_capacity = form.capacity;
+    m_buffer = std::make_unique<std::byte[]>(m_capacity);
+    CheckOdbc(SQLBindCol(statement.Get(), m_index, m_cType, m_buffer.get(), static_cast<SQLLEN>(m_capacity),
+                         &m_length),
+              statement, dialect);
+}
+
+Variant OdbcColumn::Value(const OdbcHandle& statement, const OdbcDialect& dialect) {
+    if (IsBound() && !IsCutOff()) return BoundValue();
+    if (!m_read) m_read = OdbcValueReader(statement, dialect, m_index).Read(*m_info);
+    return *m_read;
+}
+
+bool OdbcColumn::IsCutOff() const noexcept {
+    if (m_length == SQL_NULL_DATA || (m_cType != SQL_C_WCHAR && m_cType != SQL_C_BINARY)) return false;
+    const std::size_t most = m_cType == SQL_C_WCHAR ? m_capacity - sizeof(char16_t) : m_capacity;
+    return m_length < 0 || static_cast<std::size_t>(m_length) > most;
+}
+
+template <class T>
+T OdbcColumn::Content() const noexcept {
+    T content;
+    std::memcpy(&content, m_buffer.get(), sizeof content);
+    return content;
+}
+
+Variant OdbcColumn::BoundValue() const {
+    if (m_length == SQL_NULL_DATA) return Variant::Null();
+    const auto length = static_cast<std::size_t>(m_length);
+    switch (m_cType) {
+        case SQL_C_SBIGINT:
+            return FromInteger(Content<std::int64_t>(), *m_info);
+        case SQL_C_BIT:
+            return Content<unsigned char>() != 0;
+        case SQL_C_DOUBLE:
+            return FromReal(Content<double>(), *m_info);
+        case SQL_C_TYPE_TIMESTAMP:
+            return FromTimestamp(Content<SQL_TIMESTAMP_STRUCT>());
+        case SQL_C_BINARY: {
+            const auto* bytes = reinterpret_cast<const std::uint8_t*>(m_buffer.get());
+            return automation::Bytes(bytes, bytes + length);
+        }
+        default: {
+            const auto* units = reinterpret_cast<const char16_t*>(m_buffer.get());
+            std::string text = automation::ToUtf8({units, length / sizeof(char16_t)});
+            const bool isNumber = m_info->type == ColumnType::Currency || m_info->type == ColumnType::Decimal;
+            return isNumber ? NumberFromText(text, *m_info) : Variant(std::move(text));
+        }
+    }
+}
+
+}  // namespace korvex::native::sql
