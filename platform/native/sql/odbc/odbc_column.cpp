@@ -17,10 +17,10 @@ using automation::Variant;
 /// Longer texts and bytes are rare: a value that does not fit is read again.
 constexpr std::size_t LongestBound = 512;
 
-/// The room for a text of so many characters, in bytes, with the closing zero.
-std::size_t TextRoom(std::size_t characters) noexcept {
-    const std::size_t most = characters == 0 ? LongestBound : std::min(characters, LongestBound);
-    return (most + 1) * sizeof(char16_t);
+/// The bytes behind the end of a text.
+std::size_t TerminatorOf(SQLSMALLINT cType) noexcept {
+    if (cType == SQL_C_WCHAR) return sizeof(char16_t);
+    return cType == SQL_C_CHAR ? 1 : 0;
 }
 
 struct Form {
@@ -28,7 +28,14 @@ struct Form {
     std::size_t capacity = 0;  ///< 0: not bound
 };
 
-Form FormOf(const ColumnInfo& column) noexcept {
+/// For a text of so many characters, most of which take one unit.
+Form TextForm(std::size_t characters, bool narrow) noexcept {
+    const std::size_t most = characters == 0 ? LongestBound : std::min(characters, LongestBound);
+    if (narrow) return {SQL_C_CHAR, most + TerminatorOf(SQL_C_CHAR)};
+    return {SQL_C_WCHAR, most * sizeof(char16_t) + TerminatorOf(SQL_C_WCHAR)};
+}
+
+Form FormOf(const ColumnInfo& column, bool narrow) noexcept {
     switch (column.type) {
         case ColumnType::TinyInt:
         case ColumnType::SmallInt:
@@ -44,11 +51,11 @@ Form FormOf(const ColumnInfo& column) noexcept {
             return {SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
         case ColumnType::Currency:
         case ColumnType::Decimal:
-            return {SQL_C_WCHAR, TextRoom(64)};
+            return TextForm(64, narrow);
         case ColumnType::Char:
         case ColumnType::VarChar:
         case ColumnType::Unknown:
-            return {SQL_C_WCHAR, TextRoom(column.size)};
+            return TextForm(column.size, narrow);
         case ColumnType::Binary:
             return {SQL_C_BINARY,
                     column.size == 0 ? LongestBound : std::min<std::size_t>(column.size, LongestBound)};
@@ -62,7 +69,7 @@ Form FormOf(const ColumnInfo& column) noexcept {
 }  // namespace
 
 void OdbcColumn::Bind(const OdbcHandle& statement, const OdbcDialect& dialect) {
-    const Form form = FormOf(*m_info);
+    const Form form = FormOf(*m_info, dialect.narrowTexts);
     if (form.capacity == 0) return;
     m_cType = form.cType;
     m_capacity = form.capacity;
@@ -79,9 +86,9 @@ Variant OdbcColumn::Value(const OdbcHandle& statement, const OdbcDialect& dialec
 }
 
 bool OdbcColumn::IsCutOff() const noexcept {
-    if (m_length == SQL_NULL_DATA || (m_cType != SQL_C_WCHAR && m_cType != SQL_C_BINARY)) return false;
-    const std::size_t most = m_cType == SQL_C_WCHAR ? m_capacity - sizeof(char16_t) : m_capacity;
-    return m_length < 0 || static_cast<std::size_t>(m_length) > most;
+    const bool hasFixedSize = m_cType != SQL_C_CHAR && m_cType != SQL_C_WCHAR && m_cType != SQL_C_BINARY;
+    if (m_length == SQL_NULL_DATA || hasFixedSize) return false;
+    return m_length < 0 || static_cast<std::size_t>(m_length) > m_capacity - TerminatorOf(m_cType);
 }
 
 template <class T>
@@ -108,12 +115,16 @@ Variant OdbcColumn::BoundValue() const {
             return automation::Bytes(bytes, bytes + length);
         }
         default: {
-            const auto* units = reinterpret_cast<const char16_t*>(m_buffer.get());
-            std::string text = automation::ToUtf8({units, length / sizeof(char16_t)});
+            std::string text = Text(length);
             const bool isNumber = m_info->type == ColumnType::Currency || m_info->type == ColumnType::Decimal;
             return isNumber ? NumberFromText(text, *m_info) : Variant(std::move(text));
         }
     }
+}
+
+std::string OdbcColumn::Text(std::size_t length) const {
+    if (m_cType == SQL_C_CHAR) return {reinterpret_cast<const char*>(m_buffer.get()), length};
+    return automation::ToUtf8({reinterpret_cast<const char16_t*>(m_buffer.get()), length / sizeof(char16_t)});
 }
 
 }  // namespace korvex::native::sql

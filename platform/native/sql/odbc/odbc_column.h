@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace korvex::native::sql {
 
@@ -28,6 +29,7 @@ class OdbcColumn {
     bool IsBound() const noexcept { return m_buffer != nullptr; }
     bool IsCutOff() const noexcept;
     automation::Variant BoundValue() const;
+    std::string Text(std::size_t length) const;
     template <class T>
     T Content() const noexcept;
 

@@ -94,6 +94,7 @@ OdbcDialect MariaDb() {
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
+    dialect.utf8Query = "SELECT @@character_set_client = 'utf8mb4' AND @@character_set_results = 'utf8mb4'";
     dialect.traits.comparesLongValues = true;
     return dialect;
 }

@@ -22,6 +22,11 @@ struct OdbcDialect {
     /// Rows come in any order unless the statement asks for one: they are asked for by key, or in tables
     /// without a key by this hidden column. Empty where they come in the order of the key of themselves.
     std::string rowOrderColumn;
+    /// A query that gives 1 when narrow text passes as UTF-8 on the connection, which spares the driver much
+    /// work; empty for drivers that translate narrow text.
+    std::string utf8Query;
+    /// What it gave: texts go as narrow text. The session finds out.
+    bool narrowTexts = false;
     /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
     ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
 };

@@ -64,7 +64,7 @@ SQLSMALLINT NullType(const ColumnInfo* column) noexcept {
 
 }  // namespace
 
-void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column) {
+void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column, bool narrowText) {
     std::visit(
         [&](const auto& held) {
             using T = std::decay_t<decltype(held)>;
@@ -79,7 +79,7 @@ void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column) {
             } else if constexpr (std::is_same_v<T, automation::Date>) {
                 AssignDate(held);
             } else if constexpr (std::is_same_v<T, std::string>) {
-                AssignText(held, column);
+                narrowText ? AssignNarrowText(held, column) : AssignText(held, column);
             } else if constexpr (std::is_same_v<T, automation::Bytes>) {
                 AssignBytes(held, column);
             } else {
@@ -149,6 +149,13 @@ void OdbcParameter::AssignText(const std::string& value, const ColumnInfo* colum
     const bool isLong = IsLongColumn(column) || m_wide.size() > LongDataFrom;
     Describe(SQL_C_WCHAR, isLong ? SQL_WLONGVARCHAR : SQL_WVARCHAR, m_wide.data(),
              static_cast<SQLLEN>(m_wide.size() * sizeof(char16_t)), SteadySize(m_wide.size()));
+}
+
+void OdbcParameter::AssignNarrowText(const std::string& value, const ColumnInfo* column) {
+    Keep(m_narrow, std::string_view(value));
+    const bool isLong = IsLongColumn(column) || m_narrow.size() > LongDataFrom;
+    Describe(SQL_C_CHAR, isLong ? SQL_LONGVARCHAR : SQL_VARCHAR, m_narrow.data(),
+             static_cast<SQLLEN>(m_narrow.size()), SteadySize(m_narrow.size()));
 }
 
 void OdbcParameter::AssignBytes(const automation::Bytes& value, const ColumnInfo* column) {

@@ -14,8 +14,8 @@ namespace korvex::native::sql {
 /// is from Assign to then.
 class OdbcParameter {
   public:
-    /// Takes a value, for a column or (null) for a comparison.
-    void Assign(const automation::Variant& value, const ColumnInfo* column);
+    /// Takes a value, for a column or (null) for a comparison; its text as UTF-8 or UTF-16.
+    void Assign(const automation::Variant& value, const ColumnInfo* column, bool narrowText);
     /// Binds it to the parameter `index` (one-based) of a statement.
     /// when it is bound already, and only its value is another one, does nothing.
     SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT index);
@@ -28,6 +28,7 @@ class OdbcParameter {
     void AssignCurrency(automation::Currency value);
     void AssignDate(automation::Date value);
     void AssignText(const std::string& value, const ColumnInfo* column);
+    void AssignNarrowText(const std::string& value, const ColumnInfo* column);
     void AssignBytes(const automation::Bytes& value, const ColumnInfo* column);
     void Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
                   SQLSMALLINT digits = 0) noexcept;

@@ -46,6 +46,7 @@ OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam
     m_dialect = DialectOf(Info(SQL_DBMS_NAME));
     m_traits = m_dialect.traits;
     m_dialect.bindsColumns = !m_dialect.dynamicTypes && ReadsInAnyOrder();
+    m_dialect.narrowTexts = !m_dialect.utf8Query.empty() && IsTrue(m_dialect.utf8Query);
     if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
         m_traits.quoteOpen = m_traits.quoteClose = quote;
     }
@@ -77,6 +78,12 @@ bool OdbcSession::ReadsInAnyOrder() const {
     return SQL_SUCCEEDED(SQLGetInfoW(m_connection.Get(), SQL_GETDATA_EXTENSIONS, &extensions,
                                      sizeof extensions, nullptr)) &&
            (extensions & needed) == needed;
+}
+
+bool OdbcSession::IsTrue(std::string_view query) const {
+    OdbcStatement statement(m_connection, m_dialect, query, StatementKind::Select);
+    statement.Execute();
+    return statement.Fetch() && statement.Value(0) == automation::Variant(1);
 }
 
 std::string OdbcSession::Info(SQLUSMALLINT what) const {

@@ -30,6 +30,7 @@ class OdbcSession final : public Session {
     void Connect(std::string_view connectionString);
     std::string Info(SQLUSMALLINT what) const;
     bool ReadsInAnyOrder() const;
+    bool IsTrue(std::string_view query) const;
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
     void MarkKeyColumns(TableInfo& table);

@@ -157,7 +157,7 @@ SQLLEN OdbcStatement::NumberAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute
 
 void OdbcStatement::Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) {
     OdbcParameter& parameter = m_parameters[index];
-    parameter.Assign(value, column);
+    parameter.Assign(value, column, m_dialect.narrowTexts);
     Check(parameter.Bind(Handle(), static_cast<SQLUSMALLINT>(index + 1)));
 }
 

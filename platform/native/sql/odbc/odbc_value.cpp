@@ -87,7 +87,7 @@ bool OdbcValueReader::ReadFixed(SQLSMALLINT cType, void* target, SQLLEN size) {
 template <class Unit>
 std::optional<std::basic_string<Unit>> OdbcValueReader::ReadChunks(SQLSMALLINT cType) {
     // Text ends in a zero, also in a part of it.
-    const std::size_t terminator = cType == SQL_C_WCHAR ? 1 : 0;
+    const std::size_t terminator = cType == SQL_C_BINARY ? 0 : 1;
     std::basic_string<Unit> data;
     std::size_t room = 512;
     for (;;) {
@@ -115,6 +115,7 @@ std::optional<std::basic_string<Unit>> OdbcValueReader::ReadChunks(SQLSMALLINT c
 }
 
 std::optional<std::string> OdbcValueReader::ReadText() {
+    if (m_dialect.narrowTexts) return ReadChunks<char>(SQL_C_CHAR);
     const auto wide = ReadChunks<char16_t>(SQL_C_WCHAR);
     return wide ? std::optional(automation::ToUtf8(*wide)) : std::nullopt;
 }
