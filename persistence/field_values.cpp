@@ -66,7 +66,7 @@ bool UpdateLink(ado::Field& field, const Variant& parentKey) {
 }  // namespace
 
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records) {
-    if (value.IsStored()) coData.Value(value.index, ReadField(*records.Fields(value.column)));
+    if (value.IsStored()) coData.MoveValue(value.index, ReadField(*records.Fields(value.column)));
 }
 
 void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,

@@ -64,6 +64,10 @@ class QORObject : public automation::TableObject {
     /// Serves the members above by name as well.
     const automation::ClassInfo& Class() const noexcept override;
 
+    /// Sets a value that the caller needs no more. An object that keeps it as it is may take it over instead
+    /// of copying it.
+    virtual void MoveValue(std::int32_t index, automation::Variant&& value) { Value(index, value); }
+
     bool IsA(const automation::ClassInfo& info) const noexcept override;
     /// `object` as a QORObject; nullptr for Nothing and for another kind of object.
     static QORObject* From(automation::Object* object) noexcept;

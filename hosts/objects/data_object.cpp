@@ -39,12 +39,16 @@ bool IsEmptyText(const Variant& value) {
     return text != nullptr && text->empty();
 }
 
-Variant Kept(const Definition& definition, const ValueInfo& info, const Variant& value) {
+/// The value is kept as it is; Converted gives what is kept of others.
+bool IsKept(const ValueInfo& info, const Variant& value) {
     const VarType type = KeptType(info.dataType);
-    if (value.IsEmpty() || value.IsNull() || type == VarType::Variant || value.Type() == type) return value;
+    return value.Type() == type || type == VarType::Variant || value.IsEmpty() || value.IsNull();
+}
+
+Variant Converted(const Definition& definition, const ValueInfo& info, const Variant& value) {
     if (IsEmptyText(value)) return {};
     try {
-        return automation::ChangeType(value, type);
+        return automation::ChangeType(value, KeptType(info.dataType));
     } catch (const Error& error) {
         throw Error(error.Number(), definition.Name() + "." + info.name + ": " + error.Description(),
                     error.Source());
@@ -151,10 +155,10 @@ void DataObject::Replace(std::vector<Shared> items) {
     m_isModified = true;
 }
 
-template <class T>
-void DataObject::Assign(T& target, T value) {
+template <class T, class NewValue>
+void DataObject::Assign(T& target, NewValue&& value) {
     if (target == value) return;
-    target = std::move(value);
+    target = std::forward<NewValue>(value);
     m_isModified = true;
 }
 
@@ -202,13 +206,21 @@ Variant DataObject::ValueOf(const ValueDefinition& value) {
 
 Variant DataObject::Value(std::int32_t index) { return ValueOf(Type().ValueAt(index)); }
 
-void DataObject::Value(std::int32_t index, const Variant& value) {
+template <class NewValue>
+void DataObject::Store(std::int32_t index, NewValue&& value) {
     const auto& definition = Type().ValueAt(index);
-    if (definition.Child() != nullptr)
-        SetChild(definition, value);
+    if (definition.Child() != nullptr) return SetChild(definition, value);
+    const auto& info = definition.Info();
+    auto& kept = m_values[static_cast<std::size_t>(index) - 1];
+    if (IsKept(info, value))
+        Assign(kept, std::forward<NewValue>(value));
     else
-        Assign(m_values[static_cast<std::size_t>(index) - 1], Kept(Type(), definition.Info(), value));
+        Assign(kept, Converted(Type(), info, value));
 }
+
+void DataObject::Value(std::int32_t index, const Variant& value) { Store(index, value); }
+
+void DataObject::MoveValue(std::int32_t index, Variant&& value) { Store(index, std::move(value)); }
 
 void DataObject::SetChild(const ValueDefinition& value, const Variant& child) {
     auto& kept = m_values[static_cast<std::size_t>(value.Index()) - 1];

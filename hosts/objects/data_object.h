@@ -57,6 +57,7 @@ class DataObject final : public persistence::PlainObject {
     /// value. Empty and Null stay; an empty text in a value that is no text becomes Empty.
     automation::Variant Value(std::int32_t index) override;
     void Value(std::int32_t index, const automation::Variant& value) override;
+    void MoveValue(std::int32_t index, automation::Variant&& value) override;
     automation::Variant NamedValue(std::string_view name) override;
     /// A Definition, or the definition of a value that holds a child object; nothing releases it. Another
     /// definition than the present one empties the object. TypeMismatch (13) for any other object.
@@ -75,8 +76,10 @@ class DataObject final : public persistence::PlainObject {
     void SetChild(const ValueDefinition& value, const automation::Variant& child);
     Shared NewPart(const std::shared_ptr<Definition>& definition);
     std::int32_t* LongState(std::int32_t id);
-    template <class T>
-    void Assign(T& target, T value);
+    template <class NewValue>
+    void Store(std::int32_t index, NewValue&& value);
+    template <class T, class NewValue>
+    void Assign(T& target, NewValue&& value);
     void TakeParts(std::vector<Shared>& parts);
 
     std::shared_ptr<Definition> m_definition;

@@ -86,7 +86,7 @@ void NativeRecordset::Close() {
 
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
     OpenRows& rows = Rows();
-    const std::optional<std::size_t> column = rows.Shape().Find(name);
+    const std::optional<std::size_t> column = rows.Find(name);
     if (!column) {
         throw Error(ado::adErrItemNotFound,
                     "The recordset has no field \"" + std::string(name) + "\" (" + rows.Text() + ").");

@@ -51,7 +51,7 @@ void OpenRows::AddNew() {
 }
 
 void OpenRows::Update() {
-    m_chunks = {};
+    EndChunks();
     if (!IsEditing()) return;
     const bool isAdding = m_cursor.Mode() == sql::EditMode::Adding;
     const auto store = [this, isAdding] {
@@ -62,7 +62,7 @@ void OpenRows::Update() {
 }
 
 void OpenRows::CancelUpdate() {
-    m_chunks = {};
+    EndChunks();
     if (!IsEditing()) {
         throw Error(ado::adErrIllegalOperation,
                     "There is no edit to cancel: no record is being added or changed.");
@@ -71,13 +71,13 @@ void OpenRows::CancelUpdate() {
 }
 
 Variant OpenRows::Value(std::size_t column) {
-    if (m_chunks.column != column) m_chunks = {};
+    if (m_chunks.column != column) EndChunks();
     return WithAdoErrors([this, column] { return m_cursor.Value(column); },
                          [this, column] { return Place(column); });
 }
 
 void OpenRows::Value(std::size_t column, const Variant& value) {
-    m_chunks = {};
+    EndChunks();
     const bool startsEdit = !IsEditing();
     if (startsEdit) StartEdit();
     try {
@@ -112,6 +112,12 @@ void OpenRows::AppendChunk(std::size_t column, const Variant& data) {
     WithAdoErrors([&] { m_cursor.Extend(column, data); }, [this, column] { return Place(column); });
 }
 
+std::optional<std::size_t> OpenRows::Find(std::string_view name) noexcept {
+    const auto found = Shape().Find(name, m_expected);
+    if (found) m_expected = *found + 1;
+    return found;
+}
+
 NativeField& OpenRows::Field(std::size_t column) {
     if (!m_fields) {
         const std::size_t count = Shape().columns.size();
@@ -141,6 +147,10 @@ void OpenRows::RequireLong(std::size_t column) {
 void OpenRows::StartEdit() {
     RequireUpdatable();
     WithAdoErrors([this] { m_cursor.Edit(); }, [this] { return m_cursor.Text(); });
+}
+
+void OpenRows::EndChunks() noexcept {
+    if (m_chunks.column != none) m_chunks = {};
 }
 
 void OpenRows::ReadLong(std::size_t column) {

@@ -52,6 +52,8 @@ class OpenRows {
     void AppendChunk(std::size_t column, const automation::Variant& data);
 
     NativeField& Field(std::size_t column);
+    /// The position of a field, in any case; nothing when there is none of that name.
+    std::optional<std::size_t> Find(std::string_view name) noexcept;
 
   private:
     /// The long value that is read or written in chunks. Touching another field's value ends it.
@@ -67,6 +69,7 @@ class OpenRows {
     void RequireUpdatable() const;
     void RequireLong(std::size_t column);
     void StartEdit();
+    void EndChunks() noexcept;
     void ReadLong(std::size_t column);
     automation::Variant NextChunk(std::size_t length);
     std::string Place(std::size_t column);
@@ -76,6 +79,7 @@ class OpenRows {
     bool m_isUpdatable;
     Chunks m_chunks;
     std::unique_ptr<NativeField[]> m_fields;  ///< made with the first field that is asked for
+    std::size_t m_expected = 0;               ///< the field behind the one found last
 };
 
 }  // namespace korvex::native::ado_engine

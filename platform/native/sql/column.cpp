@@ -6,7 +6,6 @@
 #include <array>
 #include <bit>
 #include <charconv>
-#include <cstring>
 #include <utility>
 
 namespace korvex::native::sql {
@@ -88,40 +87,42 @@ std::uint32_t TakeNumber(std::string_view& text) noexcept {
     return error == std::errc() ? value : 0;
 }
 
-/// The same for all spellings of a name, in whatever case. Names mostly differ in their length or in their
-/// last characters.
+/// The same for all spellings of a name, in whatever case.
 std::uint32_t NameHash(std::string_view name) noexcept {
-    std::uint64_t end = 0;
-    const std::size_t taken = std::min(name.size(), sizeof end);
-    std::memcpy(&end, name.data() + name.size() - taken, taken);
-    constexpr std::uint64_t lowerCase = 0x2020202020202020;
-    return static_cast<std::uint32_t>(((end | lowerCase) + name.size()) * 0x9E3779B97F4A7C15 >> 32);
+    auto hash = static_cast<std::uint32_t>(name.size());
+    for (const char c : name)
+        hash = hash * 31 + (static_cast<unsigned char>(c) | 0x20u);
+    return hash ^ (hash >> 15);
 }
 
 }  // namespace
 
 RowShape::RowShape(std::vector<ColumnInfo> described)
     : columns(std::move(described)), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
-    const std::size_t mask = m_slots.size() - 1;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const std::uint32_t hash = NameHash(columns[i].name);
-        std::size_t slot = hash & mask;
-        while (m_slots[slot].column != 0)
-            slot = (slot + 1) & mask;
-        m_slots[slot] = {.hash = hash, .column = static_cast<std::uint32_t>(i) + 1};
+        Slot& slot = m_slots[SlotOf(columns[i].name)];
+        if (slot.column != 0)
+            m_hasEqualNames = true;
+        else
+            slot = {.hash = NameHash(columns[i].name), .column = static_cast<std::uint32_t>(i) + 1};
     }
 }
 
-std::optional<std::size_t> RowShape::Find(std::string_view name) const noexcept {
+std::optional<std::size_t> RowShape::Find(std::string_view name, std::size_t expected) const noexcept {
+    if (expected < columns.size() && columns[expected].name == name && !m_hasEqualNames) return expected;
+    const std::uint32_t column = m_slots[SlotOf(name)].column;
+    return column == 0 ? std::nullopt : std::optional<std::size_t>(column - 1);
+}
+
+std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
     const std::size_t mask = m_slots.size() - 1;
     const std::uint32_t hash = NameHash(name);
-    for (std::size_t slot = hash & mask; m_slots[slot].column != 0; slot = (slot + 1) & mask) {
-        if (m_slots[slot].hash != hash) continue;
-        const std::size_t position = m_slots[slot].column - 1;
-        const std::string& own = columns[position].name;
-        if (own == name || EqualsIgnoreCase(own, name)) return position;
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        const Slot& slot = m_slots[i];
+        const bool isIt =
+            slot.hash == hash && slot.column != 0 && EqualsIgnoreCase(columns[slot.column - 1].name, name);
+        if (isIt || slot.column == 0) return i;
     }
-    return std::nullopt;
 }
 
 const TableColumn* TableInfo::Find(std::string_view column) const noexcept {

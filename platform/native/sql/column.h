@@ -54,8 +54,9 @@ class RowShape {
   public:
     explicit RowShape(std::vector<ColumnInfo> described);
 
-    /// Position of the column of that name, in any case; the first one when several bear it.
-    std::optional<std::size_t> Find(std::string_view name) const noexcept;
+    /// Position of the column of that name, in any case; the first one when several bear it. A caller that
+    /// goes through the columns in their order finds them sooner when it says where it expects the next.
+    std::optional<std::size_t> Find(std::string_view name, std::size_t expected = 0) const noexcept;
 
     const std::vector<ColumnInfo> columns;
 
@@ -64,9 +65,13 @@ class RowShape {
         std::uint32_t hash = 0;
         std::uint32_t column = 0;  ///< its position plus one; 0 in a free slot
     };
+    /// Where the first column of that name stands, or would stand.
+    std::size_t SlotOf(std::string_view name) const noexcept;
+
     /// Each column stands at the slot of its name's hash, or at the next one that was free. A power of two in
     /// size, and at least half free.
     std::vector<Slot> m_slots;
+    bool m_hasEqualNames = false;
 };
 
 /// One column of a base table.
