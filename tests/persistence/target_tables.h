@@ -9,8 +9,8 @@
 
 namespace korvex::tests {
 
-/// The tables of a definition and of everything beneath it, with the column types of the SQL Server scripts.
-/// Texts are varchar(20), those whose name ends in "Text" are long.
+/// The tables of a definition and of everything beneath it, in the words of engine_words.h. Texts are
+/// varchar(20), those whose name ends in "Text" are long.
 class TargetTables {
   public:
     explicit TargetTables(objects::Definition& root) { Add(root); }
@@ -43,6 +43,11 @@ class TargetTables {
         }
     }
 
+    /// Statements compose the names of keys as they stand.
+    static std::string QuotedColumn(const objects::ValueInfo& info) {
+        return info.column.starts_with("FK_") ? info.column : "[" + info.column + "]";
+    }
+
     void Add(objects::Definition& definition) {
         const std::string table = definition.StringAttribute(attTableName);
         if (m_known.insert(table).second) {
@@ -50,8 +55,8 @@ class TargetTables {
             for (const auto& value : definition.Values()) {
                 const auto& info = value->Info();
                 if (value->Child() != nullptr || info.column.empty()) continue;
-                columns += info.isAutoNumber ? info.column + " integer primary key autoincrement, "
-                                             : info.column + " " + TypeOf(info) + ", ";
+                columns += info.isAutoNumber ? info.column + " integer primary key, "
+                                             : QuotedColumn(info) + " " + TypeOf(info) + ", ";
             }
             const bool isCollection = definition.ElementDefinition() != nullptr;
             columns += isCollection ? "QORSelectedItem int, QORCounterHolder int"

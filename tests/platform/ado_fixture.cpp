@@ -6,8 +6,10 @@
 namespace korvex::tests {
 
 std::string AdoTest::ConnectionString() const {
-    if (GetParam() == Route::Direct) return "Provider=SQLite;Mode=Create;Data Source=" + File();
-    return "Driver={SQLite3};Database=" + File() + ";FKSupport=1;NoTXN=0";
+    if (GetParam() == Driver::Sqlite) return "Provider=SQLite;Mode=Create;Data Source=" + m_place;
+    if (GetParam() == Driver::OdbcSqlite)
+        return "Driver={SQLite3};Database=" + m_place + ";FKSupport=1;NoTXN=0";
+    return m_place;
 }
 
 std::shared_ptr<ado::Connection> AdoTest::Connect() { return Connect(ConnectionString()); }
@@ -49,10 +51,6 @@ std::optional<automation::Error> RaisedBy(const std::function<void()>& action) {
 std::int32_t NumberRaisedBy(const std::function<void()>& action) {
     const std::optional<automation::Error> error = RaisedBy(action);
     return error ? error->Number() : 0;
-}
-
-std::string RouteName(const testing::TestParamInfo<Route>& info) {
-    return info.param == Route::Direct ? "Direct" : "Odbc";
 }
 
 }  // namespace korvex::tests

@@ -3,6 +3,8 @@
 #include "automation/error.h"
 #include "platform/ado.h"
 #include "platform/native/native_platform.h"
+#include "support/driver.h"
+#include "support/engine_words.h"
 #include "support/print_variant.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
@@ -18,15 +20,11 @@
 
 namespace korvex::tests {
 
-/// How a test reaches its SQLite database.
-enum class Route { Direct, Odbc };
-inline auto AdoRoutes() { return testing::Values(Route::Direct, Route::Odbc); }
-
-/// A folder of its own for each test, and the engine under test.
-class AdoTest : public testing::TestWithParam<Route> {
+/// An empty database of each driver, and the engine under test.
+class AdoTest : public testing::TestWithParam<Driver> {
   protected:
     std::string File(std::string_view name = "test.db") const { return m_folder.Path(name); }
-    /// Of the database File(), which is made when it is not there.
+    /// Of the test's database, which is a file that is made when it is not there, or lies on a server.
     std::string ConnectionString() const;
     std::shared_ptr<ado::Connection> Connect();
     std::shared_ptr<ado::Connection> Connect(std::string_view connectionString);
@@ -39,7 +37,14 @@ class AdoTest : public testing::TestWithParam<Route> {
     /// That value as a number: the ODBC driver gives results that are no columns as texts.
     std::int32_t Number(const std::shared_ptr<ado::Connection>& connection, std::string_view text);
 
+    /// Runs a statement in the words of engine_words.h.
+    void Run(const std::shared_ptr<ado::Connection>& connection, std::string_view statement) {
+        connection->Execute(InWordsOf(GetParam(), statement));
+    }
+
     TempFolder m_folder;
+    Places m_places{GetParam(), m_folder};
+    std::string m_place = m_places.New("test.db");
     std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();
     Platform m_platform = native::NativePlatform({.seam = m_seam});
 };
@@ -48,7 +53,5 @@ class AdoTest : public testing::TestWithParam<Route> {
 std::optional<automation::Error> RaisedBy(const std::function<void()>& action);
 /// Its number, 0 when there is none.
 std::int32_t NumberRaisedBy(const std::function<void()>& action);
-
-std::string RouteName(const testing::TestParamInfo<Route>& info);
 
 }  // namespace korvex::tests

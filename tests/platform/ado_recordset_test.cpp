@@ -1,7 +1,10 @@
 #include "automation/convert.h"
+#include "automation/text.h"
 #include "platform/ado_fixture.h"
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace korvex::tests {
 namespace {
@@ -17,8 +20,8 @@ class AdoRecordset : public AdoTest {
   protected:
     void SetUp() override {
         m_connection = Connect();
-        m_connection->Execute(
-            "create table Customer (CustomerID INTEGER PRIMARY KEY, Name varchar(20) NOT NULL, "
+        Run(m_connection,
+            "create table Customer (CustomerID integer primary key, Name varchar(20) NOT NULL, "
             "City varchar(20) default 'Ulm', Credit int default 7, Note text)");
     }
 
@@ -41,7 +44,7 @@ class AdoRecordset : public AdoTest {
 
     std::shared_ptr<ado::Connection> m_connection;
 };
-INSTANTIATE_TEST_SUITE_P(Routes, AdoRecordset, AdoRoutes(), RouteName);
+INSTANTIATE_TEST_SUITE_P(Drivers, AdoRecordset, AllDrivers(), DriverName);
 
 TEST_P(AdoRecordset, AnAddedRecordIsEmptyUntilSetAndCurrentWhenStored) {
     Add("first");
@@ -75,8 +78,8 @@ TEST_P(AdoRecordset, AKeyThatTheHostSetIsKept) {
     recordset->Fields("Name")->Value("y");
     recordset->MoveNext();  // stores it as well
     EXPECT_TRUE(recordset->Eof());
-    EXPECT_EQ(Scalar(m_connection, "select group_concat(CustomerID || Name) from Customer"),
-              Variant("41x,42y"));
+    EXPECT_EQ(Scalar(m_connection, "select CustomerID from Customer where Name = 'x'"), Variant(41));
+    EXPECT_EQ(Number(m_connection, "select count(*) from Customer where Name = 'y'"), 1);
 }
 
 /// What a save does, on a table that has rows already: nothing of them is ever fetched.
@@ -91,8 +94,8 @@ TEST_P(AdoRecordset, AddingARecordReadsNoOther) {
     EXPECT_EQ(recordset->Fields("CustomerID")->Value(), Variant(2));
     recordset->Close();
     EXPECT_THAT(m_seam->Executed(), Each(Not(HasSubstr("select"))));
-    EXPECT_THAT(Calls(CallKind::Fetch), Each(HasSubstr("rowid()")));
-    EXPECT_EQ(m_seam->Executed().size(), GetParam() == Route::Direct ? 1U : 2U);
+    EXPECT_THAT(Calls(CallKind::Fetch), Each(testing::AnyOf(HasSubstr("rowid()"), HasSubstr("INSERT INTO"))));
+    EXPECT_EQ(m_seam->Executed().size(), AsksForNewKeys(GetParam()) ? 2U : 1U);
     EXPECT_THAT(m_seam->Executed().front(), HasSubstr("INSERT INTO"));
     EXPECT_EQ(m_seam->OpenStatements(), 0);
 
@@ -114,7 +117,7 @@ TEST_P(AdoRecordset, AnEditSendsWhatDiffers) {
     recordset->Update();
     ASSERT_EQ(Calls(CallKind::Prepare).size(), 1U);
     EXPECT_THAT(Calls(CallKind::Prepare)[0],
-                testing::AllOf(HasSubstr("\"Name\" = ?"), Not(HasSubstr("Credit"))));
+                testing::AllOf(testing::ContainsRegex("SET .[Nn]ame. = [?] WHERE"), Not(HasSubstr("redit"))));
     EXPECT_EQ(recordset->Fields("Name")->Value(), Variant("changed"));
     EXPECT_EQ(Scalar(m_connection, "select Name from Customer"), Variant("changed"));
 }
@@ -221,7 +224,7 @@ TEST_P(AdoRecordset, ViolatedConstraintsAreReportedAndTheEditGoesOn) {
     const auto missing = RaisedBy([&] { recordset->Update(); });
     ASSERT_TRUE(missing);
     EXPECT_EQ(missing->Number(), ado::DbEConstraint);
-    EXPECT_THAT(missing->Description(), HasSubstr("Customer.Name"));
+    EXPECT_TRUE(automation::ContainsIgnoreCase(missing->Description(), "Name")) << missing->Description();
     recordset->Fields("Name")->Value("taken");
     EXPECT_EQ(NumberRaisedBy([&] { recordset->Update(); }), ado::DbEConstraint);
     recordset->Fields("Name")->Value("free");
@@ -251,11 +254,12 @@ TEST_P(AdoRecordset, ARecordThatIsGoneCannotBeUpdated) {
 TEST_P(AdoRecordset, SurvivesAFailureAtEveryCall) {
     Add("first");
     std::size_t failures = 0;
+    std::ptrdiff_t stored = 1;
     for (bool failed = true; failed;) {
         ASSERT_LT(failures, 20U);
-        m_connection->Execute("create table Other" + std::to_string(failures) +
-                              " (n int)");  // empties the cache
+        Run(m_connection, "create table Other" + std::to_string(failures) + " (n int)");  // empties the cache
         failed = false;
+        m_seam->Record();
         m_seam->FailAt(failures + 1, native::sql::ErrorKind::DiskFull);
         try {
             Add("second");
@@ -267,9 +271,10 @@ TEST_P(AdoRecordset, SurvivesAFailureAtEveryCall) {
         }
         m_seam->FailAt(0);
         EXPECT_EQ(m_seam->OpenStatements(), 0);
-        if (GetParam() == Route::Direct) {
-            EXPECT_EQ(Number(m_connection, "select count(*) from Customer"), failed ? 1 : 2);
-        }
+        const auto& calls = m_seam->Calls();
+        stored += std::count_if(calls.begin(), failed ? calls.end() - 1 : calls.end(),
+                                [](const TestSeam::Call& call) { return call.writes; });
+        EXPECT_EQ(Number(m_connection, "select count(*) from Customer"), stored);
     }
     EXPECT_GE(failures, 3);
 }

@@ -5,6 +5,7 @@
 #include "platform/dao.h"
 #include "platform/native/native_platform.h"
 #include "support/driver.h"
+#include "support/engine_words.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
 
@@ -18,11 +19,11 @@
 
 namespace korvex::tests {
 
-/// An open database of either driver, over a file of its own.
+/// An open database of each driver, empty and of its own.
 class EngineTest : public testing::TestWithParam<Driver> {
   protected:
     void SetUp() override {
-        m_platform.repositoryEngine->CreateDatabase(m_file)->Close();
+        if (!IsServer(GetParam())) m_platform.repositoryEngine->CreateDatabase(m_place)->Close();
         m_database = Open();
     }
     /// Nothing may be left open, whatever the test did.
@@ -31,13 +32,10 @@ class EngineTest : public testing::TestWithParam<Driver> {
         EXPECT_EQ(m_seam->OpenStatements(), 0);
     }
 
-    std::unique_ptr<dao::Database> Open() {
-        if (GetParam() == Driver::Sqlite) return m_platform.repositoryEngine->OpenDatabase(m_file);
-        return m_platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC)
-            ->OpenConnection("", false, "DRIVER=SQLite3;Database=" + m_file);
-    }
+    std::unique_ptr<dao::Database> Open() { return OpenAt(m_platform, m_places.Connection(m_place)); }
 
-    void Run(std::string_view statement) { m_database->Execute(statement); }
+    /// A statement in the words of engine_words.h.
+    void Run(std::string_view statement) { m_database->Execute(InWordsOf(GetParam(), statement)); }
     std::unique_ptr<dao::Recordset> Snapshot(std::string_view sql) {
         return m_database->OpenRecordset(sql, dao::dbOpenSnapshot);
     }
@@ -64,7 +62,8 @@ class EngineTest : public testing::TestWithParam<Driver> {
     }
 
     TempFolder m_folder;
-    std::string m_file = m_folder.Path("repository.db");
+    Places m_places{GetParam(), m_folder};
+    std::string m_place = m_places.New("repository.db");
     std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();
     Platform m_platform = native::NativePlatform({.seam = m_seam});
     std::unique_ptr<dao::Database> m_database;

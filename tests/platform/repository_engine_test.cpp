@@ -1,3 +1,4 @@
+#include "automation/text.h"
 #include "engine_fixture.h"
 #include "support/print_variant.h"
 
@@ -11,10 +12,15 @@ class RepositoryEngine : public EngineTest {
   protected:
     void SetUp() override {
         EngineTest::SetUp();
-        Run("create table tInterfaces (InterfaceID integer primary key, Name varchar(60), Flag bit, MaxValue "
+        Run("create table tInterfaces (InterfaceID integer primary key, Name varchar(60), Flag bit, "
+            "[MaxValue] "
             "text)");
         for (const char* name : {"Alpha", "Beta", "Gamma"}) {
-            Run("insert into tInterfaces (Name, Flag) values ('" + std::string(name) + "', 0)");
+            auto dynaset = Dynaset("select * from tInterfaces");
+            dynaset->AddNew();
+            dynaset->Fields("Name").Value(name);
+            dynaset->Fields("Flag").Value(false);
+            dynaset->Update();
         }
     }
 };
@@ -69,9 +75,9 @@ TEST_P(RepositoryEngine, EditingInALoopOverTheSameTableTouchesEachRowOnce) {
 }
 
 TEST_P(RepositoryEngine, ValuesComeBackAsTheirColumnsAreDeclared) {
-    Run("create table tTypes (ID integer primary key, B bit, S smallint, I int, G bigint, D double "
-        "precision, M money, "
-        "T datetime, V varchar(300), X text, P image)");
+    Run("create table tTypes (ID integer primary key, B bit, S smallint, I int, G bigint, D float, T "
+        "datetime, "
+        "V varchar(2000), X text, P image)");
     const std::string unicode = "Gr\xC3\xBC\xC3\x9F' \"\xE2\x82\xAC\" \xF0\x9F\x98\x80";
     std::string longText;
     for (int i = 0; i < 20000; ++i)
@@ -94,13 +100,13 @@ TEST_P(RepositoryEngine, ValuesComeBackAsTheirColumnsAreDeclared) {
         {"G", 2147483647, 2147483647},
         {"D", 0.1, 0.1},
         {"D", 3, 3.0},
-        {"M", "12.3456", automation::Currency{123456}},
         {"T", automation::ParseIsoDate("2026-11-21T08:30:00"),
          automation::ParseIsoDate("2026-11-21T08:30:00")},
         {"T", "1899-12-29 06:00", automation::Date{-1.25}},
         {"V", 12, "12"},
         {"V", unicode, unicode},
         {"V", "", ""},
+        {"V", std::string(1999, 'v'), std::string(1999, 'v')},
         {"X", longText, longText},
         {"X", Variant(), Variant::Null()},
         {"P", bytes, bytes},
@@ -132,7 +138,7 @@ TEST_P(RepositoryEngine, ValuesComeBackAsTheirColumnsAreDeclared) {
 TEST_P(RepositoryEngine, ARecordsetStandsWhereDaoHasIt) {
     auto rows = Snapshot("select * from tInterfaces order by InterfaceID");
     EXPECT_EQ(rows->Fields("INTERFACEID").Value(), Variant(1));
-    EXPECT_EQ(rows->Fields("interfaceid").Name(), "InterfaceID");
+    EXPECT_TRUE(automation::EqualsIgnoreCase(rows->Fields("interfaceid").Name(), "InterfaceID"));
     rows->MoveNext();
     EXPECT_EQ(rows->Fields("Name").Value(), Variant("Beta"));
     rows->MoveLast();
@@ -158,7 +164,9 @@ TEST_P(RepositoryEngine, SnapshotsStayWhatTheyWereAndAreNotWritten) {
     EXPECT_EQ(Rows(*snapshot, {"Name"}), (Texts{"Alpha", "Beta", "Gamma"}));
     EXPECT_EQ(ErrorOf([&] { snapshot->AddNew(); }), dao::OperationNotSupported);
     EXPECT_EQ(ErrorOf([&] { snapshot->Edit(); }), dao::OperationNotSupported);
-    auto join = Dynaset("select a.Name, b.name as Other from tInterfaces a, sqlite_master b");
+    Run("create table tOthers (OtherID integer primary key)");
+    Run("insert into tOthers (OtherID) values (7)");
+    auto join = Dynaset("select a.Name, b.OtherID from tInterfaces a, tOthers b");
     EXPECT_EQ(ErrorOf([&] { join->AddNew(); }), dao::OperationNotSupported);
 }
 
@@ -190,7 +198,7 @@ TEST_P(RepositoryEngine, ATransactionIsOfferedOnlyWhereItHolds) {
     dynaset->Fields("Name").Value("lost");
     dynaset->Update();
     EXPECT_NE(ErrorOf([&] { Run("insert into tInterfaces (InterfaceID) values (1)"); }), 0);
-    Run("create table tLost (A int)");
+    if (DefinitionsRollBack(GetParam())) Run("create table tLost (A int)");
     Run("delete from tInterfaces where InterfaceID = 1");
     m_database->Rollback();
     EXPECT_EQ(Rows("select * from tInterfaces", {"Name"}), (Texts{"Alpha", "Beta", "Gamma"}));
@@ -202,8 +210,7 @@ TEST_P(RepositoryEngine, ATransactionIsOfferedOnlyWhereItHolds) {
     EXPECT_EQ(Rows("select * from tInterfaces", {"Name"}), (Texts{"Beta", "Gamma"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryEngine, testing::Values(Driver::Sqlite, Driver::OdbcSqlite),
-                         DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryEngine, AllDrivers(), DriverName);
 
 }  // namespace
 }  // namespace korvex::tests

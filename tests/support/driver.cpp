@@ -44,6 +44,23 @@ bool IsServer(Driver driver) { return driver == Driver::MariaDb || driver == Dri
 
 bool ColumnsTakeAnyType(Driver driver) { return !IsServer(driver); }
 
+bool DefinitionsRollBack(Driver driver) { return driver != Driver::MariaDb; }
+
+bool AsksForNewKeys(Driver driver) { return driver == Driver::OdbcSqlite; }
+
+bool QuotesAnyName(Driver driver) { return !IsServer(driver); }
+
+std::string ReadOnlyStatement(Driver driver, bool readOnly) {
+    switch (driver) {
+        case Driver::MariaDb:
+            return std::string("set session transaction read ") + (readOnly ? "only" : "write");
+        case Driver::PostgreSql:
+            return std::string("set default_transaction_read_only = ") + (readOnly ? "on" : "off");
+        default:
+            return std::string("pragma query_only = ") + (readOnly ? "on" : "off");
+    }
+}
+
 bool EqualIgnoresCase(Driver driver) { return driver == Driver::MariaDb; }
 
 std::string ServersFolder() { return KORVEX_TEST_SERVERS_FOLDER; }

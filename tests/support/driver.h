@@ -17,6 +17,8 @@ enum class Driver { Sqlite, OdbcSqlite, MariaDb, PostgreSql };
 /// Those that this build has databases for: servers only when it was configured to start them.
 std::vector<Driver> AvailableDrivers();
 inline auto AllDrivers() { return testing::ValuesIn(AvailableDrivers()); }
+/// Those whose databases are files.
+inline auto FileDrivers() { return testing::Values(Driver::Sqlite, Driver::OdbcSqlite); }
 std::string DriverName(const testing::TestParamInfo<Driver>& info);
 
 /// What tests may ask about a driver.
@@ -25,6 +27,14 @@ bool IsServer(Driver driver);
 bool EqualIgnoresCase(Driver driver);
 /// A column of numbers takes a text that is none.
 bool ColumnsTakeAnyType(Driver driver);
+/// Tables made in a transaction go when it is rolled back.
+bool DefinitionsRollBack(Driver driver);
+/// The key of a new record is asked for with a statement of its own.
+bool AsksForNewKeys(Driver driver);
+/// Double quotes are put around any name, an empty one too.
+bool QuotesAnyName(Driver driver);
+/// What makes a connection refuse to write, or write again.
+std::string ReadOnlyStatement(Driver driver, bool readOnly);
 
 /// The folder in which the servers were started for this test run.
 std::string ServersFolder();

@@ -46,6 +46,9 @@ ErrorKind RefineMariaDb(const OdbcDiagnosis& diagnosis) {
             return ErrorKind::NoSuchTable;
         case 1054:
             return ErrorKind::NoSuchColumn;
+        case 1048:
+        case 1364:
+            return ErrorKind::Constraint;
         case 1205:
         case 1213:
             return ErrorKind::Locked;
