@@ -85,53 +85,79 @@ class ServerStops : public ServerFaults {
     const std::string folder = ServersFolder() + "/" + server + std::to_string(getpid());
 };
 
-TEST_P(ServerStops, InTheMiddleOfASaveALoadAndAScriptRun) {
+const std::string Failed = "error " + std::to_string(ado::DbEFail);
+
+TEST_P(ServerStops, InTheMiddleOfASave) {
     const ServerDatabase database(GetParam());
     CreateExampleTables(*database.Connect(), GetParam());
     const auto definition = OrdersDefinition();
-    const auto order = FullOrder(definition);
-    auto crud = Connected(database.ConnectionString());
-
+    const auto crud = Connected(database.ConnectionString());
     StopBefore(7, native::sql::CallKind::Execute);
-    EXPECT_NE(automation::OutcomeOf([&] { crud->DbSaveData(order); }), "done");
+    EXPECT_EQ(automation::OutcomeOf([&] { crud->DbSaveData(FullOrder(definition)); }), Failed);
+    EXPECT_EQ(crud->DbDeleteData(FullOrder(definition), 1), 0);
+    EXPECT_EQ(crud->LastResult(), dbCannotOpenRecordset);
     EXPECT_FALSE(crud->ConnectDB(database.ConnectionString()));
     EXPECT_EQ(crud->LastResult(), dbConnectError);
+
     Restart();
     EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));
+    EXPECT_EQ(CountRecords(*crud->DbConn(), GetParam()), 6) << "what was written before stays";
     const std::int32_t key = crud->DbSaveData(FullOrder(definition));
     EXPECT_GT(key, 1);
+    EXPECT_TRUE(crud->DbDataExists(FullOrder(definition), key));
+}
 
-    for (const auto kind : {native::sql::CallKind::Execute, native::sql::CallKind::Prepare}) {
+TEST_P(ServerStops, InTheMiddleOfALoad) {
+    const ServerDatabase database(GetParam());
+    CreateExampleTables(*database.Connect(), GetParam());
+    const auto definition = OrdersDefinition();
+    const auto crud = Connected(database.ConnectionString());
+    const std::int32_t key = crud->DbSaveData(FullOrder(definition));
+    const auto load = [&] { return crud->DbGetData(std::make_shared<DataObject>(definition), key); };
+    const struct {
+        native::sql::CallKind before;
+        std::string outcome;
+        dbResults code;
+    } moments[] = {
+        {native::sql::CallKind::Prepare, "Long 1", dbCannotOpenRecordset},  // opening a recordset has a code
+        {native::sql::CallKind::Execute, Failed, dbNoError},
+    };
+    for (const auto& moment : moments) {
         EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));  // nothing is prepared
-        auto loaded = std::make_shared<DataObject>(definition);
-        StopBefore(3, kind);
-        const std::string outcome = automation::OutcomeOf([&] { crud->DbGetData(loaded, key); });
-        EXPECT_TRUE(outcome != "done" || crud->LastResult() != dbNoError);
+        StopBefore(3, moment.before);
+        EXPECT_EQ(automation::OutcomeOf(load), moment.outcome);
+        EXPECT_EQ(crud->LastResult(), moment.code);
         Restart();
         EXPECT_TRUE(crud->ConnectDB(database.ConnectionString()));
-        EXPECT_EQ(crud->DbGetData(std::make_shared<DataObject>(definition), key), key);
+        EXPECT_EQ(load(), key);
     }
+}
 
-    TempFolder unused;
+TEST_P(ServerStops, InTheMiddleOfAScriptRun) {
+    const TempFolder unused;
     Places places(GetParam(), unused);
-    const std::string repository = places.New("repository");
-    DefinitionRepository(platform, repository)
+    const std::string place = places.New("repository");
+    DefinitionRepository(platform, place)
         .Definition("D", 1)
         .Object(1, "Customer")
         .Object(2, "Order")
         .Value(1, "Name", 8)
         .Child(1, "o", 2);
+    const std::string before = DumpRepository(platform, place);
     clsCreateDb scripts(platform);
-    scripts.DoMSsqlDb(repository, "D");
-    const std::string whole = scripts.DbSQL();
-    messages->clear();
-    StopBefore(12, native::sql::CallKind::Execute);
-    const std::string outcome = automation::OutcomeOf([&] { scripts.DoMSsqlDb(repository, "D"); });
-    EXPECT_TRUE(outcome != "done" || !messages->empty());
-    EXPECT_THAT(*messages, testing::Each(testing::Not(testing::HasSubstr("write"))));
-    Restart();
-    scripts.DoMSsqlDb(repository, "D");
-    EXPECT_EQ(scripts.DbSQL(), whole);
+    for (const auto& [kind, call] :
+         {std::pair{native::sql::CallKind::Execute, 12}, std::pair{native::sql::CallKind::Prepare, 9},
+          std::pair{native::sql::CallKind::Commit, 1}}) {
+        messages->clear();
+        StopBefore(call, kind);
+        const std::string outcome = automation::OutcomeOf([&] { scripts.DoMSsqlDb(place, "D"); });
+        EXPECT_TRUE(outcome != "done" || !messages->empty());
+        EXPECT_THAT(*messages, testing::Each(testing::Not(testing::HasSubstr("write"))));
+        Restart();
+        EXPECT_EQ(DumpRepository(platform, place), before);
+    }
+    scripts.DoMSsqlDb(place, "D");
+    EXPECT_THAT(scripts.DbSQL(), testing::HasSubstr("CREATE TABLE dbo.tOrder"));
 }
 
 TEST_P(ServerFaults, ALockThatAnotherClientHoldsEndsInAnError) {
