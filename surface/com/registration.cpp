@@ -80,6 +80,14 @@ HRESULT RegisterTypeLibrary(const std::wstring& modulePath) {
     return LoadTypeLibEx(modulePath.c_str(), REGKIND_REGISTER, library.Put());
 }
 
+/// What the system answers where there is nothing to take away differs; only what stays behind is a failure.
+HRESULT UnregisterTypeLibrary() {
+    const HRESULT result = UnRegisterTypeLib(LIBID_Korvex, 1, 0, libraryLocale, thisSystem);
+    Bstr path;
+    const bool isGone = FAILED(QueryPathOfRegTypeLib(LIBID_Korvex, 1, 0, libraryLocale, path.Put()));
+    return isGone ? S_OK : result;
+}
+
 }  // namespace
 
 HRESULT RegisterModule() {
@@ -91,10 +99,9 @@ HRESULT RegisterModule() {
 }
 
 HRESULT UnregisterModule() {
-    const HRESULT library = UnRegisterTypeLib(LIBID_Korvex, 1, 0, libraryLocale, thisSystem);
+    const HRESULT library = UnregisterTypeLibrary();
     const HRESULT classes = UnregisterClasses();
-    if (FAILED(classes)) return classes;
-    return library == TYPE_E_REGISTRYACCESS ? S_OK : library;
+    return FAILED(classes) ? classes : library;
 }
 
 }  // namespace korvex::com

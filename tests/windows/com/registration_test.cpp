@@ -1,0 +1,169 @@
+// What registering the DLL writes, and that taking it back leaves the registry as it was.
+
+#include "automation/com/bstr.h"
+#include "support/late_bound.h"
+#include "support/module.h"
+#include "support/outcome_text.h"
+
+#include <gtest/gtest.h>
+
+#include <korvex_com.h>
+#include <objbase.h>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace korvex::tests {
+namespace {
+
+/// One line per key and per value.
+using Registry = std::set<std::string>;
+
+std::string DataText(DWORD type, const std::vector<BYTE>& data) {
+    if (type != REG_SZ) return "type " + std::to_string(type) + ", " + std::to_string(data.size()) + " bytes";
+    std::wstring text(reinterpret_cast<const wchar_t*>(data.data()), data.size() / sizeof(wchar_t));
+    while (!text.empty() && text.back() == L'\0')
+        text.pop_back();
+    return com::FromWide(text);
+}
+
+void AddValues(HKEY key, const std::string& path, Registry& lines) {
+    wchar_t name[256];
+    std::vector<BYTE> data(65536);
+    for (DWORD i = 0;; ++i) {
+        DWORD nameLength = ARRAYSIZE(name);
+        auto size = static_cast<DWORD>(data.size());
+        DWORD type = 0;
+        if (RegEnumValueW(key, i, name, &nameLength, nullptr, &type, data.data(), &size) != ERROR_SUCCESS)
+            return;
+        lines.insert(path + " [" + com::FromWide(name) + "] " +
+                     DataText(type, std::vector<BYTE>(data.begin(), data.begin() + size)));
+    }
+}
+
+void AddTree(HKEY key, const std::string& path, Registry& lines) {
+    AddValues(key, path, lines);
+    wchar_t name[256];
+    for (DWORD i = 0;; ++i) {
+        DWORD length = ARRAYSIZE(name);
+        if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) return;
+        const std::string subPath = (path.empty() ? "" : path + "\\") + com::FromWide(name);
+        lines.insert(subPath);
+        HKEY subKey = nullptr;
+        if (RegOpenKeyExW(key, name, 0, KEY_READ, &subKey) != ERROR_SUCCESS) continue;
+        AddTree(subKey, subPath, lines);
+        RegCloseKey(subKey);
+    }
+}
+
+/// The classes of all users, where the DLL registers itself.
+Registry Classes() {
+    HKEY classes = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes", 0, KEY_READ, &classes), ERROR_SUCCESS);
+    Registry lines;
+    AddTree(classes, "", lines);
+    RegCloseKey(classes);
+    return lines;
+}
+
+std::string Lines(const Registry& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\n";
+    return text;
+}
+
+/// What is in `lines` and not in `others`.
+Registry Added(const Registry& lines, const Registry& others) {
+    Registry difference;
+    for (const std::string& line : lines)
+        if (!others.contains(line)) difference.insert(line);
+    return difference;
+}
+
+/// Takes the lines out that start so.
+Registry Extract(Registry& lines, const std::vector<std::string>& starts) {
+    Registry extracted;
+    for (const std::string& start : starts)
+        for (const std::string& line : lines)
+            if (line.starts_with(start)) extracted.insert(line);
+    for (const std::string& line : extracted)
+        lines.erase(line);
+    return extracted;
+}
+
+std::string ModulePath(const Module& module) {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(module.Handle(), path, MAX_PATH);
+    return com::FromWide(path);
+}
+
+constexpr const char* libraryId = "{ABC64E46-B1C4-4B30-AF8C-BBC491359DD8}";
+
+void AddClass(Registry& lines, const std::string& progId, const std::string& classId,
+              const std::string& path) {
+    const std::string key = "CLSID\\" + classId;
+    lines.insert({progId, progId + " [] " + progId, progId + "\\CLSID", progId + "\\CLSID [] " + classId, key,
+                  key + " [] " + progId, key + "\\InprocServer32", key + "\\InprocServer32 [] " + path,
+                  key + "\\InprocServer32 [ThreadingModel] Apartment", key + "\\ProgID",
+                  key + "\\ProgID [] " + progId, key + "\\Programmable", key + "\\Programmable [] ",
+                  key + "\\TypeLib", key + "\\TypeLib [] " + libraryId});
+}
+
+Registry ExpectedClasses(const std::string& path) {
+    Registry lines;
+    AddClass(lines, "Korvex.clsCreateDb", "{6EA9A0F7-8504-4AEB-9337-F37BB345C73B}", path);
+    AddClass(lines, "Korvex.clsField", "{4BFF76B7-4B56-4E32-AD7D-E88480C58229}", path);
+    AddClass(lines, "Korvex.clsCRUD", "{BE95DFAE-5754-4973-A72F-D3558649217D}", path);
+    return lines;
+}
+
+/// The system writes the type library and its interfaces in its own way; they are told by their identifiers.
+bool IsOfTheLibrary(const std::string& line) {
+    for (const char* id :
+         {libraryId, "{8085B8BA-FF6B-4204-B4C1-40F0397B01C9}", "{FF845C66-C804-4F16-8A0F-373D72280706}",
+          "{C9216CEE-DE66-4C7C-B265-A3187205F600}", "{F1EE9C8E-0934-4411-AFAD-D5074DC3B287}"})
+        if (line.find(id) != std::string::npos) return true;
+    return false;
+}
+
+TEST(RegistrationTest, WritesTheClassesAndTheTypeLibraryAndTakesAllOfItBack) {
+    const Module module;
+    const Registry before = Classes();
+    ASSERT_FALSE(before.contains("Korvex.clsCreateDb")) << "registered already";
+    EXPECT_EQ(module.Register(), S_OK);
+    EXPECT_EQ(module.Register(), S_OK) << "what is there already is no hindrance";
+    const Registry registered = Classes();
+    EXPECT_EQ(Lines(Added(before, registered)), "") << "lost";
+    Registry added = Added(registered, before);
+    EXPECT_EQ(Lines(Extract(added, {"CLSID\\", "Korvex."})), Lines(ExpectedClasses(ModulePath(module))));
+    for (const std::string& line : added)
+        EXPECT_TRUE(IsOfTheLibrary(line)) << line;
+
+    EXPECT_EQ(module.Unregister(), S_OK);
+    EXPECT_EQ(module.Unregister(), S_OK) << "nor is what is gone already";
+    const Registry after = Classes();
+    EXPECT_EQ(Lines(Added(after, before)), "") << "left behind";
+    EXPECT_EQ(Lines(Added(before, after)), "") << "lost";
+}
+
+TEST(RegistrationTest, LetsHostsCreateTheClassesByName) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    const Module module;
+    ASSERT_EQ(module.Register(), S_OK);
+    for (const wchar_t* progId : {L"Korvex.clsCreateDb", L"Korvex.clsField", L"Korvex.clsCRUD"}) {
+        CLSID classId;
+        ASSERT_EQ(CLSIDFromProgID(progId, &classId), S_OK);
+        com::ComPtr<IDispatch> object;
+        EXPECT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                   reinterpret_cast<void**>(object.Put())),
+                  S_OK);
+    }
+    com::ComPtr<ITypeLib> library;
+    EXPECT_EQ(LoadRegTypeLib(LIBID_Korvex, 1, 0, 0x409, library.Put()), S_OK);
+    EXPECT_EQ(module.Unregister(), S_OK);
+    CoUninitialize();
+}
+
+}  // namespace
+}  // namespace korvex::tests
