@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <korvex_com.h>
 #include <memory>
 #include <string>
@@ -48,9 +47,9 @@ struct Client {
 /// One slot called with what a client passes; `result` reads what came back.
 template <class Interface>
 struct Row {
-    std::function<HRESULT(Interface&, Client&)> call;
+    HRESULT (*call)(Interface&, Client&);
     const char* reached;
-    std::function<std::string(Client&)> answer{};
+    std::string (*answer)(Client&) = nullptr;
     const char* answered = "";
 };
 
@@ -63,7 +62,7 @@ void ExpectRows(const std::shared_ptr<Noting>& noting, const std::vector<Row<Int
         EXPECT_EQ(SlotText(row.call(*shell.Get(), client), shell.Get(), __uuidof(Interface)), "S_OK")
             << row.reached;
         EXPECT_EQ(noting->last, row.reached);
-        if (row.answer) {
+        if (row.answer != nullptr) {
             EXPECT_EQ(row.answer(client), row.answered) << row.reached;
         }
     }
@@ -72,7 +71,7 @@ void ExpectRows(const std::shared_ptr<Noting>& noting, const std::vector<Row<Int
 TEST(SlotTest, ReachTheScriptGenerator) {
     using I = ::_clsCreateDb;
     using C = Client;
-    const auto text = [](C& c) { return c.Text(); };
+    std::string (*const text)(C&) = [](C& c) { return c.Text(); };
     ExpectRows<I>(
         std::make_shared<surface::NotingCreateDb>(),
         {
@@ -118,9 +117,9 @@ TEST(SlotTest, ReachThePersistenceClass) {
     using C = Client;
     static const auto data = com::WrapObject(std::make_shared<persistence::PlainObject>()).As<::QORObject>();
     static ::QORObject* object = data.Get();
-    const auto flag = [](C& c) { return c.Flag(); };
-    const auto number = [](C& c) { return c.Number(); };
-    const auto text = [](C& c) { return c.Text(); };
+    std::string (*const flag)(C&) = [](C& c) { return c.Flag(); };
+    std::string (*const number)(C&) = [](C& c) { return c.Number(); };
+    std::string (*const text)(C&) = [](C& c) { return c.Text(); };
     ExpectRows<I>(
         std::make_shared<NotingCrud>(),
         {
@@ -186,24 +185,26 @@ TEST(SlotTest, ReachThePersistenceClass) {
         });
 }
 
+/// Keeps a data object that a slot gives as an object of any kind.
+HRESULT Keep(Client& client, HRESULT (STDMETHODCALLTYPE ::QORObject::*slot)(::QORObject**),
+             ::QORObject& object) {
+    com::ComPtr<::QORObject> result;
+    const HRESULT called = (object.*slot)(result.Put());
+    client.object = result.As<IDispatch>();
+    return called;
+}
+
 TEST(SlotTest, ReachADataObject) {
     using I = ::QORObject;
     using C = Client;
-    const auto number = [](C& c) { return c.Number(); };
-    const auto flag = [](C& c) { return c.Flag(); };
-    const auto anObject = [](C& c) { return c.Object(); };
-    const auto any = [](C& c) { return c.Any(); };
-    const auto asDispatch = [](C& c, auto slot) {
-        com::ComPtr<I> result;
-        const HRESULT called = slot(result.Put());
-        c.object = result.template As<IDispatch>();
-        return called;
-    };
+    std::string (*const number)(C&) = [](C& c) { return c.Number(); };
+    std::string (*const flag)(C&) = [](C& c) { return c.Flag(); };
+    std::string (*const anObject)(C&) = [](C& c) { return c.Object(); };
+    std::string (*const any)(C&) = [](C& c) { return c.Any(); };
     ExpectRows<I>(
         std::make_shared<NotingDataObject>(),
         {
-            {[&](I& o, C& c) { return asDispatch(c, [&](I** r) { return o.get_Parent(r); }); }, "Parent()",
-             anObject, "Object"},
+            {[](I& o, C& c) { return Keep(c, &I::get_Parent, o); }, "Parent()", anObject, "Object"},
             {[](I& o, C& c) { return o.get_Modified(&c.flag); }, "Modified()", flag, "Boolean True"},
             {[](I& o, C&) { return o.put_Modified(VARIANT_TRUE); }, "Modified(Boolean True)"},
             {[](I& o, C& c) { return o.get_StringAttribute(800001, c.text.Put()); },
@@ -231,11 +232,13 @@ TEST(SlotTest, ReachADataObject) {
              "ObjectAttribute(Long 1300001)", anObject, "Object"},
             {[](I& o, C&) { return o.putref_DataDef(&o); }, "DataDef(Object)"},
             {[](I& o, C&) { return o.putref_DataDef(nullptr); }, "DataDef(Nothing)"},
-            {[&](I& o, C& c) { return asDispatch(c, [&](I** r) { return o.get_DataDef(r); }); }, "DataDef()",
-             anObject, "Object"},
-            {[&](I& o, C& c) {
+            {[](I& o, C& c) { return Keep(c, &I::get_DataDef, o); }, "DataDef()", anObject, "Object"},
+            {[](I& o, C& c) {
+                 com::ComPtr<I> result;
                  const VARIANT left = c.missing.Value();
-                 return asDispatch(c, [&](I** r) { return o.AddItem(left, left, r); });
+                 const HRESULT called = o.AddItem(left, left, result.Put());
+                 c.object = result.As<IDispatch>();
+                 return called;
              },
              "AddItem(Missing, Missing)", anObject, "Object"},
             {[](I& o, C& c) { return o.get_HasAttribute(1300003, &c.flag); }, "HasAttribute(Long 1300003)",
