@@ -1,6 +1,8 @@
 #include "repository/schema.h"
 
+#include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/text.h"
 
 #include <iterator>
 #include <memory>
@@ -126,9 +128,33 @@ std::unique_ptr<dao::Recordset> OpenEmpty(dao::Database& database, std::string_v
     }
 }
 
+/// What a query for a single text gives; empty when the engine does not understand it.
+std::string Answer(dao::Database& database, std::string_view question) {
+    try {
+        const auto recordset = database.OpenRecordset(question, dao::dbOpenSnapshot);
+        if (recordset->Eof()) return {};
+        return automation::ToString(recordset->Fields("Answer").Value());
+    } catch (const automation::Error& error) {
+        if (error.Number() == dao::OdbcConnectFailed || error.Number() == dao::ObjectInvalid) throw;
+        return {};
+    }
+}
+
 }  // namespace
 
 std::span<const SchemaTable> SchemaTables() noexcept { return Tables; }
+
+SchemaEngine SchemaEngineOf(dao::Database& database) {
+    if (!Answer(database, "select sqlite_version() as Answer").empty()) return SchemaEngine::Embedded;
+    const std::string version = Answer(database, "select version() as Answer");
+    if (automation::ContainsIgnoreCase(version, "mariadb")) return SchemaEngine::MariaDb;
+    if (automation::ContainsIgnoreCase(version, "postgresql")) return SchemaEngine::PostgreSql;
+    throw automation::Error(automation::InvalidProcedureCall,
+                            "The tables of a repository can be made on SQLite, MariaDB and PostgreSQL; this "
+                            "database is on another "
+                            "engine" +
+                                (version.empty() ? "." : ": " + version));
+}
 
 std::vector<std::string> SchemaStatements(SchemaEngine engine) {
     std::vector<std::string> statements;

@@ -28,6 +28,10 @@ std::span<const SchemaTable> SchemaTables() noexcept;
 /// The engines whose dialect the schema is known in.
 enum class SchemaEngine : std::uint8_t { Embedded, MariaDb, PostgreSql };
 
+/// The engine that a database is on, as it says itself; SQLite through ODBC is Embedded. Raises
+/// InvalidProcedureCall (5) for any other.
+SchemaEngine SchemaEngineOf(dao::Database& database);
+
 /// The statements that make an empty repository: the tables, then one index for each look-up that no primary
 /// key serves.
 std::vector<std::string> SchemaStatements(SchemaEngine engine = SchemaEngine::Embedded);

@@ -4,6 +4,8 @@
 #include "hosts/cli/session.h"
 #include "repository/schema.h"
 
+#include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -13,18 +15,17 @@ namespace korvex::cli {
 
 namespace {
 
-void RunNew(const std::string& file, Console& console) {
-    if (automation::ContainsIgnoreCase(file, "DSN=")) {
-        throw automation::Error(automation::InvalidProcedureCall,
-                                "A new repository is a file; a name with DSN= would be opened through ODBC.");
-    }
-    const Session session(console);
-    std::unique_ptr<dao::Database> database = session.platform.repositoryEngine->CreateDatabase(file);
+void MakeTables(dao::Database& database, repository::SchemaEngine engine) {
+    const bool inTransaction = database.BeginTrans();
+    repository::CreateSchema(database, engine);
+    if (inTransaction) database.CommitTrans();
+    database.Close();
+}
+
+void MakeFile(const Platform& platform, const std::string& file) {
+    std::unique_ptr<dao::Database> database = platform.repositoryEngine->CreateDatabase(file);
     try {
-        const bool inTransaction = database->BeginTrans();
-        repository::CreateSchema(*database);
-        if (inTransaction) database->CommitTrans();
-        database->Close();
+        MakeTables(*database, repository::SchemaEngine::Embedded);
     } catch (...) {
         // The file is this command's own; without its tables it would only be in the way of the next try.
         database.reset();
@@ -34,13 +35,57 @@ void RunNew(const std::string& file, Console& console) {
     }
 }
 
+/// Where making a table ends a transaction, what was made before a failure would be in the way of the next
+/// try.
+void DropTables(dao::Database& database) {
+    for (const repository::SchemaTable& table : repository::SchemaTables()) {
+        try {
+            database.Execute("DROP TABLE " + std::string(table.name));
+        } catch (const automation::Error&) {
+            // It was not made; the failure that led here is the one to report.
+        }
+    }
+}
+
+void MakeInSource(const Platform& platform, const std::string& connection) {
+    const auto workspace = platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC);
+    const std::unique_ptr<dao::Database> database = workspace->OpenConnection("", false, connection);
+    const repository::SchemaEngine engine = repository::SchemaEngineOf(*database);
+    const auto missing = repository::CheckSchema(*database);
+    const auto isTable = [](const repository::SchemaGap& gap) { return gap.column.empty(); };
+    if (static_cast<std::size_t>(std::ranges::count_if(missing, isTable)) <
+        repository::SchemaTables().size()) {
+        throw automation::Error(automation::PathFileAccessError,
+                                "The database behind the ODBC source has tables of a repository already.");
+    }
+    try {
+        MakeTables(*database, engine);
+    } catch (...) {
+        DropTables(*database);
+        throw;
+    }
+}
+
+void RunNew(const std::string& place, Console& console) {
+    const Session session(console);
+    if (automation::ContainsIgnoreCase(place, "DSN=")) {
+        MakeInSource(session.platform, place);
+    } else {
+        MakeFile(session.platform, place);
+    }
+}
+
 }  // namespace
 
 void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
-    const auto file = std::make_shared<std::string>();
+    const auto place = std::make_shared<std::string>();
     CLI::App* command = parent.add_subcommand("new", "Make an empty repository");
-    command->add_option("FILE", *file, "File to create; it must not exist yet")->required();
-    command->callback([file, &console] { RunNew(*file, console); });
+    command
+        ->add_option(
+            "FILE", *place,
+            "File to create, which must not exist yet, or ODBC string with DSN= of an empty database")
+        ->required();
+    command->callback([place, &console] { RunNew(*place, console); });
 }
 
 }  // namespace korvex::cli

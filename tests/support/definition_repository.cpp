@@ -39,10 +39,7 @@ DefinitionRepository::DefinitionRepository(const Platform& platform, const std::
     : m_database(automation::ContainsIgnoreCase(path, "DSN=")
                      ? OpenAt(platform, path)
                      : platform.repositoryEngine->CreateDatabase(path)) {
-    repository::SchemaEngine engine = repository::SchemaEngine::Embedded;
-    if (automation::ContainsIgnoreCase(path, "mariadb")) engine = repository::SchemaEngine::MariaDb;
-    if (automation::ContainsIgnoreCase(path, "postgresql")) engine = repository::SchemaEngine::PostgreSql;
-    repository::CreateSchema(*m_database, engine);
+    repository::CreateSchema(*m_database, repository::SchemaEngineOf(*m_database));
 }
 
 DefinitionRepository& DefinitionRepository::Definition(std::string_view storage, std::int32_t rootObjectID) {
