@@ -48,6 +48,8 @@ double ParseNumber(std::string_view text);
 /// ISO 8601 text of a date: "2026-11-21", with "T08:30:00" when there is a time of day, with milliseconds
 /// when there are any.
 std::string FormatIsoDate(Date date);
+/// `date` rounded as FormatIsoDate rounds it.
+Date ToMilliseconds(Date date);
 /// Reads what FormatIsoDate writes; TypeMismatch (13) for anything else.
 Date ParseIsoDate(std::string_view text);
 

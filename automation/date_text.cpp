@@ -28,11 +28,16 @@ constexpr double lastDay = 2958465;   ///< 9999-12-31
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsLetter(char c) noexcept { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-/// A date taken apart: the calendar day, and the milliseconds since its midnight.
+/// A date taken apart: the day, counted from day zero, and the milliseconds since its midnight.
 struct Moment {
-    std::chrono::year_month_day day{};
+    int day = 0;
     std::int64_t ms = 0;
-    bool isDayZero = false;
+
+    std::chrono::year_month_day Calendar() const { return dayZero + std::chrono::days(day); }
+    Date Join() const {
+        const double time = static_cast<double>(ms) / static_cast<double>(msPerDay);
+        return Date{day < 0 ? day - time : day + time};
+    }
 };
 
 /// Rounds to multiples of `resolution` milliseconds; rounding up at the end of a day reaches the next one.
@@ -42,12 +47,12 @@ Moment Split(Date date, std::int64_t resolution) {
     const double wholeDays = std::trunc(date.days);
     const double exact = std::abs(date.days - wholeDays) * static_cast<double>(partsPerDay);
     std::int64_t ms = std::llround(exact) * resolution;
-    auto dayNumber = static_cast<int>(wholeDays);
+    auto day = static_cast<int>(wholeDays);
     if (ms >= msPerDay) {
         ms -= msPerDay;
-        ++dayNumber;
+        ++day;
     }
-    return {dayZero + std::chrono::days(dayNumber), ms, dayNumber == 0};
+    return {day, ms};
 }
 
 /// Nothing when there is no such day within the range of automation dates.
@@ -55,15 +60,15 @@ std::optional<Date> Join(int year, int month, int day, std::int64_t ms) {
     if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
     const auto calendarDay = std::chrono::year(year) / month / day;
     if (!calendarDay.ok()) return std::nullopt;
-    const auto days = static_cast<double>((std::chrono::sys_days(calendarDay) - dayZero).count());
-    const double time = static_cast<double>(ms) / static_cast<double>(msPerDay);
-    return Date{days < 0 ? days - time : days + time};
+    return Moment{static_cast<int>((std::chrono::sys_days(calendarDay) - dayZero).count()), ms}.Join();
 }
 
 void AppendPadded(std::string& text, std::int64_t number, std::size_t width) {
-    const std::string digits = std::to_string(number);
-    if (digits.size() < width) text.append(width - digits.size(), '0');
-    text.append(digits);
+    std::array<char, 20> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const auto length = static_cast<std::size_t>(end - digits.data());
+    if (length < width) text.append(width - length, '0');
+    text.append(digits.data(), length);
 }
 
 std::string FormatTime(std::int64_t ms) {
@@ -284,10 +289,11 @@ bool IsDateInRange(Date date) noexcept { return date.days > firstDay - 1 && date
 
 std::string FormatDate(Date date) {
     const Moment moment = Split(date, msPerSecond);
-    if (moment.isDayZero) return FormatTime(moment.ms);
-    std::string text = std::to_string(static_cast<unsigned>(moment.day.month()));
-    text.append("/").append(std::to_string(static_cast<unsigned>(moment.day.day()))).append("/");
-    text.append(std::to_string(static_cast<int>(moment.day.year())));
+    if (moment.day == 0) return FormatTime(moment.ms);
+    const auto day = moment.Calendar();
+    std::string text = std::to_string(static_cast<unsigned>(day.month()));
+    text.append("/").append(std::to_string(static_cast<unsigned>(day.day()))).append("/");
+    text.append(std::to_string(static_cast<int>(day.year())));
     if (moment.ms != 0) text.append(" ").append(FormatTime(moment.ms));
     return text;
 }
@@ -301,12 +307,14 @@ Date ParseDate(std::string_view text) {
 
 std::string FormatIsoDate(Date date) {
     const Moment moment = Split(date, 1);
+    const auto day = moment.Calendar();
     std::string text;
-    AppendPadded(text, static_cast<int>(moment.day.year()), 4);
+    text.reserve(std::string_view("2026-11-21T08:30:00.250").size());
+    AppendPadded(text, static_cast<int>(day.year()), 4);
     text.push_back('-');
-    AppendPadded(text, static_cast<unsigned>(moment.day.month()), 2);
+    AppendPadded(text, static_cast<unsigned>(day.month()), 2);
     text.push_back('-');
-    AppendPadded(text, static_cast<unsigned>(moment.day.day()), 2);
+    AppendPadded(text, static_cast<unsigned>(day.day()), 2);
     if (moment.ms == 0) return text;
     text.push_back('T');
     AppendPadded(text, moment.ms / msPerHour, 2);
@@ -319,6 +327,8 @@ std::string FormatIsoDate(Date date) {
     AppendPadded(text, moment.ms % msPerSecond, 3);
     return text;
 }
+
+Date ToMilliseconds(Date date) { return Split(date, 1).Join(); }
 
 Date ParseIsoDate(std::string_view text) {
     if (const auto date = ReadIsoDate(text)) return *date;

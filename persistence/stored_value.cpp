@@ -29,8 +29,8 @@ bool SameAsStored(const Variant& stored, const Variant& value) {
     try {
         const Variant converted = automation::ChangeType(value, stored.Type());
         if (const auto* date = stored.If<automation::Date>())  // engines keep milliseconds, no finer
-            return automation::FormatIsoDate(*date) ==
-                   automation::FormatIsoDate(*converted.If<automation::Date>());
+            return automation::ToMilliseconds(*date) ==
+                   automation::ToMilliseconds(*converted.If<automation::Date>());
         return converted == stored;
     } catch (const automation::Error&) {
         return false;  // what cannot be compared is written, and the engine judges it

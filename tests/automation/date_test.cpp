@@ -45,6 +45,9 @@ TEST(Date, TimesRoundToTheSecondInTextAndToTheMillisecondInIso) {
     EXPECT_EQ(FormatIsoDate(almostMidnight), "2026-11-20T23:59:59.991");
     EXPECT_EQ(FormatIsoDate(ParseIsoDate("2026-11-21T08:30:00.250")), "2026-11-21T08:30:00.250");
     EXPECT_EQ(FormatIsoDate(ParseIsoDate("1850-01-02 23:59:59.9")), "1850-01-02T23:59:59.900");
+    for (const double days :
+         {46347 - 1e-7, 46347 - 1e-9, 46347.123456789, -1.99999999999, -18256.7654321, -0.25, 0.0})
+        EXPECT_EQ(ToMilliseconds(Date{days}), ParseIsoDate(FormatIsoDate(Date{days}))) << days;
 }
 
 TEST(Date, LooseTextsAreRead) {

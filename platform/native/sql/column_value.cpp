@@ -29,9 +29,6 @@ constexpr double ExactWholeLimit = 9007199254740992.0;
 
 Date FromDays(double days) { return Date{std::round(days * MillisecondsPerDay) / MillisecondsPerDay}; }
 
-/// To the millisecond, which is what is stored.
-Date StoredDate(Date date) { return automation::ParseIsoDate(automation::FormatIsoDate(date)); }
-
 Variant DecimalValue(double value) {
     if (value == std::floor(value) && std::abs(value) < WholeNumberLimit) {
         return WholeNumber(static_cast<std::int64_t>(value));
@@ -125,7 +122,7 @@ Variant Convert(const Variant& value, const ColumnInfo& column) {
         case ColumnType::Decimal:
             return FitDecimal(value, column);
         case ColumnType::Date:
-            return StoredDate(automation::ToDate(value));
+            return automation::ToMilliseconds(automation::ToDate(value));  // as it is stored
         case ColumnType::Char:
         case ColumnType::VarChar:
         case ColumnType::LongText:
