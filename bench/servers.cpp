@@ -344,7 +344,7 @@ int Run(int rounds) {
         ratios[claim] = std::max(ratios[claim], comparison.ratio);
     };
     for (const Server& server : servers) {
-        const TreeRatios trees = CompareTrees(server, rounds, 200);
+        const TreeRatios trees = CompareTrees(server, 3 * rounds, 200);
         note("odbc_save_tree_vs_floor", server, trees.save);
         note("odbc_load_tree_vs_floor", server, trees.load);
         note("odbc_script_run_vs_floor", server, CompareScriptRuns(server, rounds, 500));

@@ -10,6 +10,7 @@
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
+#include "support/engine_words.h"
 
 #include <fstream>
 #include <set>
@@ -19,25 +20,14 @@
 namespace korvex::tests {
 namespace {
 
-using Words = std::vector<std::pair<std::string, std::string>>;
-
-/// Longer ones first: what was replaced must not be found again.
-Words ServerWords(Driver driver) {
-    Words words = {{"dbo.", ""}, {" CLUSTERED", ""}, {" default ,", ","}, {" bit ", " smallint "}};
-    if (driver == Driver::MariaDb) {
-        words.insert(words.end(), {{"int IDENTITY (1, 1)", "int AUTO_INCREMENT"},
-                                   {" image ", " longblob "},
-                                   {" text ", " longtext "},
-                                   {" float ", " double "},
-                                   {" datetime ", " datetime(3) "}});
-    } else {
-        words.insert(words.end(), {{"int IDENTITY (1, 1)", "serial"},
-                                   {" image ", " bytea "},
-                                   {" float ", " double precision "},
-                                   {" datetime ", " timestamp(3) "}});
-    }
-    return words;
-}
+/// The SQL Server script in the words of engine_words.h.
+constexpr std::pair<const char*, const char*> NeutralWords[] = {
+    {"dbo.", ""},
+    {" CLUSTERED", ""},
+    {" default ,", ","},
+    {" bit ", " smallint "},
+    {"int IDENTITY (1, 1)", "numbered"},
+};
 
 }  // namespace
 
@@ -62,8 +52,9 @@ void CreateExampleTables(ado::Connection& connection, Driver driver) {
             statement += line + "\n";
             continue;
         }
-        for (const auto& [theirs, ours] : ServerWords(driver))
+        for (const auto& [theirs, ours] : NeutralWords)
             statement = Replace(std::move(statement), theirs, ours);
+        statement = InWordsOf(driver, statement);
         if (!automation::Trim(statement).empty() && made.insert(statement).second)
             connection.Execute(statement);
         statement.clear();
@@ -91,10 +82,10 @@ std::shared_ptr<objects::DataObject> FullOrder(const std::shared_ptr<objects::De
 }
 
 int CountRecords(ado::Connection& connection, Driver driver) {
-    const std::string schema = driver == Driver::MariaDb ? "database()" : "current_schema()";
     int count = 0;
-    for (const std::string& table : RowsOf(
-             connection, "select table_name from information_schema.tables where table_schema = " + schema))
+    for (const std::string& table :
+         RowsOf(connection, "select table_name from information_schema.tables where table_schema = " +
+                                CurrentSchema(driver)))
         count += std::stoi(ValueOf(connection, "select count(*) from " + table));
     return count;
 }

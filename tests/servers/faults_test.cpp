@@ -3,6 +3,7 @@
 #include "hosts/objects/json.h"
 #include "servers/example_target.h"
 #include "support/definition_repository.h"
+#include "support/engine_words.h"
 #include "support/recording_parts.h"
 #include "support/test_seam.h"
 #include "surface/cls_create_db.h"
@@ -79,7 +80,7 @@ class ServerStops : public ServerFaults {
         Run("start.sh", server);
     }
 
-    const std::string server = GetParam() == Driver::MariaDb ? "mariadb" : "postgresql";
+    const std::string server = ServerName(GetParam());
     // Below the folder of the servers that the whole run uses: it ends with them, whatever happens to the
     // test.
     const std::string folder = ServersFolder() + "/" + server + std::to_string(getpid());
@@ -168,10 +169,7 @@ TEST_P(ServerFaults, ALockThatAnotherClientHoldsEndsInAnError) {
     other->BeginTrans();
     other->Execute("update tNote set Text = 'b'");
 
-    const bool isMariaDb = GetParam() == Driver::MariaDb;
-    const auto crud =
-        Connected(database.ConnectionString() + (isMariaDb ? ";INITSTMT={set innodb_lock_wait_timeout=1}"
-                                                           : ";ConnSettings={set lock_timeout=500}"));
+    const auto crud = Connected(database.ConnectionString() + ShortLockWait(GetParam()));
     const auto definition = std::make_shared<objects::Definition>("Note", "tNote");
     definition->AddValue(
         {"NoteID", "NoteID", static_cast<std::int32_t>(automation::VarType::Long), true, true});
@@ -212,11 +210,11 @@ TEST_P(ServerFaults, TwoClientsAtOnceMixUpNoKey) {
     constexpr int treesPerClient = 5000;
     const ServerDatabase database(GetParam());
     const auto connection = database.Connect();
-    const std::string key =
-        GetParam() == Driver::MariaDb ? "integer auto_increment primary key" : "serial primary key";
-    const std::string state = ", QORSelectState integer, QORCounter integer)";
-    connection->Execute("create table tOrder (OrderID " + key + ", Mark integer" + state);
-    connection->Execute("create table tPart (PartID " + key + ", FK_OrderID integer, Mark integer" + state);
+    for (const char* table : {"tOrder (OrderID", "tPart (FK_OrderID int, PartID"}) {
+        connection->Execute(
+            InWordsOf(GetParam(), "create table " + std::string(table) +
+                                      " integer primary key, Mark int, QORSelectState int, QORCounter int)"));
+    }
 
     const auto number = static_cast<std::int32_t>(automation::VarType::Long);
     const auto part = std::make_shared<objects::Definition>("Part", "tPart");
@@ -249,10 +247,8 @@ TEST_P(ServerFaults, TwoClientsAtOnceMixUpNoKey) {
               std::to_string(2 * treesPerClient));
 }
 
-INSTANTIATE_TEST_SUITE_P(Drivers, ServerFaults, testing::Values(Driver::MariaDb, Driver::PostgreSql),
-                         DriverName);
-INSTANTIATE_TEST_SUITE_P(Drivers, ServerStops, testing::Values(Driver::MariaDb, Driver::PostgreSql),
-                         DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerFaults, ServerDrivers(), DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerStops, ServerDrivers(), DriverName);
 
 }  // namespace
 }  // namespace korvex::tests

@@ -36,7 +36,7 @@ class OracleSchema : public testing::Test {
   private:
     static constexpr const char* OracleMode = ";INITSTMT={set sql_mode=ORACLE}";
 
-    const ServerDatabase m_database{Driver::MariaDb};
+    const ServerDatabase m_database{OracleReader};
 
   protected:
     const std::shared_ptr<ado::Connection> m_connection;

@@ -79,8 +79,7 @@ TEST_P(ServerPersistence, ATreeIsSavedLoadedUpdatedAndDeleted) {
     EXPECT_THAT(*messages, testing::IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Drivers, ServerPersistence, testing::Values(Driver::MariaDb, Driver::PostgreSql),
-                         DriverName);
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerPersistence, ServerDrivers(), DriverName);
 
 }  // namespace
 }  // namespace korvex::tests

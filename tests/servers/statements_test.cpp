@@ -36,12 +36,12 @@ class ServerStatements : public testing::Test {
         return counts;
     }
 
-    const ServerDatabase m_database{Driver::MariaDb};
+    const ServerDatabase m_database{QuestionLogger};
     const std::shared_ptr<ado::Connection> m_connection = m_database.Connect();
 };
 
 TEST_F(ServerStatements, ATreeIsSavedAndLoadedWithOneQuestionForEachRecordAndLookUp) {
-    CreateExampleTables(*m_connection, Driver::MariaDb);
+    CreateExampleTables(*m_connection, QuestionLogger);
     const auto definition = OrdersDefinition();
     const auto seam = std::make_shared<TestSeam>();
     clsCRUD crud(native::NativePlatform({.seam = seam}));
@@ -49,7 +49,7 @@ TEST_F(ServerStatements, ATreeIsSavedAndLoadedWithOneQuestionForEachRecordAndLoo
     const std::string number = ValueOf(*crud.DbConn(), "select connection_id()");
     const auto load = [&] { crud.DbGetData(std::make_shared<objects::DataObject>(definition), 1); };
     crud.DbSaveData(FullOrder(definition));
-    const int records = CountRecords(*m_connection, Driver::MariaDb);
+    const int records = CountRecords(*m_connection, QuestionLogger);
     load();
 
     EXPECT_THAT(Asked(number, [&] { crud.DbSaveData(FullOrder(definition)); }),

@@ -50,6 +50,17 @@ bool AsksForNewKeys(Driver driver) { return driver == Driver::OdbcSqlite; }
 
 bool QuotesAnyName(Driver driver) { return !IsServer(driver); }
 
+std::string CurrentSchema(Driver driver) {
+    return driver == Driver::MariaDb ? "database()" : "current_schema()";
+}
+
+std::string ShortLockWait(Driver driver) {
+    return driver == Driver::MariaDb ? ";INITSTMT={set innodb_lock_wait_timeout=1}"
+                                     : ";ConnSettings={set lock_timeout=500}";
+}
+
+std::string ServerName(Driver driver) { return driver == Driver::MariaDb ? "mariadb" : "postgresql"; }
+
 std::string ReadOnlyStatement(Driver driver, bool readOnly) {
     switch (driver) {
         case Driver::MariaDb:

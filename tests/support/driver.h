@@ -17,6 +17,11 @@ enum class Driver { Sqlite, OdbcSqlite, MariaDb, PostgreSql };
 /// Those that this build has databases for: servers only when it was configured to start them.
 std::vector<Driver> AvailableDrivers();
 inline auto AllDrivers() { return testing::ValuesIn(AvailableDrivers()); }
+inline auto ServerDrivers() { return testing::Values(Driver::MariaDb, Driver::PostgreSql); }
+/// The one whose server reads Oracle's language when it is told to.
+inline constexpr Driver OracleReader = Driver::MariaDb;
+/// The one whose server keeps a table of what each connection asked it.
+inline constexpr Driver QuestionLogger = Driver::MariaDb;
 /// Those whose databases are files.
 inline auto FileDrivers() { return testing::Values(Driver::Sqlite, Driver::OdbcSqlite); }
 std::string DriverName(const testing::TestParamInfo<Driver>& info);
@@ -33,6 +38,12 @@ bool DefinitionsRollBack(Driver driver);
 bool AsksForNewKeys(Driver driver);
 /// Double quotes are put around any name, an empty one too.
 bool QuotesAnyName(Driver driver);
+/// The expression for the schema whose tables a query means.
+std::string CurrentSchema(Driver driver);
+/// What is put behind a connection string to wait a second for a lock at most.
+std::string ShortLockWait(Driver driver);
+/// The server as the scripts know it that start and stop it.
+std::string ServerName(Driver driver);
 /// What makes a connection refuse to write, or write again.
 std::string ReadOnlyStatement(Driver driver, bool readOnly);
 

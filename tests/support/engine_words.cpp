@@ -32,6 +32,7 @@ constexpr Word Words[] = {
     {"RAW", "varbinary", nullptr},
     {"DATE", "datetime", "timestamp"},
     {"blob", "longblob", "bytea"},
+    {"numbered", "integer auto_increment", "serial"},
     {"integer primary key", "integer auto_increment primary key", "serial primary key"},
 };
 

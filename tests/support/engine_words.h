@@ -12,8 +12,8 @@ namespace korvex::tests {
 /// generated scripts: "datetime", "image", "NUMBER(5)".
 std::optional<std::string> TypeIn(Driver driver, std::string_view declared);
 
-/// A statement that makes or fills test tables in the words of an engine: such types, "[quoted names]", and
-/// "integer primary key" for a key that the engine numbers.
+/// A statement that makes or fills test tables in the words of an engine: such types, "[quoted names]",
+/// "integer primary key" for a key that the engine numbers and "numbered" for such a column.
 std::string InWordsOf(Driver driver, std::string_view statement);
 
 }  // namespace korvex::tests

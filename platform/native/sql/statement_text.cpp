@@ -404,7 +404,6 @@ class Scanner {
         if (HoldsStatement(m_text.substr(m_at)) && !MayHoldBody(m_text)) m_result.secondStatement = true;
     }
 
-  private:
     std::string_view m_text;
     const LexicalRules& m_rules;
     bool m_mayLift;

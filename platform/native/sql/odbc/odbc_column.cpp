@@ -93,7 +93,7 @@ bool OdbcColumn::IsCutOff() const noexcept {
 
 template <class T>
 T OdbcColumn::Content() const noexcept {
-    T content;
+    T content{};
     std::memcpy(&content, m_buffer.get(), sizeof content);
     return content;
 }
