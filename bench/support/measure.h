@@ -14,8 +14,9 @@ double Seconds(const std::function<void()>& work);
 
 double Median(std::vector<double> values);
 
-/// Our time over the floor's. Each round runs both, one right after the other, and counts for one ratio; the
-/// middle one of all rounds is what is said, so that a disturbance in one round does not decide.
+/// Our time over the floor's. Each round runs both, one right after the other. Of short rounds the middle
+/// ratio is what is said, of long ones that of the least disturbed times, so that a disturbance does not
+/// decide.
 struct Comparison {
     double seconds = 0;
     double floorSeconds = 0;
