@@ -58,7 +58,8 @@ std::string SelectAll(std::string_view table) {
     constexpr std::string_view verb = "select * from ";
     std::string text;
     text.reserve(verb.size() + table.size());
-    return text.append(verb).append(table);
+    text.append(verb).append(table);
+    return text;
 }
 
 std::string SelectWhere(std::string_view table, std::string_view keyColumn, const Variant& key,

@@ -112,12 +112,6 @@ void OpenRows::AppendChunk(std::size_t column, const Variant& data) {
     WithAdoErrors([&] { m_cursor.Extend(column, data); }, [this, column] { return Place(column); });
 }
 
-std::optional<std::size_t> OpenRows::Find(std::string_view name) noexcept {
-    const auto found = Shape().Find(name, m_expected);
-    if (found) m_expected = *found + 1;
-    return found;
-}
-
 NativeField& OpenRows::Field(std::size_t column) {
     if (!m_fields) {
         const std::size_t count = Shape().columns.size();

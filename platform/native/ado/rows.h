@@ -53,7 +53,7 @@ class OpenRows {
 
     NativeField& Field(std::size_t column);
     /// The position of a field, in any case; nothing when there is none of that name.
-    std::optional<std::size_t> Find(std::string_view name) noexcept;
+    std::optional<std::size_t> Find(std::string_view name) noexcept { return m_cursor.Find(name); }
 
   private:
     /// The long value that is read or written in chunks. Touching another field's value ends it.
@@ -79,7 +79,6 @@ class OpenRows {
     bool m_isUpdatable;
     Chunks m_chunks;
     std::unique_ptr<NativeField[]> m_fields;  ///< made with the first field that is asked for
-    std::size_t m_expected = 0;               ///< the field behind the one found last
 };
 
 }  // namespace korvex::native::ado_engine

@@ -37,15 +37,15 @@ void NativeRecordset::MoveLast() {
 dao::Field& NativeRecordset::Fields(std::string_view name) {
     if (!m_cursor.IsOpen())
         RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
-    const sql::RowShape& shape = m_cursor.Shape();
-    const auto column = shape.Find(name);
+    const auto column = m_cursor.Find(name);
     if (!column) {
         throw automation::Error(dao::ItemNotFound, "Item not found in this collection: no field is named " +
                                                        std::string(name) + " (" + m_cursor.Text() + ")");
     }
     if (m_fields.empty()) {
-        m_fields.reserve(shape.columns.size());
-        for (std::size_t i = 0; i < shape.columns.size(); ++i)
+        const std::size_t count = m_cursor.Shape().columns.size();
+        m_fields.reserve(count);
+        for (std::size_t i = 0; i < count; ++i)
             m_fields.emplace_back(*this, i);
     }
     return m_fields[*column];

@@ -40,6 +40,12 @@ class Cursor final : private SessionCursor {
         return *m_shape;
     }
     bool HasColumns() const noexcept { return !m_shape->columns.empty(); }
+    /// The position of a column, by RowShape::Find. Hosts mostly ask for the columns of a row in their order.
+    std::optional<std::size_t> Find(std::string_view name) noexcept {
+        const auto found = Shape().Find(name, m_expected);
+        if (found) m_expected = *found + 1;
+        return found;
+    }
     /// What a statement without rows has touched.
     std::int64_t AffectedRows() const noexcept { return m_affectedRows; }
     const std::string& Text() const noexcept { return m_text; }
@@ -119,6 +125,7 @@ class Cursor final : private SessionCursor {
     StatementLease m_statement;
     std::shared_ptr<const RowShape> m_shape;
     bool m_shapeUsed = false;
+    std::size_t m_expected = 0;  ///< the column behind the one found last
     std::int64_t m_affectedRows = 0;
 
     Position m_position = Position::Before;
