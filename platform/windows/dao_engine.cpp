@@ -5,6 +5,10 @@
 #include "automation/error.h"
 #include "platform/windows/dao_recordset.h"
 
+#include <windows.h>
+
+#include <map>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -119,12 +123,15 @@ class DaoDBEngine final : public dao::DBEngine {
 
 std::shared_ptr<dao::DBEngine> DaoEngine() {
     // Shared while anything on the thread uses it: an engine kept longer would outlive the thread's
-    // apartment.
-    static thread_local std::weak_ptr<dao::DBEngine> engineOfThread;
-    auto engine = engineOfThread.lock();
+    // apartment. (A thread_local would keep the module in memory until the thread ends.)
+    static std::mutex guard;
+    static std::map<DWORD, std::weak_ptr<dao::DBEngine>> engines;
+    const std::scoped_lock lock(guard);
+    std::erase_if(engines, [](const auto& entry) { return entry.second.expired(); });
+    auto engine = engines[GetCurrentThreadId()].lock();
     if (!engine) {
         engine = std::make_shared<DaoDBEngine>();
-        engineOfThread = engine;
+        engines[GetCurrentThreadId()] = engine;
     }
     return engine;
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <korvex_com.h>
+#include <thread>
 
 namespace korvex::tests {
 namespace {
@@ -23,6 +24,28 @@ TEST(ModuleTest, ALateBoundHostCreatesAnObjectAndCallsIt) {
         EXPECT_EQ(module.CanUnloadNow(), S_FALSE);
     }
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+void CreateEveryClass() {
+    const Module module;
+    for (const CLSID& classId : {__uuidof(::clsCreateDb), __uuidof(::clsField), __uuidof(::clsCRUD)})
+        EXPECT_TRUE(module.Create<IDispatch>(classId));
+    EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+bool IsLoaded() { return GetModuleHandleW(L"korvex.dll") != nullptr; }
+
+TEST(ModuleTest, LeavesTheProcessWhenItsHostLetsGoOfIt) {
+    ASSERT_FALSE(IsLoaded());
+    CreateEveryClass();
+    EXPECT_FALSE(IsLoaded());
+    // On a thread that ends, too.
+    std::thread([] {
+        CreateEveryClass();
+        EXPECT_FALSE(IsLoaded());
+    }).join();
+    EXPECT_FALSE(IsLoaded());
+    CreateEveryClass();
 }
 
 }  // namespace
