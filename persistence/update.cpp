@@ -85,7 +85,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
     }
     const ParentLink link = LinkOfRoot(session, *coData, definition);
     const auto stored =
-        UpdateRecord(session, coData, std::move(root->records), root->place.ownKey, link, Columns::Modified);
+        UpdateRecord(session, coData, root->records, root->place.ownKey, link, Columns::Modified);
     UpdateBeneath(session, coData, stored);
     return Finish(session, coData, root->key, failedOpens);
 }
@@ -101,7 +101,7 @@ std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coDa
     if (!root) return 0;
     const ParentLink link = LinkOfRoot(session, *coData, definition);
     const std::string& ownKey = root->place.ownKey;
-    UpdateRecord(session, coData, std::move(root->records), ownKey, link, Columns::All);
+    UpdateRecord(session, coData, root->records, ownKey, link, Columns::All);
     DeleteBeneath(session, coData, ownKey, root->key);
     if (session.FailedOpens() == failedOpens) SaveBeneath(session, *coData, definition, root->key, ownKey);
     return Finish(session, coData, root->key, failedOpens);

@@ -45,9 +45,9 @@ void WriteDifferences(Session& session, QORObject& coData, ado::Recordset& recor
 }
 
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
-void UpdateStored(Session& session, const QORObject::Ref& object, RecordsetRef records,
+void UpdateStored(Session& session, const QORObject::Ref& object, const RecordsetRef& records,
                   const std::string& ownKey, const ParentLink& link) {
-    const auto stored = UpdateRecord(session, object, std::move(records), ownKey, link, Columns::Modified);
+    const auto stored = UpdateRecord(session, object, records, ownKey, link, Columns::Modified);
     UpdateBeneath(session, object, stored);
 }
 
@@ -73,7 +73,7 @@ void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink
         return UpdateBeneath(session, child, {place->ownKey, key, true});
     auto records = OpenChild(session, *place, key, link);
     if (records == nullptr) return;
-    if (!records->Eof()) return UpdateStored(session, child, std::move(records), place->ownKey, link);
+    if (!records->Eof()) return UpdateStored(session, child, records, place->ownKey, link);
     records->Close();
     SaveRecord(session, child, link);
 }
@@ -83,7 +83,7 @@ void UpdateElement(Session& session, const QORObject::Ref& element, const Record
     if (!element->Modified()) return UpdateBeneath(session, element, {place.ownKey, key, true});
     auto records = OpenRecords(session, SelectRecord(place, key));
     if (records == nullptr) return;
-    if (!records->Eof()) return UpdateStored(session, element, std::move(records), place.ownKey, link);
+    if (!records->Eof()) return UpdateStored(session, element, records, place.ownKey, link);
     records->Close();
     SaveRecord(session, element, link);
 }

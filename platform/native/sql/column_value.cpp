@@ -11,7 +11,6 @@
 namespace korvex::native::sql {
 namespace {
 
-using automation::Currency;
 using automation::Date;
 using automation::Variant;
 
