@@ -1,11 +1,12 @@
 #!/bin/sh
-# The file korvex.dll itself: check_dll.sh OBJDUMP FORMAT DLL
-# It exports the four entry points and nothing else, needs nothing but what every Windows has, and is neither a stub nor
-# blown up.
+# The file korvex.dll itself: check_dll.sh OBJDUMP FORMAT DLL TYPELIB
+# It exports the four entry points and nothing else, needs nothing but what every Windows has, holds the type library,
+# and is neither a stub nor blown up.
 set -eu
 objdump=$1
 format=$2
 dll=$3
+typelib=$4
 headers=$("$objdump" -p "$dll")
 
 expect() {
@@ -27,6 +28,9 @@ msvcrt.dll
 ole32.dll
 oleaut32.dll
 user32.dll"
+
+perl -0777 -e 'open $_, "<:raw", shift for my ($dll, $typelib); exit(index(<$dll>, <$typelib>) < 0)' "$dll" "$typelib" ||
+    { echo "the type library is not inside"; exit 1; }
 
 size=$(wc -c <"$dll")
 [ "$size" -gt 300000 ] && [ "$size" -lt 2000000 ] || { echo "size: $size bytes"; exit 1; }
