@@ -19,9 +19,11 @@ inline void RequireSqlite(bool done, sqlite3* connection) {
     if (!done) throw std::runtime_error(std::string("floor: ") + sqlite3_errmsg(connection));
 }
 
+/// Without the locks that threads need, as the library opens its own.
 inline SqliteConnection OpenSqlite(const std::string& file) {
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open(file.c_str(), &opened);
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+    const int result = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
     SqliteConnection connection(opened);
     RequireSqlite(result == SQLITE_OK, opened);
     return connection;
