@@ -33,9 +33,6 @@ class EnumerationTest : public testing::Test {
         EXPECT_EQ(outcome.value.Value().vt, VT_UNKNOWN);
         return com::ComPtr<IUnknown>(outcome.value.Value().punkVal).As<IEnumVARIANT>();
     }
-    std::string CollectionOutcome(const char* member, WORD flags, const std::vector<Variant>& arguments) {
-        return OutcomeText(CallByName(m_collection.Get(), member, flags, arguments));
-    }
 
     const Module m_module;
     com::ComPtr<IDispatch> m_collection;
@@ -89,21 +86,6 @@ TEST_F(EnumerationTest, IsAMemberOfCollectionsOnly) {
     UINT count = 7;
     EXPECT_EQ(m_collection->GetTypeInfoCount(&count), S_OK);
     EXPECT_EQ(count, 0u) << "collections are bound late only";
-}
-
-TEST_F(EnumerationTest, AndTheCollectionHasItsUsualMembers) {
-    constexpr WORD call = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
-    EXPECT_EQ(CollectionOutcome("Count", call, {}), "Long 3");
-    EXPECT_EQ(CollectionOutcome("Item", call, {2}), "String <92>");
-    const com::ComVariant third(3);
-    EXPECT_EQ(OutcomeText(InvokeById(m_collection.Get(), DISPID_VALUE, call, {third.Value()})),
-              "String <94>");
-    EXPECT_EQ(CollectionOutcome("Item", call, {4}),
-              "0x800A0009 <Korvex> <Subscript out of range: item 4 of a collection of 3>");
-    EXPECT_EQ(CollectionOutcome("Add", call, {"x", "key"}), "Empty");
-    EXPECT_EQ(CollectionOutcome("Item", call, {"KEY"}), "String <x>");
-    EXPECT_EQ(CollectionOutcome("Remove", call, {"key"}), "Empty");
-    EXPECT_EQ(CollectionOutcome("Count", DISPATCH_PROPERTYPUT, {1}), "DISP_E_MEMBERNOTFOUND");
 }
 
 }  // namespace

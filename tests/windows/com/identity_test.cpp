@@ -1,11 +1,11 @@
 // Class factories, interfaces and references: who answers to what, and that everything goes in the end.
 
 #include "support/module.h"
-#include "support/outcome_text.h"
 
 #include <gtest/gtest.h>
 
 #include <korvex_com.h>
+#include <thread>
 
 namespace korvex::tests {
 namespace {
@@ -114,6 +114,28 @@ TEST(IdentityTest, TheModuleStaysWhileAnythingOfItIsHeld) {
     EXPECT_EQ(module.CanUnloadNow(), S_FALSE) << "a collection that an object gave";
     EXPECT_EQ(collection.Detach()->Release(), 0u);
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+void CreateEveryClass() {
+    const Module module;
+    for (const CreatableClass& creatable : creatableClasses)
+        EXPECT_TRUE(module.Create<IDispatch>(creatable.classId));
+    EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+bool IsLoaded() { return GetModuleHandleW(L"korvex.dll") != nullptr; }
+
+TEST(IdentityTest, TheModuleLeavesTheProcessWhenItsHostLetsGoOfIt) {
+    ASSERT_FALSE(IsLoaded());
+    CreateEveryClass();
+    EXPECT_FALSE(IsLoaded());
+    // On a thread that ends, too.
+    std::thread([] {
+        CreateEveryClass();
+        EXPECT_FALSE(IsLoaded());
+    }).join();
+    EXPECT_FALSE(IsLoaded());
+    CreateEveryClass();
 }
 
 }  // namespace

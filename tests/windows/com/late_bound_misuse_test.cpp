@@ -52,10 +52,6 @@ TEST_F(LateBoundMisuseTest, OfTheScriptGenerator) {
         __uuidof(::clsCreateDb),
         {
             {"DbSQL", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
-            {"DropSQL", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
-            {"StoredProcSQL", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
-            {"FkConstraintSQL", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
-            {"DropFkConstraintSQL", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
             {"ScriptTypes", set, {anObject}, "DISP_E_MEMBERNOTFOUND"},
             {"DoScript", put, {"x"}, "DISP_E_MEMBERNOTFOUND"},
             {"DoScript", get, {"90", "x"}, "DISP_E_MEMBERNOTFOUND"},

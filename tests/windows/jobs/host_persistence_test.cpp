@@ -132,27 +132,5 @@ TEST_F(HostOfData, ATreeIsSavedLoadedUpdatedAndDeleted) {
     EXPECT_EQ(Call(&::_clsCRUD::DbDeleteData, loaded.Get(), &key, nullptr), Outcome(1, ::dbNoMatchingRecord));
 }
 
-TEST_F(HostOfData, TheConnectionIsTheHostsOwnObject) {
-    CLSID classId;
-    ASSERT_EQ(CLSIDFromProgID(L"ADODB.Connection", &classId), S_OK);
-    const auto own = Create<IDispatch>(classId);
-    IDispatch* given = own.Get();
-    ASSERT_EQ(m_crud->put_DbConn(&given), S_OK);
-    ComPtr<IDispatch> answered;
-    ASSERT_EQ(m_crud->get_DbConn(answered.Put()), S_OK);
-    EXPECT_EQ(answered.Get(), own.Get());
-}
-
-TEST_F(HostOfData, ARecordsetIsTheEnginesOwnObject) {
-    Text sql("select 7 as Seven");
-    ComPtr<IDispatch> rows;
-    ASSERT_EQ(m_crud->OpenRecordset(&sql, rows.Put()), S_OK);
-    const ComVariant name{automation::Variant("Seven")};
-    const auto field = InvokeByName(rows.Get(), "Fields", DISPATCH_PROPERTYGET, {name.Value()});
-    ASSERT_EQ(field.result, S_OK);
-    const auto value = InvokeByName(field.value.Value().pdispVal, "Value", DISPATCH_PROPERTYGET);
-    EXPECT_EQ(automation::ToLong(com::FromVariant(value.value.Value())), 7);
-}
-
 }  // namespace
 }  // namespace korvex::tests
