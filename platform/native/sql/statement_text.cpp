@@ -258,10 +258,7 @@ class Scanner {
             m_lifting = m_mayLift &&
                         (m_result.kind == StatementKind::Update || m_result.kind == StatementKind::Delete);
         } else if (IsWord(word, "like")) {
-            if (m_rules.exactLike) {
-                m_result.text.append(m_text.substr(m_copied, start - m_copied)).append("ILIKE");
-                m_copied = m_at;
-            }
+            if (m_rules.exactLike) Replace(start, "ILIKE");
             m_likeEnd = m_at;
         } else if (m_depth == 0 && word.size() >= 5) {
             if (ArrangesRows(word)) {
@@ -295,18 +292,30 @@ class Scanner {
     /// as it stands.
     bool LiftText() {
         if (!m_lifting || !m_rules.liftsTexts || m_result.kind != StatementKind::Select) return false;
-        std::size_t before = m_at;
-        while (before > 0 && IsBlank(m_text[before - 1]))
-            --before;
+        const std::size_t before = BeforeBlanks(m_at);
         if (before != m_comparisonEnd && before != m_likeEnd) return false;
-        const std::size_t end = m_text.find('\'', m_at + 1);
+        const std::size_t start = m_at;
+        const std::size_t end = m_text.find('\'', start + 1);
         if (end == std::string_view::npos || !EndsOperand(end + 1)) return false;
-        const std::string_view value = m_text.substr(m_at + 1, end - m_at - 1);
+        const std::string_view value = m_text.substr(start + 1, end - start - 1);
         if (m_rules.backslashEscapes && value.find('\\') != std::string_view::npos) return false;
         m_result.literals.emplace_back(value);
-        m_result.text.append(m_text.substr(m_copied, m_at - m_copied)).push_back('?');
-        m_copied = m_at = end + 1;
+        m_at = end + 1;
+        Replace(start, "?");
         return true;
+    }
+
+    /// Where the blanks in front of `at` begin.
+    std::size_t BeforeBlanks(std::size_t at) const noexcept {
+        while (at > 0 && IsBlank(m_text[at - 1]))
+            --at;
+        return at;
+    }
+
+    /// Gives `text` in place of what stands from `start` up to here.
+    void Replace(std::size_t start, std::string_view text) {
+        m_result.text.append(m_text.substr(m_copied, start - m_copied)).append(text);
+        m_copied = m_at;
     }
 
     /// Whether a condition ends at `at`, or another one follows.
@@ -376,25 +385,19 @@ class Scanner {
         const char next = Peek(0);
         const bool touchesWord = ClassOf(next) == CharClass::Letter && next != '_';
         if (m_lifting && next != '_' && next != '$') Lift(start);
-        if (!touchesWord) return;
-        m_result.text.append(m_text.substr(m_copied, m_at - m_copied)).push_back(' ');
-        m_copied = m_at;
+        if (touchesWord) Replace(m_at, " ");
     }
 
     /// Replaces the integer that ends here by "?" when it stands behind a comparison and fits 64 bits.
     void Lift(std::size_t start) {
         if (start > 0 && (m_text[start - 1] == '-' || m_text[start - 1] == '+')) --start;
-        std::size_t before = start;
-        while (before > 0 && IsBlank(m_text[before - 1]))
-            --before;
-        if (before != m_comparisonEnd) return;
+        if (BeforeBlanks(start) != m_comparisonEnd) return;
         const std::size_t digits = m_text[start] == '+' ? start + 1 : start;
         std::int64_t value = 0;
         const auto [end, error] = std::from_chars(m_text.data() + digits, m_text.data() + m_at, value);
         if (error != std::errc() || end != m_text.data() + m_at) return;
         m_result.literals.emplace_back(value);
-        m_result.text.append(m_text.substr(m_copied, start - m_copied)).push_back('?');
-        m_copied = m_at;
+        Replace(start, "?");
     }
 
     void Semicolon() {
