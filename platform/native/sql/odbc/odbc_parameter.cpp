@@ -146,23 +146,26 @@ void OdbcParameter::AssignDate(automation::Date value) {
 
 void OdbcParameter::AssignText(const std::string& value, const ColumnInfo* column) {
     Keep(m_wide, automation::ToUtf16(value));
-    const bool isLong = IsLongColumn(column) || m_wide.size() > LongDataFrom;
-    Describe(SQL_C_WCHAR, isLong ? SQL_WLONGVARCHAR : SQL_WVARCHAR, m_wide.data(),
-             static_cast<SQLLEN>(m_wide.size() * sizeof(char16_t)), SteadySize(m_wide.size()));
+    DescribeText(m_wide, SQL_C_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR, column);
 }
 
 void OdbcParameter::AssignNarrowText(const std::string& value, const ColumnInfo* column) {
     Keep(m_narrow, std::string_view(value));
-    const bool isLong = IsLongColumn(column) || m_narrow.size() > LongDataFrom;
-    Describe(SQL_C_CHAR, isLong ? SQL_LONGVARCHAR : SQL_VARCHAR, m_narrow.data(),
-             static_cast<SQLLEN>(m_narrow.size()), SteadySize(m_narrow.size()));
+    DescribeText(m_narrow, SQL_C_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR, column);
 }
 
 void OdbcParameter::AssignBytes(const automation::Bytes& value, const ColumnInfo* column) {
     Keep(m_narrow, std::string_view(reinterpret_cast<const char*>(value.data()), value.size()));
-    const bool isLong = IsLongColumn(column) || m_narrow.size() > LongDataFrom;
-    Describe(SQL_C_BINARY, isLong ? SQL_LONGVARBINARY : SQL_VARBINARY, m_narrow.data(),
-             static_cast<SQLLEN>(m_narrow.size()), SteadySize(m_narrow.size()));
+    DescribeText(m_narrow, SQL_C_BINARY, SQL_VARBINARY, SQL_LONGVARBINARY, column);
+}
+
+template <class Text>
+void OdbcParameter::DescribeText(Text& value, SQLSMALLINT cType, SQLSMALLINT shortType, SQLSMALLINT longType,
+                                 const ColumnInfo* column) noexcept {
+    const std::size_t size = value.size();
+    const bool isLong = IsLongColumn(column) || size > LongDataFrom;
+    Describe(cType, isLong ? longType : shortType, value.data(),
+             static_cast<SQLLEN>(size * sizeof(typename Text::value_type)), SteadySize(size));
 }
 
 }  // namespace korvex::native::sql

@@ -16,8 +16,8 @@ class OdbcParameter {
   public:
     /// Takes a value, for a column or (null) for a comparison; its text as UTF-8 or UTF-16.
     void Assign(const automation::Variant& value, const ColumnInfo* column, bool narrowText);
-    /// Binds it to the parameter `index` (one-based) of a statement.
-    /// when it is bound already, and only its value is another one, does nothing.
+    /// Binds it to the parameter `index` (one-based) of a statement; does nothing when it is bound already
+    /// and only its value is another one.
     SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT index);
 
   private:
@@ -30,6 +30,10 @@ class OdbcParameter {
     void AssignText(const std::string& value, const ColumnInfo* column);
     void AssignNarrowText(const std::string& value, const ColumnInfo* column);
     void AssignBytes(const automation::Bytes& value, const ColumnInfo* column);
+    /// Texts and bytes: `shortType`, or `longType` for a long column or value.
+    template <class Text>
+    void DescribeText(Text& value, SQLSMALLINT cType, SQLSMALLINT shortType, SQLSMALLINT longType,
+                      const ColumnInfo* column) noexcept;
     void Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
                   SQLSMALLINT digits = 0) noexcept;
 
