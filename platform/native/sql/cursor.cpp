@@ -79,7 +79,8 @@ void Cursor::MoveLast() {
     }
     RequireRecord();
     while (m_statement && m_position != Position::End) {
-        Row row = m_position == Position::Stream ? StreamRow() : std::move(m_row);
+        KeepStreamRow();
+        Row row = std::move(m_row);
         Advance();
         if (m_position == Position::End) {
             m_row = std::move(row);
@@ -221,12 +222,16 @@ Row Cursor::StreamRow() {
     return row;
 }
 
+/// Takes the current row into memory, if the statement still holds it.
+void Cursor::KeepStreamRow() {
+    if (m_position != Position::Stream) return;
+    m_row = StreamRow();
+    m_position = Position::Memory;
+}
+
 void Cursor::TakeRows() noexcept {
     try {
-        if (m_position == Position::Stream) {
-            m_row = StreamRow();
-            m_position = Position::Memory;
-        }
+        KeepStreamRow();
         while (FetchRow())
             m_rest.push_back(StreamRow());
     } catch (...) {
@@ -341,10 +346,7 @@ void Cursor::StoreAddition() {
 }
 
 void Cursor::StoreEdit() {
-    if (m_position == Position::Stream) {
-        m_row = StreamRow();
-        m_position = Position::Memory;
-    }
+    KeepStreamRow();
     m_changes.RemoveSame([this](std::size_t column) { return StoredValue(column); });
     if (m_changes.Columns().empty()) return;
     Writer().Update(CurrentIdentity(), m_changes);

@@ -110,6 +110,7 @@ class Cursor final : private SessionCursor {
     void EndStream() noexcept;
     void StepIntoAdded(std::size_t index) noexcept;
     Row StreamRow();
+    void KeepStreamRow();
     void LeaveStream();
     automation::Variant StoredValue(std::size_t column);
     automation::Variant AddedValue(AddedRow& row, std::size_t column);
