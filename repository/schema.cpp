@@ -151,8 +151,7 @@ SchemaEngine SchemaEngineOf(dao::Database& database) {
     if (automation::ContainsIgnoreCase(version, "postgresql")) return SchemaEngine::PostgreSql;
     throw automation::Error(automation::InvalidProcedureCall,
                             "The tables of a repository can be made on SQLite, MariaDB and PostgreSQL; this "
-                            "database is on another "
-                            "engine" +
+                            "database is on another engine" +
                                 (version.empty() ? "." : ": " + version));
 }
 

@@ -5,7 +5,6 @@
 #include "repository/schema.h"
 
 #include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
