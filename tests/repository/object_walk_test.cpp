@@ -1,6 +1,5 @@
 #include "repository/object_walk.h"
 
-#include "automation/error.h"
 #include "repository_files.h"
 
 #include <string>
@@ -57,20 +56,6 @@ TEST_P(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
     visitor.leftOut = 5;
     Walk(visitor);
     EXPECT_EQ(visitor.notes, "(1(3)(2(4(5!))(3)))");
-}
-
-TEST_P(ObjectWalkTest, RefusesAnObjectThatIsItsOwnAncestor) {
-    NewRepository().Object(1, "A").Object(2, "B").Object(3, "C").Child(1, "b", 2).Child(2, "c", 3).Child(
-        3, "b", 2);
-    NotingVisitor visitor;
-    try {
-        Walk(visitor);
-        ADD_FAILURE() << "the cycle was not found";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), automation::OutOfStackSpace);
-        EXPECT_EQ(error.Description(), "Object 2 is its own ancestor: object 3 holds it again.");
-    }
-    EXPECT_EQ(visitor.notes, "(1(2(3");
 }
 
 TEST_P(ObjectWalkTest, DepthIsNotLimited) {

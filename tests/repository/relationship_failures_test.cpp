@@ -37,7 +37,7 @@ TEST_P(RelationshipFailuresTest, RefusesWhatCanNotBeStoredAndChangesNothing) {
         {"own child", [](auto& r) { r.Object(1, "A").Child(1, "a", 1); }, "FK_", 28,
          "Object 1 is its own ancestor"},
         {"own grandchild", [](auto& r) { r.Object(1, "A").Object(2, "B").Child(1, "b", 2).Child(2, "a", 1); },
-         "FK_", 28, "Object 1 is its own ancestor: object 2"},
+         "FK_", 28, "Object 1 is its own ancestor: object 2 holds it again."},
         {"own element", [](auto& r) { r.Object(1, "A", 2).Object(2, "B").Child(2, "a", 1); }, "FK_", 28,
          "Object 1 is its own ancestor: object 2"},
         {"value named as the own key", [](auto& r) { r.Object(1, "Customer").Value(1, "CustomerID", 8); },

@@ -4,13 +4,14 @@
 #include "repository/schema.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/script_types.h"
+#include "support/recording_parts.h"
+#include "support/temp_folder.h"
+#include "support/test_seam.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
-#include <unistd.h>
 
 namespace korvex::scriptgen {
 namespace {
@@ -19,39 +20,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class StatementLog final : public native::sql::Seam {
-  public:
-    void BeforeCall(const native::sql::EngineCall& call) override {
-        if (isOn && call.kind == native::sql::CallKind::Execute) statements.emplace_back(call.text);
-    }
-    bool isOn = false;
-    std::vector<std::string> statements;
-};
-
-class MessageLog final : public platform::Desktop {
-  public:
-    void ShowMessage(std::string_view text, std::int32_t, std::string_view) override {
-        messages.emplace_back(text);
-    }
-    void OpenEditor(std::string_view) override {}
-    std::vector<std::string> messages;
-};
-
 /// A repository on the embedded engine, filled row by row.
 class TableWalk : public testing::Test {
   public:
-    TableWalk() : m_repository(MakePlatform()) {
-        std::filesystem::remove(m_file);
-        m_database = m_platform.repositoryEngine->CreateDatabase(m_file.string());
+    TableWalk() {
+        m_database = m_platform.repositoryEngine->CreateDatabase(m_folder.Path("walk.db"));
         repository::CreateSchema(*m_database);
-        m_repository.OpenRepository(m_file.string());
-    }
-
-    ~TableWalk() override {
-        m_repository.Close();
-        m_database->Close();
-        for (const char* suffix : {"", "-wal", "-shm"})
-            std::filesystem::remove(m_file.string() + suffix);
+        m_repository.OpenRepository(m_folder.Path("walk.db"));
     }
 
   protected:
@@ -95,20 +70,19 @@ class TableWalk : public testing::Test {
         return names;
     }
 
-    std::shared_ptr<StatementLog> m_statements = std::make_shared<StatementLog>();
-    std::shared_ptr<MessageLog> m_messages = std::make_shared<MessageLog>();
-    Platform m_platform;
-    std::filesystem::path m_file =
-        std::filesystem::temp_directory_path() / ("korvex_walk_" + std::to_string(::getpid()) + ".db");
+    tests::TempFolder m_folder;
+    tests::Journal m_messages = std::make_shared<std::vector<std::string>>();
+    std::shared_ptr<tests::TestSeam> m_seam = std::make_shared<tests::TestSeam>();
+    Platform m_platform = MakePlatform();
     std::unique_ptr<dao::Database> m_database;
-    repository::Repository m_repository;
+    repository::Repository m_repository{m_platform};
     RunState m_run;
 
   private:
-    Platform MakePlatform() {
-        m_platform = native::NativePlatform({.seam = m_statements});
-        m_platform.desktop = m_messages;
-        return m_platform;
+    Platform MakePlatform() const {
+        Platform platform = native::NativePlatform({.seam = m_seam});
+        platform.desktop = std::make_shared<tests::RecordingDesktop>(m_messages);
+        return platform;
     }
 };
 
@@ -136,30 +110,11 @@ TEST_F(TableWalk, OwnTableThenElementsThenChildrenOncePerPath) {
 
     Generate(ScriptType::Sybase, "Shop");
     EXPECT_THAT(Tables(), ElementsAre("tOrder", "tLine", "tSite", "tNote", "tSite", "tSite"));
-    EXPECT_THAT(m_messages->messages, IsEmpty());
+    EXPECT_THAT(*m_messages, IsEmpty());
 
     EXPECT_EQ(m_run.m_lCurrentObjectID, -1);
     EXPECT_EQ(m_run.m_sCurrentTable, "");
     EXPECT_THAT(m_run.m_colFields, IsEmpty());
-}
-
-TEST_F(TableWalk, AllDefinitionsWithoutAStorageName) {
-    Definition("B", 2);
-    Definition("A", 1);
-    Definition("A", 3);
-    Object(1, "'tOne', 0, 1");
-    Object(2, "'tTwo', 0, 1");
-    Object(3, "'tThree', 0, -1");
-
-    Generate(ScriptType::Oracle, "A");
-    EXPECT_THAT(Tables(), ElementsAre("tOne", "tThree"));
-    m_run = {};
-    Generate(ScriptType::Oracle, "");
-    EXPECT_THAT(Tables(), ElementsAre("tTwo", "tOne", "tThree"));
-    m_run = {};
-    Generate(ScriptType::Oracle, "a");
-    EXPECT_EQ(m_run.m_sDbSQL + m_run.m_sDropSQL + m_run.m_sStoredProcSQL, "");
-    EXPECT_THAT(m_messages->messages, IsEmpty());
 }
 
 TEST_F(TableWalk, SendsEachStatementOnce) {
@@ -171,10 +126,10 @@ TEST_F(TableWalk, SendsEachStatementOnce) {
     Value(900, 90, "'CustomerID', 3, '0', 1, NULL, 1, 0");
     Run("INSERT INTO tForeignKeys VALUES (1, 100, 9, 900, '')");
 
-    m_statements->isOn = true;
+    m_seam->Record();
     Generate(ScriptType::SqlServer, "Shop");
     EXPECT_THAT(
-        m_statements->statements,
+        m_seam->Executed(),
         ElementsAre(
             "select * from tDataDefs where Storage='Shop'",
             "SELECT CollectionObjectID, TableName from tObjects where IsIncluded <> 0and TableName is not "
@@ -265,22 +220,6 @@ TEST_F(TableWalk, ColumnsOfATable) {
               "\r\n");
 }
 
-TEST_F(TableWalk, ScriptsOfATableFollowEachOtherInTheDropScript) {
-    Definition("Shop", 1);
-    Object(1, "'tOrder', 2, 1");
-    Object(2, "'tLine', 0, 1");
-    Generate(ScriptType::SqlServer, "Shop");
-    static const std::regex Drop("DROP ([^\r]*)");
-    std::vector<std::string> drops;
-    for (std::sregex_iterator match(m_run.m_sDropSQL.begin(), m_run.m_sDropSQL.end(), Drop), end;
-         match != end; ++match) {
-        drops.push_back((*match)[1]);
-    }
-    EXPECT_THAT(drops, ElementsAre("PROCEDURE dbo.tOrderAR", "PROCEDURE dbo.tOrderAD",
-                                   "PROCEDURE dbo.tOrderC", "TABLE dbo.tOrder", "PROCEDURE dbo.tLineAR",
-                                   "PROCEDURE dbo.tLineAD", "PROCEDURE dbo.tLineC", "TABLE dbo.tLine"));
-}
-
 TEST_F(TableWalk, ObjectThatIsItsOwnAncestorIsReported) {
     Definition("Shop", 1);
     Object(1, "'tOne', 0, 1");
@@ -322,7 +261,7 @@ TEST_F(TableWalk, FailedQueryIsShownAndTheRunGoesOn) {
     Run("DROP TABLE tPrimaryKeys");
 
     Generate(ScriptType::Sybase, "Shop");
-    EXPECT_THAT(m_messages->messages, ElementsAre(HasSubstr("tPrimaryKeys"), HasSubstr("tPrimaryKeys")));
+    EXPECT_THAT(*m_messages, ElementsAre(HasSubstr("tPrimaryKeys"), HasSubstr("tPrimaryKeys")));
     EXPECT_THAT(Tables(), ElementsAre("tOrder", "tLine"));
     EXPECT_THAT(m_run.m_sDbSQL, HasSubstr("\tOrderNo int default 0,\r\n"));
 }
@@ -332,7 +271,7 @@ TEST_F(TableWalk, FailedQueryForAnObjectLeavesItOut) {
     Object(1, "'tOrder', 2, 1");
     Run("DROP TABLE tObjects");
     Generate(ScriptType::Sybase, "Shop");
-    EXPECT_THAT(m_messages->messages, ElementsAre(HasSubstr("tObjects")));
+    EXPECT_THAT(*m_messages, ElementsAre(HasSubstr("tObjects")));
     EXPECT_EQ(m_run.m_sDbSQL, "");
 }
 

@@ -1,7 +1,7 @@
 #include "hosts/objects/json.h"
 #include "servers/example_target.h"
-#include "servers/json_holds.h"
 #include "servers/oracle_schema.h"
+#include "support/json_holds.h"
 #include "support/recording_parts.h"
 
 #include <gmock/gmock.h>

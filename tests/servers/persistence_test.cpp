@@ -1,6 +1,6 @@
 #include "hosts/objects/json.h"
 #include "servers/example_target.h"
-#include "servers/json_holds.h"
+#include "support/json_holds.h"
 #include "support/recording_parts.h"
 
 #include <gmock/gmock.h>

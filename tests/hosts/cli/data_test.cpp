@@ -1,15 +1,14 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
+#include "support/json_holds.h"
+#include "support/text_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -26,11 +25,6 @@ using testing::MatchesRegex;
 using Arguments = std::vector<std::string>;
 
 constexpr const char* OrderFile = KORVEX_EXAMPLES "/order.json";
-
-json ReadJson(const std::string& path) {
-    std::ifstream file(path);
-    return json::parse(file);
-}
 
 /// `options` with those of `more`, which replace options of the same name.
 Arguments Merge(Arguments options, const Arguments& more) {
@@ -49,7 +43,7 @@ Arguments Merge(Arguments options, const Arguments& more) {
 class StoredData : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        s_repository = std::make_unique<RepositoryFile>(ReadJsonText(KORVEX_EXAMPLES "/orders.json"));
+        s_repository = std::make_unique<RepositoryFile>(ReadFile(KORVEX_EXAMPLES "/orders.json"));
         ASSERT_EQ(RunKorvex({"relate", "--repository", s_repository->Path()}).exitCode, 0);
         const TargetDatabase target;
         ASSERT_EQ(RunKorvex({"apply", "--connection", target.Connection(), "--create",
@@ -62,10 +56,6 @@ class StoredData : public testing::Test {
 
     StoredData() { std::filesystem::copy(EmptyDatabase(), m_target.Path()); }
 
-    static std::string ReadJsonText(const std::string& path) {
-        std::ifstream file(path);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     static std::string EmptyDatabase() { return s_repository->Folder().Path("empty.db"); }
 
     /// Runs a command on the definition and the database.
@@ -106,22 +96,6 @@ class StoredData : public testing::Test {
     static inline std::unique_ptr<RepositoryFile> s_repository;
 };
 
-/// Every member and item that is given must be there, and equal; members may be there besides.
-void ExpectHolds(const json& actual, const json& given, const std::string& path = "$") {
-    if (given.is_object() && actual.is_object()) {
-        for (const auto& [name, value] : given.items()) {
-            ASSERT_TRUE(actual.contains(name)) << path << "." << name;
-            ExpectHolds(actual[name], value, path + "." + name);
-        }
-    } else if (given.is_array() && actual.is_array()) {
-        ASSERT_EQ(actual.size(), given.size()) << path;
-        for (std::size_t i = 0; i < given.size(); ++i)
-            ExpectHolds(actual[i], given[i], path + "[" + std::to_string(i) + "]");
-    } else {
-        EXPECT_EQ(actual, given) << path;
-    }
-}
-
 const std::vector<std::string> CountsOfTheExample = {
     "tAddress2 2",       "tContact 2",         "tContacts 1",  "tCustomer 1",
     "tLineAllocation 3", "tLineAllocations 3", "tOrder 1",     "tOrderLine 3",
@@ -129,13 +103,13 @@ const std::vector<std::string> CountsOfTheExample = {
     "tProduct 3",        "tShipment 1",        "tShipments 1", "trnationalDeliveryInstructions 1"};
 
 TEST_F(StoredData, IsSavedLoadedUpdatedAndDeleted) {
-    const json given = ReadJson(OrderFile);
+    const json given = json::parse(ReadFile(OrderFile));
     EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "false\n");
     EXPECT_EQ(Expect(Run("save", {OrderFile})), "1\n");
     EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "true\n");
     EXPECT_EQ(Counts(), CountsOfTheExample);
     const json saved = Load();
-    ExpectHolds(saved, given);
+    EXPECT_TRUE(Holds(saved, given)) << saved;
 
     const CommandResult unchanged = Run("update", {"--key", "1"}, saved.dump());
     EXPECT_EQ(unchanged.exitCode, 0);
@@ -159,7 +133,7 @@ TEST_F(StoredData, IsSavedLoadedUpdatedAndDeleted) {
 
     Expect(Run("update", {"--key", "1", "--retain-root", OrderFile}));
     const json replaced = Load();
-    ExpectHolds(replaced, given);
+    EXPECT_TRUE(Holds(replaced, given)) << replaced;
     EXPECT_EQ(replaced["OrderID"], 1);
     EXPECT_EQ(replaced["Customer"]["CustomerID"], 2);
     EXPECT_EQ(Counts(), CountsOfTheExample);

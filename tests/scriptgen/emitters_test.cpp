@@ -1,0 +1,104 @@
+#include "scriptgen/constraint_scripts.h"
+#include "support/text_files.h"
+#include "table_in_hand.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace korvex::scriptgen {
+namespace {
+
+/// Objects 7 and 8 and some of their columns; of others there are no names.
+class Names final : public ReferencedNames {
+  public:
+    std::string GetObjectTableName(std::int32_t lObjectID) override { return m_tables[lObjectID]; }
+    std::string GetFieldName(std::int32_t lValueID) override { return m_fields[lValueID]; }
+
+  private:
+    std::map<std::int32_t, std::string> m_tables{{7, "Customer"}, {8, "Site"}};
+    std::map<std::int32_t, std::string> m_fields{{70, "CustomerID"}, {71, "Branch"}, {80, "SiteID"}};
+};
+
+struct Table {
+    const char* what;
+    std::string name;
+    std::vector<Column> columns;
+};
+
+/// Tables as the example's definition makes none.
+const Table Tables[] = {
+    {"a key of two columns in the other order, a counter beside it, two references to one object",
+     "OrderLine",
+     {Key(Plain("LineNo", 2), 2), Key(Plain("OrderID", 3), 1), Reference("FK_CustomerID", 7, 70),
+      Counter(Plain("SerialNo", 3)), Plain("Note", 8, "40"), Reference("FK_SiteID", 8, 80),
+      Reference("FK_Branch", 7, 71), Plain("Due", 7)}},
+    {"a key of two columns and nothing else", "T", {Key(Plain("K1", 3), 1), Key(Plain("K2", 2), 2)}},
+    {"a key of two columns around a counter",
+     "T",
+     {Key(Plain("K1", 3)), Counter(Plain("N", 3)), Key(Plain("K2", 3))}},
+    {"no key, a reference to what is not there", "T", {Plain("A", 3), Reference("B", 5, 50)}},
+    {"only a counter", "T", {Counter(Plain("N", 3))}},
+    {"two counters", "T", {Counter(Plain("M", 3)), Counter(Plain("N", 3))}},
+    {"no columns", "T", {}},
+    {"key columns outside the sequence",
+     "T",
+     {Key(Plain("Last", 3), 4), Key(Plain("Below", 3), -1), Key(Plain("Zero", 3), 0),
+      Key(Plain("Beyond", 3), 5)}},
+    {"names that lose their front",
+     "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123",
+     {Key(Plain("K", 3)), Reference("F", 7, 70)}},
+};
+
+/// Everything that a table puts into the five scripts.
+std::string AllTexts(ScriptType type, const Table& table) {
+    RunState run = RunWith(type, table.name, table.columns);
+    Names names;
+    std::string text = CreateText(run);
+    text += "-- procedures\r\n" + ProcedureText(run);
+    AddForeignKeyScripts(run, table.name, FindDialect(type)->ConstraintTerminator(), names);
+    text += "-- foreign keys\r\n" + run.m_sFkConstraintSQL;
+    return text + "-- drop\r\n" + run.m_sDropFkConstraintSQL + run.m_sDropSQL;
+}
+
+class Emitters : public testing::TestWithParam<std::pair<ScriptType, const char*>> {};
+
+TEST_P(Emitters, WriteTheExpectedTexts) {
+    const auto& [type, dialect] = GetParam();
+    std::string texts;
+    for (const Table& table : Tables)
+        texts += std::string("-- ") + table.what + "\r\n" + AllTexts(type, table) + "\r\n";
+    const std::string file = std::string(KORVEX_EXPECTED) + "/" + dialect + ".sql";
+    tests::ExpectSameText(file, texts, tests::ReadFile(file));
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialects, Emitters,
+                         testing::Values(std::pair(ScriptType::SqlServer, "SqlServer"),
+                                         std::pair(ScriptType::Oracle, "Oracle"),
+                                         std::pair(ScriptType::Sybase, "Sybase")),
+                         [](const auto& info) { return std::string(info.param.second); });
+
+TEST(Indexes, ReferencedObjectWithinTheDigitsOfAnEarlierOneGetsNoIndex) {
+    const struct {
+        std::vector<Column> columns;
+        std::string expected;
+    } cases[] = {
+        {{Reference("A", 12), Reference("B", 2)}, "\r\nCREATE INDEX T1 ON T(A)\r\nGO\r\n"},
+        {{Reference("A", 2), Reference("B", 12)},
+         "\r\nCREATE INDEX T1 ON T(A)\r\nGO\r\n\r\nCREATE INDEX T2 ON T(B)\r\nGO\r\n"},
+        {{Reference("A", 3), Reference("B", 1), Reference("C", 31)},
+         "\r\nCREATE INDEX T1 ON T(A)\r\nGO\r\n\r\nCREATE INDEX T2 ON T(B)\r\nGO\r\n"
+         "\r\nCREATE INDEX T3 ON T(C)\r\nGO\r\n"},
+        // Columns that are no foreign keys carry -1, which a reference may name as well.
+        {{Plain("P", 3), Reference("A", -1)}, "\r\nCREATE INDEX T1 ON T(P, A)\r\nGO\r\n"},
+    };
+    for (const auto& c : cases) {
+        RunState run = RunWith(ScriptType::Sybase, "T", c.columns);
+        const std::string text = CreateText(run);
+        const std::string tableEnd = ")\r\nGO\r\n";
+        EXPECT_EQ(text.substr(text.find(tableEnd) + tableEnd.size()), c.expected);
+    }
+}
+
+}  // namespace
+}  // namespace korvex::scriptgen
