@@ -8,8 +8,6 @@
 #include "support/tree_floor.h"
 #include "surface/cls_crud.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 
@@ -108,28 +106,6 @@ class Store {
     std::shared_ptr<Definition> m_definition;
 };
 
-/// Runs ours and the floor's in turns, `rounds` times, each `count` times a round.
-template <class Ours, class Floor>
-Comparison Compare(int rounds, int count, Ours ours, Floor floor) {
-    std::vector<double> times;
-    std::vector<double> floors;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        times.push_back(Seconds([&] {
-                            for (int i = 0; i < count; ++i)
-                                ours();
-                        }) /
-                        count);
-        floors.push_back(Seconds([&] {
-                             for (int i = 0; i < count; ++i)
-                                 floor();
-                         }) /
-                         count);
-        ratios.push_back(times.back() / floors.back());
-    }
-    return {Median(times), Median(floors), Median(ratios)};
-}
-
 Comparison CompareSave(const Store& store, TreeFloor& floor, int rounds, int count) {
     const DataObject::Shared tree = store.Tree();
     return Compare(
@@ -192,7 +168,7 @@ int UpdateUnchanged() {
     return counter->writes;
 }
 
-int Run(int rounds) {
+void Run(int rounds) {
     const TemporaryFolder folder;
     const std::string file = (folder.Path() / "ours.db").string();
     const std::string floorFile = (folder.Path() / "floor.db").string();
@@ -219,17 +195,11 @@ int Run(int rounds) {
     PrintRatio("delete_tree_vs_floor", deletion.ratio);
     PrintRatio("save_into_million_vs_empty", million);
     PrintRatio("update_unchanged_statements", writes);
-    return 0;
 }
 
 }  // namespace
 }  // namespace korvex::bench
 
 int main(int argc, char** argv) {
-    try {
-        return korvex::bench::Run(argc > 1 ? std::atoi(argv[1]) : 9);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "persistence: %s\n", error.what());
-        return 1;
-    }
+    return korvex::bench::RunBenchmark("persistence", argc, argv, 9, korvex::bench::Run);
 }

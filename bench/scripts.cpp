@@ -116,7 +116,7 @@ double PeakMemoryOverOutput(const Scenario& scenario) {
     return static_cast<double>(PeakMemory() - start) / static_cast<double>(scenario.OutputSize());
 }
 
-int Run(int rounds) {
+void Run(int rounds) {
     const TemporaryFolder folder;
     const Scenario small(folder.Path(), 2000);
     const Scenario large(folder.Path(), 8000);
@@ -142,17 +142,11 @@ int Run(int rounds) {
     PrintRatio("relate_vs_floor", relate.ratio);
     PrintRatio("script_run_growth_4x", Least(largeTimes) / Least(smallTimes));
     PrintRatio("peak_memory_vs_output", memory);
-    return 0;
 }
 
 }  // namespace
 }  // namespace korvex::bench
 
 int main(int argc, char** argv) {
-    try {
-        return korvex::bench::Run(argc > 1 ? std::atoi(argv[1]) : 5);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "scripts: %s\n", error.what());
-        return 1;
-    }
+    return korvex::bench::RunBenchmark("scripts", argc, argv, 5, korvex::bench::Run);
 }

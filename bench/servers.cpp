@@ -83,19 +83,6 @@ Platform BenchPlatform(std::shared_ptr<native::sql::Seam> seam = nullptr) {
     return platform;
 }
 
-/// Runs both, one right after the other, in each of the rounds.
-Comparison Compare(int rounds, const std::function<void()>& ours, const std::function<void()>& floor) {
-    std::vector<double> times;
-    std::vector<double> floors;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        times.push_back(Seconds(ours));
-        floors.push_back(Seconds(floor));
-        ratios.push_back(times.back() / floors.back());
-    }
-    return {Median(times), Median(floors), Median(ratios)};
-}
-
 // ---- Trees ----
 
 /// An order with a collection of lines.
@@ -225,7 +212,7 @@ TreeRatios CompareTrees(const Server& server, int rounds, int trees) {
     floorSave();
     load();
     floorLoad();
-    return {Compare(rounds, save, floorSave), Compare(rounds, load, floorLoad)};
+    return {Compare(rounds, 1, save, floorSave), Compare(rounds, 1, load, floorLoad)};
 }
 
 // ---- Script runs ----
@@ -324,14 +311,14 @@ Comparison CompareScriptRuns(const Server& server, int rounds, std::int64_t obje
     const FloorRun steps(recorder->calls, server.schema == repository::SchemaEngine::PostgreSql, reader);
     std::printf("%s: %zu engine calls in a run\n", server.name.c_str(), steps.Size());
     return Compare(
-        rounds, [&] { run(platform); },
+        rounds, 1, [&] { run(platform); },
         [&] {
             FloorConnection floor(database);
             steps.Run(floor);
         });
 }
 
-int Run(int rounds) {
+void Run(int rounds) {
     const Servers running;
     const Server servers[] = {
         {"mariadb", "DSN=korvex_mariadb", "integer auto_increment primary key",
@@ -352,17 +339,11 @@ int Run(int rounds) {
     // The slower server counts.
     for (const auto& [claim, ratio] : ratios)
         PrintRatio(claim, ratio);
-    return 0;
 }
 
 }  // namespace
 }  // namespace korvex::bench
 
 int main(int argc, char** argv) {
-    try {
-        return korvex::bench::Run(argc > 1 ? std::atoi(argv[1]) : 5);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "servers: %s\n", error.what());
-        return 1;
-    }
+    return korvex::bench::RunBenchmark("servers", argc, argv, 5, korvex::bench::Run);
 }

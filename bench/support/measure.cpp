@@ -24,6 +24,15 @@ std::size_t StatusBytes(std::string_view key) {
     throw std::runtime_error("no " + std::string(key) + " in /proc/self/status");
 }
 
+/// Seconds that `work` takes, on the average of `count` runs.
+double SecondsOfOne(const std::function<void()>& work, int count) {
+    const double seconds = Seconds([&] {
+        for (int i = 0; i < count; ++i)
+            work();
+    });
+    return seconds / count;
+}
+
 }  // namespace
 
 double Seconds(const std::function<void()>& work) {
@@ -38,6 +47,19 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
+Comparison Compare(int rounds, int count, const std::function<void()>& ours,
+                   const std::function<void()>& floor) {
+    std::vector<double> times;
+    std::vector<double> floors;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        times.push_back(SecondsOfOne(ours, count));
+        floors.push_back(SecondsOfOne(floor, count));
+        ratios.push_back(times.back() / floors.back());
+    }
+    return {Median(times), Median(floors), Median(ratios)};
+}
+
 void Report(std::string_view name, const Comparison& comparison) {
     std::printf("%-28.*s %9.2f ms   floor %9.2f ms   ratio %.3f\n", static_cast<int>(name.size()),
                 name.data(), comparison.seconds * 1e3, comparison.floorSeconds * 1e3, comparison.ratio);
@@ -45,6 +67,16 @@ void Report(std::string_view name, const Comparison& comparison) {
 
 void PrintRatio(std::string_view name, double value) {
     std::printf("RATIO %.*s %.3f\n", static_cast<int>(name.size()), name.data(), value);
+}
+
+int RunBenchmark(const char* name, int argc, char** argv, int rounds, void (*run)(int rounds)) {
+    try {
+        run(argc > 1 ? std::atoi(argv[1]) : rounds);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", name, error.what());
+        return 1;
+    }
 }
 
 void ResetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }

@@ -23,6 +23,11 @@ struct Comparison {
     double ratio = 0;
 };
 
+/// Runs both, one right after the other, in each of the rounds, `count` times each; the middle times of one
+/// run and the middle ratio.
+Comparison Compare(int rounds, int count, const std::function<void()>& ours,
+                   const std::function<void()>& floor);
+
 /// Prints the two times and their ratio for a person.
 void Report(std::string_view name, const Comparison& comparison);
 
@@ -33,6 +38,10 @@ void PrintRatio(std::string_view name, double value);
 void ResetPeakMemory();
 std::size_t PeakMemory();
 std::size_t ResidentMemory();
+
+/// A benchmark's main: `run` with the number of rounds that the command line gives, or `rounds`. The exit
+/// code; a failure is reported on stderr.
+int RunBenchmark(const char* name, int argc, char** argv, int rounds, void (*run)(int rounds));
 
 /// Runs `work` in a process of its own, so that this one's memory stays as it was. Raises when it failed
 /// there.
