@@ -78,12 +78,6 @@ Registry Added(const Registry& lines, const Registry& others) {
     return difference;
 }
 
-std::string ModulePath(const Module& module) {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(module.Handle(), path, MAX_PATH);
-    return com::FromWide(path);
-}
-
 constexpr const char* libraryId = "{ABC64E46-B1C4-4B30-AF8C-BBC491359DD8}";
 
 void AddClass(Registry& lines, const std::string& progId, const std::string& classId,
@@ -123,7 +117,7 @@ TEST(RegistrationTest, WritesTheClassesAndTheTypeLibraryAndTakesAllOfItBack) {
     EXPECT_EQ(Lines(Added(before, registered)), "") << "lost";
     Registry added = Added(registered, before);
     std::erase_if(added, IsOfTheLibrary);
-    EXPECT_EQ(Lines(added), Lines(ExpectedClasses(ModulePath(module))));
+    EXPECT_EQ(Lines(added), Lines(ExpectedClasses(com::FromWide(module.Path()))));
     com::ComPtr<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(LIBID_Korvex, 1, 0, 0x409, library.Put()), S_OK);
 

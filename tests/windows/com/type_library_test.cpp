@@ -25,20 +25,10 @@ using Lines = std::vector<std::string>;
 
 class TypeLibraryTest : public testing::Test {
   protected:
-    TypeLibraryTest() {
-        wchar_t path[MAX_PATH];
-        GetModuleFileNameW(m_module.Handle(), path, MAX_PATH);
-        if (FAILED(LoadTypeLibEx(path, REGKIND_NONE, m_library.Put()))) ADD_FAILURE() << "no type library";
-    }
-
-    com::ComPtr<ITypeInfo> Type(REFGUID id) const {
-        com::ComPtr<ITypeInfo> type;
-        EXPECT_EQ(m_library->GetTypeInfoOfGuid(id, type.Put()), S_OK);
-        return type;
-    }
+    com::ComPtr<ITypeInfo> Type(REFGUID id) const { return m_module.Type(id); }
 
     const Module m_module;
-    com::ComPtr<ITypeLib> m_library;
+    const com::ComPtr<ITypeLib> m_library = m_module.TypeLibrary();
 };
 
 std::string Named(const char* name, const char* arguments, const char* result) {

@@ -15,17 +15,9 @@ std::string Taken(BSTR text) {
     return owner.Text();
 }
 
-}  // namespace
-
-DISPID IdOf(IDispatch* object, std::string_view name) {
-    std::wstring wide = com::ToWide(name);
-    LPOLESTR names[] = {wide.data()};
-    DISPID id = DISPID_UNKNOWN;
-    const HRESULT found = object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
-    return SUCCEEDED(found) ? id : DISPID_UNKNOWN;
-}
-
-CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VARIANT> arguments) {
+/// `invoke` gets the arguments and where the answer goes.
+template <class Invoke>
+CallOutcome Invoked(WORD flags, std::vector<VARIANT> arguments, Invoke invoke) {
     std::ranges::reverse(arguments);
     DISPPARAMS parameters = {};
     parameters.rgvarg = arguments.data();
@@ -39,13 +31,34 @@ CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VAR
     CallOutcome outcome;
     EXCEPINFO exception = {};
     outcome.result =
-        object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                       isAssignment ? nullptr : &outcome.value, &exception, &outcome.badArgument);
+        invoke(&parameters, isAssignment ? nullptr : &outcome.value, &exception, &outcome.badArgument);
     outcome.scode = exception.scode;
     outcome.source = Taken(exception.bstrSource);
     outcome.description = Taken(exception.bstrDescription);
     SysFreeString(exception.bstrHelpFile);
     return outcome;
+}
+
+}  // namespace
+
+DISPID IdOf(IDispatch* object, std::string_view name) {
+    std::wstring wide = com::ToWide(name);
+    LPOLESTR names[] = {wide.data()};
+    DISPID id = DISPID_UNKNOWN;
+    const HRESULT found = object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    return SUCCEEDED(found) ? id : DISPID_UNKNOWN;
+}
+
+CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VARIANT> arguments) {
+    return Invoked(flags, std::move(arguments), [&](auto... places) {
+        return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, places...);
+    });
+}
+
+CallOutcome InvokeSlot(ITypeInfo* slots, void* object, DISPID id, WORD flags,
+                       std::vector<VARIANT> arguments) {
+    return Invoked(flags, std::move(arguments),
+                   [&](auto... places) { return slots->Invoke(object, id, flags, places...); });
 }
 
 CallOutcome InvokeByName(IDispatch* object, std::string_view name, WORD flags,

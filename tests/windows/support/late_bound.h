@@ -34,6 +34,10 @@ CallOutcome InvokeByName(IDispatch* object, std::string_view name, WORD flags,
 /// The same for a known identifier.
 CallOutcome InvokeById(IDispatch* object, DISPID id, WORD flags, std::vector<VARIANT> arguments = {});
 
+/// The slot of a dual interface that its type information `slots` gives under that identifier, called as a
+/// client does that was built with the type library. `object` is the interface.
+CallOutcome InvokeSlot(ITypeInfo* slots, void* object, DISPID id, WORD flags, std::vector<VARIANT> arguments);
+
 /// By name with arguments by value.
 CallOutcome CallByName(IDispatch* object, std::string_view name, WORD flags,
                        const std::vector<automation::Variant>& arguments = {});

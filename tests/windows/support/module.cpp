@@ -1,5 +1,6 @@
 #include "support/module.h"
 
+#include <oleauto.h>
 #include <stdexcept>
 #include <string>
 
@@ -39,6 +40,23 @@ HRESULT Module::GetClassObject(REFCLSID classId, REFIID interfaceId, void** obje
 HRESULT Module::CanUnloadNow() const { return As<LPFNCANUNLOADNOW>(Export("DllCanUnloadNow"))(); }
 HRESULT Module::Register() const { return As<LPFNCANUNLOADNOW>(Export("DllRegisterServer"))(); }
 HRESULT Module::Unregister() const { return As<LPFNCANUNLOADNOW>(Export("DllUnregisterServer"))(); }
+
+std::wstring Module::Path() const {
+    wchar_t path[MAX_PATH];
+    return {path, GetModuleFileNameW(m_module, path, MAX_PATH)};
+}
+
+com::ComPtr<ITypeLib> Module::TypeLibrary() const {
+    com::ComPtr<ITypeLib> library;
+    Require(LoadTypeLibEx(Path().c_str(), REGKIND_NONE, library.Put()), "LoadTypeLibEx");
+    return library;
+}
+
+com::ComPtr<ITypeInfo> Module::Type(REFGUID id) const {
+    com::ComPtr<ITypeInfo> type;
+    Require(TypeLibrary()->GetTypeInfoOfGuid(id, type.Put()), "GetTypeInfoOfGuid");
+    return type;
+}
 
 void Module::CreateInstance(REFCLSID classId, REFIID interfaceId, void** object) const {
     com::ComPtr<IClassFactory> factory;

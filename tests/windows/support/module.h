@@ -2,8 +2,10 @@
 
 #include "automation/com/com_ptr.h"
 
+#include <oaidl.h>
 #include <windows.h>
 
+#include <string>
 #include <unknwn.h>
 
 namespace korvex::tests {
@@ -22,6 +24,10 @@ class Module {
     HRESULT CanUnloadNow() const;
     HRESULT Register() const;
     HRESULT Unregister() const;
+    /// The type library in the DLL, and a type of it.
+    com::ComPtr<ITypeLib> TypeLibrary() const;
+    com::ComPtr<ITypeInfo> Type(REFGUID id) const;
+    std::wstring Path() const;
 
     /// A new object of that class through its class factory.
     template <class T>
@@ -30,8 +36,6 @@ class Module {
         CreateInstance(classId, __uuidof(T), reinterpret_cast<void**>(object.Put()));
         return object;
     }
-
-    HMODULE Handle() const noexcept { return m_module; }
 
   private:
     void CreateInstance(REFCLSID classId, REFIID interfaceId, void** object) const;

@@ -20,16 +20,6 @@ void Require(HRESULT result, const char* what) {
     if (FAILED(result)) throw std::runtime_error(std::string(what) + " fails");
 }
 
-/// The view of a dual interface in which results are parameters and members have slots.
-com::ComPtr<ITypeInfo> SlotView(ITypeInfo* type) {
-    com::ComPtr<ITypeInfo> view(type);
-    HREFTYPE reference = 0;
-    if (SUCCEEDED(type->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference))) {
-        Require(type->GetRefTypeInfo(reference, view.Put()), "GetRefTypeInfo");
-    }
-    return view;
-}
-
 using Function = std::unique_ptr<FUNCDESC, std::function<void(FUNCDESC*)>>;
 
 /// Nothing behind the last one.
@@ -158,6 +148,15 @@ std::vector<std::string> ForEachMember(ITypeInfo* interfaceType, Describe descri
 }
 
 }  // namespace
+
+com::ComPtr<ITypeInfo> SlotView(ITypeInfo* type) {
+    com::ComPtr<ITypeInfo> view(type);
+    HREFTYPE reference = 0;
+    if (SUCCEEDED(type->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference))) {
+        Require(type->GetRefTypeInfo(reference, view.Put()), "GetRefTypeInfo");
+    }
+    return view;
+}
 
 Documentation DocumentationOf(ITypeInfo* type, MEMBERID id) {
     com::Bstr name;

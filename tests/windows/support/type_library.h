@@ -25,6 +25,9 @@ std::vector<std::string> SignaturesOf(const automation::ClassInfo& info);
 std::vector<std::string> DescriptionsOf(ITypeInfo* interfaceType);
 std::vector<std::string> DescriptionsOf(const automation::ClassInfo& info);
 
+/// The view of a dual interface in which results are parameters and members have slots.
+com::ComPtr<ITypeInfo> SlotView(ITypeInfo* type);
+
 /// Name and help text of a type, or of one of its members.
 struct Documentation {
     std::string name;
