@@ -1,37 +1,21 @@
 #include "automation/com/enum_variant.h"
 
 #include "automation/com/com_error.h"
+#include "automation/com/com_object.h"
 #include "automation/com/com_variant.h"
-#include "automation/com/module.h"
 
-#include <atomic>
 #include <vector>
 
 namespace korvex::com {
 
 namespace {
 
-class EnumVariant final : public IEnumVARIANT {
+class EnumVariant final : public ComObject<IEnumVARIANT> {
   public:
     /// Stands in front of item `position` (from 0).
     EnumVariant(automation::ObjectRef collection, ULONG position)
         : m_collection(std::move(collection)), m_items(m_collection->NewEnum()) {
         Advance(position);
-    }
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        const bool isKnown = id == IID_IUnknown || id == IID_IEnumVARIANT;
-        *object = isKnown ? static_cast<IEnumVARIANT*>(this) : nullptr;
-        if (!isKnown) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
     }
 
     STDMETHODIMP Next(ULONG count, VARIANT* items, ULONG* fetched) override {
@@ -72,16 +56,12 @@ class EnumVariant final : public IEnumVARIANT {
     }
 
   private:
-    ~EnumVariant() = default;
-
     bool Advance(ULONG count) {
         for (; count > 0 && m_items->Next(); --count)
             ++m_position;
         return count == 0;
     }
 
-    ModuleLock m_lock;
-    std::atomic<ULONG> m_references{0};
     automation::ObjectRef m_collection;
     std::unique_ptr<automation::Enumerator> m_items;
     ULONG m_position = 0;

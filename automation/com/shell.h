@@ -1,43 +1,24 @@
 #pragma once
 
 #include "automation/com/com_error.h"
+#include "automation/com/com_object.h"
 #include "automation/com/com_variant.h"
 #include "automation/com/host_backed.h"
-#include "automation/com/module.h"
 #include "automation/com/slot_values.h"
 #include "automation/com/table_dispatch.h"
-
-#include <atomic>
 
 namespace korvex::com {
 
 /// The type information of an interface from the module's own type library.
 HRESULT LoadTypeInfo(REFIID interfaceId, ITypeInfo** info) noexcept;
 
-/// A COM object over an automation object: identity, counting, late binding, error information. `Interface`
-/// is IDispatch or a dual interface, whose own slots are one line each in the derived class. It is born
-/// without a reference.
+/// A COM object over an automation object: late binding, error information. `Interface` is IDispatch or a
+/// dual interface, whose own slots are one line each in the derived class.
 template <class Interface>
-class Shell : public Interface, public ISupportErrorInfo, public IAutomationObject {
+class Shell : public ComObject<Interface, ISupportErrorInfo, IAutomationObject> {
   public:
     explicit Shell(std::shared_ptr<automation::TableObject> object, BindObject bind = nullptr)
         : m_table(std::move(object), bind) {}
-    Shell(const Shell&) = delete;
-    Shell& operator=(const Shell&) = delete;
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        *object = Find(id);
-        if (*object == nullptr) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         if (count == nullptr) return E_POINTER;
@@ -69,8 +50,6 @@ class Shell : public Interface, public ISupportErrorInfo, public IAutomationObje
     }
 
   protected:
-    virtual ~Shell() = default;
-
     /// Slot `slot` (from 1) without a result.
     template <class... Arguments>
     HRESULT Slot(std::size_t slot, Arguments... arguments) const noexcept {
@@ -94,15 +73,6 @@ class Shell : public Interface, public ISupportErrorInfo, public IAutomationObje
   private:
     static constexpr bool hasTypeInfo = !std::is_same_v<Interface, IDispatch>;
 
-    void* Find(REFIID id) noexcept {
-        if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface)) {
-            return static_cast<Interface*>(this);
-        }
-        if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-        if (id == __uuidof(IAutomationObject)) return static_cast<IAutomationObject*>(this);
-        return nullptr;
-    }
-
     template <class... Arguments>
     ComVariant Call(std::size_t slot, Arguments... arguments) const {
         const automation::Parameter* parameter = m_table.Row(slot).parameters.data();
@@ -110,8 +80,6 @@ class Shell : public Interface, public ISupportErrorInfo, public IAutomationObje
         return m_table.CallSlot(slot, std::span(values, sizeof...(Arguments)));
     }
 
-    ModuleLock m_lock;
-    std::atomic<ULONG> m_references{0};
     TableDispatch m_table;
 };
 

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "automation/com/bstr.h"
-#include "automation/com/com_ptr.h"
+#include "automation/com/com_object.h"
 
 #include <oaidl.h>
 #include <windows.h>
 
-#include <atomic>
 #include <functional>
 #include <korvex_com.h>
 #include <string>
@@ -15,31 +14,12 @@
 /// Objects that a host hands to the library, with the answers that a test wants.
 namespace korvex::tests {
 
-/// Counts references, and the objects of all kinds that are alive.
+/// Counts the objects of its kind that are alive.
 template <class Interface>
-class HostDouble : public Interface, public ISupportErrorInfo {
+class HostDouble : public com::ComObject<Interface, ISupportErrorInfo> {
   public:
     HostDouble() { ++living; }
-    HostDouble(const HostDouble&) = delete;
-    HostDouble& operator=(const HostDouble&) = delete;
 
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = nullptr;
-        if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface)) {
-            *object = static_cast<Interface*>(this);
-        } else if (id == IID_ISupportErrorInfo) {
-            *object = static_cast<ISupportErrorInfo*>(this);
-        }
-        if (*object == nullptr) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --m_references;
-        if (left == 0) delete this;
-        return left;
-    }
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         *count = 0;
         return S_OK;
@@ -56,10 +36,7 @@ class HostDouble : public Interface, public ISupportErrorInfo {
     static inline int living = 0;
 
   protected:
-    virtual ~HostDouble() { --living; }
-
-  private:
-    std::atomic<ULONG> m_references{0};
+    ~HostDouble() override { --living; }
 };
 
 /// An object with one member.
