@@ -1,6 +1,7 @@
 #include "automation/collection.h"
 #include "automation/convert.h"
 #include "automation/outcome.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -271,12 +272,7 @@ TEST(Conversion, NoTargetTakesMissingBytesOrObjects) {
 
 TEST(Conversion, ErrorsSayWhatDidNotConvert) {
     const auto description = [](const char* text) {
-        try {
-            ToLong(text);
-            return std::string("converted");
-        } catch (const Error& error) {
-            return error.Description();
-        }
+        return tests::ErrorOf([text] { ToLong(text); }).description;
     };
     EXPECT_EQ(description("12 apples"), "Type mismatch: \"12 apples\" is not a number");
     EXPECT_EQ(description("a text of more than forty characters, much more"),

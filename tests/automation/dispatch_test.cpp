@@ -3,6 +3,7 @@
 #include "automation/collection.h"
 #include "automation/convert.h"
 #include "automation/outcome.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -169,13 +170,8 @@ TEST_F(Dispatch, WrongCallsRaiseTheRuntimesErrors) {
 }
 
 TEST_F(Dispatch, ErrorsNameTheMemberAndTheArgument) {
-    const auto description = [&](auto... arguments) -> std::string {
-        try {
-            Call(object, "Open", arguments...);
-            return "no error";
-        } catch (const Error& error) {
-            return error.Description();
-        }
+    const auto description = [&](auto... arguments) {
+        return tests::ErrorOf([&] { Call(object, "Open", arguments...); }).description;
     };
     EXPECT_EQ(description("f", "one", 2),
               "Type mismatch: \"one\" is not a number (argument lCount of Probe.Open)");

@@ -2,6 +2,7 @@
 
 #include "hosts/objects/data_object.h"
 #include "persistence/fake_ado.h"
+#include "support/error_of.h"
 #include "support/recording_parts.h"
 #include "surface/cls_crud.h"
 
@@ -18,24 +19,6 @@ using automation::Variant;
 using objects::DataObject;
 using objects::Definition;
 using DataRef = DataObject::Shared;
-
-/// Number of the error that `call` raises, 0 for none; and its description.
-template <class Callable>
-std::int32_t ErrorOf(Callable call, std::string* description = nullptr) {
-    try {
-        call();
-        return 0;
-    } catch (const automation::Error& error) {
-        if (description != nullptr) *description = error.Description();
-        return error.Number();
-    }
-}
-template <class Callable>
-std::string DescriptionOf(Callable call) {
-    std::string description;
-    ErrorOf(call, &description);
-    return description;
-}
 
 /// A definition with the key column <Name>ID, and FK_<Parent>ID when there is a parent.
 inline std::shared_ptr<Definition> KeyedDefinition(const std::string& name, const std::string& parent) {

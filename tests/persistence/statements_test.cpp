@@ -162,7 +162,7 @@ TEST_F(Statements, AChildIsSavedUnderItsOwnOrItsParentsKey) {
     };
     saveCustomer("Ord");
     EXPECT_EQ(customer->Get("FK_OrderID"), Variant(1));
-    EXPECT_EQ(DescriptionOf([&] { saveCustomer(""); }),
+    EXPECT_EQ(ErrorOf([&] { saveCustomer(""); }).description,
               "The object Order has no value that is stored in column \"FK_OrderID\".");
 }
 

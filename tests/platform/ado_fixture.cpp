@@ -2,7 +2,6 @@
 
 #include "automation/convert.h"
 
-#include <stdexcept>
 namespace korvex::tests {
 
 std::string AdoTest::ConnectionString() const {
@@ -36,21 +35,6 @@ automation::Variant AdoTest::Scalar(const std::shared_ptr<ado::Connection>& conn
 
 std::int32_t AdoTest::Number(const std::shared_ptr<ado::Connection>& connection, std::string_view text) {
     return automation::ToLong(Scalar(connection, text));
-}
-
-std::optional<automation::Error> RaisedBy(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const automation::Error& error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error was raised";
-    return std::nullopt;
-}
-
-std::int32_t NumberRaisedBy(const std::function<void()>& action) {
-    const std::optional<automation::Error> error = RaisedBy(action);
-    return error ? error->Number() : 0;
 }
 
 }  // namespace korvex::tests

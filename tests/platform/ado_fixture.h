@@ -1,10 +1,10 @@
 #pragma once
 
-#include "automation/error.h"
 #include "platform/ado.h"
 #include "platform/native/native_platform.h"
 #include "support/driver.h"
 #include "support/engine_words.h"
+#include "support/error_of.h"
 #include "support/print_variant.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
@@ -12,9 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,10 +46,5 @@ class AdoTest : public testing::TestWithParam<Driver> {
     std::shared_ptr<TestSeam> m_seam = std::make_shared<TestSeam>();
     Platform m_platform = native::NativePlatform({.seam = m_seam});
 };
-
-/// The error that `action` raises; a failed test when there is none.
-std::optional<automation::Error> RaisedBy(const std::function<void()>& action);
-/// Its number, 0 when there is none.
-std::int32_t NumberRaisedBy(const std::function<void()>& action);
 
 }  // namespace korvex::tests

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "automation/convert.h"
-#include "automation/error.h"
 #include "platform/dao.h"
 #include "platform/native/native_platform.h"
 #include "support/driver.h"
 #include "support/engine_words.h"
+#include "support/error_of.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
 
@@ -68,17 +68,5 @@ class EngineTest : public testing::TestWithParam<Driver> {
     Platform m_platform = native::NativePlatform({.seam = m_seam});
     std::unique_ptr<dao::Database> m_database;
 };
-
-/// The number of the automation error that `work` raises, 0 for none; `description` receives its text.
-template <class Work>
-std::int32_t ErrorOf(Work&& work, std::string* description = nullptr) {
-    try {
-        work();
-    } catch (const automation::Error& error) {
-        if (description != nullptr) *description = error.Description();
-        return error.Number();
-    }
-    return 0;
-}
 
 }  // namespace korvex::tests

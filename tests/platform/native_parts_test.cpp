@@ -1,5 +1,5 @@
-#include "automation/error.h"
 #include "platform/native/native_platform.h"
+#include "support/error_of.h"
 #include "support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -17,14 +17,12 @@ namespace fs = std::filesystem;
 
 class NativeFilesTest : public testing::Test {
   protected:
-    std::int32_t ErrorOf(const std::string& path) {
-        try {
-            m_files->WriteText(path, "text", "\r\n");
-        } catch (const automation::Error& error) {
-            EXPECT_THAT(error.Description(), testing::HasSubstr(path));
-            return error.Number();
+    std::int32_t ErrorOfWriting(const std::string& path) {
+        const Raised raised = ErrorOf([&] { m_files->WriteText(path, "text", "\r\n"); });
+        if (raised.number != 0) {
+            EXPECT_THAT(raised.description, testing::HasSubstr(path));
         }
-        return 0;
+        return raised.number;
     }
     std::size_t FilesInFolder() const {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(m_folder.Path()), {}));
@@ -55,13 +53,13 @@ TEST_F(NativeFilesTest, AReplacedFileKeepsItsRightsAndALinkItsTarget) {
 
 TEST_F(NativeFilesTest, WhatCannotBeWrittenLeavesNothingBehind) {
     fs::create_directory(m_folder.Path("folder"));
-    EXPECT_EQ(ErrorOf(m_folder.Path("no/such/file.sql")), automation::PathNotFound);
-    EXPECT_EQ(ErrorOf(m_folder.Path("folder")), automation::PathFileAccessError);
-    EXPECT_EQ(ErrorOf(m_folder.Path(std::string(300, 'x'))), automation::PathFileAccessError);
-    EXPECT_EQ(ErrorOf(m_folder.Write("file", "") + "/below.sql"), automation::PathNotFound);
-    EXPECT_EQ(ErrorOf("/sys/new.sql"), automation::PermissionDenied);
-    EXPECT_EQ(ErrorOf("/dev/full"), automation::DiskFull);
-    EXPECT_EQ(ErrorOf("/dev/null"), 0);
+    EXPECT_EQ(ErrorOfWriting(m_folder.Path("no/such/file.sql")), automation::PathNotFound);
+    EXPECT_EQ(ErrorOfWriting(m_folder.Path("folder")), automation::PathFileAccessError);
+    EXPECT_EQ(ErrorOfWriting(m_folder.Path(std::string(300, 'x'))), automation::PathFileAccessError);
+    EXPECT_EQ(ErrorOfWriting(m_folder.Write("file", "") + "/below.sql"), automation::PathNotFound);
+    EXPECT_EQ(ErrorOfWriting("/sys/new.sql"), automation::PermissionDenied);
+    EXPECT_EQ(ErrorOfWriting("/dev/full"), automation::DiskFull);
+    EXPECT_EQ(ErrorOfWriting("/dev/null"), 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     EXPECT_EQ(FilesInFolder(), 2U);
 }

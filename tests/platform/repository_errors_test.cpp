@@ -68,9 +68,9 @@ TEST_P(RepositoryErrors, EachFailureHasItsNumberAndNamesItsCause) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(std::to_string(each.number) + " " + each.mentioned);
-        std::string description;
-        EXPECT_EQ(ErrorOf(each.work, &description), each.number) << description;
-        EXPECT_TRUE(automation::ContainsIgnoreCase(description, each.mentioned)) << description;
+        const Raised raised = ErrorOf(each.work);
+        EXPECT_EQ(raised, each.number);
+        EXPECT_TRUE(automation::ContainsIgnoreCase(raised.description, each.mentioned)) << raised.description;
         EXPECT_EQ(m_seam->OpenStatements(), 0);
     }
     EXPECT_EQ(Rows("select * from tObjects", {"Name", "Guid"}), (Texts{"One|g1", "Two|g2"}));
@@ -139,11 +139,10 @@ TEST_P(RepositoryErrors, AFailureAtAnyCallLeavesNothingOpen) {
     for (std::size_t n = 1; failed; ++n) {
         ASSERT_LT(n, 200U);
         m_seam->FailAt(n, native::sql::ErrorKind::DiskFull);
-        std::string description;
-        const std::int32_t number = ErrorOf(scenario, &description);
+        const Raised raised = ErrorOf(scenario);
         failed = m_seam->HasFailed();
         m_seam->FailAt(0);
-        EXPECT_EQ(number, failed ? dao::DiskIsFull : 0) << n << " " << description;
+        EXPECT_EQ(raised, failed ? dao::DiskIsFull : 0) << n;
         EXPECT_EQ(m_seam->OpenStatements(), 0) << n;
         EXPECT_EQ(Rows("select * from tObjects", {"Name"}), (Texts{"One", "Two"}));
     }
@@ -173,10 +172,9 @@ TEST(RepositoryFiles, WhatIsNoDatabaseSaysWhatItIs) {
         {"/dev/null", dao::UnrecognizedFormat, "no regular file"},
     };
     for (const auto& each : cases) {
-        std::string description;
-        EXPECT_EQ(ErrorOf([&] { engine->OpenDatabase(each.path); }, &description), each.number) << each.path;
-        EXPECT_THAT(description, HasSubstr(each.mentioned));
-        EXPECT_THAT(description, HasSubstr(each.path));
+        const Raised raised = ErrorOf([&] { engine->OpenDatabase(each.path); });
+        EXPECT_EQ(raised, each.number) << each.path;
+        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(each.mentioned), HasSubstr(each.path)));
     }
 }
 
@@ -188,10 +186,9 @@ TEST(RepositoryFiles, NewOnesReplaceNothing) {
     engine->OpenDatabase(path)->OpenRecordset("select * from t", dao::dbOpenSnapshot);
     const std::string content = folder.Read("new.db");
     for (const std::string& taken : {path, folder.Path(), folder.Path("no/folder.db")}) {
-        std::string description;
-        EXPECT_EQ(ErrorOf([&] { engine->CreateDatabase(taken); }, &description),
-                  automation::PathFileAccessError);
-        EXPECT_THAT(description, HasSubstr(taken));
+        const Raised raised = ErrorOf([&] { engine->CreateDatabase(taken); });
+        EXPECT_EQ(raised, automation::PathFileAccessError);
+        EXPECT_THAT(raised.description, HasSubstr(taken));
     }
     EXPECT_EQ(folder.Read("new.db"), content);
 }
@@ -199,12 +196,11 @@ TEST(RepositoryFiles, NewOnesReplaceNothing) {
 TEST(RepositoryOdbc, AConnectionThatFailsIsNamedWithoutItsPassword) {
     const auto workspace =
         native::NativePlatform().repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC);
-    std::string description;
-    EXPECT_EQ(ErrorOf([&] { workspace->OpenConnection("", false, "DSN=NoSuchSource;UID=me;Pwd=secret"); },
-                      &description),
-              dao::OdbcConnectFailed);
-    EXPECT_THAT(description, HasSubstr("DSN=NoSuchSource"));
-    EXPECT_THAT(description, testing::Not(HasSubstr("secret")));
+    const Raised raised =
+        ErrorOf([&] { workspace->OpenConnection("", false, "DSN=NoSuchSource;UID=me;Pwd=secret"); });
+    EXPECT_EQ(raised, dao::OdbcConnectFailed);
+    EXPECT_THAT(raised.description, HasSubstr("DSN=NoSuchSource"));
+    EXPECT_THAT(raised.description, testing::Not(HasSubstr("secret")));
 }
 
 TEST(RepositoryOdbc, AReadOnlyConnectionOnlyReads) {

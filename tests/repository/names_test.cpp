@@ -1,7 +1,7 @@
 #include "repository/names.h"
 
-#include "automation/error.h"
 #include "repository/name_list.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -38,17 +38,12 @@ TEST(LimitNameLengthTest, KeepsTheEndOfNamesThatAreTooLong) {
 }
 
 TEST(LimitNameLengthTest, RefusesReservesBeyondItsRange) {
-    const auto numberFor = [](std::int16_t reserve) {
-        try {
-            LimitNameLength("Customer", reserve);
-        } catch (const automation::Error& error) {
-            return error.Number();
-        }
-        return std::int32_t{0};
+    const auto errorFor = [](std::int16_t reserve) {
+        return tests::ErrorOf([reserve] { LimitNameLength("Customer", reserve); });
     };
-    EXPECT_EQ(numberFor(31), automation::InvalidProcedureCall);
-    EXPECT_EQ(numberFor(-32737), 0);
-    EXPECT_EQ(numberFor(-32738), automation::Overflow);
+    EXPECT_EQ(errorFor(31), automation::InvalidProcedureCall);
+    EXPECT_EQ(errorFor(-32737), 0);
+    EXPECT_EQ(errorFor(-32738), automation::Overflow);
 }
 
 TEST(NameListTest, NumbersNamesThatAreTaken) {
@@ -70,12 +65,7 @@ TEST(NameListTest, NumbersEndAtSixteenBits) {
     for (int number = 2; number <= std::numeric_limits<std::int16_t>::max(); ++number) {
         ASSERT_EQ(names.MakeUniqueName("Node"), "Node" + std::to_string(number));
     }
-    try {
-        names.MakeUniqueName("Node");
-        ADD_FAILURE() << "a number beyond 16 bits was given";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), automation::Overflow);
-    }
+    EXPECT_EQ(tests::ErrorOf([&] { names.MakeUniqueName("Node"); }), automation::Overflow);
 }
 
 }  // namespace

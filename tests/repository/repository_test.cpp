@@ -1,10 +1,10 @@
 #include "repository/repository.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
 #include "automation/outcome.h"
 #include "repository/lookups.h"
 #include "repository_files.h"
+#include "support/error_of.h"
 
 #include <string>
 #include <vector>
@@ -210,13 +210,9 @@ TEST_P(RepositoryTest, AValueThatIsNoNumberIsNamed) {
     }
     Execute(insert);
     Open();
-    try {
-        GetRootObjects(repository, "Orders");
-        ADD_FAILURE() << "'one' was taken for a number";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), automation::TypeMismatch);
-        EXPECT_NE(error.Description().find("RootObjectID"), std::string::npos) << error.Description();
-    }
+    const tests::Raised raised = tests::ErrorOf([&] { GetRootObjects(repository, "Orders"); });
+    EXPECT_EQ(raised, automation::TypeMismatch);
+    EXPECT_NE(raised.description.find("RootObjectID"), std::string::npos) << raised.description;
 }
 
 KORVEX_FOR_EACH_DRIVER(RepositoryTest);

@@ -1,4 +1,4 @@
-#include "automation/error.h"
+#include "support/error_of.h"
 #include "table_in_hand.h"
 
 #include <gtest/gtest.h>
@@ -103,15 +103,13 @@ TEST(ColumnText, Oracle) {
 TEST(ColumnText, LengthThatIsNoNumberNamesTheColumn) {
     for (const std::string length : {"", "12 characters"}) {
         for (const ScriptType type : {ScriptType::SqlServer, ScriptType::Oracle, ScriptType::Sybase}) {
-            try {
+            const tests::Raised raised = tests::ErrorOf([&] {
                 RunState run = RunWith(type, "tOrder", {Plain("Note", 8, length)});
                 CreateText(run);
-                ADD_FAILURE() << "no error for \"" << length << '"';
-            } catch (const automation::Error& error) {
-                EXPECT_EQ(error.Number(), automation::TypeMismatch);
-                EXPECT_NE(error.Description().find("tOrder.Note"), std::string::npos) << error.Description();
-                EXPECT_NE(error.Description().find('"' + length + '"'), std::string::npos);
-            }
+            });
+            EXPECT_EQ(raised, automation::TypeMismatch) << length;
+            EXPECT_NE(raised.description.find("tOrder.Note"), std::string::npos) << raised.description;
+            EXPECT_NE(raised.description.find('"' + length + '"'), std::string::npos) << raised.description;
         }
     }
 }

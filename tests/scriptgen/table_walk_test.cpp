@@ -1,9 +1,9 @@
-#include "automation/error.h"
 #include "platform/native/native_platform.h"
 #include "repository/repository.h"
 #include "repository/schema.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/script_types.h"
+#include "support/error_of.h"
 #include "support/recording_parts.h"
 #include "support/temp_folder.h"
 #include "support/test_seam.h"
@@ -229,13 +229,9 @@ TEST_F(TableWalk, ObjectThatIsItsOwnAncestorIsReported) {
     Interface(3, 30);
     Child(10, 2);
     Child(30, 2);
-    try {
-        Generate(ScriptType::SqlServer, "Shop");
-        ADD_FAILURE() << "the cycle was not found";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), automation::OutOfStackSpace);
-        EXPECT_THAT(error.Description(), HasSubstr("Object 2 "));
-    }
+    const tests::Raised raised = tests::ErrorOf([&] { Generate(ScriptType::SqlServer, "Shop"); });
+    EXPECT_EQ(raised, automation::OutOfStackSpace);
+    EXPECT_THAT(raised.description, HasSubstr("Object 2 "));
     EXPECT_THAT(Tables(), ElementsAre("dbo.tOne", "dbo.tTwo", "dbo.tThree"));
 }
 
@@ -293,13 +289,9 @@ TEST_F(TableWalk, ValueThatDoesNotConvertEndsTheRunAndNamesItsTable) {
         m_run = {};
         Run("DELETE FROM tValues");
         Value(200, 20, c.value);
-        try {
-            Generate(ScriptType::SqlServer, "Shop");
-            ADD_FAILURE() << c.value;
-        } catch (const automation::Error& error) {
-            EXPECT_EQ(error.Number(), c.number);
-            EXPECT_THAT(error.Description(), HasSubstr(c.named));
-        }
+        const tests::Raised raised = tests::ErrorOf([&] { Generate(ScriptType::SqlServer, "Shop"); });
+        EXPECT_EQ(raised, c.number) << c.value;
+        EXPECT_THAT(raised.description, HasSubstr(c.named));
         EXPECT_THAT(Tables(), ElementsAre("dbo.tOrder")) << "the text until the error is to stay";
     }
 }

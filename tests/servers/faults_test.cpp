@@ -4,6 +4,7 @@
 #include "servers/example_target.h"
 #include "support/definition_repository.h"
 #include "support/engine_words.h"
+#include "support/error_of.h"
 #include "support/recording_parts.h"
 #include "support/test_seam.h"
 #include "surface/cls_create_db.h"
@@ -175,13 +176,9 @@ TEST_P(ServerFaults, ALockThatAnotherClientHoldsEndsInAnError) {
         {"NoteID", "NoteID", static_cast<std::int32_t>(automation::VarType::Long), true, true});
     definition->AddPrimaryKey("NoteID");
     const auto note = std::make_shared<DataObject>(definition);
-    try {
-        crud->DbDeleteData(note, 1);
-        ADD_FAILURE() << "the lock was not seen";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), ado::DbEFail);
-        EXPECT_THAT(error.Description(), testing::HasSubstr("ock"));
-    }
+    const Raised raised = ErrorOf([&] { crud->DbDeleteData(note, 1); });
+    EXPECT_EQ(raised, ado::DbEFail);
+    EXPECT_THAT(raised.description, testing::HasSubstr("ock"));
     EXPECT_EQ(ValueOf(*other, "select Text from tNote"), "b");
     other->CommitTrans();
     EXPECT_EQ(crud->DbDeleteData(note, 1), 1);

@@ -1,5 +1,6 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/session.h"
+#include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -208,13 +209,9 @@ TEST(Session, FailedQueriesAreReportedAndFailTheCommand) {
     messages.str("");
     session.platform.desktop->ShowMessage("no such\r\ncolumn", platform::StyleOkOnly, "");
     EXPECT_EQ(messages.str(), "korvex: A query failed: no such column\n");
-    try {
-        session.ExpectNoFailedQuery("nothing was made");
-        FAIL() << "no error";
-    } catch (const automation::Error& error) {
-        EXPECT_EQ(error.Number(), dao::QueryFailed);
-        EXPECT_EQ(error.Description(), "1 query failed (see above): nothing was made.");
-    }
+    const Raised raised = ErrorOf([&] { session.ExpectNoFailedQuery("nothing was made"); });
+    EXPECT_EQ(raised, dao::QueryFailed);
+    EXPECT_EQ(raised.description, "1 query failed (see above): nothing was made.");
 }
 
 }  // namespace

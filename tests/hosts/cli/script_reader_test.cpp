@@ -1,6 +1,6 @@
 #include "hosts/cli/apply/script_reader.h"
 
-#include "automation/error.h"
+#include "support/error_of.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -106,17 +106,12 @@ INSTANTIATE_TEST_SUITE_P(Batches, ScriptReader, testing::ValuesIn(Batches), Case
 INSTANTIATE_TEST_SUITE_P(SqlPlus, ScriptReader, testing::ValuesIn(SqlPlus), CaseName);
 
 TEST(ScriptReader, WhatIsNeverClosedIsNamedWhereItBegins) {
-    const auto message = [](std::string_view text) -> std::string {
-        try {
-            ReadScript("x/f.sql", text, ScriptStyle::Batches);
-            return "read";
-        } catch (const automation::Error& error) {
-            return std::to_string(error.Number()) + " " + error.Description();
-        }
+    const auto message = [](std::string_view text) {
+        return tests::ErrorOf([text] { ReadScript("x/f.sql", text, ScriptStyle::Batches); }).Text();
     };
     EXPECT_EQ(message("a\nGO\ninsert 'it's'\nGO\nb\n"),
-              "5 x/f.sql, line 3: The quote that begins here is never closed.");
-    EXPECT_EQ(message("a\n/* b\n"), "5 x/f.sql, line 2: The comment that begins here is never closed.");
+              "5: x/f.sql, line 3: The quote that begins here is never closed.");
+    EXPECT_EQ(message("a\n/* b\n"), "5: x/f.sql, line 2: The comment that begins here is never closed.");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "automation/convert.h"
-#include "automation/error.h"
 #include "platform/platform.h"
+#include "support/error_of.h"
 #include "support/temp_folder.h"
 
 #include <memory>
@@ -41,12 +41,7 @@ class TargetDatabase {
 
     /// Runs a statement; the number of its error, 0 for none.
     std::int32_t Execute(const std::string& statement) const {
-        try {
-            Open()->Execute(statement);
-            return 0;
-        } catch (const automation::Error& error) {
-            return error.Number();
-        }
+        return ErrorOf([&] { Open()->Execute(statement); }).number;
     }
 
     /// "table.column parent.column" of every foreign key.

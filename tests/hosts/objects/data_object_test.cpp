@@ -1,7 +1,7 @@
 #include "hosts/objects/data_object.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
+#include "support/error_of.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +13,7 @@ using automation::Bytes;
 using automation::Currency;
 using automation::Date;
 using automation::Variant;
+using tests::ErrorOf;
 
 constexpr std::int32_t Code(automation::VarType type) { return static_cast<std::int32_t>(type); }
 
@@ -34,17 +35,6 @@ std::shared_ptr<Definition> Order() {
 
 std::shared_ptr<DataObject> New(std::shared_ptr<Definition> definition) {
     return std::make_shared<DataObject>(std::move(definition));
-}
-
-/// "error 13: text" of what `call` raises.
-template <class Callable>
-std::string ErrorOf(Callable call) {
-    try {
-        call();
-        return "none";
-    } catch (const automation::Error& error) {
-        return "error " + std::to_string(error.Number()) + ": " + error.Description();
-    }
 }
 
 TEST(DataObjects, ValuesAreKeptInTheTypeOfTheirDefinition) {
@@ -118,7 +108,7 @@ TEST(DataObjects, ElementsAddedDuringAnEnumerationAreMet) {
 
 TEST(DataObjects, ADefinitionMayBeGivenLaterAndTakenBack) {
     const auto object = std::make_shared<DataObject>();
-    EXPECT_EQ(ErrorOf([&] { object->Value(1); }), "error 91: The data object has no definition.");
+    EXPECT_EQ(ErrorOf([&] { object->Value(1); }).Text(), "91: The data object has no definition.");
     const auto definition = Order();
     // The definition of a value that holds a child stands for the child's.
     object->DataDef(definition->Values().at(2));
@@ -132,30 +122,31 @@ TEST(DataObjects, ADefinitionMayBeGivenLaterAndTakenBack) {
 TEST(DataObjects, ErrorsSayWhatIsMissing) {
     const auto order = New(Order());
     const std::pair<std::string, std::string> rows[] = {
-        {ErrorOf([&] { order->ValueIndex("Count"); }),
-         "error 9: The object Order has no value that is stored in column \"Count\"."},
-        {ErrorOf([&] { order->NamedValue("Cuont"); }),
-         "error 438: The object Order has no value named \"Cuont\"."},
-        {ErrorOf([&] { order->Value(0); }), "error 9: The object Order has no value 0."},
-        {ErrorOf([&] { order->Value(4, 1); }), "error 9: The object Order has no value 4."},
-        {ErrorOf([&] { order->Child("Count"); }),
-         "error 424: The value \"Count\" of the object Order is no child object."},
-        {ErrorOf([&] { order->AddItem(); }), "error 5: The object Order is no collection."},
-        {ErrorOf([&] { order->Child("Lines")->Remove(0); }),
-         "error 9: The collection Lines has no element 0."},
-        {ErrorOf([&] { order->Set("Lines", New(Line())); }), "error 13: Order.Lines takes an object Lines."},
-        {ErrorOf([&] { order->DataDef(order); }),
-         "error 13: The definition given to the data object is none."},
-        {ErrorOf([&] { order->LongAttribute(attSelectState, 1); }),
-         "error 5: The object has no attribute -200001 to set."},
-        {ErrorOf([&] { Line()->AddValue({"x"}), Order()->AddValue({"Count"}); }),
-         "error 457: The object Order has two values named \"Count\"."},
+        {ErrorOf([&] { order->ValueIndex("Count"); }).Text(),
+         "9: The object Order has no value that is stored in column \"Count\"."},
+        {ErrorOf([&] { order->NamedValue("Cuont"); }).Text(),
+         "438: The object Order has no value named \"Cuont\"."},
+        {ErrorOf([&] { order->Value(0); }).Text(), "9: The object Order has no value 0."},
+        {ErrorOf([&] { order->Value(4, 1); }).Text(), "9: The object Order has no value 4."},
+        {ErrorOf([&] { order->Child("Count"); }).Text(),
+         "424: The value \"Count\" of the object Order is no child object."},
+        {ErrorOf([&] { order->AddItem(); }).Text(), "5: The object Order is no collection."},
+        {ErrorOf([&] { order->Child("Lines")->Remove(0); }).Text(),
+         "9: The collection Lines has no element 0."},
+        {ErrorOf([&] { order->Set("Lines", New(Line())); }).Text(), "13: Order.Lines takes an object Lines."},
+        {ErrorOf([&] { order->DataDef(order); }).Text(),
+         "13: The definition given to the data object is none."},
+        {ErrorOf([&] { order->LongAttribute(attSelectState, 1); }).Text(),
+         "5: The object has no attribute -200001 to set."},
+        {ErrorOf([&] { Line()->AddValue({"x"}), Order()->AddValue({"Count"}); }).Text(),
+         "457: The object Order has two values named \"Count\"."},
     };
     for (const auto& [raised, expected] : rows)
         EXPECT_EQ(raised, expected);
-    EXPECT_THAT(ErrorOf([&] { order->Set("Count", 40'000); }), testing::StartsWith("error 6: Order.Count: "));
-    EXPECT_THAT(ErrorOf([&] { order->Set("Count", "many"); }),
-                testing::StartsWith("error 13: Order.Count: "));
+    EXPECT_THAT(ErrorOf([&] { order->Set("Count", 40'000); }).Text(),
+                testing::StartsWith("6: Order.Count: "));
+    EXPECT_THAT(ErrorOf([&] { order->Set("Count", "many"); }).Text(),
+                testing::StartsWith("13: Order.Count: "));
     EXPECT_FALSE(order->Modified());
 }
 

@@ -1,7 +1,7 @@
 #include "hosts/objects/json.h"
 
-#include "automation/error.h"
 #include "automation/outcome.h"
+#include "support/error_of.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -39,12 +39,7 @@ std::shared_ptr<Definition> Everything() {
 }
 
 std::string ErrorOf(std::string_view text) {
-    try {
-        FromJson(Everything(), text);
-        return "none";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.Number()) + ": " + error.Description();
-    }
+    return tests::ErrorOf([text] { FromJson(Everything(), text); }).Text();
 }
 
 constexpr std::string_view WholeText = R"({
@@ -194,12 +189,8 @@ TEST(Json, AListGivesOneObjectPerItem) {
     EXPECT_EQ(ListFromJson(Everything(), R"([{"Long": 1}, {"Long": 2}])").at(1)->Get("Long"), Variant(2));
     EXPECT_EQ(ListFromJson(Everything(), R"({"Long": 1})").size(), 1U);
     EXPECT_TRUE(ListFromJson(Everything(), "[]").empty());
-    try {
-        ListFromJson(Everything(), R"([{}, {"Long": "x"}])");
-        ADD_FAILURE() << "a text passed for a number";
-    } catch (const automation::Error& error) {
-        EXPECT_THAT(error.Description(), testing::StartsWith("[1].Long: "));
-    }
+    const auto textForANumber = [] { ListFromJson(Everything(), R"([{}, {"Long": "x"}])"); };
+    EXPECT_THAT(tests::ErrorOf(textForANumber).description, testing::StartsWith("[1].Long: "));
 }
 
 TEST(Json, AppliedToAnObjectItChangesWhatItMentions) {

@@ -1,9 +1,9 @@
 #include "hosts/objects/load_definition.h"
 
-#include "automation/error.h"
 #include "platform/native/native_platform.h"
 #include "repository/relationship_builder.h"
 #include "support/definition_repository.h"
+#include "support/error_of.h"
 #include "support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -67,12 +67,7 @@ class LoadDefinitions : public testing::Test {
                               storage, prefix);
     }
     std::string ErrorOfLoad(std::string_view storage = "Orders", std::string_view prefix = "FK_") {
-        try {
-            Load(storage, prefix);
-            return "none";
-        } catch (const automation::Error& error) {
-            return std::to_string(error.Number()) + ": " + error.Description();
-        }
+        return tests::ErrorOf([&] { Load(storage, prefix); }).Text();
     }
     void Run(std::string_view sql) { tests::Execute(m_platform, m_path, sql); }
 
