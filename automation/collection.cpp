@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/member_rows.h"
 #include "automation/text.h"
 
 #include <algorithm>
@@ -20,32 +21,11 @@ constexpr Parameter addParameters[] = {
 };
 constexpr Parameter indexParameters[] = {{.name = "Index"}};
 
-Collection& Self(Object& object) { return static_cast<Collection&>(object); }
-
 constexpr Member members[] = {
-    {.name = "Item",
-     .kind = InvokeKind::PropertyGet,
-     .parameters = indexParameters,
-     .result = VarType::Variant,
-     .call = [](Object& self, std::span<Variant> arguments) { return Self(self).Item(arguments[0]); }},
-    {.name = "Add",
-     .parameters = addParameters,
-     .call =
-         [](Object& self, std::span<Variant> arguments) {
-             Self(self).Add(std::move(arguments[0]), arguments[1], arguments[2], arguments[3]);
-             return Variant();
-         }},
-    {.name = "Count",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::Long,
-     .call = [](Object& self, std::span<Variant>) { return Variant(Self(self).Count()); }},
-    {.name = "Remove",
-     .parameters = indexParameters,
-     .call =
-         [](Object& self, std::span<Variant> arguments) {
-             Self(self).Remove(arguments[0]);
-             return Variant();
-         }},
+    GetRow<&Collection::Item>("Item", {indexParameters}),
+    MethodRow<&Collection::Add>("Add", {addParameters}),
+    GetRow<&Collection::Count>("Count"),
+    MethodRow<&Collection::Remove>("Remove", {indexParameters}),
 };
 
 constexpr ClassInfo classInfo = {

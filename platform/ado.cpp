@@ -2,9 +2,8 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/member_rows.h"
 
-#include <limits>
-#include <span>
 #include <utility>
 
 namespace korvex::ado {
@@ -12,15 +11,16 @@ namespace korvex::ado {
 namespace {
 
 using automation::ClassInfo;
-using automation::InvokeKind;
+using automation::GetRow;
+using automation::LetRow;
 using automation::Member;
-using automation::Object;
+using automation::MethodRow;
 using automation::ObjectRef;
 using automation::Parameter;
 using automation::Passing;
+using automation::Taking;
 using automation::Variant;
 using automation::VarType;
-using Arguments = std::span<Variant>;
 
 std::int32_t LongOr(const Variant& argument, std::int32_t fallback) {
     return argument.IsMissing() ? fallback : automation::ToLong(argument);
@@ -61,73 +61,35 @@ class FieldCollection final : public automation::TableObject {
     std::shared_ptr<Recordset> m_recordset;
 };
 
-template <class T>
-T& As(Object& self) {
-    return static_cast<T&>(self);
-}
-
 // ---- Field
-
-Variant GetValue(Object& self, Arguments) { return As<Field>(self).Value(); }
-
-Variant LetValue(Object& self, Arguments arguments) {
-    As<Field>(self).Value(arguments[0]);
-    return {};
-}
 
 constexpr Parameter LengthParameter[] = {{"Length", VarType::Long}};
 constexpr Parameter DataParameter[] = {{"Data", VarType::Variant}};
 constexpr Parameter ValueParameter[] = {{"Value", VarType::Variant}};
 
 constexpr Member FieldMembers[] = {
-    {"Name",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::String,
-     [](Object& self, Arguments) -> Variant { return As<Field>(self).Name(); }},
-    {"Value", InvokeKind::PropertyGet, {}, VarType::Variant, GetValue},
-    {"Value", InvokeKind::PropertyLet, ValueParameter, VarType::Void, LetValue},
-    {"Type",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Field>(self).Type(); }},
-    {"DefinedSize",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Field>(self).DefinedSize(); }},
-    {"ActualSize",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Field>(self).ActualSize(); }},
-    {"Attributes",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Field>(self).Attributes(); }},
-    {"GetChunk", InvokeKind::Method, LengthParameter, VarType::Variant,
-     [](Object& self, Arguments arguments) {
-         return As<Field>(self).GetChunk(automation::ToLong(arguments[0]));
-     }},
-    {"AppendChunk", InvokeKind::Method, DataParameter, VarType::Void,
-     [](Object& self, Arguments arguments) -> Variant {
-         As<Field>(self).AppendChunk(arguments[0]);
-         return {};
-     }},
+    GetRow<&Field::Name>("Name"),
+    GetRow<Taking<>(&Field::Value)>("Value"),
+    LetRow<Taking<const Variant&>(&Field::Value)>("Value", {ValueParameter}),
+    GetRow<&Field::Type>("Type"),
+    GetRow<&Field::DefinedSize>("DefinedSize"),
+    GetRow<&Field::ActualSize>("ActualSize"),
+    GetRow<&Field::Attributes>("Attributes"),
+    MethodRow<&Field::GetChunk>("GetChunk", {LengthParameter}),
+    MethodRow<&Field::AppendChunk>("AppendChunk", {DataParameter}),
 };
 constexpr ClassInfo FieldClass{"Field", {}, FieldMembers, "Value"};
 
 // ---- Fields
 
-Variant GetItem(Object& self, Arguments arguments) {
-    return FieldAt(As<FieldCollection>(self).Owner(), arguments[0]);
+std::int32_t CountItems(FieldCollection& self) { return self.Owner().FieldCount(); }
+
+std::shared_ptr<Field> GetItem(FieldCollection& self, const Variant& index) {
+    return FieldAt(self.Owner(), index);
 }
 
-Variant LetItem(Object& self, Arguments arguments) {
-    FieldAt(As<FieldCollection>(self).Owner(), arguments[0])->Value(arguments[1]);
-    return {};
+void LetItem(FieldCollection& self, const Variant& index, const Variant& value) {
+    FieldAt(self.Owner(), index)->Value(value);
 }
 
 constexpr Parameter IndexParameter[] = {{"Index", VarType::Variant}};
@@ -135,43 +97,37 @@ constexpr Parameter OptionalIndexParameter[] = {{"Index", VarType::Variant, Pass
 constexpr Parameter IndexAndValueParameters[] = {{"Index", VarType::Variant}, {"Value", VarType::Variant}};
 
 constexpr Member FieldCollectionMembers[] = {
-    {"Count",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<FieldCollection>(self).Owner().FieldCount(); }},
-    {"Item", InvokeKind::PropertyGet, IndexParameter, VarType::Object, GetItem, {}, "ADODB.Field"},
-    {"Item", InvokeKind::PropertyLet, IndexAndValueParameters, VarType::Void, LetItem},
+    GetRow<CountItems>("Count"),
+    GetRow<GetItem>("Item", {IndexParameter, {}, "ADODB.Field"}),
+    LetRow<LetItem>("Item", {IndexAndValueParameters}),
 };
 constexpr ClassInfo FieldCollectionClass{"Fields", {}, FieldCollectionMembers, "Item"};
 
 // ---- Recordset
 
 /// `rs.Fields` is the collection; with an index, as `rs.Fields("Name")` arrives, it is the field itself.
-Variant GetFields(Object& self, Arguments arguments) {
-    if (!arguments[0].IsMissing()) return FieldAt(As<Recordset>(self), arguments[0]);
+ObjectRef GetFields(Recordset& self, const Variant& index) {
+    if (!index.IsMissing()) return FieldAt(self, index);
     auto recordset = std::static_pointer_cast<Recordset>(self.shared_from_this());
     return std::make_shared<FieldCollection>(std::move(recordset));
 }
 
 /// `rs.Fields("Name") = value`: the assignment reaches the field's value.
-Variant LetFields(Object& self, Arguments arguments) {
-    FieldAt(As<Recordset>(self), arguments[0])->Value(arguments[1]);
-    return {};
+void LetFields(Recordset& self, const Variant& index, const Variant& value) {
+    FieldAt(self, index)->Value(value);
 }
 
-Variant OpenRecordset(Object& self, Arguments arguments) {
-    const auto connection = arguments[1].IsObject()
-                                ? std::dynamic_pointer_cast<Connection>(*arguments[1].If<ObjectRef>())
+void OpenRecordset(Recordset& self, const Variant& source, const Variant& activeConnection,
+                   const Variant& cursorType, const Variant& lockType, const Variant& options) {
+    const auto connection = activeConnection.IsObject()
+                                ? std::dynamic_pointer_cast<Connection>(*activeConnection.If<ObjectRef>())
                                 : nullptr;
     if (!connection) {
         throw automation::Error(adErrInvalidArgument,
                                 "Recordset.Open needs a Connection object as its ActiveConnection.");
     }
-    As<Recordset>(self).Open(automation::ToString(arguments[0]), connection,
-                             LongOr(arguments[2], adUnspecified), LongOr(arguments[3], adUnspecified),
-                             LongOr(arguments[4], adUnspecified));
-    return {};
+    self.Open(automation::ToString(source), connection, LongOr(cursorType, adUnspecified),
+              LongOr(lockType, adUnspecified), LongOr(options, adUnspecified));
 }
 
 constexpr Parameter TypeParameter[] = {{"Type", VarType::Long}};
@@ -183,74 +139,37 @@ constexpr Parameter RecordsetOpenParameters[] = {
     {"Options", VarType::Variant, Passing::ByValue, true},
 };
 
-template <void (Recordset::*Action)()>
-Variant Do(Object& self, Arguments) {
-    (As<Recordset>(self).*Action)();
-    return {};
-}
-
 constexpr Member RecordsetMembers[] = {
-    {"CursorType",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Recordset>(self).CursorType(); }},
-    {"CursorType", InvokeKind::PropertyLet, TypeParameter, VarType::Void,
-     [](Object& self, Arguments arguments) -> Variant {
-         As<Recordset>(self).CursorType(automation::ToLong(arguments[0]));
-         return {};
-     }},
-    {"LockType",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Recordset>(self).LockType(); }},
-    {"LockType", InvokeKind::PropertyLet, TypeParameter, VarType::Void,
-     [](Object& self, Arguments arguments) -> Variant {
-         As<Recordset>(self).LockType(automation::ToLong(arguments[0]));
-         return {};
-     }},
-    {"State",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Recordset>(self).State(); }},
-    {"Open", InvokeKind::Method, RecordsetOpenParameters, VarType::Void, OpenRecordset},
-    {"EOF",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Boolean,
-     [](Object& self, Arguments) -> Variant { return As<Recordset>(self).Eof(); }},
-    {"MoveNext", InvokeKind::Method, {}, VarType::Void, Do<&Recordset::MoveNext>},
-    {"AddNew", InvokeKind::Method, {}, VarType::Void, Do<&Recordset::AddNew>},
-    {"Update", InvokeKind::Method, {}, VarType::Void, Do<&Recordset::Update>},
-    {"CancelUpdate", InvokeKind::Method, {}, VarType::Void, Do<&Recordset::CancelUpdate>},
-    {"Close", InvokeKind::Method, {}, VarType::Void, Do<&Recordset::Close>},
-    {"Fields", InvokeKind::PropertyGet, OptionalIndexParameter, VarType::Object, GetFields},
-    {"Fields", InvokeKind::PropertyLet, IndexAndValueParameters, VarType::Void, LetFields},
+    GetRow<Taking<>(&Recordset::CursorType)>("CursorType"),
+    LetRow<Taking<std::int32_t>(&Recordset::CursorType)>("CursorType", {TypeParameter}),
+    GetRow<Taking<>(&Recordset::LockType)>("LockType"),
+    LetRow<Taking<std::int32_t>(&Recordset::LockType)>("LockType", {TypeParameter}),
+    GetRow<&Recordset::State>("State"),
+    MethodRow<OpenRecordset>("Open", {RecordsetOpenParameters}),
+    GetRow<&Recordset::Eof>("EOF"),
+    MethodRow<&Recordset::MoveNext>("MoveNext"),
+    MethodRow<&Recordset::AddNew>("AddNew"),
+    MethodRow<&Recordset::Update>("Update"),
+    MethodRow<&Recordset::CancelUpdate>("CancelUpdate"),
+    MethodRow<&Recordset::Close>("Close"),
+    GetRow<GetFields>("Fields", {OptionalIndexParameter}),
+    LetRow<LetFields>("Fields", {IndexAndValueParameters}),
 };
 constexpr ClassInfo RecordsetClass{"Recordset", {}, RecordsetMembers, "Fields"};
 
 // ---- Connection
 
-Variant OpenConnection(Object& self, Arguments arguments) {
-    As<Connection>(self).Open(*arguments[0].If<std::string>(), *arguments[1].If<std::string>(),
-                              *arguments[2].If<std::string>(), LongOr(arguments[3], adUnspecified));
-    return {};
+void OpenConnection(Connection& self, const std::string& connectionString, const std::string& user,
+                    const std::string& password, const Variant& options) {
+    self.Open(connectionString, user, password, LongOr(options, adUnspecified));
 }
 
-Variant Execute(Object& self, Arguments arguments) {
+std::shared_ptr<Recordset> Execute(Connection& self, const std::string& text, Variant& recordsAffected,
+                                   const Variant& options) {
     std::int32_t affected = 0;
-    auto recordset = As<Connection>(self).Execute(*arguments[0].If<std::string>(),
-                                                  LongOr(arguments[2], adUnspecified), &affected);
-    arguments[1] = affected;
+    auto recordset = self.Execute(text, LongOr(options, adUnspecified), &affected);
+    recordsAffected = affected;
     return recordset;
-}
-
-template <void (Connection::*Action)()>
-Variant Do(Object& self, Arguments) {
-    (As<Connection>(self).*Action)();
-    return {};
 }
 
 constexpr Parameter ConnectionOpenParameters[] = {
@@ -266,21 +185,13 @@ constexpr Parameter ExecuteParameters[] = {
 };
 
 constexpr Member ConnectionMembers[] = {
-    {"Open", InvokeKind::Method, ConnectionOpenParameters, VarType::Void, OpenConnection},
-    {"Close", InvokeKind::Method, {}, VarType::Void, Do<&Connection::Close>},
-    {"Execute", InvokeKind::Method, ExecuteParameters, VarType::Object, Execute, {}, "ADODB.Recordset"},
-    {"State",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Connection>(self).State(); }},
-    {"BeginTrans",
-     InvokeKind::Method,
-     {},
-     VarType::Long,
-     [](Object& self, Arguments) -> Variant { return As<Connection>(self).BeginTrans(); }},
-    {"CommitTrans", InvokeKind::Method, {}, VarType::Void, Do<&Connection::CommitTrans>},
-    {"RollbackTrans", InvokeKind::Method, {}, VarType::Void, Do<&Connection::RollbackTrans>},
+    MethodRow<OpenConnection>("Open", {ConnectionOpenParameters}),
+    MethodRow<&Connection::Close>("Close"),
+    MethodRow<Execute>("Execute", {ExecuteParameters, {}, "ADODB.Recordset"}),
+    GetRow<&Connection::State>("State"),
+    MethodRow<&Connection::BeginTrans>("BeginTrans"),
+    MethodRow<&Connection::CommitTrans>("CommitTrans"),
+    MethodRow<&Connection::RollbackTrans>("RollbackTrans"),
 };
 constexpr ClassInfo ConnectionClass{"Connection", {}, ConnectionMembers};
 

@@ -1,7 +1,6 @@
+#include "automation/member_rows.h"
 #include "surface/cls_crud.h"
-#include "surface/member_rows.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -9,14 +8,13 @@ namespace korvex {
 
 namespace {
 
-using automation::InvokeKind;
-using automation::Member;
-using automation::Object;
+using automation::GetRow;
+using automation::LetRow;
+using automation::MethodRow;
 using automation::Parameter;
 using automation::Passing;
-using automation::Variant;
+using automation::Taking;
 using automation::VarType;
-using Arguments = std::span<Variant>;
 
 constexpr Parameter DataObject(std::string_view name, Passing passing) {
     return {name, VarType::Object, passing, false, "QORObject"};
@@ -46,155 +44,99 @@ constexpr Parameter DeleteDataParameters[] = {DataObject("coData", Passing::ByVa
 constexpr Parameter DefinitionParameters[] = {DataObject("coDataDef", Passing::ByReference)};
 constexpr Parameter StatementParameters[] = {Text("sSQL")};
 
-clsCRUD& Self(Object& self) { return static_cast<clsCRUD&>(self); }
-
-QORObject::Ref Data(const Variant& value) { return automation::ObjectAs<QORObject>(value); }
-
-const std::string& AsText(const Variant& value) { return surface::Argument<std::string>(value); }
-
-template <std::string (clsCRUD::*Name)(const QORObject::Ref&)>
-Variant NameOf(Object& self, Arguments arguments) {
-    return (Self(self).*Name)(Data(arguments[0]));
-}
-
 constexpr std::string_view FKPrefixText =
     "Allows an implementation team to set its own prefix for foreign key field names.  The default is "
     "\"FK_\".";
 constexpr std::string_view DbConnText = "Object representing an ADO database connection. ";
 
-constexpr Member Members[] = {
-    {.name = "LastResult",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments) -> Variant {
-         return static_cast<std::int32_t>(Self(self).LastResult());
-     },
-     .description =
-         "Describes the result of the last public method called on this object.  Indicates whether "
-         "the method was successful or not, and if unsuccessful, what error occured.",
-     .resultTypeName = "dbResults"},
-    surface::PropertyGet<clsCRUD, std::string, &clsCRUD::FKPrefix>("FKPrefix", FKPrefixText),
-    surface::PropertyLet<clsCRUD, std::string, &clsCRUD::FKPrefix, Passing::ByReference>("FKPrefix",
-                                                                                         FKPrefixText),
-    {.name = "DbConn",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::Object,
-     .call = [](Object& self, Arguments) -> Variant { return Self(self).DbConn(); },
-     .description = DbConnText,
-     .resultTypeName = "ADODB.Connection"},
-    {.name = "DbConn",
-     .kind = InvokeKind::PropertyLet,
-     .parameters = NewConnection,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         Self(self).DbConn(automation::ObjectAs<ado::Connection>(arguments[0]));
-         return {};
-     },
-     .description = DbConnText},
-    {.name = "ConnectDB",
-     .parameters = ConnectParameters,
-     .result = VarType::Boolean,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).ConnectDB(arguments[0], arguments[1]);
-     },
-     .description = "Connects this object to the specified database.  An optional foreign key prefix can be "
-                    "specified as the second parameter of this method."},
-    {.name = "DisconnectDB",
-     .result = VarType::Variant,
-     .call = [](Object& self, Arguments) { return Self(self).DisconnectDB(); },
-     .description = "Disconnects this object from the database (if a connection exists)."},
-    {.name = "DbDataExists",
-     .parameters = ExistsParameters,
-     .result = VarType::Boolean,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbDataExists(Data(arguments[0]), arguments[1]);
-     },
-     .description = "Determines if data for a specific primary key exists in the database.  Returns True if "
-                    "the data exists, False if it does not."},
-    {.name = "DbGetField",
-     .parameters = FieldParameters,
-     .result = VarType::Boolean,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbGetField(arguments[0], AsText(arguments[1]), AsText(arguments[2]),
-                                      AsText(arguments[3]), arguments[4]);
-     },
-     .description = "Retrieves the value of a specifc field in a table.  Returns True if the field was "
-                    "successfully retrieved, False if not."},
-    {.name = "DbSaveField",
-     .parameters = FieldParameters,
-     .result = VarType::Boolean,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbSaveField(arguments[0], AsText(arguments[1]), AsText(arguments[2]),
-                                       AsText(arguments[3]), arguments[4]);
-     },
-     .description = "Saves a value to a specifc field in a table. Returns True if the field was successfully "
-                    "saved, False if it was not."},
-    {.name = "DbGetData",
-     .parameters = GetDataParameters,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbGetData(Data(arguments[0]), arguments[1], AsText(arguments[2]));
-     },
-     .description = "Retrieves an object (identified by a specific primary key) from the database. "},
-    {.name = "DbSaveData",
-     .parameters = SaveDataParameters,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbSaveData(Data(arguments[0]));
-     },
-     .description =
-         "Writes an object to the database and returns the new primary key of the topmost record; it "
-         "may be given the data from any point of a data definition's tree."},
-    {.name = "DbUpdateData",
-     .parameters = UpdateDataParameters,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbUpdateData(Data(arguments[0]), arguments[1], AsText(arguments[2]));
-     },
-     .description =
-         "Updates an existing object in the database by writing only the changes made to the object "
-         "to the database.  Existing data that was not modified is not rewritten to the database."},
-    {.name = "DbUpdateDataRetainRoot",
-     .parameters = RetainRootParameters,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbUpdateDataRetainRoot(Data(arguments[0]), arguments[1]);
-     },
-     .description =
-         "Updates an existing object in the database by retaining only the record for the root object "
-         "(thus preserving this record's primary key).  All child records for the old coData are "
-         "first deleted, and then new ones written to the database."},
-    {.name = "DbDeleteData",
-     .parameters = DeleteDataParameters,
-     .result = VarType::Long,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).DbDeleteData(Data(arguments[0]), arguments[1], AsText(arguments[2]));
-     },
-     .description = "Deletes an object (identified by a specific primary key) from the database."},
-    {.name = "GetTableName",
-     .parameters = DefinitionParameters,
-     .result = VarType::String,
-     .call = NameOf<&clsCRUD::GetTableName>,
-     .description =
-         "Retrieves the name of the database table stored at the top level of this data definition."},
-    {.name = "GetPrimaryKeyFieldName",
-     .parameters = DefinitionParameters,
-     .result = VarType::String,
-     .call = NameOf<&clsCRUD::GetPrimaryKeyFieldName>,
-     .description = "Retrieves the name of the primary key field for the top level of this data definition."},
-    {.name = "GetForeignKeyFieldName",
-     .parameters = DefinitionParameters,
-     .result = VarType::String,
-     .call = NameOf<&clsCRUD::GetForeignKeyFieldName>,
-     .description = "Retrieves the name of the foriegn key field for the top level of this data definition."},
-    {.name = "OpenRecordset",
-     .parameters = StatementParameters,
-     .result = VarType::Object,
-     .call = [](Object& self, Arguments arguments) -> Variant {
-         return Self(self).OpenRecordset(AsText(arguments[0]));
-     },
-     .description =
-         "Open an ADO recordset object for the specified SQL string, using the existing m_DbConnection.",
-     .resultTypeName = "ADODB.Recordset"},
+constexpr automation::Member Members[] = {
+    GetRow<&clsCRUD::LastResult>(
+        "LastResult",
+        {.description =
+             "Describes the result of the last public method called on this object.  Indicates whether "
+             "the method was successful or not, and if unsuccessful, what error occured.",
+         .resultTypeName = "dbResults"}),
+    GetRow<Taking<>(&clsCRUD::FKPrefix)>("FKPrefix", {.description = FKPrefixText}),
+    LetRow<Taking<const std::string&>(&clsCRUD::FKPrefix), Passing::ByReference>(
+        "FKPrefix", {.description = FKPrefixText}),
+    GetRow<Taking<>(&clsCRUD::DbConn)>("DbConn",
+                                       {.description = DbConnText, .resultTypeName = "ADODB.Connection"}),
+    LetRow<Taking<const std::shared_ptr<ado::Connection>&>(&clsCRUD::DbConn)>(
+        "DbConn", {.parameters = NewConnection, .description = DbConnText}),
+    MethodRow<&clsCRUD::ConnectDB>(
+        "ConnectDB",
+        {.parameters = ConnectParameters,
+         .description =
+             "Connects this object to the specified database.  An optional foreign key prefix can be "
+             "specified as the second parameter of this method."}),
+    MethodRow<&clsCRUD::DisconnectDB>(
+        "DisconnectDB",
+        {.description = "Disconnects this object from the database (if a connection exists)."}),
+    MethodRow<&clsCRUD::DbDataExists>(
+        "DbDataExists",
+        {.parameters = ExistsParameters,
+         .description =
+             "Determines if data for a specific primary key exists in the database.  Returns True if "
+             "the data exists, False if it does not."}),
+    MethodRow<&clsCRUD::DbGetField>(
+        "DbGetField",
+        {.parameters = FieldParameters,
+         .description = "Retrieves the value of a specifc field in a table.  Returns True if the field was "
+                        "successfully retrieved, False if not."}),
+    MethodRow<&clsCRUD::DbSaveField>(
+        "DbSaveField",
+        {.parameters = FieldParameters,
+         .description =
+             "Saves a value to a specifc field in a table. Returns True if the field was successfully "
+             "saved, False if it was not."}),
+    MethodRow<&clsCRUD::DbGetData>(
+        "DbGetData",
+        {.parameters = GetDataParameters,
+         .description = "Retrieves an object (identified by a specific primary key) from the database. "}),
+    MethodRow<&clsCRUD::DbSaveData>(
+        "DbSaveData",
+        {.parameters = SaveDataParameters,
+         .description =
+             "Writes an object to the database and returns the new primary key of the topmost record; it "
+             "may be given the data from any point of a data definition's tree."}),
+    MethodRow<&clsCRUD::DbUpdateData>(
+        "DbUpdateData",
+        {.parameters = UpdateDataParameters,
+         .description =
+             "Updates an existing object in the database by writing only the changes made to the object "
+             "to the database.  Existing data that was not modified is not rewritten to the database."}),
+    MethodRow<&clsCRUD::DbUpdateDataRetainRoot>(
+        "DbUpdateDataRetainRoot",
+        {.parameters = RetainRootParameters,
+         .description =
+             "Updates an existing object in the database by retaining only the record for the root object "
+             "(thus preserving this record's primary key).  All child records for the old coData are "
+             "first deleted, and then new ones written to the database."}),
+    MethodRow<&clsCRUD::DbDeleteData>(
+        "DbDeleteData",
+        {.parameters = DeleteDataParameters,
+         .description = "Deletes an object (identified by a specific primary key) from the database."}),
+    MethodRow<&clsCRUD::GetTableName>(
+        "GetTableName",
+        {.parameters = DefinitionParameters,
+         .description =
+             "Retrieves the name of the database table stored at the top level of this data definition."}),
+    MethodRow<&clsCRUD::GetPrimaryKeyFieldName>(
+        "GetPrimaryKeyFieldName",
+        {.parameters = DefinitionParameters,
+         .description =
+             "Retrieves the name of the primary key field for the top level of this data definition."}),
+    MethodRow<&clsCRUD::GetForeignKeyFieldName>(
+        "GetForeignKeyFieldName",
+        {.parameters = DefinitionParameters,
+         .description =
+             "Retrieves the name of the foriegn key field for the top level of this data definition."}),
+    MethodRow<&clsCRUD::OpenRecordset>(
+        "OpenRecordset",
+        {.parameters = StatementParameters,
+         .description =
+             "Open an ADO recordset object for the specified SQL string, using the existing m_DbConnection.",
+         .resultTypeName = "ADODB.Recordset"}),
 };
 
 constexpr automation::ClassInfo Info = {

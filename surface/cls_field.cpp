@@ -1,6 +1,6 @@
 #include "surface/cls_field.h"
 
-#include "surface/member_rows.h"
+#include "automation/member_rows.h"
 
 #include <cstdint>
 #include <string>
@@ -10,13 +10,17 @@ namespace korvex {
 namespace {
 
 template <class T, T (clsField::*Get)()>
-constexpr automation::Member Read(std::string_view name) {
-    return surface::PropertyGet<clsField, T, Get>(name);
+consteval automation::Member Read(std::string_view name) {
+    return automation::GetRow<Get>(name);
 }
 
-template <class T, void (clsField::*Let)(surface::LetArgument<T>)>
-constexpr automation::Member Write(std::string_view name) {
-    return surface::PropertyLet<clsField, T, Let, automation::Passing::ByValue>(name);
+/// Texts are taken by reference, everything else by value.
+template <class T>
+using NewValue = std::conditional_t<std::is_same_v<T, std::string>, const std::string&, T>;
+
+template <class T, void (clsField::*Let)(NewValue<T>)>
+consteval automation::Member Write(std::string_view name) {
+    return automation::LetRow<Let>(name);
 }
 
 constexpr automation::Member Members[] = {

@@ -1,6 +1,7 @@
 #include "tests/windows/engines/dao_objects.h"
 
 #include "automation/convert.h"
+#include "automation/member_rows.h"
 #include "platform/native/dao/dao_engine.h"
 #include "tests/windows/engines/dao_files.h"
 #include "tests/windows/engines/dao_recordset_objects.h"
@@ -12,21 +13,12 @@ namespace korvex::test {
 namespace {
 
 using automation::ClassInfo;
-using automation::InvokeKind;
 using automation::Member;
-using automation::Object;
+using automation::MethodRow;
 using automation::Parameter;
 using automation::Passing;
 using automation::Variant;
 using automation::VarType;
-using Arguments = std::span<Variant>;
-
-template <class T>
-T& As(Object& self) {
-    return static_cast<T&>(self);
-}
-
-const std::string& Text(const Variant& argument) { return *argument.If<std::string>(); }
 
 constexpr std::int32_t invalidArgument = 3001;
 
@@ -44,32 +36,26 @@ constexpr Parameter Optional(std::string_view name) {
 
 // ---- Database
 
-Variant OpenRecordset(Object& self, Arguments arguments) {
-    auto& database = As<DatabaseObject>(self);
-    auto rows = database.Engine().OpenRecordset(Text(arguments[0]), automation::ToLong(arguments[1]),
-                                                LongOrOmitted(arguments[2]), LongOrOmitted(arguments[3]));
+automation::ObjectRef OpenRecordset(DatabaseObject& database, const std::string& sql, std::int32_t type,
+                                    const Variant& options, const Variant& lockEdit) {
+    auto rows = database.Engine().OpenRecordset(sql, type, LongOrOmitted(options), LongOrOmitted(lockEdit));
     return WrapRecordset(std::move(rows), database.shared_from_this());
 }
+
+void Execute(DatabaseObject& database, const std::string& sql, const Variant&) {
+    database.Engine().Execute(sql);
+}
+
+void Close(DatabaseObject& database) { database.Engine().Close(); }
 
 constexpr Parameter OpenRecordsetParameters[] = {
     {"Name", VarType::String}, {"Type", VarType::Long}, Optional("Options"), Optional("LockEdit")};
 constexpr Parameter ExecuteParameters[] = {{"Query", VarType::String}, Optional("Options")};
 
 constexpr Member DatabaseMembers[] = {
-    {"OpenRecordset", InvokeKind::Method, OpenRecordsetParameters, VarType::Object, OpenRecordset},
-    {"Execute", InvokeKind::Method, ExecuteParameters, VarType::Void,
-     [](Object& self, Arguments arguments) -> Variant {
-         As<DatabaseObject>(self).Engine().Execute(Text(arguments[0]));
-         return {};
-     }},
-    {"Close",
-     InvokeKind::Method,
-     {},
-     VarType::Void,
-     [](Object& self, Arguments) -> Variant {
-         As<DatabaseObject>(self).Engine().Close();
-         return {};
-     }},
+    MethodRow<OpenRecordset>("OpenRecordset", {OpenRecordsetParameters}),
+    MethodRow<Execute>("Execute", {ExecuteParameters}),
+    MethodRow<Close>("Close"),
 };
 constexpr ClassInfo DatabaseClass{"Database", {}, DatabaseMembers};
 
@@ -86,23 +72,32 @@ constexpr Parameter OpenConnectionParameters[] = {{"Name", VarType::String},
                                                   {"ReadOnly", VarType::Boolean},
                                                   {"Connect", VarType::String}};
 
+std::shared_ptr<DatabaseObject> OpenConnection(WorkspaceObject& workspace, const std::string& name,
+                                               const Variant&, bool readOnly, const std::string& connect) {
+    return std::make_shared<DatabaseObject>(workspace.engine.OpenConnection(name, readOnly, connect));
+}
+
 constexpr Member WorkspaceMembers[] = {
-    {"OpenConnection", InvokeKind::Method, OpenConnectionParameters, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return std::make_shared<DatabaseObject>(As<WorkspaceObject>(self).engine.OpenConnection(
-             Text(arguments[0]), *arguments[2].If<bool>(), Text(arguments[3])));
-     }},
-};
+    MethodRow<OpenConnection>("OpenConnection", {OpenConnectionParameters})};
 constexpr ClassInfo WorkspaceClass{"Workspace", {}, WorkspaceMembers};
 
 const ClassInfo& WorkspaceObject::Class() const noexcept { return WorkspaceClass; }
 
 // ---- DBEngine
 
-template <void (*Work)(dao::Database&)>
-Variant OnAll(Object& self, Arguments) {
-    As<DBEngineObject>(self).ForAll(Work);
-    return {};
+std::shared_ptr<WorkspaceObject> CreateWorkspace(DBEngineObject&, const std::string&, const std::string&,
+                                                 const std::string&, const Variant&) {
+    return std::make_shared<WorkspaceObject>();
+}
+
+template <std::unique_ptr<dao::Database> (*open)(std::string_view)>
+std::shared_ptr<DatabaseObject> KeepFile(DBEngineObject& engine, const std::string& name, const Variant&) {
+    return engine.Keep(open(name));
+}
+
+template <auto work>
+void OnAll(DBEngineObject& engine) {
+    engine.ForAll([](dao::Database& database) { (database.*work)(); });
 }
 
 constexpr Parameter NameParameter[] = {{"Name", VarType::String}, Optional("Locale")};
@@ -112,31 +107,12 @@ constexpr Parameter WorkspaceParameters[] = {{"Name", VarType::String},
                                              Optional("UseType")};
 
 constexpr Member EngineMembers[] = {
-    {"CreateWorkspace", InvokeKind::Method, WorkspaceParameters, VarType::Object,
-     [](Object&, Arguments) -> Variant { return std::make_shared<WorkspaceObject>(); }},
-    {"OpenDatabase", InvokeKind::Method, NameParameter, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return As<DBEngineObject>(self).Keep(OpenDatabaseFile(Text(arguments[0])));
-     }},
-    {"CreateDatabase", InvokeKind::Method, NameParameter, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return As<DBEngineObject>(self).Keep(CreateDatabaseFile(Text(arguments[0])));
-     }},
-    {"BeginTrans",
-     InvokeKind::Method,
-     {},
-     VarType::Void,
-     OnAll<[](dao::Database& database) { database.BeginTrans(); }>},
-    {"CommitTrans",
-     InvokeKind::Method,
-     {},
-     VarType::Void,
-     OnAll<[](dao::Database& database) { database.CommitTrans(); }>},
-    {"Rollback",
-     InvokeKind::Method,
-     {},
-     VarType::Void,
-     OnAll<[](dao::Database& database) { database.Rollback(); }>},
+    MethodRow<CreateWorkspace>("CreateWorkspace", {WorkspaceParameters}),
+    MethodRow<KeepFile<OpenDatabaseFile>>("OpenDatabase", {NameParameter}),
+    MethodRow<KeepFile<CreateDatabaseFile>>("CreateDatabase", {NameParameter}),
+    MethodRow<OnAll<&dao::Database::BeginTrans>>("BeginTrans"),
+    MethodRow<OnAll<&dao::Database::CommitTrans>>("CommitTrans"),
+    MethodRow<OnAll<&dao::Database::Rollback>>("Rollback"),
 };
 constexpr ClassInfo EngineClass{"DBEngine", {}, EngineMembers};
 

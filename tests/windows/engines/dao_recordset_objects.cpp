@@ -1,6 +1,6 @@
 #include "tests/windows/engines/dao_recordset_objects.h"
 
-#include "automation/convert.h"
+#include "automation/member_rows.h"
 
 #include <string>
 #include <utility>
@@ -10,18 +10,14 @@ namespace korvex::test {
 namespace {
 
 using automation::ClassInfo;
-using automation::InvokeKind;
+using automation::GetRow;
+using automation::LetRow;
 using automation::Member;
-using automation::Object;
+using automation::MethodRow;
 using automation::Parameter;
+using automation::Taking;
 using automation::Variant;
 using automation::VarType;
-using Arguments = std::span<Variant>;
-
-template <class T>
-T& As(Object& self) {
-    return static_cast<T&>(self);
-}
 
 class RecordsetObject final : public automation::TableObject {
   public:
@@ -42,7 +38,9 @@ class FieldObject final : public automation::TableObject {
         : m_owner(std::move(owner)), m_field(field) {}
     const ClassInfo& Class() const noexcept override;
 
-    dao::Field& Engine() const noexcept { return m_field; }
+    std::string_view Name() const { return m_field.Name(); }
+    Variant Value() const { return m_field.Value(); }
+    void Value(const Variant& value) const { m_field.Value(value); }
 
   private:
     std::shared_ptr<RecordsetObject> m_owner;
@@ -67,21 +65,9 @@ class FieldsObject final : public automation::TableObject {
 constexpr Parameter NewValue[] = {{"Value", VarType::Variant}};
 
 constexpr Member FieldMembers[] = {
-    {"Name",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::String,
-     [](Object& self, Arguments) -> Variant { return As<FieldObject>(self).Engine().Name(); }},
-    {"Value",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Variant,
-     [](Object& self, Arguments) { return As<FieldObject>(self).Engine().Value(); }},
-    {"Value", InvokeKind::PropertyLet, NewValue, VarType::Void,
-     [](Object& self, Arguments arguments) -> Variant {
-         As<FieldObject>(self).Engine().Value(arguments[0]);
-         return {};
-     }},
+    GetRow<&FieldObject::Name>("Name"),
+    GetRow<Taking<>(&FieldObject::Value)>("Value"),
+    LetRow<Taking<const Variant&>(&FieldObject::Value)>("Value", {NewValue}),
 };
 constexpr ClassInfo FieldClass{"Field", {}, FieldMembers, "Value"};
 
@@ -89,44 +75,31 @@ constexpr ClassInfo FieldClass{"Field", {}, FieldMembers, "Value"};
 
 constexpr Parameter ItemParameter[] = {{"Item", VarType::String}};
 
-constexpr Member FieldsMembers[] = {
-    {"Item", InvokeKind::PropertyGet, ItemParameter, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return As<FieldsObject>(self).Item(*arguments[0].If<std::string>());
-     }},
-};
+constexpr Member FieldsMembers[] = {GetRow<&FieldsObject::Item>("Item", {ItemParameter})};
 constexpr ClassInfo FieldsClass{"Fields", {}, FieldsMembers, "Item"};
 
 // ---- Recordset
 
-template <void (dao::Recordset::*Action)()>
-constexpr Member Method(std::string_view name) {
-    return {.name = name, .parameters = {}, .call = [](Object& self, Arguments) -> Variant {
-                (As<RecordsetObject>(self).Rows().*Action)();
-                return {};
-            }};
+bool Eof(RecordsetObject& self) { return self.Rows().Eof(); }
+
+std::shared_ptr<FieldsObject> Fields(RecordsetObject& self) {
+    return std::make_shared<FieldsObject>(std::static_pointer_cast<RecordsetObject>(self.shared_from_this()));
+}
+
+template <void (dao::Recordset::*action)()>
+void Do(RecordsetObject& self) {
+    (self.Rows().*action)();
 }
 
 constexpr Member RecordsetMembers[] = {
-    {"EOF",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Boolean,
-     [](Object& self, Arguments) -> Variant { return As<RecordsetObject>(self).Rows().Eof(); }},
-    {"Fields",
-     InvokeKind::PropertyGet,
-     {},
-     VarType::Object,
-     [](Object& self, Arguments) -> Variant {
-         return std::make_shared<FieldsObject>(
-             std::static_pointer_cast<RecordsetObject>(self.shared_from_this()));
-     }},
-    Method<&dao::Recordset::MoveNext>("MoveNext"),
-    Method<&dao::Recordset::MoveLast>("MoveLast"),
-    Method<&dao::Recordset::AddNew>("AddNew"),
-    Method<&dao::Recordset::Edit>("Edit"),
-    Method<&dao::Recordset::Update>("Update"),
-    Method<&dao::Recordset::Close>("Close"),
+    GetRow<Eof>("EOF"),
+    GetRow<Fields>("Fields"),
+    MethodRow<Do<&dao::Recordset::MoveNext>>("MoveNext"),
+    MethodRow<Do<&dao::Recordset::MoveLast>>("MoveLast"),
+    MethodRow<Do<&dao::Recordset::AddNew>>("AddNew"),
+    MethodRow<Do<&dao::Recordset::Edit>>("Edit"),
+    MethodRow<Do<&dao::Recordset::Update>>("Update"),
+    MethodRow<Do<&dao::Recordset::Close>>("Close"),
 };
 constexpr ClassInfo RecordsetClass{"Recordset", {}, RecordsetMembers, "Fields"};
 

@@ -1,5 +1,6 @@
 #include "tests/windows/engines/data_objects.h"
 
+#include "automation/member_rows.h"
 #include "hosts/objects/json.h"
 #include "hosts/objects/load_definition.h"
 #include "tests/windows/engines/dao_files.h"
@@ -8,20 +9,26 @@ namespace korvex::test {
 
 namespace {
 
-using automation::InvokeKind;
-using automation::Member;
-using automation::Object;
-using automation::ObjectAs;
+using automation::MethodRow;
 using automation::Parameter;
-using automation::Variant;
 using automation::VarType;
-using Arguments = std::span<Variant>;
+using objects::DataObject;
 
-const std::string& Text(const Variant& argument) { return *argument.If<std::string>(); }
-
-const std::shared_ptr<objects::Definition>& DefinitionOf(Object& self, Arguments arguments) {
-    return static_cast<DataObjects&>(self).DefinitionOf(Text(arguments[0]), Text(arguments[1]));
+std::shared_ptr<DataObject> Create(DataObjects& self, const std::string& repository,
+                                   const std::string& storage) {
+    return std::make_shared<DataObject>(self.DefinitionOf(repository, storage));
 }
+
+std::shared_ptr<DataObject> FromJson(DataObjects& self, const std::string& repository,
+                                     const std::string& storage, const std::string& text) {
+    return objects::FromJson(self.DefinitionOf(repository, storage), text);
+}
+
+void ApplyJson(DataObjects&, const std::shared_ptr<DataObject>& data, const std::string& text) {
+    objects::ApplyJson(*data, text);
+}
+
+std::string ToJson(DataObjects&, const std::shared_ptr<DataObject>& data) { return objects::ToJson(*data); }
 
 constexpr Parameter CreateParameters[] = {{"Repository", VarType::String}, {"Storage", VarType::String}};
 constexpr Parameter FromJsonParameters[] = {
@@ -29,24 +36,11 @@ constexpr Parameter FromJsonParameters[] = {
 constexpr Parameter ObjectParameter[] = {{"Data", VarType::Object}};
 constexpr Parameter ApplyParameters[] = {{"Data", VarType::Object}, {"Text", VarType::String}};
 
-constexpr Member Members[] = {
-    {"Create", InvokeKind::Method, CreateParameters, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return std::make_shared<objects::DataObject>(DefinitionOf(self, arguments));
-     }},
-    {"FromJson", InvokeKind::Method, FromJsonParameters, VarType::Object,
-     [](Object& self, Arguments arguments) -> Variant {
-         return objects::FromJson(DefinitionOf(self, arguments), Text(arguments[2]));
-     }},
-    {"ApplyJson", InvokeKind::Method, ApplyParameters, VarType::Void,
-     [](Object&, Arguments arguments) -> Variant {
-         objects::ApplyJson(*ObjectAs<objects::DataObject>(arguments[0]), Text(arguments[1]));
-         return {};
-     }},
-    {"ToJson", InvokeKind::Method, ObjectParameter, VarType::String,
-     [](Object&, Arguments arguments) -> Variant {
-         return objects::ToJson(*ObjectAs<objects::DataObject>(arguments[0]));
-     }},
+constexpr automation::Member Members[] = {
+    MethodRow<Create>("Create", {CreateParameters}),
+    MethodRow<FromJson>("FromJson", {FromJsonParameters}),
+    MethodRow<ApplyJson>("ApplyJson", {ApplyParameters}),
+    MethodRow<ToJson>("ToJson", {ObjectParameter}),
 };
 constexpr automation::ClassInfo Info{"DataObjects", {}, Members};
 
