@@ -2,10 +2,12 @@
 
 #include "platform/platform.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <fcntl.h>
+#include <iomanip>
 #include <spawn.h>
+#include <sstream>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -50,6 +52,23 @@ CommandResult RunKorvex(const std::vector<std::string>& arguments,
     int status = 0;
     waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("output"), folder.Read("messages")};
+}
+
+std::vector<std::string> Words(std::string_view line) {
+    std::istringstream stream{std::string(line)};
+    std::vector<std::string> words;
+    for (std::string word; stream >> std::quoted(word, '\'');)
+        words.push_back(word);
+    return words;
+}
+
+void ExpectFailure(const CommandResult& result, std::string_view part, int exitCode) {
+    EXPECT_EQ(result.exitCode, exitCode) << part;
+    EXPECT_EQ(result.output, "") << part;
+    EXPECT_THAT(result.messages, testing::HasSubstr(part));
+    if (exitCode == 1) {
+        EXPECT_THAT(result.messages, testing::MatchesRegex("korvex: [^\n]*\n"));
+    }
 }
 
 RepositoryFile::RepositoryFile() {

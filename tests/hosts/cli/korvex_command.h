@@ -22,6 +22,13 @@ CommandResult RunKorvex(const std::vector<std::string>& arguments,
                         const std::vector<std::string>& environment = {}, const std::string& outputFile = {},
                         const std::string& inputFile = "/dev/null");
 
+/// The words of a command line; one in single quotes may hold blanks or nothing.
+std::vector<std::string> Words(std::string_view line);
+
+/// Expects this exit code, no results, and one message that holds `part`; wrong usage, 2, may add lines of
+/// help.
+void ExpectFailure(const CommandResult& result, std::string_view part, int exitCode = 1);
+
 /// A repository in a folder of its own, which is the place for everything that a test writes.
 class RepositoryFile {
   public:

@@ -73,42 +73,31 @@ TEST_F(Script, EveryFileThatCannotBeWrittenIsNamed) {
         const std::filesystem::path path = std::filesystem::path(Out()) / taken;
         std::filesystem::remove(path);
         std::filesystem::create_directories(path / "in the way");
-        const CommandResult result = Run({"--dialect", "all"});
-        EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.output, "");
-        EXPECT_EQ(result.messages.rfind("korvex: error ", 0), 0U) << result.messages;
-        EXPECT_NE(result.messages.find(path.string()), std::string::npos) << result.messages;
+        ExpectFailure(Run({"--dialect", "all"}), path.string());
         std::filesystem::remove_all(path);
     }
 }
 
 TEST_F(Script, OutputFolderThatCannotBeMadeIsOneMessage) {
     m_repository.Folder().Write("out", "a file");
-    const CommandResult result = Run({"--dialect", "mssql"});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.messages,
-              "korvex: error 75: The folder cannot be created: " + Out() + " (Not a directory)\n");
+    ExpectFailure(Run({"--dialect", "mssql"}),
+                  "korvex: error 75: The folder cannot be created: " + Out() + " (Not a directory)\n");
     EXPECT_EQ(m_repository.Folder().Read("out"), "a file");
 }
 
 TEST_F(Script, GenerationThatFailsKeepsTheFilesOfTheRunBefore) {
     ASSERT_EQ(Run({"--dialect", "all"}).exitCode, 0);
     const std::string before = Written("MSCreate.sql");
-    const struct {
-        const char* statement;
-        const char* message;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"update tValues set MaxLength = 'twenty' where Name = 'Two'", "korvex: error 13: "},
         {"update tObjects set CollectionObjectID = 1 where Name = 'Gamma'", "korvex: error 28: "},
     };
     for (const auto& [statement, message] : cases) {
         const RepositoryFile broken(TwoDefinitions);
         broken.Execute({statement});
-        const CommandResult result =
-            RunKorvex({"script", "--repository", broken.Path(), "--dialect", "all", "--out", Out()});
-        EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.output, "");
-        EXPECT_EQ(result.messages.rfind(message, 0), 0U) << result.messages;
+        ExpectFailure(
+            RunKorvex({"script", "--repository", broken.Path(), "--dialect", "all", "--out", Out()}),
+            message);
         EXPECT_EQ(Written("MSCreate.sql"), before);
     }
 }

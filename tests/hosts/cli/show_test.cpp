@@ -1,6 +1,10 @@
 #include "hosts/cli/korvex_command.h"
+#include "support/text_files.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace korvex::tests {
 namespace {
@@ -22,78 +26,14 @@ constexpr std::string_view Model = R"({
 TEST(Show, EachFormatOfADefinition) {
     const RepositoryFile repository(Model);
     ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
-    const struct {
-        std::vector<std::string> options;
-        const char* text;
-    } cases[] = {
-        {{},
-         "definition Library: Reader in tReader\n"
-         "  Full name: string(80), default n|n\n"
-         "  Loans: Loans (collection) in tLoans\n"
-         "    element: Loan in tLoan\n"
-         "      TakenOn: date\n"
-         "      Book: Book in tBook2\n"
-         "        Pages: 99\n"
-         "        BookID: long, auto number, primary key\n"
-         "        FK_LoanID: long, refers to Loan\n"
-         "        FK_ReaderID: long, refers to Reader\n"
-         "      LoanID: long, auto number, primary key\n"
-         "      FK_LoansID: long, refers to Loans\n"
-         "    LoansID: long, auto number, primary key\n"
-         "    FK_ReaderID: long, refers to Reader\n"
-         "  Favourite: Book in tBook2 (shown above)\n"
-         "  ReaderID: long, auto number, primary key\n"
-         "\n"
-         "in no definition: Book\n"
-         "  Since: integer\n"},
-        {{"--storage", "Library", "--format", "mermaid"},
-         "erDiagram\n"
-         "    Reader {\n"
-         "        string(80) Full_name\n"
-         "        long ReaderID PK\n"
-         "    }\n"
-         "    Loans {\n"
-         "        long LoansID PK\n"
-         "        long FK_ReaderID FK\n"
-         "    }\n"
-         "    Loan {\n"
-         "        date TakenOn\n"
-         "        long LoanID PK\n"
-         "        long FK_LoansID FK\n"
-         "    }\n"
-         "    Book {\n"
-         "        _99 Pages\n"
-         "        long BookID PK\n"
-         "        long FK_LoanID FK\n"
-         "        long FK_ReaderID FK\n"
-         "    }\n"
-         "    Reader ||--o| Loans : \"Loans\"\n"
-         "    Reader ||--o| Book : \"Favourite\"\n"
-         "    Loans ||--o{ Loan : elements\n"
-         "    Loan ||--o| Book : \"Book\"\n"},
-        {{"--format", "dot"},
-         "digraph definition {\n"
-         "    node [shape=record];\n"
-         "    \"Reader\" [label=\"{Reader\\ntReader|Full\\ name\\ :\\ string(80)\\lReaderID\\ :\\ "
-         "long\\l}\"];\n"
-         "    \"Loans\" [label=\"{Loans\\ntLoans|LoansID\\ :\\ long\\lFK_ReaderID\\ :\\ long\\l}\"];\n"
-         "    \"Loan\" [label=\"{Loan\\ntLoan|TakenOn\\ :\\ date\\lLoanID\\ :\\ long\\lFK_LoansID\\ :\\ "
-         "long\\l}\"];\n"
-         "    \"Book\" [label=\"{Book\\ntBook2|Pages\\ :\\ 99\\lBookID\\ :\\ long\\lFK_LoanID\\ :\\ "
-         "long\\lFK_ReaderID\\ :\\ long\\l}\"];\n"
-         "    \"Book_2\" [label=\"{Book|Since\\ :\\ integer\\l}\"];\n"
-         "    \"Reader\" -> \"Loans\" [label=\"Loans\"];\n"
-         "    \"Reader\" -> \"Book\" [label=\"Favourite\"];\n"
-         "    \"Loans\" -> \"Loan\" [label=\"elements\", arrowhead=crow];\n"
-         "    \"Loan\" -> \"Book\" [label=\"Book\"];\n"
-         "}\n"},
-    };
-    for (const auto& [options, text] : cases) {
+    for (const auto& [options, file] : {std::pair("", "library.tree.txt"),
+                                        {"--storage Library --format mermaid", "library.mermaid"},
+                                        {"--format dot", "library.dot"}}) {
         std::vector<std::string> arguments = {"repository", "show", repository.Path()};
-        arguments.insert(arguments.end(), options.begin(), options.end());
+        std::ranges::copy(Words(options), std::back_inserter(arguments));
         const CommandResult result = RunKorvex(arguments);
         EXPECT_EQ(result.exitCode, 0);
-        EXPECT_EQ(result.output, text);
+        ExpectSameText(file, result.output, ReadFile(std::string(KORVEX_EXPECTED "/") + file));
         EXPECT_EQ(result.messages, "");
     }
 }
