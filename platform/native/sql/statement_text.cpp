@@ -73,6 +73,18 @@ constexpr bool IsHexDigit(char c) noexcept {
     return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
+/// Behind the blanks, or the rest of a word, from `at` on.
+constexpr std::size_t BehindBlanks(std::string_view text, std::size_t at) noexcept {
+    while (at < text.size() && IsBlank(text[at]))
+        ++at;
+    return at;
+}
+constexpr std::size_t BehindWord(std::string_view text, std::size_t at) noexcept {
+    while (at < text.size() && IsWordPart(text[at]))
+        ++at;
+    return at;
+}
+
 /// Behind the comment that begins at `at`; `at` itself when none does.
 std::size_t BehindComment(std::string_view text, std::size_t at) noexcept {
     const std::string_view opening = text.substr(at, 2);
@@ -150,16 +162,12 @@ bool MayHoldBody(std::string_view text) noexcept {
         "public", "alter", "editionable", "noneditionable", "constraint", "force"};
     std::size_t at = 0;
     for (bool first = true;; first = false) {
-        while (at < text.size() && IsBlank(text[at]))
-            ++at;
-        const std::size_t start = at;
-        while (at < text.size() && IsWordPart(text[at]))
-            ++at;
+        const std::size_t start = BehindBlanks(text, at);
+        at = BehindWord(text, start);
         const std::string_view word = text.substr(start, at - start);
         if (first && EqualsIgnoreCase(word, "declare")) return true;
         if (first && EqualsIgnoreCase(word, "begin")) {
-            while (at < text.size() && IsBlank(text[at]))
-                ++at;
+            at = BehindBlanks(text, at);
             return at < text.size() && text[at] != ';';
         }
         if (IsOneOf(word, Bodies)) return true;
@@ -247,10 +255,7 @@ class Scanner {
 
     void Word() {
         const std::size_t start = m_at;
-        std::size_t end = start + 1;
-        while (end < m_text.size() && IsWordPart(m_text[end]))
-            ++end;
-        m_at = end;
+        m_at = BehindWord(m_text, start + 1);
         const std::string_view word = m_text.substr(start, m_at - start);
         if (!m_sawWord) {
             m_sawWord = true;
@@ -320,13 +325,9 @@ class Scanner {
 
     /// Whether a condition ends at `at`, or another one follows.
     bool EndsOperand(std::size_t at) const noexcept {
-        while (at < m_text.size() && IsBlank(m_text[at]))
-            ++at;
+        at = BehindBlanks(m_text, at);
         if (at == m_text.size() || m_text[at] == ')') return true;
-        std::size_t end = at;
-        while (end < m_text.size() && IsWordPart(m_text[end]))
-            ++end;
-        const std::string_view word = m_text.substr(at, end - at);
+        const std::string_view word = m_text.substr(at, BehindWord(m_text, at) - at);
         return IsWord(word, "and") || IsWord(word, "or") || IsWord(word, "order");
     }
 
@@ -439,10 +440,7 @@ StatementKind KindOfStatement(std::string_view text) noexcept {
     while (at < text.size() && ClassOf(text[at]) != CharClass::Letter) {
         at = std::max(at + 1, BehindComment(text, at));
     }
-    std::size_t end = at;
-    while (end < text.size() && IsWordPart(text[end]))
-        ++end;
-    return KindOf(text.substr(std::min(at, text.size()), end - at));
+    return KindOf(text.substr(at, BehindWord(text, at) - at));
 }
 
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result) {
