@@ -111,7 +111,6 @@ class Cursor final : private SessionCursor {
     void StepIntoAdded(std::size_t index) noexcept;
     Row StreamRow();
     void KeepStreamRow();
-    void LeaveStream();
     automation::Variant StoredValue(std::size_t column);
     automation::Variant AddedValue(AddedRow& row, std::size_t column);
     RowWriter& Writer();
