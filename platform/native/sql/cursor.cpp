@@ -213,14 +213,7 @@ void Cursor::StepIntoAdded(std::size_t index) noexcept {
     m_position = index < m_added.size() ? Position::Added : Position::End;
 }
 
-Row Cursor::StreamRow() {
-    Row row;
-    const std::size_t count = m_shape->columns.size();
-    row.reserve(count);
-    for (std::size_t i = 0; i < count; ++i)
-        row.push_back(m_statement->Value(i));
-    return row;
-}
+Row Cursor::StreamRow() { return ReadRow(*m_statement, m_shape->columns.size()); }
 
 /// Takes the current row into memory, if the statement still holds it.
 void Cursor::KeepStreamRow() {

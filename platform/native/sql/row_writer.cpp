@@ -17,6 +17,14 @@ using automation::Variant;
 
 }  // namespace
 
+Row ReadRow(Statement& statement, std::size_t count) {
+    Row row;
+    row.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        row.push_back(statement.Value(i));
+    return row;
+}
+
 void Changes::Set(std::size_t column, Variant value) {
     if (!IsSet(column)) m_columns.push_back(column);
     m_values[column] = std::move(value);
@@ -144,11 +152,7 @@ std::optional<Row> RowWriter::Read(const RowIdentity& identity) {
     BindIdentity(query, 0, identity);
     query.Execute(text);
     if (!query.Fetch(text)) return std::nullopt;
-    Row row;
-    row.reserve(count);
-    for (std::size_t i = 0; i < count; ++i)
-        row.push_back(query->Value(i));
-    return row;
+    return ReadRow(*query, count);
 }
 
 void RowWriter::BindChanges(StatementLease& statement, const Changes& changes) const {

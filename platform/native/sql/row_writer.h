@@ -15,6 +15,9 @@ namespace korvex::native::sql {
 
 using Row = std::vector<automation::Variant>;
 
+/// The first `count` values of a statement's current row.
+Row ReadRow(Statement& statement, std::size_t count);
+
 /// New values for the columns of one row, in the form of ForColumn.
 class Changes {
   public:
