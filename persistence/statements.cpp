@@ -31,13 +31,22 @@ std::string ConvertedNumber(std::string_view text) {
     }
 }
 
+constexpr std::string_view SelectVerb = "select * from ";
+
+/// The verb and the table, with room for `more` characters.
+std::string Begin(std::string_view verb, std::string_view table, std::size_t more) {
+    RefuseQuote(table);
+    std::string text;
+    text.reserve(verb.size() + table.size() + more);
+    text.append(verb).append(table);
+    return text;
+}
+
 std::string Where(std::string_view verb, std::string_view table, std::string_view keyColumn,
                   const Variant& key, KeyClause clause) {
-    RefuseQuote(table);
+    std::string text = Begin(verb, table, keyColumn.size() + 32);
     RefuseQuote(keyColumn);
-    std::string text;
-    text.reserve(verb.size() + table.size() + keyColumn.size() + 32);
-    text.append(verb).append(table).append(" where ").append(keyColumn);
+    text.append(" where ").append(keyColumn);
     text.append(clause == KeyClause::Tight ? "=" : " = ").append(KeyText(key));
     return text;
 }
@@ -53,18 +62,11 @@ std::string KeyText(const Variant& key) {
     return IsPlainNumber(text) ? text : ConvertedNumber(text);
 }
 
-std::string SelectAll(std::string_view table) {
-    RefuseQuote(table);
-    constexpr std::string_view verb = "select * from ";
-    std::string text;
-    text.reserve(verb.size() + table.size());
-    text.append(verb).append(table);
-    return text;
-}
+std::string SelectAll(std::string_view table) { return Begin(SelectVerb, table, 0); }
 
 std::string SelectWhere(std::string_view table, std::string_view keyColumn, const Variant& key,
                         KeyClause clause) {
-    return Where("select * from ", table, keyColumn, key, clause);
+    return Where(SelectVerb, table, keyColumn, key, clause);
 }
 
 std::string DeleteWhere(std::string_view table, std::string_view keyColumn, const Variant& key) {
