@@ -74,6 +74,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
                           const std::string& sKeyFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
+    const Descent descent(session);
     const std::size_t failedOpens = session.FailedOpens();
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
@@ -95,6 +96,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
 std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coData, const Variant& lKey) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
+    const Descent descent(session);
     const std::size_t failedOpens = session.FailedOpens();
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, {});
