@@ -81,8 +81,12 @@ void OdbcColumn::Bind(const OdbcHandle& statement, const OdbcDialect& dialect) {
 
 Variant OdbcColumn::Value(const OdbcHandle& statement, const OdbcDialect& dialect) {
     if (IsBound() && !IsCutOff()) return BoundValue();
-    if (!m_read) m_read = OdbcValueReader(statement, dialect, m_index).Read(*m_info);
+    Read(statement, dialect);
     return *m_read;
+}
+
+void OdbcColumn::Read(const OdbcHandle& statement, const OdbcDialect& dialect) {
+    if (!m_read) m_read = OdbcValueReader(statement, dialect, m_index).Read(*m_info);
 }
 
 bool OdbcColumn::IsCutOff() const noexcept {

@@ -22,6 +22,8 @@ class OdbcColumn {
     void Bind(const OdbcHandle& statement, const OdbcDialect& dialect);
     /// Forgets the value of the row before.
     void StartRow() noexcept { m_read.reset(); }
+    /// Reads the value of a column that is not bound; a second time it does nothing.
+    void Read(const OdbcHandle& statement, const OdbcDialect& dialect);
     /// The value of the current row.
     automation::Variant Value(const OdbcHandle& statement, const OdbcDialect& dialect);
 

@@ -206,7 +206,7 @@ bool OdbcStatement::Fetch() {
     Check(result);
     for (OdbcColumn& column : m_columns) {
         column.StartRow();
-        if (!m_dialect.bindsColumns) column.Value(m_statement, m_dialect);
+        if (!m_dialect.bindsColumns) column.Read(m_statement, m_dialect);
     }
     return true;
 }
