@@ -128,11 +128,9 @@ std::shared_ptr<dao::DBEngine> DaoEngine() {
     static std::map<DWORD, std::weak_ptr<dao::DBEngine>> engines;
     const std::scoped_lock lock(guard);
     std::erase_if(engines, [](const auto& entry) { return entry.second.expired(); });
-    auto engine = engines[GetCurrentThreadId()].lock();
-    if (!engine) {
-        engine = std::make_shared<DaoDBEngine>();
-        engines[GetCurrentThreadId()] = engine;
-    }
+    std::weak_ptr<dao::DBEngine>& known = engines[GetCurrentThreadId()];
+    std::shared_ptr<dao::DBEngine> engine = known.lock();
+    if (!engine) known = engine = std::make_shared<DaoDBEngine>();
     return engine;
 }
 
