@@ -1,14 +1,16 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "noting_create_db.h"
+#include "persistence/plain_object.h"
+#include "support/member_text.h"
+#include "support/text_files.h"
+#include "surface/cls_crud.h"
 #include "surface/cls_field.h"
 #include "surface/create_object.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -16,89 +18,18 @@ namespace korvex::surface {
 namespace {
 
 using automation::InvokeKind;
-using automation::Member;
 using automation::OutcomeOf;
-using automation::Parameter;
-using automation::Passing;
 using automation::Variant;
-using automation::VarType;
 
-std::string TypeName(VarType type) {
-    static const std::map<VarType, std::string> names = {
-        {VarType::Integer, "integer"}, {VarType::Long, "long"},     {VarType::String, "string"},
-        {VarType::Boolean, "boolean"}, {VarType::Object, "object"}, {VarType::Variant, "variant"},
-        {VarType::Void, "none"},
-    };
-    return names.at(type);
-}
-
-/// "DoScript method (sID string by reference, ...) none"
-std::string Signature(const Member& member) {
-    std::string text = std::string(member.name) + (member.kind == InvokeKind::Method        ? " method ("
-                                                   : member.kind == InvokeKind::PropertyGet ? " get ("
-                                                                                            : " let (");
-    const char* separator = "";
-    for (const Parameter& parameter : member.parameters) {
-        text += separator + std::string(parameter.name) + " " + TypeName(parameter.type);
-        if (parameter.optional) text += " optional";
-        text += parameter.passing == Passing::ByReference ? " by reference" : " by value";
-        separator = ", ";
+TEST(MemberTableTest, HoldsThePublishedMembersInSlotOrder) {
+    std::string text;
+    for (const automation::ClassInfo* info : {&clsCreateDb().Class(), &clsField().Class(), &clsCRUD().Class(),
+                                              &persistence::PlainObject().Class()}) {
+        text.append(text.empty() ? "" : "\n").append(info->name) += "\n";
+        if (!info->description.empty()) text.append("    \"").append(info->description) += "\"\n";
+        text += tests::MembersText(*info);
     }
-    return text + ") " + TypeName(member.result);
-}
-
-std::string Signatures(const automation::ClassInfo& info) {
-    std::string text = std::string(info.name) + "\n";
-    for (const Member& member : info.members) {
-        text += Signature(member) + "\n";
-    }
-    return text;
-}
-
-TEST(MemberTableTest, CreateDbHasItsMembersInSlotOrder) {
-    const std::string run =
-        "(FileName string by reference, storageName string optional by reference, sFKPrefix variant optional "
-        "by "
-        "reference) none\n";
-    EXPECT_EQ(
-        Signatures(NotingCreateDb().Class()),
-        "clsCreateDb\n"
-        "ScriptTypes get (oLanguageSvr variant optional by reference) object\n"
-        "DoScript method (sID string by reference, sFilename string by reference, storageName string "
-        "optional "
-        "by reference, sFKPrefix variant optional by reference, oLanguageSvr variant optional by reference) "
-        "none\n"
-        "FKPrefix get () string\n"
-        "FKPrefix let (newValue string by reference) none\n"
-        "ScriptFilePath get () string\n"
-        "ScriptFilePath let (newValue string by reference) none\n"
-        "DoMSsqlDb method " +
-            run + "DoOracleDb method " + run + "DoSybaseDb method " + run +
-            "CreateRelationship method (storageName string optional by reference, sFKPrefix variant optional "
-            "by reference) none\n"
-            "ShutDown method () none\n"
-            "DbSQL get () string\n"
-            "DropSQL get () string\n"
-            "StoredProcSQL get () string\n"
-            "FkConstraintSQL get () string\n"
-            "DropFkConstraintSQL get () string\n"
-            "ShowLog method () none\n"
-            "ConnectDB method (sConnection string by reference) variant\n");
-}
-
-TEST(MemberTableTest, FieldHasAGetAndALetForEachProperty) {
-    const std::pair<std::string, std::string> properties[] = {
-        {"FieldName", "string"},     {"DataType", "long"},          {"IsPrimaryKey", "boolean"},
-        {"IsAutoNumber", "boolean"}, {"IsForeignKey", "boolean"},   {"FKObjectID", "long"},
-        {"MaxLength", "string"},     {"ValueID", "long"},           {"FKValueID", "long"},
-        {"TypeSize", "string"},      {"nPrimaryKeySeq", "integer"}, {"DefaultVal", "string"},
-        {"IsLongFld", "boolean"},
-    };
-    std::string expected = "clsField\n";
-    for (const auto& [name, type] : properties) {
-        expected += name + " get () " + type + "\n" + name + " let (newValue " + type + " by value) none\n";
-    }
-    EXPECT_EQ(Signatures(clsField().Class()), expected);
+    tests::ExpectSameText("members.expected", text, tests::ReadFile(KORVEX_EXPECTED_MEMBERS));
 }
 
 /// Late-bound calls reach the class's own virtual members, so a derived class sees what an early-bound host

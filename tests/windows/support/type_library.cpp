@@ -2,7 +2,6 @@
 
 #include "automation/com/bstr.h"
 
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -11,8 +10,6 @@
 namespace korvex::tests {
 
 namespace {
-
-using automation::VarType;
 
 constexpr SHORT dispatchSlots = 7;
 
@@ -42,39 +39,11 @@ std::string TypeName(ITypeInfo* view, const TYPEDESC& type) {
     return name == "IDispatch" ? "object" : name;
 }
 
-/// "sID string optional by reference"
-std::string ParameterText(const std::string& name, const std::string& type, bool isOptional,
-                          bool isReference) {
-    return name + " " + type + (isOptional ? " optional" : "") +
-           (isReference ? " by reference" : " by value");
-}
-
-std::string ParameterText(ITypeInfo* view, const ELEMDESC& parameter, const std::string& name) {
+std::string TextOf(ITypeInfo* view, const ELEMDESC& parameter, const std::string& name) {
     const USHORT flags = parameter.paramdesc.wParamFlags;
     const bool isReference = (flags & PARAMFLAG_FOUT) != 0;
     const TYPEDESC& type = isReference ? *parameter.tdesc.lptdesc : parameter.tdesc;
     return ParameterText(name, TypeName(view, type), (flags & PARAMFLAG_FOPT) != 0, isReference);
-}
-
-std::string KindText(int kind) {
-    switch (kind) {
-        case INVOKE_FUNC:
-            return "method";
-        case INVOKE_PROPERTYGET:
-            return "get";
-        case INVOKE_PROPERTYPUT:
-            return "let";
-        default:
-            return "set";
-    }
-}
-
-std::string MemberText(MEMBERID id, std::string_view name, int kind,
-                       const std::vector<std::string>& parameters, const std::string& result) {
-    std::string text = std::to_string(id) + " " + std::string(name) + " " + KindText(kind) + " (";
-    for (const std::string& parameter : parameters)
-        text += (&parameter == parameters.data() ? "" : ", ") + parameter;
-    return text + ") " + result;
 }
 
 /// Names of the member and of parameters; those of a property are its get's.
@@ -91,7 +60,7 @@ std::vector<std::string> NamesOf(ITypeInfo* view, MEMBERID id) {
     return names;
 }
 
-std::string Signature(ITypeInfo* view, const FUNCDESC& function) {
+std::string TextOf(ITypeInfo* view, const FUNCDESC& function) {
     const std::vector<std::string> names = NamesOf(view, function.memid);
     const bool isAssignment = (function.invkind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF)) != 0;
     std::vector<std::string> parameters;
@@ -104,47 +73,11 @@ std::string Signature(ITypeInfo* view, const FUNCDESC& function) {
         } else {
             const bool isNewValue = isAssignment && isLast;
             const auto place = static_cast<std::size_t>(i + 1);
-            parameters.push_back(ParameterText(view, parameter, isNewValue ? "newValue" : names.at(place)));
+            parameters.push_back(TextOf(view, parameter, isNewValue ? "newValue" : names.at(place)));
         }
     }
-    return MemberText(function.memid, names.at(0), function.invkind, parameters, result);
-}
-
-std::string TypeName(VarType type, std::string_view interfaceName) {
-    static const std::map<VarType, std::string> names = {
-        {VarType::Integer, "integer"}, {VarType::Long, "long"},       {VarType::String, "string"},
-        {VarType::Boolean, "boolean"}, {VarType::Variant, "variant"}, {VarType::Void, "none"},
-        {VarType::Object, "object"},
-    };
-    const bool isPublished = interfaceName == "QORObject" || interfaceName == "dbResults";
-    return isPublished ? std::string(interfaceName) : names.at(type);
-}
-
-std::string Signature(const automation::ClassInfo& info, const automation::Member& member) {
-    std::vector<std::string> parameters;
-    for (const automation::Parameter& parameter : member.parameters) {
-        parameters.push_back(
-            ParameterText(std::string(parameter.name), TypeName(parameter.type, parameter.interfaceName),
-                          parameter.optional, parameter.passing == automation::Passing::ByReference));
-    }
-    const auto first = std::ranges::find(info.members, member.name, &automation::Member::name);
-    return MemberText(static_cast<MEMBERID>(first - info.members.begin() + 1), member.name,
-                      static_cast<int>(member.kind), parameters,
-                      TypeName(member.result, member.resultTypeName));
-}
-
-/// What `describe` makes of each of the interface's own members; checks that they stand in consecutive slots.
-template <class Describe>
-std::vector<std::string> ForEachMember(ITypeInfo* interfaceType, Describe describe) {
-    const auto view = SlotView(interfaceType);
-    std::vector<std::string> lines;
-    for (UINT i = 0; const Function function = FunctionAt(view.Get(), i); ++i) {
-        const int slot = function->oVft / static_cast<int>(sizeof(void*)) - dispatchSlots;
-        if (slot < 0) continue;  // a member of IDispatch
-        if (static_cast<std::size_t>(slot) != lines.size()) throw std::runtime_error("a gap in the slots");
-        lines.push_back(describe(view.Get(), *function));
-    }
-    return lines;
+    return MemberText(function.memid, names.at(0), static_cast<automation::InvokeKind>(function.invkind),
+                      parameters, result, DocumentationOf(view, function.memid).help);
 }
 
 }  // namespace
@@ -165,29 +98,17 @@ Documentation DocumentationOf(ITypeInfo* type, MEMBERID id) {
     return {name.Text(), help.Text()};
 }
 
-std::vector<std::string> SignaturesOf(ITypeInfo* interfaceType) {
-    return ForEachMember(interfaceType,
-                         [](ITypeInfo* view, const FUNCDESC& function) { return Signature(view, function); });
-}
-
-std::vector<std::string> SignaturesOf(const automation::ClassInfo& info) {
-    std::vector<std::string> lines;
-    for (const automation::Member& member : info.members)
-        lines.push_back(Signature(info, member));
-    return lines;
-}
-
-std::vector<std::string> DescriptionsOf(ITypeInfo* interfaceType) {
-    return ForEachMember(interfaceType, [](ITypeInfo* view, const FUNCDESC& function) {
-        return DocumentationOf(view, function.memid).help;
-    });
-}
-
-std::vector<std::string> DescriptionsOf(const automation::ClassInfo& info) {
-    std::vector<std::string> lines;
-    for (const automation::Member& member : info.members)
-        lines.emplace_back(member.description);
-    return lines;
+std::string MembersText(ITypeInfo* interfaceType) {
+    const auto view = SlotView(interfaceType);
+    std::string text;
+    int members = 0;
+    for (UINT i = 0; const Function function = FunctionAt(view.Get(), i); ++i) {
+        const int slot = function->oVft / static_cast<int>(sizeof(void*)) - dispatchSlots;
+        if (slot < 0) continue;  // a member of IDispatch
+        if (slot != members++) throw std::runtime_error("a gap in the slots");
+        text += TextOf(view.Get(), *function);
+    }
+    return text;
 }
 
 }  // namespace korvex::tests
