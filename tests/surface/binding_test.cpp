@@ -1,5 +1,6 @@
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/outcome.h"
 #include "noting_create_db.h"
 #include "persistence/plain_object.h"
 #include "support/member_text.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "automation/outcome.h"
+#include "support/call_note.h"
 #include "support/recording_parts.h"
 #include "surface/cls_create_db.h"
 
@@ -20,7 +20,7 @@ inline Platform NotingParts(const tests::Journal& journal) {
 }
 
 /// A host's own generator: notes the public members that are called, and does nothing else.
-class NotingCreateDb : public clsCreateDb {
+class NotingCreateDb : public clsCreateDb, public tests::CallNote {
   public:
     using Variant = automation::Variant;
 
@@ -58,27 +58,8 @@ class NotingCreateDb : public clsCreateDb {
     const std::string& DropFkConstraintSQL() override { return Answer("DropFkConstraintSQL"); }
     void ShowLog() override { Note("ShowLog"); }
     Variant ConnectDB(const std::string& connection) override {
-        Note("ConnectDB", connection);
-        return "connected";
+        return Noted("connected", "ConnectDB", connection);
     }
-
-    /// The call noted last: "DoMSsqlDb(String <file>, String <>, Missing)".
-    std::string last;
-
-  private:
-    template <class... Arguments>
-    void Note(const char* member, const Arguments&... arguments) {
-        std::string noted;
-        ((noted += (noted.empty() ? "" : ", ") + automation::Describe(Variant(arguments))), ...);
-        last = std::string(member) + "(" + noted + ")";
-    }
-    const std::string& Answer(const char* member) {
-        Note(member);
-        m_answer = std::string("the ") + member;
-        return m_answer;
-    }
-
-    std::string m_answer;
 };
 
 }  // namespace korvex::surface
