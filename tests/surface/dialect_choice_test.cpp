@@ -1,4 +1,5 @@
 #include "automation/convert.h"
+#include "automation/outcome.h"
 #include "noting_create_db.h"
 
 #include <gtest/gtest.h>
