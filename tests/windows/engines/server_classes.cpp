@@ -1,12 +1,9 @@
 #include "tests/windows/engines/server_classes.h"
 
-#include "automation/com/bstr.h"
-#include "automation/com/module.h"
+#include "automation/com/class_registration.h"
 #include "tests/windows/engines/ado_parts.h"
 #include "tests/windows/engines/dao_objects.h"
 #include "tests/windows/engines/data_objects.h"
-
-#include <string>
 
 namespace korvex::test {
 
@@ -32,39 +29,21 @@ constexpr ServerClass classes[] = {
      Create<DataObjects>},
 };
 
-std::wstring ClassKey(const ServerClass& entry) {
-    wchar_t text[39];
-    StringFromGUID2(entry.id, text, ARRAYSIZE(text));
-    return text;
-}
-
-HRESULT SetText(const std::wstring& key, const std::wstring& text, const wchar_t* name = nullptr) {
-    const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    return HRESULT_FROM_WIN32(
-        RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, text.c_str(), size));
-}
-
 }  // namespace
 
 std::span<const ServerClass> ServerClasses() noexcept { return classes; }
 
 HRESULT RegisterServer() {
     for (const ServerClass& entry : classes) {
-        const std::wstring id = ClassKey(entry);
-        const std::wstring server = L"CLSID\\" + id + L"\\InprocServer32";
-        HRESULT result = SetText(com::ToWide(entry.progId) + L"\\CLSID", id);
-        if (SUCCEEDED(result)) result = SetText(server, com::ModulePath());
-        if (SUCCEEDED(result)) result = SetText(server, L"Apartment", L"ThreadingModel");
+        const HRESULT result = com::WriteClass(entry.progId, entry.id);
         if (FAILED(result)) return result;
     }
     return S_OK;
 }
 
 HRESULT UnregisterServer() {
-    for (const ServerClass& entry : classes) {
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, com::ToWide(entry.progId).c_str());
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, (L"CLSID\\" + ClassKey(entry)).c_str());
-    }
+    for (const ServerClass& entry : classes)
+        com::DeleteClass(entry.progId, entry.id);
     return S_OK;
 }
 
