@@ -3,6 +3,7 @@
 #include "automation/com/bstr.h"
 #include "automation/com/shell.h"
 #include "automation/convert.h"
+#include "automation/member_rows.h"
 #include "support/late_bound.h"
 #include "support/outcome_text.h"
 #include "support/print_variant.h"
@@ -19,7 +20,6 @@ namespace {
 using automation::Passing;
 using automation::Variant;
 using automation::VarType;
-using Arguments = std::span<Variant>;
 
 constexpr automation::Parameter assignParameters[] = {{"vntTarget", VarType::Variant, Passing::ByReference},
                                                       {"vntValue"}};
@@ -30,34 +30,32 @@ constexpr automation::Parameter textParameters[] = {
     {"sCopy", VarType::String, Passing::ByValue, true},
 };
 
+class Probe final : public automation::TableObject {
+  public:
+    const automation::ClassInfo& Class() const noexcept override;
+};
+
+void Assign(Probe&, Variant& target, const Variant& value) { target = value; }
+
+/// Lengthens each text, counts up.
+Variant Change(automation::Object&, std::span<Variant> arguments) {
+    for (const std::size_t i : {0u, 1u, 3u})
+        arguments[i] = automation::ToString(arguments[i]) + "+";
+    arguments[2] = automation::ToLong(arguments[2]) + 1;
+    return {};
+}
+
 constexpr automation::Member members[] = {
-    // Target = Value
-    {.name = "Assign",
-     .parameters = assignParameters,
-     .call = [](automation::Object&, Arguments arguments) -> Variant {
-         arguments[0] = arguments[1];
-         return {};
-     }},
-    // Lengthens each text, counts up.
-    {.name = "Change",
-     .parameters = textParameters,
-     .call = [](automation::Object&, Arguments arguments) -> Variant {
-         for (const std::size_t i : {0u, 1u, 3u})
-             arguments[i] = automation::ToString(arguments[i]) + "+";
-         arguments[2] = automation::ToLong(arguments[2]) + 1;
-         return {};
-     }},
+    automation::MethodRow<Assign>("Assign", {assignParameters}),
+    {.name = "Change", .parameters = textParameters, .call = Change},
     {.name = "Read",
      .parameters = textParameters,
-     .call = [](automation::Object&, Arguments) -> Variant { return {}; }},
+     .call = [](automation::Object&, auto) { return Variant(); }},
 };
 
 constexpr automation::ClassInfo info = {.name = "Probe", .description = {}, .members = members};
 
-class Probe final : public automation::TableObject {
-  public:
-    const automation::ClassInfo& Class() const noexcept override { return info; }
-};
+const automation::ClassInfo& Probe::Class() const noexcept { return info; }
 
 VARIANT ReferenceTo(VARIANT& variable) {
     VARIANT reference = {};
