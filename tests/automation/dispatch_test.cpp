@@ -2,6 +2,7 @@
 
 #include "automation/collection.h"
 #include "automation/convert.h"
+#include "automation/member_rows.h"
 #include "automation/outcome.h"
 #include "support/error_of.h"
 
@@ -33,8 +34,6 @@ class Probe : public TableObject {
     std::array<std::int32_t, 3> cells{};
 };
 
-Probe& Self(Object& object) { return static_cast<Probe&>(object); }
-
 constexpr Parameter openParameters[] = {
     {.name = "sFile", .type = VarType::String, .passing = Passing::ByReference},
     {.name = "lCount", .type = VarType::Long},
@@ -52,8 +51,6 @@ constexpr Parameter changeParameters[] = {
     {.name = "sCopy", .type = VarType::String, .optional = true},
     {.name = "sMore", .type = VarType::String, .passing = Passing::ByReference, .optional = true},
 };
-constexpr Parameter textParameter[] = {
-    {.name = "sValue", .type = VarType::String, .passing = Passing::ByReference}};
 constexpr Parameter objectParameter[] = {
     {.name = "oValue", .type = VarType::Object, .passing = Passing::ByReference}};
 constexpr Parameter cellParameters[] = {{.name = "lIndex", .type = VarType::Long, .optional = true},
@@ -67,52 +64,31 @@ Variant ChangeAll(Object&, std::span<Variant> arguments) {
     return {};
 }
 
-const Member members[] = {
+std::string GetPrefix(Probe& probe) { return probe.prefix; }
+void LetPrefix(Probe& probe, const std::string& value) { probe.prefix = value; }
+std::shared_ptr<Collection> GetPartner(Probe& probe) { return probe.partner; }
+void LetPartner(Probe& probe, const std::shared_ptr<Collection>& value) { probe.partner = value; }
+void LetCell(Probe& probe, std::int32_t index, std::int32_t value) {
+    probe.cells.at(static_cast<std::size_t>(index)) = value;
+}
+std::int32_t LastResult(Probe&) { return 0; }
+
+constexpr Member members[] = {
     {.name = "Open",
      .parameters = openParameters,
      .result = VarType::Long,
      .call =
          [](Object& self, std::span<Variant> arguments) {
-             Self(self).Note(arguments);
+             static_cast<Probe&>(self).Note(arguments);
              return Variant(static_cast<std::int32_t>(arguments.size()));
          }},
     {.name = "Change", .parameters = changeParameters, .call = ChangeAll},
-    {.name = "FKPrefix",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::String,
-     .call = [](Object& self, std::span<Variant>) { return Variant(Self(self).prefix); }},
-    {.name = "FKPrefix",
-     .kind = InvokeKind::PropertyLet,
-     .parameters = textParameter,
-     .call =
-         [](Object& self, std::span<Variant> arguments) {
-             Self(self).prefix = ToString(arguments[0]);
-             return Variant();
-         }},
-    {.name = "Partner",
-     .kind = InvokeKind::PropertyLet,
-     .parameters = objectParameter,
-     .call =
-         [](Object& self, std::span<Variant> arguments) {
-             Self(self).partner = ObjectAs<Collection>(arguments[0]);
-             return Variant();
-         }},
-    {.name = "Partner",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::Object,
-     .call = [](Object& self, std::span<Variant>) { return Variant(Self(self).partner); }},
-    {.name = "Cell",
-     .kind = InvokeKind::PropertyLet,
-     .parameters = cellParameters,
-     .call =
-         [](Object& self, std::span<Variant> arguments) {
-             Self(self).cells.at(static_cast<std::size_t>(ToLong(arguments[0]))) = ToLong(arguments[1]);
-             return Variant();
-         }},
-    {.name = "LastResult",
-     .kind = InvokeKind::PropertyGet,
-     .result = VarType::Long,
-     .call = [](Object&, std::span<Variant>) { return Variant(0); }},
+    GetRow<GetPrefix>("FKPrefix"),
+    LetRow<LetPrefix, Passing::ByReference>("FKPrefix"),
+    LetRow<LetPartner>("Partner", {objectParameter}),
+    GetRow<GetPartner>("Partner"),
+    LetRow<LetCell>("Cell", {cellParameters}),
+    GetRow<LastResult>("LastResult"),
 };
 
 const ClassInfo& Probe::Class() const noexcept {
