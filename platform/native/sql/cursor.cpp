@@ -276,13 +276,13 @@ void Cursor::Edit() {
 }
 
 void Cursor::StartChanges(EditMode mode) {
-    m_changes = Changes(m_shape->columns.size());
+    m_changes.Start(m_shape->columns.size());
     m_mode = mode;
 }
 
 void Cursor::CancelUpdate() noexcept {
     m_mode = EditMode::None;
-    m_changes = {};
+    m_changes.Clear();
 }
 
 void Cursor::Set(std::size_t column, const Variant& value) {
@@ -329,7 +329,7 @@ void Cursor::Update() {
 void Cursor::StoreAddition() {
     AddedRow row;
     row.identity = Writer().Insert(m_changes);
-    row.values = std::move(m_changes).TakeRow();
+    row.values = m_changes.TakeRow();
     for (std::size_t i = 0; row.identity && i < row.identity->columns.size(); ++i) {
         if (const auto position = Writer().Plan().PositionOf(row.identity->columns[i])) {
             row.values[*position] = row.identity->values[i];

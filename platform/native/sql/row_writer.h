@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvex::native::sql {
@@ -18,13 +19,19 @@ using Row = std::vector<automation::Variant>;
 /// The first `count` values of a statement's current row.
 Row ReadRow(Statement& statement, std::size_t count);
 
-/// New values for the columns of one row, in the form of ForColumn.
+/// New values for the columns of one row after another, in the form of ForColumn.
 class Changes {
   public:
-    Changes() = default;
-    /// For a row of `count` columns, none of them set.
-    explicit Changes(std::size_t count) : m_values(count, automation::Variant::Missing()) {
+    /// Begins a row of `count` columns, none of them set.
+    void Start(std::size_t count) {
+        Clear();
+        m_values.resize(count, automation::Variant::Missing());
         m_columns.reserve(count);
+    }
+    void Clear() noexcept {
+        for (const std::size_t column : m_columns)
+            m_values[column] = automation::Variant::Missing();
+        m_columns.clear();
     }
 
     /// The columns that are set, in the order in which they were.
@@ -44,7 +51,10 @@ class Changes {
         });
     }
     /// Gives the values away: the row as far as it was set.
-    Row TakeRow() && noexcept { return std::move(m_values); }
+    Row TakeRow() noexcept {
+        m_columns.clear();
+        return std::exchange(m_values, {});
+    }
 
   private:
     std::vector<std::size_t> m_columns;
