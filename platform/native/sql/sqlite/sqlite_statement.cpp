@@ -129,23 +129,23 @@ int SqliteStatement::RepreparedCount() const noexcept {
 }
 
 Variant SqliteStatement::Value(std::size_t index) {
-    sqlite3_stmt* statement = m_statement.get();
-    const int at = static_cast<int>(index);
+    // Reading a value in place is safe on a connection that one thread uses, as this one.
+    sqlite3_value* value = sqlite3_column_value(m_statement.get(), static_cast<int>(index));
     const ColumnInfo& column = m_shape->columns[index];
-    const int storage = sqlite3_column_type(statement, at);
+    const int storage = sqlite3_value_type(value);
     switch (storage) {
         case SQLITE_INTEGER:
-            return FromInteger(sqlite3_column_int64(statement, at), column);
+            return FromInteger(sqlite3_value_int64(value), column);
         case SQLITE_FLOAT:
-            return FromReal(sqlite3_column_double(statement, at), column);
+            return FromReal(sqlite3_value_double(value), column);
         case SQLITE_NULL:
             return Variant::Null();
         default:
             break;
     }
     const bool isBlob = storage == SQLITE_BLOB;
-    const void* data = isBlob ? sqlite3_column_blob(statement, at) : sqlite3_column_text(statement, at);
-    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, at));
+    const void* data = isBlob ? sqlite3_value_blob(value) : sqlite3_value_text(value);
+    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
     if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
     const auto* bytes = static_cast<const std::uint8_t*>(data);
     if (isBlob && !IsText(column.type)) return automation::Bytes(bytes, bytes + length);
