@@ -210,7 +210,8 @@ std::string_view Trim(std::string_view text) noexcept {
 }
 
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), SameIgnoringCase);
+    // Names mostly agree in case as well, which is told at once.
+    return a == b || (a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), SameIgnoringCase));
 }
 
 bool ContainsIgnoreCase(std::string_view text, std::string_view part) noexcept {

@@ -115,15 +115,12 @@ std::optional<std::size_t> RowShape::Find(std::string_view name, std::size_t exp
 }
 
 std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
-    const auto bearsName = [&](std::size_t column) {
-        const std::string& own = columns[column].name;
-        return own == name || EqualsIgnoreCase(own, name);
-    };
     const std::size_t mask = m_slots.size() - 1;
     const std::uint32_t hash = NameHash(name);
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
         const Slot& slot = m_slots[i];
-        if (slot.column == 0 || (slot.hash == hash && bearsName(slot.column - 1))) return i;
+        if (slot.column == 0) return i;
+        if (slot.hash == hash && EqualsIgnoreCase(columns[slot.column - 1].name, name)) return i;
     }
 }
 
