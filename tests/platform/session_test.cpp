@@ -274,14 +274,5 @@ TEST_F(SessionTest, AnotherConnectionsLockIsReportedAndPasses) {
     EXPECT_EQ(other.Execute("delete from t where ID = 1"), 1);
 }
 
-TEST_F(SessionTest, NewFilesKeepAWriteAheadLogAndOldOnesTheirJournal) {
-    EXPECT_EQ(All("PRAGMA journal_mode"), "wal ");
-    EXPECT_EQ(All("PRAGMA synchronous"), "2 ");
-    m_session->Execute("PRAGMA journal_mode = delete");
-    m_session = std::make_unique<SqliteSession>(m_file, Options());
-    EXPECT_EQ(All("PRAGMA journal_mode"), "delete ");
-    EXPECT_EQ(All("PRAGMA synchronous"), "2 ");
-}
-
 }  // namespace
 }  // namespace korvex::native::sql
