@@ -47,7 +47,7 @@ std::unique_ptr<dao::Recordset> Repository::OpenDynaset(std::string_view sSQL) {
 
 Variant Repository::FieldValue(dao::Field& field) {
     Variant value = field.Value();
-    if (value.IsNull()) return {};
+    if (value.IsNull()) value = {};
     return value;
 }
 
