@@ -70,6 +70,8 @@ OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& di
 
 void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
     m_shape = std::move(shape);
+    // The driver must not write into buffers that go.
+    if (!m_columns.empty()) SQLFreeStmt(Handle(), SQL_UNBIND);
     m_columns.clear();
     m_columns.reserve(m_shape->columns.size());
     for (const ColumnInfo& column : m_shape->columns) {
