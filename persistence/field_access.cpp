@@ -20,36 +20,41 @@ bool Succeeds(Action&& action) {
     }
 }
 
-/// The record with that key; nullptr and a code when a name is missing, the statement does not open or there
-/// is no record.
-RecordsetRef OpenFieldRecord(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
-                             const std::string& sTableName, const std::string& sFieldName) {
+/// The records with that key; nullptr and a code when a name is missing or the statement does not open. The
+/// field's name stands in no statement: one that names no column is an unknown column, whatever it holds.
+RecordsetRef OpenFieldRecords(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+                              const std::string& sTableName, const std::string& sFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return nullptr;
     if (sKeyFieldName.empty() || sTableName.empty() || sFieldName.empty()) {
         session.Fail(dbBadParameter);
         return nullptr;
     }
-    RefuseQuote(sFieldName);
-    return OpenExisting(session, SelectWhere(sTableName, sKeyFieldName, lKey, KeyClause::Spaced));
+    return OpenRecords(session, SelectWhere(sTableName, sKeyFieldName, lKey, KeyClause::Spaced));
+}
+
+bool CheckRecord(Session& session, ado::Recordset& records) {
+    return !records.Eof() || session.Fail(dbNoMatchingRecord);
 }
 
 }  // namespace
 
 bool DbGetField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
                 const std::string& sTableName, const std::string& sFieldName, Variant& vntFieldValue) {
-    const auto records = OpenFieldRecord(session, lKey, sKeyFieldName, sTableName, sFieldName);
+    const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;
-    const bool read = Succeeds([&] { vntFieldValue = records->Fields(sFieldName)->Value(); });
+    const bool read = CheckRecord(session, *records) &&
+                      Succeeds([&] { vntFieldValue = records->Fields(sFieldName)->Value(); });
     records->Close();
     return read;
 }
 
 bool DbSaveField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
                  const std::string& sTableName, const std::string& sFieldName, const Variant& vntFieldValue) {
-    const auto records = OpenFieldRecord(session, lKey, sKeyFieldName, sTableName, sFieldName);
+    const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;
-    const bool written = Succeeds([&] { records->Fields(sFieldName)->Value(vntFieldValue); });
+    const bool written = CheckRecord(session, *records) &&
+                         Succeeds([&] { records->Fields(sFieldName)->Value(vntFieldValue); });
     if (written) Succeeds([&] { records->Update(); });
     Succeeds([&] { records->Close(); });
     return written;

@@ -31,6 +31,12 @@ std::string ConvertedNumber(std::string_view text) {
     }
 }
 
+void RefuseQuote(std::string_view name) {
+    if (name.find('\'') != std::string_view::npos)
+        throw Error(automation::InvalidProcedureCall,
+                    "The name " + automation::Quoted(name) + " holds a single quote.");
+}
+
 constexpr std::string_view SelectVerb = "select * from ";
 
 /// The verb and the table, with room for `more` characters.
@@ -71,12 +77,6 @@ std::string SelectWhere(std::string_view table, std::string_view keyColumn, cons
 
 std::string DeleteWhere(std::string_view table, std::string_view keyColumn, const Variant& key) {
     return Where("delete from ", table, keyColumn, key, KeyClause::Tight);
-}
-
-void RefuseQuote(std::string_view name) {
-    if (name.find('\'') != std::string_view::npos)
-        throw Error(automation::InvalidProcedureCall,
-                    "The name " + automation::Quoted(name) + " holds a single quote.");
 }
 
 }  // namespace korvex::persistence

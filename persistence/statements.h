@@ -21,7 +21,4 @@ std::string SelectWhere(std::string_view table, std::string_view keyColumn, cons
                         KeyClause clause = KeyClause::Tight);
 std::string DeleteWhere(std::string_view table, std::string_view keyColumn, const automation::Variant& key);
 
-/// Raises InvalidProcedureCall (5) for a name that holds a single quote.
-void RefuseQuote(std::string_view name);
-
 }  // namespace korvex::persistence

@@ -102,14 +102,19 @@ TEST_F(Statements, KeyClauseIsTightForObjectsAndSpacedForFields) {
 TEST_F(Statements, FieldsPassOverWhatTheyTrap) {
     StoredOrder();
     Variant value = "untouched";
-    EXPECT_FALSE(crud->DbGetField(1, "OrderID", "tOrder", "Nowhere", value));
-    EXPECT_EQ(value, Variant("untouched"));
-    EXPECT_FALSE(crud->DbSaveField(1, "OrderID", "tOrder", "Nowhere", 1));
+    for (const char* unknown : {"Nowhere", "No'where"}) {
+        EXPECT_FALSE(crud->DbGetField(1, "OrderID", "tOrder", unknown, value));
+        EXPECT_EQ(value, Variant("untouched"));
+        EXPECT_FALSE(crud->DbSaveField(1, "OrderID", "tOrder", unknown, 1));
+    }
     EXPECT_FALSE(crud->DbSaveField(1, "OrderID", "tOrder", "Count", ""));  // refused: no update follows
     EXPECT_EQ(crud->LastResult(), dbNoError);
     database.FailAt(3);  // statement, value, update
     EXPECT_TRUE(crud->DbSaveField(1, "OrderID", "tOrder", "Count", 5));
     EXPECT_EQ(crud->LastResult(), dbNoError);
+    database.FailAt(2);  // statement, close
+    EXPECT_FALSE(crud->DbSaveField(9, "OrderID", "tOrder", "Count", 5));
+    EXPECT_EQ(crud->LastResult(), dbNoMatchingRecord);
 }
 
 TEST_F(Statements, BlankLongAndOverlongValues) {
