@@ -25,7 +25,7 @@ void RunDelete(const DeleteOptions& options, Console& console) {
     if (!exists) session.Fail(crud.LastResult() == dbNoError ? dbNoMatchingRecord : crud.LastResult());
     const std::int32_t deleted = crud.DbDeleteData(object, key);
     session.ExpectAllOpened();
-    if (deleted != key) session.FailWithLastResult();
+    if (deleted < 1) session.FailWithLastResult();
     transaction.Commit();
 }
 

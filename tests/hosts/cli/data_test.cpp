@@ -139,6 +139,9 @@ TEST_F(StoredData, IsSavedLoadedUpdatedAndDeleted) {
     EXPECT_EQ(Expect(Run("delete", {"--key", "1"})), "");
     EXPECT_EQ(Expect(Run("exists", {"--key", "1"})), "false\n");
     EXPECT_THAT(Counts(), testing::IsEmpty());
+
+    ASSERT_EQ(m_target.Execute("insert into tOrder (OrderID) values (0)"), 0);
+    ExpectFailure(Run("delete", {"--key", "0"}), "dbPrimaryKeyMissing: ");
 }
 
 TEST_F(StoredData, AnArrayIsSavedAsAWholeOrNotAtAll) {
