@@ -17,18 +17,19 @@ using automation::Variant;
 /// From here on text and bytes go as long data, in characters or bytes.
 constexpr std::size_t LongDataFrom = 4000;
 
+/// Most sizes become the same one, few others come up.
+std::size_t Rounded(std::size_t size) noexcept { return std::max(std::bit_ceil(size), std::size_t{64}); }
+
 /// The size that a driver is told for a value: the same for most, so that it need not be told anew, and never
 /// more than a parameter of that type may have while the value is not long data.
 SQLULEN SteadySize(std::size_t size) noexcept {
-    constexpr std::size_t least = 64;
-    return size > LongDataFrom ? size : std::min(std::max(std::bit_ceil(size), least), LongDataFrom);
+    return size > LongDataFrom ? size : std::min(Rounded(size), LongDataFrom);
 }
 
 /// Copies a value into a buffer that stays in its place while values are not longer than before.
 template <class Text>
 void Keep(Text& buffer, std::basic_string_view<typename Text::value_type> value) {
-    constexpr std::size_t least = 64;
-    if (buffer.capacity() < value.size()) buffer.reserve(std::max(std::bit_ceil(value.size()), least));
+    if (buffer.capacity() < value.size()) buffer.reserve(Rounded(value.size()));
     buffer.assign(value);
 }
 
