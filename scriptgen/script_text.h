@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ void Append(std::string& text, const Pieces&... pieces) {
 class JoinedText {
   public:
     /// `separator` must outlive the list; it is a literal of the emitter.
-    explicit JoinedText(std::string_view separator) : m_separator(separator) {}
+    explicit JoinedText(std::string_view separator) : m_separator(separator) { m_text.reserve(UsualLength); }
 
     /// Adds one item, given in pieces.
     template <std::convertible_to<std::string_view>... Pieces>
@@ -30,6 +31,8 @@ class JoinedText {
     const std::string& Text() const noexcept { return m_text; }
 
   private:
+    static constexpr std::size_t UsualLength = 512;
+
     std::string_view m_separator;
     std::string m_text;
     bool m_empty = true;
