@@ -83,8 +83,8 @@ class Variant {
     Variant(Currency value) : m_value(value) {}
     Variant(Date value) : m_value(value) {}
     Variant(std::string value) : m_value(std::move(value)) {}
-    Variant(std::string_view value) : m_value(std::string(value)) {}
-    Variant(const char* value) : m_value(std::string(value)) {}
+    Variant(std::string_view value) : m_value(std::in_place_type<std::string>, value) {}
+    Variant(const char* value) : m_value(std::in_place_type<std::string>, value) {}
     Variant(Bytes value) : m_value(std::move(value)) {}
     Variant(ObjectRef value) : m_value(std::move(value)) {}
     template <std::derived_from<Object> T>
