@@ -31,17 +31,10 @@ std::string ConvertedNumber(std::string_view text) {
     }
 }
 
-void RefuseQuote(std::string_view name) {
-    if (name.find('\'') != std::string_view::npos)
-        throw Error(automation::InvalidProcedureCall,
-                    "The name " + automation::Quoted(name) + " holds a single quote.");
-}
-
 constexpr std::string_view SelectVerb = "select * from ";
 
 /// The verb and the table, with room for `more` characters.
 std::string Begin(std::string_view verb, std::string_view table, std::size_t more) {
-    RefuseQuote(table);
     std::string text;
     text.reserve(verb.size() + table.size() + more);
     text.append(verb).append(table);
@@ -51,7 +44,6 @@ std::string Begin(std::string_view verb, std::string_view table, std::size_t mor
 std::string Where(std::string_view verb, std::string_view table, std::string_view keyColumn,
                   const Variant& key, KeyClause clause) {
     std::string text = Begin(verb, table, keyColumn.size() + 32);
-    RefuseQuote(keyColumn);
     text.append(" where ").append(keyColumn);
     text.append(clause == KeyClause::Tight ? "=" : " = ").append(KeyText(key));
     return text;

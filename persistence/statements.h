@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// The statements of the persistence steps: plain concatenation, sent as composed. A table or column name
-/// that holds a single quote raises InvalidProcedureCall (5).
+/// The statements of the persistence steps: plain concatenation, sent as composed. Names go in as they are,
+/// so that quoted ones work; what the engine does not take does not open.
 namespace korvex::persistence {
 
 /// How the key clause stands in a statement; each member keeps its own spelling.
