@@ -8,10 +8,9 @@ namespace korvex::scriptgen {
 
 namespace {
 
-/// Adds a parameter; `mode` is "OUT " for one that gives a value back. Its type is that of its column.
-void AddParameter(JoinedText& parameters, std::string_view table, const Column& column,
-                  std::string_view mode = "") {
-    parameters.Add("p_", column.FieldName, "\t", mode, table, ".", column.FieldName, "%TYPE");
+/// Adds a parameter that takes a value in. Its type is that of its column.
+void AddParameter(JoinedText& parameters, std::string_view table, const Column& column) {
+    parameters.Add("p_", column.FieldName, "\t", table, ".", column.FieldName, "%TYPE");
 }
 
 /// Parameters and condition that pick rows by some of the columns.
@@ -111,7 +110,7 @@ void AddInsert(RunState& run, std::string_view table) {
     // The separator stands before the output parameter even when there is no other one.
     if (counter) {
         const std::string& key = counter->FieldName;
-        Append(parameterText, ",\r\np_", key, "\tOUT ", table, ".", key, "%TYPE");
+        Append(parameterText, ",\r\np_", key, "\tOUT \t", table, ".", key, "%TYPE");
     }
 
     std::string& text = run.m_sStoredProcSQL;

@@ -50,7 +50,7 @@ p_ChangedOn	tOrder.ChangedOn%TYPE,
 p_ChangedBy	tOrder.ChangedBy%TYPE,
 p_QORSelectState	tOrder.QORSelectState%TYPE,
 p_QORCounter	tOrder.QORCounter%TYPE,
-p_OrderID	OUT tOrder.OrderID%TYPE)
+p_OrderID	OUT 	tOrder.OrderID%TYPE)
 AS
 BEGIN
 	INSERT INTO tOrder
@@ -212,7 +212,7 @@ p_ChangedBy	tCustomer.ChangedBy%TYPE,
 p_FK_OrderID	tCustomer.FK_OrderID%TYPE,
 p_QORSelectState	tCustomer.QORSelectState%TYPE,
 p_QORCounter	tCustomer.QORCounter%TYPE,
-p_CustomerID	OUT tCustomer.CustomerID%TYPE)
+p_CustomerID	OUT 	tCustomer.CustomerID%TYPE)
 AS
 BEGIN
 	INSERT INTO tCustomer
@@ -365,7 +365,7 @@ p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
 p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
 p_QORSelectState	tAddress2.QORSelectState%TYPE,
 p_QORCounter	tAddress2.QORCounter%TYPE,
-p_AddressID	OUT tAddress2.AddressID%TYPE)
+p_AddressID	OUT 	tAddress2.AddressID%TYPE)
 AS
 BEGIN
 	INSERT INTO tAddress2
@@ -485,7 +485,7 @@ CREATE OR REPLACE PROCEDURE tContactsC
 (p_FK_CustomerID	tContacts.FK_CustomerID%TYPE,
 p_QORSelectedItem	tContacts.QORSelectedItem%TYPE,
 p_QORCounterHolder	tContacts.QORCounterHolder%TYPE,
-p_ContactsID	OUT tContacts.ContactsID%TYPE)
+p_ContactsID	OUT 	tContacts.ContactsID%TYPE)
 AS
 BEGIN
 	INSERT INTO tContacts
@@ -578,7 +578,7 @@ p_IsMainContact	tContact.IsMainContact%TYPE,
 p_FK_ContactsID	tContact.FK_ContactsID%TYPE,
 p_QORSelectState	tContact.QORSelectState%TYPE,
 p_QORCounter	tContact.QORCounter%TYPE,
-p_ContactID	OUT tContact.ContactID%TYPE)
+p_ContactID	OUT 	tContact.ContactID%TYPE)
 AS
 BEGIN
 	INSERT INTO tContact
@@ -711,7 +711,7 @@ p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
 p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
 p_QORSelectState	tAddress2.QORSelectState%TYPE,
 p_QORCounter	tAddress2.QORCounter%TYPE,
-p_AddressID	OUT tAddress2.AddressID%TYPE)
+p_AddressID	OUT 	tAddress2.AddressID%TYPE)
 AS
 BEGIN
 	INSERT INTO tAddress2
@@ -832,7 +832,7 @@ CREATE OR REPLACE PROCEDURE tOrderLinesC
 p_FK_OrderID	tOrderLines.FK_OrderID%TYPE,
 p_QORSelectedItem	tOrderLines.QORSelectedItem%TYPE,
 p_QORCounterHolder	tOrderLines.QORCounterHolder%TYPE,
-p_OrderLinesID	OUT tOrderLines.OrderLinesID%TYPE)
+p_OrderLinesID	OUT 	tOrderLines.OrderLinesID%TYPE)
 AS
 BEGIN
 	INSERT INTO tOrderLines
@@ -929,7 +929,7 @@ p_TaxCode	tOrderLine.TaxCode%TYPE,
 p_FK_OrderLinesID	tOrderLine.FK_OrderLinesID%TYPE,
 p_QORSelectState	tOrderLine.QORSelectState%TYPE,
 p_QORCounter	tOrderLine.QORCounter%TYPE,
-p_OrderLineID	OUT tOrderLine.OrderLineID%TYPE)
+p_OrderLineID	OUT 	tOrderLine.OrderLineID%TYPE)
 AS
 BEGIN
 	INSERT INTO tOrderLine
@@ -1046,7 +1046,7 @@ p_ChangedBy	tProduct.ChangedBy%TYPE,
 p_FK_OrderLineID	tProduct.FK_OrderLineID%TYPE,
 p_QORSelectState	tProduct.QORSelectState%TYPE,
 p_QORCounter	tProduct.QORCounter%TYPE,
-p_ProductID	OUT tProduct.ProductID%TYPE)
+p_ProductID	OUT 	tProduct.ProductID%TYPE)
 AS
 BEGIN
 	INSERT INTO tProduct
@@ -1170,7 +1170,7 @@ CREATE OR REPLACE PROCEDURE tLineAllocationsC
 (p_FK_OrderLineID	tLineAllocations.FK_OrderLineID%TYPE,
 p_QORSelectedItem	tLineAllocations.QORSelectedItem%TYPE,
 p_QORCounterHolder	tLineAllocations.QORCounterHolder%TYPE,
-p_LineAllocationsID	OUT tLineAllocations.LineAllocationsID%TYPE)
+p_LineAllocationsID	OUT 	tLineAllocations.LineAllocationsID%TYPE)
 AS
 BEGIN
 	INSERT INTO tLineAllocations
@@ -1261,7 +1261,7 @@ p_AllocatedOn	tLineAllocation.AllocatedOn%TYPE,
 p_FK_LineAllocationsID	tLineAllocation.FK_LineAllocationsID%TYPE,
 p_QORSelectState	tLineAllocation.QORSelectState%TYPE,
 p_QORCounter	tLineAllocation.QORCounter%TYPE,
-p_LineAllocationID	OUT tLineAllocation.LineAllocationID%TYPE)
+p_LineAllocationID	OUT 	tLineAllocation.LineAllocationID%TYPE)
 AS
 BEGIN
 	INSERT INTO tLineAllocation
@@ -1361,7 +1361,7 @@ CREATE OR REPLACE PROCEDURE tShipmentsC
 (p_FK_OrderID	tShipments.FK_OrderID%TYPE,
 p_QORSelectedItem	tShipments.QORSelectedItem%TYPE,
 p_QORCounterHolder	tShipments.QORCounterHolder%TYPE,
-p_ShipmentsID	OUT tShipments.ShipmentsID%TYPE)
+p_ShipmentsID	OUT 	tShipments.ShipmentsID%TYPE)
 AS
 BEGIN
 	INSERT INTO tShipments
@@ -1452,7 +1452,7 @@ p_ShippedOn	tShipment.ShippedOn%TYPE,
 p_FK_ShipmentsID	tShipment.FK_ShipmentsID%TYPE,
 p_QORSelectedItem	tShipment.QORSelectedItem%TYPE,
 p_QORCounterHolder	tShipment.QORCounterHolder%TYPE,
-p_ShipmentID	OUT tShipment.ShipmentID%TYPE)
+p_ShipmentID	OUT 	tShipment.ShipmentID%TYPE)
 AS
 BEGIN
 	INSERT INTO tShipment
@@ -1555,7 +1555,7 @@ p_IsInsured	tParcel.IsInsured%TYPE,
 p_FK_ShipmentID	tParcel.FK_ShipmentID%TYPE,
 p_QORSelectState	tParcel.QORSelectState%TYPE,
 p_QORCounter	tParcel.QORCounter%TYPE,
-p_ParcelID	OUT tParcel.ParcelID%TYPE)
+p_ParcelID	OUT 	tParcel.ParcelID%TYPE)
 AS
 BEGIN
 	INSERT INTO tParcel
@@ -1656,7 +1656,7 @@ CREATE OR REPLACE PROCEDURE tPaymentsC
 p_FK_OrderID	tPayments.FK_OrderID%TYPE,
 p_QORSelectedItem	tPayments.QORSelectedItem%TYPE,
 p_QORCounterHolder	tPayments.QORCounterHolder%TYPE,
-p_PaymentsID	OUT tPayments.PaymentsID%TYPE)
+p_PaymentsID	OUT 	tPayments.PaymentsID%TYPE)
 AS
 BEGIN
 	INSERT INTO tPayments
@@ -1755,7 +1755,7 @@ p_ChangedBy	tPayment.ChangedBy%TYPE,
 p_FK_PaymentsID	tPayment.FK_PaymentsID%TYPE,
 p_QORSelectState	tPayment.QORSelectState%TYPE,
 p_QORCounter	tPayment.QORCounter%TYPE,
-p_PaymentID	OUT tPayment.PaymentID%TYPE)
+p_PaymentID	OUT 	tPayment.PaymentID%TYPE)
 AS
 BEGIN
 	INSERT INTO tPayment
@@ -1874,7 +1874,7 @@ p_LatestHourOfDayForTheDelivery	trnationalDeliveryInstructions.LatestHourOfDayFo
 p_FK_OrderID	trnationalDeliveryInstructions.FK_OrderID%TYPE,
 p_QORSelectState	trnationalDeliveryInstructions.QORSelectState%TYPE,
 p_QORCounter	trnationalDeliveryInstructions.QORCounter%TYPE,
-p_ionalDeliveryInstructionsID	OUT trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE)
+p_ionalDeliveryInstructionsID	OUT 	trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE)
 AS
 BEGIN
 	INSERT INTO trnationalDeliveryInstructions

@@ -125,7 +125,7 @@ p_Note	OrderLine.Note%TYPE,
 p_FK_SiteID	OrderLine.FK_SiteID%TYPE,
 p_FK_Branch	OrderLine.FK_Branch%TYPE,
 p_Due	OrderLine.Due%TYPE,
-p_SerialNo	OUT OrderLine.SerialNo%TYPE)
+p_SerialNo	OUT 	OrderLine.SerialNo%TYPE)
 AS
 BEGIN
 	INSERT INTO OrderLine
@@ -352,7 +352,7 @@ END;
 CREATE OR REPLACE PROCEDURE TC
 (p_K1	T.K1%TYPE,
 p_K2	T.K2%TYPE,
-p_N	OUT T.N%TYPE)
+p_N	OUT 	T.N%TYPE)
 AS
 BEGIN
 	INSERT INTO T
@@ -516,7 +516,7 @@ END;
 
 CREATE OR REPLACE PROCEDURE TC
 (,
-p_N	OUT T.N%TYPE)
+p_N	OUT 	T.N%TYPE)
 AS
 BEGIN
 	INSERT INTO T
@@ -589,7 +589,7 @@ END;
 
 CREATE OR REPLACE PROCEDURE TC
 (,
-p_N	OUT T.N%TYPE)
+p_N	OUT 	T.N%TYPE)
 AS
 BEGIN
 	INSERT INTO T
