@@ -40,6 +40,24 @@ TEST_P(RepositoryEngine, StatementsOfTheRepositoryRunAsTheyAreSent) {
         Texts{"Beta|2"});
 }
 
+TEST_P(RepositoryEngine, NamesAndLiteralsHoldAnyLetter) {
+    const std::string name = "Gr\xC3\xBC\xC3\x9F\xE2\x82\xAC";
+    Run("create table t" + name + " (ID integer primary key, " + name + " varchar(40))");
+    auto dynaset = Dynaset("select * from t" + name);
+    for (int key = 1; key <= 2; ++key) {
+        dynaset->AddNew();
+        dynaset->Fields(name).Value(name + std::to_string(key));
+        dynaset->Update();
+    }
+    dynaset->MoveLast();
+    dynaset->Edit();
+    dynaset->Fields(name).Value(name);
+    dynaset->Update();
+    for (const std::string condition : {" = '", " like '"})
+        EXPECT_EQ(Rows("select * from t" + name + " where " + name + condition + name + "'", {"ID", name}),
+                  Texts{"2|" + name});
+}
+
 TEST_P(RepositoryEngine, AnAddedRowIsTheLastOneAndCarriesItsKey) {
     auto dynaset = Dynaset("select * from tInterfaces");
     m_seam->Record();

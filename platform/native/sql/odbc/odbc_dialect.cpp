@@ -82,6 +82,7 @@ OdbcDialect Sqlite() {
     dialect.traits.newKeyQuery = "SELECT last_insert_rowid()";
     dialect.traits.rowIdName = "rowid";
     dialect.dynamicTypes = true;
+    dialect.narrowStatements = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineSqlite;
     dialect.traits.comparesLongValues = true;

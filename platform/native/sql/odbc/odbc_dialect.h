@@ -27,6 +27,9 @@ struct OdbcDialect {
     std::string utf8Query;
     /// What it gave: texts go as narrow text. The session finds out.
     bool narrowTexts = false;
+    /// The driver knows narrow statements and names alone, in UTF-8. The driver manager would bring wide ones
+    /// to it in Latin-1.
+    bool narrowStatements = false;
     /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
     ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
 };

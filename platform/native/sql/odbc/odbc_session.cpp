@@ -189,15 +189,25 @@ void OdbcSession::MarkNumberedKey(TableInfo& table, const RowShape& shape) const
     }
 }
 
-void OdbcSession::MarkKeyColumns(TableInfo& table) {
-    WideText catalog(table.name.catalog);
-    WideText schema(table.name.schema);
-    WideText name(table.name.table);
+SQLRETURN OdbcSession::AskForPrimaryKey(const OdbcHandle& query, TableName table) const {
+    if (m_dialect.narrowStatements) {
+        const auto text = [](std::string& part) {
+            return part.empty() ? nullptr : reinterpret_cast<SQLCHAR*>(part.data());
+        };
+        return SQLPrimaryKeys(query.Get(), text(table.catalog), SQL_NTS, text(table.schema), SQL_NTS,
+                              text(table.table), SQL_NTS);
+    }
+    WideText catalog(table.catalog);
+    WideText schema(table.schema);
+    WideText name(table.table);
     const auto pointer = [](WideText& text) { return text.IsEmpty() ? nullptr : text.Data(); };
+    return SQLPrimaryKeysW(query.Get(), pointer(catalog), catalog.Length(), pointer(schema), schema.Length(),
+                           name.Data(), name.Length());
+}
+
+void OdbcSession::MarkKeyColumns(TableInfo& table) {
     const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
-    CheckOdbc(SQLPrimaryKeysW(query.Get(), pointer(catalog), catalog.Length(), pointer(schema),
-                              schema.Length(), name.Data(), name.Length()),
-              query, m_dialect);
+    CheckOdbc(AskForPrimaryKey(query, table.name), query, m_dialect);
     constexpr SQLUSMALLINT columnName = 4;
     std::array<SQLWCHAR, 256> text{};
     while (SQL_SUCCEEDED(SQLFetch(query.Get()))) {

@@ -33,6 +33,7 @@ class OdbcSession final : public Session {
     bool IsTrue(std::string_view query) const;
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
+    SQLRETURN AskForPrimaryKey(const OdbcHandle& query, TableName table) const;
     void MarkKeyColumns(TableInfo& table);
     void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;
     std::string OrderOf(std::string_view text, const RowShape& shape);

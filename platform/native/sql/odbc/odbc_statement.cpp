@@ -60,12 +60,22 @@ constexpr SQLULEN LargestSize = 1U << 24U;
 OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
                              StatementKind kind)
     : m_dialect(dialect), m_kind(kind), m_statement(SQL_HANDLE_STMT, connection.Get()) {
-    WideText wide(text);
-    Check(SQLPrepareW(Handle(), wide.Data(), wide.LongLength()));
+    Prepare(text);
     SQLSMALLINT parameters = 0;
     Check(SQLNumParams(Handle(), &parameters));
     m_parameters.resize(static_cast<std::size_t>(std::max<SQLSMALLINT>(parameters, 0)));
     TakeShape(Describe());
+}
+
+void OdbcStatement::Prepare(std::string_view text) {
+    if (m_dialect.narrowStatements) {
+        std::string narrow(text);
+        Check(SQLPrepare(Handle(), reinterpret_cast<SQLCHAR*>(narrow.data()),
+                         static_cast<SQLINTEGER>(narrow.size())));
+    } else {
+        WideText wide(text);
+        Check(SQLPrepareW(Handle(), wide.Data(), wide.LongLength()));
+    }
 }
 
 void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
@@ -113,7 +123,9 @@ ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
         column.scale = static_cast<std::uint32_t>(std::max<SQLSMALLINT>(scale, 0));
         column.declaredType = typeName;
     }
-    column.name = FromWide(name.data(), std::min(static_cast<std::size_t>(length), name.size() - 1));
+    column.name = m_dialect.narrowStatements
+                      ? TextAttribute(index, SQL_DESC_NAME)
+                      : FromWide(name.data(), std::min(static_cast<std::size_t>(length), name.size() - 1));
     column.base.catalog = TextAttribute(index, SQL_DESC_CATALOG_NAME);
     column.base.schema = TextAttribute(index, SQL_DESC_SCHEMA_NAME);
     column.base.table = TextAttribute(index, SQL_DESC_BASE_TABLE_NAME);
@@ -141,8 +153,14 @@ TableColumn OdbcStatement::Details(std::size_t column) const {
 
 /// Empty for what a driver does not know.
 std::string OdbcStatement::TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
-    std::array<SQLWCHAR, 256> text{};
     SQLSMALLINT bytes = 0;
+    if (m_dialect.narrowStatements) {
+        std::array<char, 256> narrow{};
+        const SQLRETURN result = SQLColAttribute(Handle(), index, attribute, narrow.data(),
+                                                 static_cast<SQLSMALLINT>(narrow.size()), &bytes, nullptr);
+        return SQL_SUCCEEDED(result) ? narrow.data() : std::string();
+    }
+    std::array<SQLWCHAR, 256> text{};
     const SQLRETURN result =
         SQLColAttributeW(Handle(), index, attribute, text.data(),
                          static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes, nullptr);

@@ -38,6 +38,7 @@ class OdbcStatement final : public Statement {
     SQLHSTMT Handle() const noexcept { return m_statement.Get(); }
     void Check(SQLRETURN result) const { CheckOdbc(result, m_statement, m_dialect); }
     void SkipToRows();
+    void Prepare(std::string_view text);
     std::shared_ptr<const RowShape> Describe() const;
     ColumnInfo DescribeColumn(SQLUSMALLINT index) const;
     std::string DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const;
