@@ -1,9 +1,7 @@
 #pragma once
 
 #include "automation/variant.h"
-
-#include <sql.h>
-#include <sqlext.h>
+#include "platform/native/sql/odbc/odbc_api.h"
 
 namespace korvex::native::sql {
 

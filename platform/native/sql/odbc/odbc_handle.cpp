@@ -3,8 +3,6 @@
 #include "automation/text.h"
 #include "platform/native/sql/engine_error.h"
 
-#include <sqlucode.h>
-
 #include <algorithm>
 #include <array>
 

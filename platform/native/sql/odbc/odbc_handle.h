@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sql.h>
-#include <sqlext.h>
+#include "platform/native/sql/odbc/odbc_api.h"
 
 #include <cstdint>
 #include <string>

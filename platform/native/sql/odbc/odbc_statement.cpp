@@ -1,7 +1,5 @@
 #include "platform/native/sql/odbc/odbc_statement.h"
 
-#include <sqlucode.h>
-
 #include <algorithm>
 #include <array>
 #include <utility>
