@@ -33,7 +33,9 @@ run() {
 
 start_mariadb() {
     log=$place/mariadb.log
-    files="--no-defaults --user=$me --datadir=$place/mariadb --innodb-flush-method=nosync
+    # A server that starts clears its folder for temporary tables, also of what another server has there.
+    mkdir -p "$place/temporary"
+    files="--no-defaults --user=$me --datadir=$place/mariadb --tmpdir=$place/temporary --innodb-flush-method=nosync
         --innodb-flush-log-at-trx-commit=0 --innodb-log-file-size=8M --innodb-data-file-path=ibdata1:4M:autoextend
         --innodb-temp-data-file-path=ibtmp1:4M:autoextend --innodb-buffer-pool-size=32M
         --innodb-buffer-pool-dump-at-shutdown=0 --innodb-buffer-pool-load-at-startup=0"
