@@ -36,6 +36,9 @@ struct ObjectInterfaceRow {
     std::int32_t InterfaceID = 0;
 };
 
+/// Data type of values that never become columns, whatever else their rows say.
+inline constexpr std::int32_t TypeNoColumn = 13;
+
 struct ValueRow {
     std::int32_t ValueID = 0;
     std::int32_t InterfaceID = 0;

@@ -31,9 +31,6 @@ const ObjectRow& ObjectOf(const Catalog& catalog, std::int32_t objectID) {
                     ", which does not exist in it; korvex repository check names all such places.");
 }
 
-/// Data type code of values that never become columns, whatever else their rows say.
-constexpr std::int32_t TypeNoColumn = 13;
-
 std::string ColumnOf(const ValueRow& row) {
     return std::string(automation::Trim(row.FieldName.value_or(std::string())));
 }
@@ -126,7 +123,7 @@ class Builder {
                 definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
             else
                 definition.AddValue({value->Name, ColumnOf(*value), value->DataType,
-                                     value->IsIncluded && value->DataType != TypeNoColumn &&
+                                     value->IsIncluded && value->DataType != repository::TypeNoColumn &&
                                          !otherForeignKeys.contains(value->ValueID),
                                      value->IsAutoNumber});
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "repository/catalog.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -17,7 +19,7 @@ inline constexpr std::int32_t TypeString = 8;
 inline constexpr std::int32_t TypeObject = 9;
 inline constexpr std::int32_t TypeBoolean = 11;
 inline constexpr std::int32_t TypeVariant = 12;
-inline constexpr std::int32_t TypeNoColumn = 13;
+using repository::TypeNoColumn;
 inline constexpr std::int32_t TypeByte = 17;
 
 struct DataTypeName {
