@@ -36,6 +36,12 @@ enum AttributeId : std::int32_t {
 /// implementation answers "", 0, False or nothing for an attribute that it does not carry. Collections and
 /// collection-kind data objects enumerate through NewEnum, every item being a QORObject. Errors that a member
 /// raises reach the caller of the persistence member unchanged.
+///
+/// Where element records are deleted there is no data object of theirs: a working object is given their
+/// definition and asked for its child objects. A host supplies such objects (Platform::newDataObject), or the
+/// value definition of each child object answers for the child's definition, too: table, keys, values and
+/// elements. Where neither is so, the first such element ends the call with InvalidProcedureCall (5),
+/// before its record is deleted. Child objects that are not included are passed over.
 class QORObject : public automation::TableObject {
   public:
     using Ref = std::shared_ptr<QORObject>;

@@ -1,6 +1,7 @@
 #include "persistence/remove.h"
 
 #include "automation/convert.h"
+#include "automation/error.h"
 #include "persistence/definition_carrier.h"
 #include "persistence/definition_walk.h"
 #include "persistence/record_lookup.h"
@@ -18,6 +19,21 @@ void DeleteCollectionElements(Session& session, const QORObject::Ref& coData, co
         Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
     const auto keys = ElementKeys(session, elementDef, ownKey, lPK);
     if (keys) DeleteElements(session, elementDef, *keys);
+}
+
+/// A working data object with that definition: one of the host's where it has one that takes it.
+QORObject::Ref WorkingObject(Session& session, const QORObject::Ref& definition) {
+    if (const auto object = session.NewDataObject()) {
+        try {
+            object->DataDef(definition);
+            if (object->DataDef() != nullptr) return object;
+        } catch (const automation::Error&) {
+            // The class of one maker need not take the definitions of another.
+        }
+    }
+    const auto carrier = std::make_shared<DefinitionCarrier>();
+    carrier->DataDef(definition);
+    return carrier;
 }
 
 }  // namespace
@@ -43,8 +59,8 @@ std::optional<std::vector<Variant>> ElementKeys(Session& session, const QORObjec
 }
 
 void DeleteElements(Session& session, const QORObject::Ref& elementDef, const std::vector<Variant>& keys) {
-    const auto working = std::make_shared<DefinitionCarrier>();
-    working->DataDef(elementDef);
+    if (keys.empty()) return;
+    const auto working = WorkingObject(session, elementDef);
     for (const auto& key : keys)
         session.Members().DbDeleteData(working, key, {});
     working->DataDef(nullptr);

@@ -87,6 +87,11 @@ void Session::Execute(const std::string& sSQL) {
     m_oConn->Execute(sSQL, ado::adUnspecified);
 }
 
+QORObject::Ref Session::NewDataObject() const {
+    const auto object = m_platform.newDataObject ? m_platform.newDataObject() : nullptr;
+    return object != nullptr ? ToQORObject(object, "factory of data objects") : nullptr;
+}
+
 DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
     if (m_stackBase != 0) return m_readings.Of(definition);
     return std::make_shared<const DefinitionReading>(ReadDefinition(*definition));

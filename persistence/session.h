@@ -43,6 +43,8 @@ class Session {
     std::size_t FailedOpens() const noexcept { return m_failedOpens; }
     /// Runs an action statement; engine errors reach the caller.
     void Execute(const std::string& sSQL);
+    /// A working data object of the host's, without a definition; nullptr where the host makes none.
+    QORObject::Ref NewDataObject() const;
     /// What a definition says of its values. Within a descent, each definition is read once.
     DefinitionReadings::Reading Read(const QORObject::Ref& definition);
 

@@ -21,8 +21,9 @@ using objects::Definition;
 using DataRef = DataObject::Shared;
 
 /// A definition with the key column <Name>ID, and FK_<Parent>ID when there is a parent.
-inline std::shared_ptr<Definition> KeyedDefinition(const std::string& name, const std::string& parent) {
-    auto definition = std::make_shared<Definition>(name, "t" + name);
+inline std::shared_ptr<Definition> KeyedDefinition(const std::string& name, const std::string& parent,
+                                                   bool isIncluded = true) {
+    auto definition = std::make_shared<Definition>(name, "t" + name, isIncluded);
     const auto number = static_cast<std::int32_t>(automation::VarType::Long);
     definition->AddValue({name + "ID", name + "ID", number, true, true});
     definition->AddPrimaryKey(name + "ID");
@@ -33,10 +34,10 @@ inline std::shared_ptr<Definition> KeyedDefinition(const std::string& name, cons
 }
 
 /// Order: a customer, and a collection of lines that have a product each.
-inline std::shared_ptr<Definition> OrderDefinition() {
+inline std::shared_ptr<Definition> OrderDefinition(bool withProducts = true) {
     const auto number = static_cast<std::int32_t>(automation::VarType::Long);
     const auto any = static_cast<std::int32_t>(automation::VarType::Variant);
-    auto product = KeyedDefinition("Product", "Line");
+    auto product = KeyedDefinition("Product", "Line", withProducts);
     product->AddValue({"Title", "Title"});
     auto line = KeyedDefinition("Line", "Lines");
     line->AddValue({"Sku", "Sku"});
