@@ -153,6 +153,45 @@ TEST_P(RoundTrip, LongAndOverlongValuesAndBlanks) {
     EXPECT_EQ(loaded->Child("Customer")->Get("Name"), Variant(""));
 }
 
+/// In one connection, saved and then changed, so that every statement is used again with other lengths.
+TEST_P(RoundTrip, TextsAndBytesOfManyRecordsGrowAndShrink) {
+    const std::size_t sizes[] = {6, 1, 12, 0, 700, 2, 5000, 3, 100'000, 19, 64, 65};
+    const auto text = [](std::size_t size, std::size_t record) {
+        return std::string(size, static_cast<char>('a' + record));
+    };
+    const auto bytes = [](std::size_t size, std::size_t record) {
+        automation::Bytes content(size);
+        for (std::size_t i = 0; i < size; ++i)
+            content[i] = static_cast<std::uint8_t>(i * record);
+        return content;
+    };
+    std::vector<std::shared_ptr<DataObject>> saved;
+    const auto fill = [&](DataObject& object, std::size_t record) {
+        const std::size_t size = sizes[record % std::size(sizes)];
+        object.Set("String", text(std::min<std::size_t>(size, 20), record));
+        object.Set("LongText", text(size, record));
+        object.Set("Photo", bytes(size, record));
+        object.Set("Any", size == 2 ? Variant::Null() : Variant(bytes(size / 2 + 1, record + 1)));
+        object.Set("Single", 1.17549435e-38F * static_cast<float>(record));
+        object.Set("Double", 0.1 + static_cast<double>(record));
+    };
+    const auto expectStored = [&] {
+        for (std::size_t i = 0; i < saved.size(); ++i)
+            EXPECT_TRUE(ToJson(*Load(static_cast<std::int32_t>(i + 1))) == ToJson(*saved[i])) << i;
+    };
+    for (std::size_t i = 0; i < std::size(sizes); ++i) {
+        const auto object = saved.emplace_back(FromJson(m_definition, Tree));
+        fill(*object, i);
+        ASSERT_GT(m_crud->DbSaveData(object), 0);
+    }
+    expectStored();
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        fill(*saved[i], i + 5);
+        ASSERT_GT(m_crud->DbUpdateData(saved[i]), 0);
+    }
+    expectStored();
+}
+
 TEST_P(RoundTrip, UpdatesWriteDifferencesOnly) {
     m_crud->DbSaveData(FromJson(m_definition, Tree));
     const auto order = Load(1);

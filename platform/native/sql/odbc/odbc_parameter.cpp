@@ -101,7 +101,12 @@ SQLRETURN OdbcParameter::Bind(SQLHSTMT statement, SQLUSMALLINT index) {
 
 void OdbcParameter::Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
                              SQLSMALLINT digits) noexcept {
-    m_form = {.cType = cType, .sqlType = sqlType, .size = size, .digits = digits, .data = data};
+    m_form = {.cType = cType,
+              .sqlType = sqlType,
+              .size = size,
+              .digits = digits,
+              .data = data,
+              .length = cType == SQL_C_BINARY ? length : 0};
     m_length = length;
 }
 

@@ -44,6 +44,8 @@ class OdbcParameter {
         SQLULEN size = 1;
         SQLSMALLINT digits = 0;
         void* data = nullptr;
+        /// Of bytes: one driver takes their number when they are bound, not when the statement is executed.
+        SQLLEN length = 0;
 
         friend bool operator==(const Form&, const Form&) = default;
     };
