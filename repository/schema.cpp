@@ -83,7 +83,10 @@ std::string CreateTableText(const SchemaTable& table, SchemaEngine engine) {
         separator = ", ";
     }
     if (!table.key.empty()) text.append(separator).append(table.key);
-    return text + ")";
+    text += ")";
+    // Whatever the database takes for its own tables: names are in all scripts.
+    if (engine == SchemaEngine::MariaDb) text += " DEFAULT CHARACTER SET utf8mb4";
+    return text;
 }
 
 /// A serial column does not take notice of numbers that rows bring with them, and would give them once more.

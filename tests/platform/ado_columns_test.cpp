@@ -202,6 +202,39 @@ TEST_P(AdoColumns, TakeWhatFitsAndRefuseTheRest) {
     }
 }
 
+/// Whatever the connection string asks for.
+TEST_P(AdoColumns, TextsAreStoredAsTheyAreOrRefusedWithTheColumn) {
+    using namespace std::string_literals;
+    Run(Connect(), "create table t (id integer primary key, c varchar(20), l text)");
+    for (const char* settings : {"", ";CHARSET=latin1;OPTION=8", ";INITSTMT={set names latin1}"}) {
+        if (*settings != '\0' && GetParam() != Driver::MariaDb) continue;
+        const auto connection = Connect(ConnectionString() + settings);
+        for (const std::string& text :
+             {"plain"s, "\u00E4\u20AC\u201C"s, "\u0142\u6F22"s, "\U0001F600"s, "a\0b"s, "\0"s}) {
+            for (const char* column : {"c", "l"}) {
+                SCOPED_TRACE(settings + " "s + column + " <- " + text);
+                const auto recordset = Open(connection, "select * from t");
+                recordset->AddNew();
+                const auto error = ErrorOf([&] {
+                    recordset->Fields(column)->Value(text);
+                    recordset->Update();
+                });
+                if (error != 0) {
+                    EXPECT_NE(text.find('\0'), std::string::npos) << error.description;
+                    EXPECT_THAT(error.description, HasSubstr("t."s + column));
+                    recordset->CancelUpdate();
+                    continue;
+                }
+                const auto key = automation::ToString(recordset->Fields("id")->Value());
+                for (const auto& reader : {connection, Connect()}) {
+                    EXPECT_EQ(Scalar(reader, "select "s + column + " from t where id = " + key),
+                              Variant(text));
+                }
+            }
+        }
+    }
+}
+
 /// An engine without types of its own may hold anything; reading gives what is there.
 class AdoUntyped : public AdoTest {};
 INSTANTIATE_TEST_SUITE_P(Drivers, AdoUntyped, FileDrivers(), DriverName);

@@ -245,6 +245,26 @@ TEST_P(AdoRecordset, ARecordThatIsGoneCannotBeUpdated) {
     EXPECT_EQ(ErrorOf([&] { recordset->Update(); }), ado::DbEConcurrencyViolation);
 }
 
+/// Another client wrote the same meanwhile, and a column rounds what it is given to what it held.
+TEST_P(AdoRecordset, AnUpdateThatChangesNothingOnTheServerIsStored) {
+    Add("first");
+    Run(m_connection, IsServer(GetParam()) ? "alter table Customer add Day timestamp(0) null default null"
+                                           : "alter table Customer add Day datetime");
+    m_connection->Execute("update Customer set Day = '2024-02-29 10:00:00'");
+    m_connection.reset();
+    for (const char* settings : {"", ";OPTION=8", ";OPTION=8;Option=0"}) {
+        if (*settings != '\0' && GetParam() != Driver::MariaDb) continue;
+        const auto connection = Connect(ConnectionString() + settings);
+        const auto recordset = Open(connection, "select * from Customer");
+        recordset->Fields("Name")->Value("same");
+        connection->Execute("update Customer set Name = 'same'");
+        EXPECT_EQ(ErrorOf([&] { recordset->Update(); }), 0);
+        recordset->Fields("Day")->Value("2024-02-29 10:00:00.250");
+        EXPECT_EQ(ErrorOf([&] { recordset->Update(); }), 0);
+        connection->Execute("update Customer set Name = 'first', Day = '2024-02-29 10:00:00'");
+    }
+}
+
 /// A failure at any engine call of an addition reaches the caller, leaves nothing open, and the same
 /// connection then does the work. Nothing is stored unless the insert itself was through, before its key was
 /// asked for.

@@ -244,6 +244,15 @@ TEST_P(ServerFaults, TwoClientsAtOnceMixUpNoKey) {
               std::to_string(2 * treesPerClient));
 }
 
+TEST_P(ServerFaults, ARepositoryHoldsEveryCharacterWhateverItsDatabaseTakes) {
+    const ServerDatabase database(GetParam());
+    const auto connection = database.Connect();
+    if (GetParam() == Driver::MariaDb) connection->Execute("alter database character set latin1");
+    const std::string name = "\u6F22\U0001F600\u0142";
+    DefinitionRepository(platform, database.ConnectionString()).Definition(name, 1).Object(1, name);
+    EXPECT_EQ(ValueOf(*connection, "select Name from tObjects"), name);
+}
+
 INSTANTIATE_TEST_SUITE_P(Drivers, ServerFaults, ServerDrivers(), DriverName);
 INSTANTIATE_TEST_SUITE_P(Drivers, ServerStops, ServerDrivers(), DriverName);
 

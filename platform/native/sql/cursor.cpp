@@ -296,7 +296,19 @@ void Cursor::Set(std::size_t column, const Variant& value) {
         throw EngineError(ErrorKind::NotUpdatable, 0,
                           "The column " + info.name + " is computed and cannot be set");
     }
-    m_changes.Set(column, ForColumn(value, info));
+    m_changes.Set(column, Fit(value, info));
+}
+
+/// ForColumn, for what the engine holds.
+Variant Cursor::Fit(const Variant& value, const ColumnInfo& column) const {
+    Variant fitted = ForColumn(value, column);
+    const auto* text = fitted.If<std::string>();
+    if (text != nullptr && !m_session->Traits().textsHoldNul && text->find('\0') != std::string::npos) {
+        throw EngineError(ErrorKind::WrongType, 0,
+                          "The value does not fit the column " + column.name +
+                              ": it holds the character NUL, where a text of this engine would end");
+    }
+    return fitted;
 }
 
 void Cursor::Extend(std::size_t column, const Variant& data) {
@@ -304,7 +316,7 @@ void Cursor::Extend(std::size_t column, const Variant& data) {
     Variant& value = m_changes.Value(column);
     if (value.IsNull()) return Set(column, data);
     RequireOpen();
-    const Variant more = ForColumn(data, m_shape->columns[column]);
+    const Variant more = Fit(data, m_shape->columns[column]);
     if (auto* text = value.If<std::string>(); text != nullptr && more.IsString()) {
         text->append(*more.If<std::string>());
     } else if (auto* bytes = value.If<automation::Bytes>(); bytes != nullptr && !more.IsNull()) {

@@ -118,6 +118,7 @@ class Cursor final : private SessionCursor {
     void StoreAddition();
     void StoreEdit();
     RowIdentity CurrentIdentity();
+    automation::Variant Fit(const automation::Variant& value, const ColumnInfo& column) const;
     void KeepInRecord(std::size_t column, const automation::Variant& value);
 
     Session* m_session;

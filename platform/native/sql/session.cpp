@@ -78,6 +78,10 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
 
 StatementLease Session::Prepare(std::string_view composed) {
     if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, 0, "The statement is empty");
+    if (!m_traits.textsHoldNul && composed.find('\0') != std::string_view::npos) {
+        throw EngineError(ErrorKind::Syntax, 0,
+                          "The statement holds the character NUL, where this engine would end it");
+    }
     ScanStatement(composed, m_traits.lexical, m_scan);
     if (m_scan.secondStatement) {
         throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");

@@ -32,6 +32,8 @@ struct EngineTraits {
     std::string emptyInsert = "DEFAULT VALUES";
     /// A transaction goes on after a statement in it has failed.
     bool transactionOutlivesFailure = false;
+    /// A text may hold the character NUL. Otherwise the driver would end it there, and it is refused.
+    bool textsHoldNul = true;
     /// Long texts and bytes may stand in a comparison.
     bool comparesLongValues = false;
     LexicalRules lexical;

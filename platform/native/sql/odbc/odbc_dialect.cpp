@@ -83,6 +83,7 @@ OdbcDialect Sqlite() {
     dialect.traits.rowIdName = "rowid";
     dialect.dynamicTypes = true;
     dialect.narrowStatements = true;
+    dialect.traits.textsHoldNul = false;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineSqlite;
     dialect.traits.comparesLongValues = true;
@@ -98,7 +99,11 @@ OdbcDialect MariaDb() {
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
-    dialect.utf8Query = "SELECT @@character_set_client = 'utf8mb4' AND @@character_set_results = 'utf8mb4'";
+    // Texts in another character set would lose what it does not hold.
+    dialect.firstStatement =
+        "SET character_set_client = utf8mb4, character_set_results = utf8mb4, collation_connection = "
+        "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci')";
+    dialect.narrowTexts = true;
     dialect.traits.comparesLongValues = true;
     return dialect;
 }
@@ -111,6 +116,7 @@ OdbcDialect PostgreSql() {
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.comparesLongValues = true;
     dialect.traits.lexical.exactLike = true;
+    dialect.traits.textsHoldNul = false;
     // An updated row is stored anew, behind the others.
     dialect.rowOrderColumn = "ctid";
     // The driver sets a savepoint before each statement.

@@ -22,10 +22,9 @@ struct OdbcDialect {
     /// Rows come in any order unless the statement asks for one: they are asked for by key, or in tables
     /// without a key by this hidden column. Empty where they come in the order of the key of themselves.
     std::string rowOrderColumn;
-    /// A query that gives 1 when narrow text passes as UTF-8 on the connection, which spares the driver much
-    /// work; empty for drivers that translate narrow text.
-    std::string utf8Query;
-    /// What it gave: texts go as narrow text. The session finds out.
+    /// Sent once behind the connect, whatever the connection string says; empty for nothing.
+    std::string firstStatement;
+    /// Narrow text passes as UTF-8, which spares the driver much work: texts go so.
     bool narrowTexts = false;
     /// The driver knows narrow statements and names alone, in UTF-8. The driver manager would bring wide ones
     /// to it in Latin-1.

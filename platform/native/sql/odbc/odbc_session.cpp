@@ -9,23 +9,7 @@
 namespace korvex::native::sql {
 namespace {
 
-constexpr std::string_view DaoPrefix = "ODBC;";
 constexpr SQLULEN LoginTimeoutSeconds = 15;
-
-/// The connection string as a message may show it.
-std::string WithoutPassword(std::string_view text) {
-    std::string shown;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(';'), text.size() - 1) + 1;
-        const std::string_view part = text.substr(0, end);
-        const std::string_view name = automation::Trim(part.substr(0, part.find('=')));
-        const bool secret =
-            automation::EqualsIgnoreCase(name, "pwd") || automation::EqualsIgnoreCase(name, "password");
-        shown += secret ? std::string(name) + "=...;" : std::string(part);
-        text.remove_prefix(end);
-    }
-    return shown;
-}
 
 SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTER>(value); }
 
@@ -33,18 +17,17 @@ SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTE
 
 OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam> seam)
     : Session(std::move(seam)) {
-    if (automation::EqualsIgnoreCase(connectionString.substr(0, DaoPrefix.size()), DaoPrefix)) {
-        connectionString.remove_prefix(DaoPrefix.size());
-    }
     Check(CallKind::Connect, connectionString);
     m_environment = OdbcHandle(SQL_HANDLE_ENV, nullptr);
     SQLSetEnvAttr(m_environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
     m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment.Get());
-    Connect(connectionString);
+    Connect(OdbcString(connectionString));
     m_dialect = DialectOf(Info(SQL_DBMS_NAME));
     m_traits = m_dialect.traits;
     m_dialect.bindsColumns = !m_dialect.dynamicTypes && ReadsInAnyOrder();
-    m_dialect.narrowTexts = !m_dialect.utf8Query.empty() && IsTrue(m_dialect.utf8Query);
+    if (!m_dialect.firstStatement.empty()) {
+        OdbcStatement(m_connection, m_dialect, m_dialect.firstStatement, StatementKind::Definition).Execute();
+    }
     if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
         m_traits.quoteOpen = m_traits.quoteClose = quote;
     }
@@ -57,15 +40,15 @@ OdbcSession::~OdbcSession() {
     SQLDisconnect(m_connection.Get());
 }
 
-void OdbcSession::Connect(std::string_view connectionString) {
+void OdbcSession::Connect(const OdbcString& connectionString) {
     SQLSetConnectAttrW(m_connection.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(LoginTimeoutSeconds), 0);
-    WideText text(connectionString);
+    WideText text(connectionString.WithNeededSettings());
     const SQLRETURN result = SQLDriverConnectW(m_connection.Get(), nullptr, text.Data(), text.Length(),
                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) {
         const OdbcDiagnosis diagnosis = ReadDiagnosis(m_connection);
         throw EngineError(ErrorKind::ConnectFailed, diagnosis.nativeCode,
-                          diagnosis.message + " (" + WithoutPassword(connectionString) + ")");
+                          diagnosis.message + " (" + connectionString.WithoutPassword() + ")");
     }
     m_connected = true;
 }
@@ -76,12 +59,6 @@ bool OdbcSession::ReadsInAnyOrder() const {
     return SQL_SUCCEEDED(SQLGetInfoW(m_connection.Get(), SQL_GETDATA_EXTENSIONS, &extensions,
                                      sizeof extensions, nullptr)) &&
            (extensions & needed) == needed;
-}
-
-bool OdbcSession::IsTrue(std::string_view query) const {
-    OdbcStatement statement(m_connection, m_dialect, query, StatementKind::Select);
-    statement.Execute();
-    return statement.Fetch() && statement.Value(0) == automation::Variant(1);
 }
 
 std::string OdbcSession::Info(SQLUSMALLINT what) const {

@@ -2,6 +2,7 @@
 
 #include "platform/native/sql/odbc/odbc_dialect.h"
 #include "platform/native/sql/odbc/odbc_handle.h"
+#include "platform/native/sql/odbc/odbc_string.h"
 #include "platform/native/sql/session.h"
 
 #include <memory>
@@ -13,7 +14,7 @@ namespace korvex::native::sql {
 /// A connection through the ODBC driver manager; statements commit one by one unless Begin was called.
 class OdbcSession final : public Session {
   public:
-    /// `connectionString` as SQLDriverConnect takes it ("DSN=...;UID=..."); an "ODBC;" in front is dropped.
+    /// `connectionString` as OdbcString reads it.
     /// ConnectFailed with the driver's own text.
     OdbcSession(std::string_view connectionString, std::shared_ptr<Seam> seam);
     ~OdbcSession() override;
@@ -27,10 +28,9 @@ class OdbcSession final : public Session {
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name) override;
 
-    void Connect(std::string_view connectionString);
+    void Connect(const OdbcString& connectionString);
     std::string Info(SQLUSMALLINT what) const;
     bool ReadsInAnyOrder() const;
-    bool IsTrue(std::string_view query) const;
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
     SQLRETURN AskForPrimaryKey(const OdbcHandle& query, TableName table) const;
