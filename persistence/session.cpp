@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "persistence/definition_walk.h"
+#include "repository/names.h"
 
 #include <utility>
 
@@ -39,7 +40,8 @@ std::string Session::ForeignKeyColumn(const std::string& parentKeyColumn) const 
 bool Session::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
     ResetLastResult();
     m_members.DisconnectDB();
-    m_sFKPrefix = sFKPrefix.IsMissing() ? "FK_" : automation::ToString(sFKPrefix);
+    m_sFKPrefix =
+        sFKPrefix.IsMissing() ? std::string(repository::DefaultFKPrefix) : automation::ToString(sFKPrefix);
     try {
         m_oConn = m_platform.targetProvider->CreateConnection();
         if (m_oConn != nullptr) m_oConn->Open(automation::ToString(sConnection), "", "", ado::adUnspecified);

@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "persistence/definition_walk.h"
 #include "persistence/stored_value.h"
+#include "repository/names.h"
 
 #include <array>
 
@@ -21,10 +22,10 @@ struct StateColumn {
 
 using StatePair = std::array<StateColumn, 2>;
 
-constexpr StatePair CollectionItemState = {StateColumn{attSelectedItem, "QORSelectedItem"},
-                                           StateColumn{attCounterHolder, "QORCounterHolder"}};
-constexpr StatePair ObjectState = {StateColumn{attSelectState, "QORSelectState", true},
-                                   StateColumn{attCounter, "QORCounter"}};
+constexpr StatePair CollectionItemState = {StateColumn{attSelectedItem, repository::SelectedItemColumn},
+                                           StateColumn{attCounterHolder, repository::CounterHolderColumn}};
+constexpr StatePair ObjectState = {StateColumn{attSelectState, repository::SelectStateColumn, true},
+                                   StateColumn{attCounter, repository::CounterColumn}};
 
 Variant Attribute(QORObject& coData, const StateColumn& state) {
     if (state.is16Bit) return coData.IntegerAttribute(state.attribute);

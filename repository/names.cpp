@@ -20,4 +20,16 @@ std::string LimitNameLength(std::string_view sName, std::int16_t nReserve) {
     return std::string(automation::Right(sName, static_cast<std::size_t>(limit)));
 }
 
+std::string TableName(std::string_view uniqueName) { return "t" + LimitNameLength(uniqueName, 1); }
+
+std::string KeyInterfaceName(std::string_view objectName) {
+    return std::string(objectName).append(KeyInterfaceSuffix);
+}
+
+std::string KeyColumnName(std::string_view objectName, std::int16_t prefixLength) {
+    return LimitNameLength(std::string(objectName) + "ID", prefixLength);
+}
+
+std::string ValueColumnName(std::string_view valueName) { return LimitNameLength(valueName); }
+
 }  // namespace korvex::repository

@@ -24,6 +24,12 @@ void Repository::OpenRepository(std::string_view sConnection) {
     }
 }
 
+Repository Repository::NewPrivate() const {
+    Repository repository(m_platform);
+    repository.m_dbRepository = m_platform.repositoryEngine->CreateDatabase("");
+    return repository;
+}
+
 std::unique_ptr<dao::Recordset> Repository::OpenSnapshot(std::string_view sSQL) {
     try {
         return Open().OpenRecordset(sSQL, dao::dbOpenSnapshot);

@@ -20,6 +20,10 @@ class Repository {
     /// error. An earlier repository that was not closed is let go.
     void OpenRepository(std::string_view sConnection);
 
+    /// An empty database that nobody else sees, opened as a repository with the same parts. The
+    /// embedded engine makes them of an empty file name; others raise their error for it.
+    Repository NewPrivate() const;
+
     /// Opens a read-only recordset. A statement that fails shows the engine's description in a message box
     /// and gives nullptr.
     std::unique_ptr<dao::Recordset> OpenSnapshot(std::string_view sSQL);

@@ -62,6 +62,12 @@ constexpr std::string_view Indexes[] = {
     "CREATE INDEX tValues_InterfaceID ON tValues (InterfaceID)",
 };
 
+// In place of the keys, where there are none.
+constexpr std::string_view KeyIndexes[] = {
+    "CREATE INDEX tPrimaryKeys_ObjectID ON tPrimaryKeys (ObjectID)",
+    "CREATE INDEX tForeignKeys_ObjectID ON tForeignKeys (ObjectID)",
+};
+
 /// A column as an engine declares it.
 std::string ColumnText(const SchemaColumn& column, SchemaEngine engine) {
     std::string name(column.name);
@@ -72,6 +78,7 @@ std::string ColumnText(const SchemaColumn& column, SchemaEngine engine) {
         if (type == LongText) type = "LONGTEXT";
     }
     if (engine == SchemaEngine::PostgreSql && type == AutoNumber) type = "SERIAL PRIMARY KEY";
+    if (engine == SchemaEngine::Private && type == Text) type = LongText;
     return name.append(" ").append(type);
 }
 
@@ -82,7 +89,7 @@ std::string CreateTableText(const SchemaTable& table, SchemaEngine engine) {
         text.append(separator).append(ColumnText(column, engine));
         separator = ", ";
     }
-    if (!table.key.empty()) text.append(separator).append(table.key);
+    if (!table.key.empty() && engine != SchemaEngine::Private) text.append(separator).append(table.key);
     text += ")";
     // Whatever the database takes for its own tables: names are in all scripts.
     if (engine == SchemaEngine::MariaDb) text += " DEFAULT CHARACTER SET utf8mb4";
@@ -164,6 +171,8 @@ std::vector<std::string> SchemaStatements(SchemaEngine engine) {
         statements.push_back(CreateTableText(table, engine));
     }
     statements.insert(statements.end(), std::begin(Indexes), std::end(Indexes));
+    if (engine == SchemaEngine::Private)
+        statements.insert(statements.end(), std::begin(KeyIndexes), std::end(KeyIndexes));
     if (engine == SchemaEngine::PostgreSql) AddNumbering(statements);
     return statements;
 }

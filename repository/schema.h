@@ -26,7 +26,12 @@ struct SchemaTable {
 std::span<const SchemaTable> SchemaTables() noexcept;
 
 /// The engines whose dialect the schema is known in.
-enum class SchemaEngine : std::uint8_t { Embedded, MariaDb, PostgreSql };
+enum class SchemaEngine : std::uint8_t {
+    Embedded,
+    MariaDb,
+    PostgreSql,
+    Private,  ///< Embedded for a copy that must take every row: no limit of length, no key beside numbers
+};
 
 /// The engine that a database is on, as it says itself; SQLite through ODBC is Embedded. Raises
 /// InvalidProcedureCall (5) for any other.

@@ -12,7 +12,7 @@ bool HasPrimaryKey(std::span<const Column> columns) noexcept {
     return std::ranges::any_of(columns, &Column::IsPrimaryKey);
 }
 
-std::string PrimaryKeyColumnList(std::span<const Column> columns) {
+std::vector<std::string> PrimaryKeyColumns(std::span<const Column> columns) {
     std::vector<std::reference_wrapper<const Column>> keys;
     for (const Column& column : columns) {
         const bool hasPlace =
@@ -21,10 +21,10 @@ std::string PrimaryKeyColumnList(std::span<const Column> columns) {
     }
     std::ranges::stable_sort(keys, {}, [](const Column& column) { return column.nPrimaryKeySeq; });
 
-    JoinedText names(", ");
+    std::vector<std::string> names;
     for (const Column& key : keys)
-        names.Add(key.FieldName);
-    return names.Text();
+        names.push_back(key.FieldName);
+    return names;
 }
 
 std::vector<std::int32_t> GetForeignKeyTargets(std::span<const Column> columns) {

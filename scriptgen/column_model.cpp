@@ -4,6 +4,7 @@
 #include "automation/text.h"
 #include "automation/variant.h"
 #include "repository/lookups.h"
+#include "repository/names.h"
 #include "repository/read_value.h"
 #include "scriptgen/column_text.h"
 #include "scriptgen/script_text.h"
@@ -43,23 +44,23 @@ std::unique_ptr<dao::Recordset> OpenFor(Repository& repository, std::string_view
     return repository.OpenSnapshot(text);
 }
 
-std::string Description(const RunState& run) { return "table " + run.m_sCurrentTable; }
-
 std::string Trimmed(std::string text) {
     const std::string_view trimmed = automation::Trim(text);
     return trimmed.size() == text.size() ? std::move(text) : std::string(trimmed);
 }
 
-void AddColumn(RunState& run, const Dialect& dialect, Column column) {
+using Columns = std::vector<Column>;
+
+void AddColumn(Columns& columns, Column column) {
     column.FKObjectID = -1;
     column.FKValueID = -1;
-    column.TypeSize = dialect.ColumnTypeText(run, column);
-    run.m_colFields.push_back(std::move(column));
+    columns.push_back(std::move(column));
 }
 
-/// Adds the stored values of one interface. False when the repository could not be asked.
-bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& dialect,
-                        std::int32_t lInterfaceID) {
+/// Adds the stored values of one interface; `what` names the table. False when the repository could not be
+/// asked.
+bool AddInterfaceFields(Columns& columns, Repository& repository, std::int32_t lInterfaceID,
+                        const std::string& what) {
     const auto rows = OpenFor(repository,
                               "SELECT ValueID, MaxLength, DataType, FieldName, IsAutoNumber, DefaultVal "
                               "FROM tValues where ChildObjectID = 0 and FieldName is not null "
@@ -72,7 +73,6 @@ bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& di
     dao::Field& isAutoNumber = rows->Fields("IsAutoNumber");
     dao::Field& defaultVal = rows->Fields("DefaultVal");
     dao::Field& maxLength = rows->Fields("MaxLength");
-    const std::string what = Description(run);
     for (; !rows->Eof(); rows->MoveNext()) {
         Column column;
         column.ValueID = ReadValue(valueID, ToLong, what);
@@ -82,19 +82,19 @@ bool AddInterfaceFields(RunState& run, Repository& repository, const Dialect& di
         column.DefaultVal = Trimmed(ReadValue(defaultVal, ToString, what));
         column.MaxLength = Trimmed(ReadValue(maxLength, ToString, what));
         if (column.MaxLength.empty()) column.MaxLength = "0";
-        AddColumn(run, dialect, std::move(column));
+        AddColumn(columns, std::move(column));
     }
     rows->Close();
     return true;
 }
 
-std::vector<PrimaryKeyValue> GetPrimaryKeyValues(const RunState& run, Repository& repository,
-                                                 std::int32_t lObjectID) {
+std::vector<PrimaryKeyValue> GetPrimaryKeyValues(Repository& repository, std::int32_t lObjectID,
+                                                 const std::string& table) {
     std::vector<PrimaryKeyValue> values;
     const auto rows =
         OpenFor(repository, "SELECT ValueID, Seq from tPrimaryKeys where ObjectID = ", lObjectID);
     if (rows == nullptr) return values;
-    const std::string what = "the primary key of " + Description(run);
+    const std::string what = "the primary key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
         values.push_back({.ValueID = ReadValue(rows->Fields("ValueID"), ToLong, what),
                           .Seq = ReadValue(rows->Fields("Seq"), ToInteger, what)});
@@ -103,8 +103,8 @@ std::vector<PrimaryKeyValue> GetPrimaryKeyValues(const RunState& run, Repository
     return values;
 }
 
-std::vector<ForeignKeyField> GetForeignKeyFields(const RunState& run, Repository& repository,
-                                                 std::int32_t lObjectID) {
+std::vector<ForeignKeyField> GetForeignKeyFields(Repository& repository, std::int32_t lObjectID,
+                                                 const std::string& table) {
     std::vector<ForeignKeyField> fields;
     const auto rows = OpenFor(repository,
                               "SELECT tValues.FieldName, tForeignKeys.FKObjectID, tForeignKeys.FKValueID "
@@ -114,7 +114,7 @@ std::vector<ForeignKeyField> GetForeignKeyFields(const RunState& run, Repository
                               "where tObjects.ObjectID =",
                               lObjectID);
     if (rows == nullptr) return fields;
-    const std::string what = "a foreign key of " + Description(run);
+    const std::string what = "a foreign key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
         fields.push_back({.FieldName = ReadValue(rows->Fields("FieldName"), ToString, what),
                           .FKObjectID = ReadValue(rows->Fields("FKObjectID"), ToLong, what),
@@ -124,9 +124,9 @@ std::vector<ForeignKeyField> GetForeignKeyFields(const RunState& run, Repository
     return fields;
 }
 
-void MarkPrimaryKey(RunState& run, Repository& repository, std::int32_t lObjectID) {
-    for (const PrimaryKeyValue& key : GetPrimaryKeyValues(run, repository, lObjectID)) {
-        for (Column& column : run.m_colFields) {
+void MarkPrimaryKey(Columns& columns, const std::vector<PrimaryKeyValue>& keys) {
+    for (const PrimaryKeyValue& key : keys) {
+        for (Column& column : columns) {
             if (column.ValueID != key.ValueID) continue;
             column.IsPrimaryKey = true;
             column.nPrimaryKeySeq = key.Seq;
@@ -134,9 +134,9 @@ void MarkPrimaryKey(RunState& run, Repository& repository, std::int32_t lObjectI
     }
 }
 
-void MarkForeignKeys(RunState& run, Repository& repository, std::int32_t lObjectID) {
-    for (const ForeignKeyField& key : GetForeignKeyFields(run, repository, lObjectID)) {
-        for (Column& column : run.m_colFields) {
+void MarkForeignKeys(Columns& columns, const std::vector<ForeignKeyField>& keys) {
+    for (const ForeignKeyField& key : keys) {
+        for (Column& column : columns) {
             if (column.FieldName != key.FieldName) continue;
             column.IsForeignKey = true;
             column.FKObjectID = key.FKObjectID;
@@ -146,8 +146,8 @@ void MarkForeignKeys(RunState& run, Repository& repository, std::int32_t lObject
 }
 
 /// Adds the two whole-number columns of an object's kind when the statement finds the object to be of it.
-void AddStateFields(RunState& run, const Dialect& dialect, std::unique_ptr<dao::Recordset> object,
-                    std::string_view first, std::string_view second) {
+void AddStateFields(Columns& columns, std::unique_ptr<dao::Recordset> object, std::string_view first,
+                    std::string_view second) {
     if (object == nullptr || object->Eof()) return;
     object->Close();
     for (const std::string_view name : {first, second}) {
@@ -155,40 +155,41 @@ void AddStateFields(RunState& run, const Dialect& dialect, std::unique_ptr<dao::
         column.FieldName = name;
         column.DataType = TypeCode(automation::VarType::Long);
         column.MaxLength = "0";
-        AddColumn(run, dialect, std::move(column));
+        AddColumn(columns, std::move(column));
     }
 }
 
-void AddTopLevelFields(RunState& run, Repository& repository, const Dialect& dialect,
-                       std::int32_t lObjectID) {
-    AddStateFields(run, dialect,
+void AddTopLevelFields(Columns& columns, Repository& repository, std::int32_t lObjectID) {
+    AddStateFields(columns,
                    OpenFor(repository,
                            "SELECT Name from tObjects where CollectionObjectID = 0 "
                            " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
                            lObjectID),
-                   "QORSelectState", "QORCounter");
+                   repository::SelectStateColumn, repository::CounterColumn);
 }
 
-void AddCollectionItemFields(RunState& run, Repository& repository, const Dialect& dialect,
-                             std::int32_t lObjectID) {
-    AddStateFields(run, dialect,
+void AddCollectionItemFields(Columns& columns, Repository& repository, std::int32_t lObjectID) {
+    AddStateFields(columns,
                    OpenFor(repository,
                            "SELECT Name from tObjects where CollectionObjectID <> 0 "
                            " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
                            lObjectID),
-                   "QORSelectedItem", "QORCounterHolder");
+                   repository::SelectedItemColumn, repository::CounterHolderColumn);
 }
 
 }  // namespace
 
-void BuildTableFields(RunState& run, Repository& repository, const Dialect& dialect, std::int32_t lObjectID) {
+std::vector<Column> BuildTableFields(Repository& repository, std::int32_t lObjectID, std::string_view table) {
+    const std::string what = "table " + std::string(table);
+    Columns columns;
     for (const std::int32_t lInterfaceID : repository::GetObjectInterfaces(repository, lObjectID)) {
-        if (!AddInterfaceFields(run, repository, dialect, lInterfaceID)) return;
+        if (!AddInterfaceFields(columns, repository, lInterfaceID, what)) return columns;
     }
-    MarkPrimaryKey(run, repository, lObjectID);
-    MarkForeignKeys(run, repository, run.m_lCurrentObjectID);
-    AddTopLevelFields(run, repository, dialect, lObjectID);
-    AddCollectionItemFields(run, repository, dialect, lObjectID);
+    MarkPrimaryKey(columns, GetPrimaryKeyValues(repository, lObjectID, what));
+    MarkForeignKeys(columns, GetForeignKeyFields(repository, lObjectID, what));
+    AddTopLevelFields(columns, repository, lObjectID);
+    AddCollectionItemFields(columns, repository, lObjectID);
+    return columns;
 }
 
 }  // namespace korvex::scriptgen

@@ -1,16 +1,17 @@
 #pragma once
 
 #include "repository/repository.h"
-#include "scriptgen/dialect.h"
-#include "scriptgen/run_state.h"
+#include "scriptgen/column.h"
 
 #include <cstdint>
+#include <string_view>
+#include <vector>
 
 namespace korvex::scriptgen {
 
-/// Fills the run's columns, empty until now, with those of the object's table: the stored values in the
-/// repository's order, then the state columns of its kind; keys marked, types in the dialect's wording.
-void BuildTableFields(RunState& run, repository::Repository& repository, const Dialect& dialect,
-                      std::int32_t lObjectID);
+/// The columns of an object's table, which is named `table`: the stored values in the repository's order,
+/// then the state columns of its kind; keys marked, TypeSize empty.
+std::vector<Column> BuildTableFields(repository::Repository& repository, std::int32_t lObjectID,
+                                     std::string_view table);
 
 }  // namespace korvex::scriptgen

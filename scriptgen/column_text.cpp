@@ -50,12 +50,12 @@ void AppendDefaultLiteral(std::string& text, const Column& column) {
 
 }  // namespace
 
-double DeclaredLength(const RunState& run, const Column& column) {
+double DeclaredLength(std::string_view table, const Column& column) {
     try {
         return automation::ParseNumber(column.MaxLength);
     } catch (const Error& error) {
         throw Error(error.Number(), "The MaxLength \"" + column.MaxLength + "\" of column " +
-                                        run.m_sCurrentTable + "." + column.FieldName +
+                                        std::string(table) + "." + column.FieldName +
                                         " is no usable number: " + error.Description());
     }
 }

@@ -2,7 +2,6 @@
 
 #include "automation/variant.h"
 #include "scriptgen/column.h"
-#include "scriptgen/run_state.h"
 
 #include <cstdint>
 #include <string>
@@ -16,7 +15,7 @@ constexpr std::int32_t TypeCode(automation::VarType type) { return static_cast<s
 
 /// The declared length of a column as a number. TypeMismatch (13) naming the table, the column and the text
 /// when it is none.
-double DeclaredLength(const RunState& run, const Column& column);
+double DeclaredLength(std::string_view table, const Column& column);
 
 /// `typeName(size)`: the declared length as it is written, or 50 for a length of 0 or less.
 std::string SizedTypeText(std::string_view typeName, const Column& column, double declaredLength);

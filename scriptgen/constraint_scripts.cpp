@@ -1,17 +1,14 @@
 #include "scriptgen/constraint_scripts.h"
 
-#include "repository/names.h"
 #include "scriptgen/column_lists.h"
+#include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
 namespace korvex::scriptgen {
 
 void AddForeignKeyScripts(RunState& run, std::string_view table, std::string_view terminator,
                           ReferencedNames& names) {
-    std::string fullName;
-    Append(fullName, "FK_", table, "_");
-    // The same name for every constraint of the table.
-    const std::string constraint = repository::LimitNameLength(fullName, 2) + "1";
+    const std::string constraint = ForeignKeyName(table);
 
     // Never emptied: each constraint is written with all those before it.
     std::string constraints;

@@ -1,7 +1,7 @@
 #include "scriptgen/oracle_procedures.h"
 
 #include "scriptgen/column_lists.h"
-#include "scriptgen/procedure_names.h"
+#include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
 namespace korvex::scriptgen {
@@ -84,7 +84,7 @@ void AddByForeignKey(RunState& run, std::string_view table, std::int32_t target)
     std::string base;
     for (const Column& column : run.m_colFields) {
         if (column.FKObjectID != target) continue;
-        if (base.empty()) Append(base, table, "_", column.FieldName);
+        if (base.empty()) base = GroupBase(table, column.FieldName);
         rows.Add(table, column);
     }
     if (!rows.condition.Empty()) AddReadAndDelete(run.m_sStoredProcSQL, table, base, rows);

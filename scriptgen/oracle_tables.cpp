@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "scriptgen/column_text.h"
 #include "scriptgen/oracle_procedures.h"
+#include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 #include "scriptgen/table_parts.h"
 
@@ -48,7 +49,7 @@ std::string TypeText(const RunState& run, Column& column, std::int16_t& longColu
     const std::string_view typeName = TypeName(column.DataType);
     if (typeName != Varchar && typeName != Raw) return std::string(typeName);
 
-    const double length = DeclaredLength(run, column);
+    const double length = DeclaredLength(run.m_sCurrentTable, column);
     if (length <= run.m_nMaxCharLen) return SizedTypeText(typeName, column, length);
 
     longColumns = automation::ToInteger(longColumns + 1);
@@ -76,13 +77,13 @@ void AppendTable(std::string& text, RunState& run) {
 /// Appends the trigger that numbers the rows, without its terminator. It fires before inserts only; the
 /// branch for updates is part of its text all the same.
 void AppendTrigger(std::string& text, std::string_view table, std::string_view counter) {
-    Append(text, "CREATE TRIGGER TR_", table, " BEFORE INSERT ON ", table, " FOR EACH ROW \r\n");
+    Append(text, "CREATE TRIGGER ", TriggerName(table), " BEFORE INSERT ON ", table, " FOR EACH ROW \r\n");
     Append(text, "DECLARE\r\n");
     Append(text, "\tiCounter ", table, ".", counter, "%TYPE; \r\n");
     Append(text, "\tcannot_change_counter EXCEPTION; \r\n");
     Append(text, "BEGIN\r\n");
     Append(text, "\tIf INSERTING Then\r\n");
-    Append(text, "\t\tSelect SEQ_", table, ".NEXTVAL INTO iCounter FROM Dual; \r\n");
+    Append(text, "\t\tSelect ", SequenceName(table), ".NEXTVAL INTO iCounter FROM Dual; \r\n");
     Append(text, "\t\t:new.", counter, " := iCounter; \r\n");
     Append(text, "\tEND IF; \r\n");
     Append(text, "\tIf UPDATING Then\r\n");
@@ -109,12 +110,13 @@ void OracleDialect::AddTable(RunState& run, std::string& createText) const {
     const auto counter = std::ranges::find_if(run.m_colFields, &Column::IsAutoNumber);
     const bool hasCounter = counter != run.m_colFields.end();
 
-    if (hasCounter) Append(run.m_sDropSQL, "DROP SEQUENCE SEQ_", table, "; \r\n\r\n");
+    if (hasCounter) Append(run.m_sDropSQL, "DROP SEQUENCE ", SequenceName(table), "; \r\n\r\n");
     Append(run.m_sDropSQL, "DROP TABLE ", table, "; \r\n\r\n");
 
     Append(createText, "\r\n");
     Append(createText, "rem  ***** Creating table ", table, "\r\n\r\n");
-    if (hasCounter) Append(createText, "create sequence SEQ_", table, " increment by 1 start with 1; \r\n");
+    if (hasCounter)
+        Append(createText, "create sequence ", SequenceName(table), " increment by 1 start with 1; \r\n");
     Append(createText, "\r\n\r\n");
     AppendTable(createText, run);
     Append(createText, "; \r\n");

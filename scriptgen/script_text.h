@@ -2,6 +2,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -37,5 +38,13 @@ class JoinedText {
     std::string m_text;
     bool m_empty = true;
 };
+
+/// "A, B, C".
+inline std::string Joined(std::span<const std::string> items, std::string_view separator = ", ") {
+    JoinedText text(separator);
+    for (const std::string& item : items)
+        text.Add(item);
+    return text.Text();
+}
 
 }  // namespace korvex::scriptgen

@@ -42,7 +42,7 @@ std::string ServerFamilyDialect::ColumnTypeText(const RunState& run, Column& col
     const std::string_view typeName = TypeName(column.DataType);
     if (typeName != Varchar) return std::string(typeName);
 
-    const double length = DeclaredLength(run, column);
+    const double length = DeclaredLength(run.m_sCurrentTable, column);
     if (length > run.m_nMaxCharLen) {
         column.IsLongFld = true;
         return "text";

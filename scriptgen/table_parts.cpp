@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "scriptgen/column_lists.h"
+#include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
 namespace korvex::scriptgen {
@@ -9,9 +10,9 @@ namespace korvex::scriptgen {
 void AppendPrimaryKey(std::string& text, const RunState& run, std::string_view keyKind) {
     if (HasPrimaryKey(run.m_colFields)) {
         Append(text, ",\r\n");
-        Append(text, "\tCONSTRAINT PK_", run.m_sCurrentTable, " ", keyKind, "\r\n");
+        Append(text, "\tCONSTRAINT ", PrimaryKeyName(run.m_sCurrentTable), " ", keyKind, "\r\n");
         Append(text, "\t(\r\n");
-        Append(text, "\t\t", PrimaryKeyColumnList(run.m_colFields), "\r\n");
+        Append(text, "\t\t", Joined(PrimaryKeyColumns(run.m_colFields)), "\r\n");
         Append(text, "\t)\r\n");
     } else {
         Append(text, "\r\n");
@@ -30,8 +31,8 @@ void AppendForeignKeyIndexes(std::string& text, const RunState& run, std::string
         if (names.Empty()) continue;
         number = automation::ToInteger(number + 1);
         Append(text, "\r\n");
-        Append(text, "CREATE INDEX ", table, std::to_string(number), " ON ", owner, table, "(", names.Text(),
-               ")", terminator);
+        Append(text, "CREATE INDEX ", IndexName(table, number), " ON ", owner, table, "(", names.Text(), ")",
+               terminator);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/text.h"
+#include "repository/names.h"
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "scriptgen/generator.h"
@@ -20,8 +21,6 @@ using scriptgen::ScriptType;
 using scriptgen::ScriptTypeInfo;
 
 namespace {
-
-constexpr std::string_view DefaultFKPrefix = "FK_";
 
 constexpr std::string_view LongWarningTitle = "Script Creation Warning";
 constexpr std::string_view LongWarning =
@@ -157,7 +156,7 @@ void clsCreateDb::DoSybaseDb(const std::string& FileName, const std::string& sto
 
 void clsCreateDb::CreateRelationship(const std::string& storageName, const Variant& sFKPrefix) {
     m_impl->m_sFKPrefix =
-        sFKPrefix.IsMissing() ? std::string(DefaultFKPrefix) : automation::ToString(sFKPrefix);
+        sFKPrefix.IsMissing() ? std::string(repository::DefaultFKPrefix) : automation::ToString(sFKPrefix);
     repository::CreateRelationship(m_impl->repository, storageName, m_impl->m_sFKPrefix);
 }
 

@@ -22,6 +22,7 @@ void MakeTables(dao::Database& database, repository::SchemaEngine engine) {
 }
 
 void MakeFile(const Platform& platform, const std::string& file) {
+    if (file.empty()) throw automation::Error(automation::PathFileAccessError, "The file has no name.");
     std::unique_ptr<dao::Database> database = platform.repositoryEngine->CreateDatabase(file);
     try {
         MakeTables(*database, repository::SchemaEngine::Embedded);

@@ -32,9 +32,11 @@ std::unique_ptr<dao::Database> NativeEngine::OpenDatabase(std::string_view name)
 }
 
 std::unique_ptr<dao::Database> NativeEngine::CreateDatabase(std::string_view name) {
+    // Without a name the database is private: nobody else sees it, and it is gone when it closes.
+    const sql::SqliteMode mode = name.empty() ? sql::SqliteMode::Memory : sql::SqliteMode::CreateNew;
     try {
         return std::make_unique<NativeDatabase>(
-            std::make_unique<sql::SqliteSession>(name, FileOptions(sql::SqliteMode::CreateNew, m_seam)));
+            std::make_unique<sql::SqliteSession>(name, FileOptions(mode, m_seam)));
     } catch (const sql::EngineError& error) {
         throw automation::Error(automation::PathFileAccessError,
                                 std::string("The database cannot be created: ") + error.what());

@@ -1,4 +1,5 @@
 #include "hosts/cli/korvex_command.h"
+#include "scriptgen/table_model.h"
 #include "support/definition_repository.h"
 #include "support/driver.h"
 #include "support/text_files.h"
@@ -8,6 +9,7 @@
 
 #include <filesystem>
 #include <map>
+#include <regex>
 
 namespace korvex::tests {
 namespace {
@@ -57,6 +59,80 @@ TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
         ASSERT_TRUE(written.contains(name)) << name;
         ExpectSameText(name, written.at(name), text);
     }
+}
+
+/// What a table's description says, a line for the table and one for each column.
+std::string TableText(const scriptgen::DescribedTable& table) {
+    std::string text = table.Name + ": object " + std::to_string(table.ObjectID) + " beneath";
+    for (const std::int32_t parent : table.Parents)
+        text += " " + std::to_string(parent);
+    text += ", key";
+    for (const std::string& column : table.PrimaryKey)
+        text += " " + column;
+    auto key = table.ForeignKeys.begin();
+    for (const scriptgen::Column& column : table.Columns) {
+        text += "\n    " + column.FieldName + ": value " + std::to_string(column.ValueID) + ", type " +
+                std::to_string(column.DataType) + "(" + column.MaxLength + ")";
+        if (!column.DefaultVal.empty()) text += ", default " + column.DefaultVal;
+        if (column.IsAutoNumber) text += ", numbered";
+        if (column.IsPrimaryKey) text += ", key " + std::to_string(column.nPrimaryKeySeq);
+        if (!column.IsForeignKey) continue;
+        text += ", object " + std::to_string(column.FKObjectID) + " value " +
+                std::to_string(column.FKValueID) + ": " + key->Table + "(" + key->KeyField +
+                (key->IsInRun ? ")" : ") elsewhere");
+        EXPECT_EQ(key->FieldName, column.FieldName);
+        EXPECT_EQ(key++->FKObjectID, column.FKObjectID);
+    }
+    return text + "\n";
+}
+
+std::string DescribedText(const std::vector<scriptgen::DescribedTable>& tables) {
+    std::string text;
+    for (const scriptgen::DescribedTable& table : tables)
+        text += TableText(table);
+    return text;
+}
+
+TEST_P(ExampleScripts, TablesAreDescribedWhateverWasScriptedBefore) {
+    const TempFolder folder;
+    Places places(GetParam(), folder);
+    const std::string connection = places.Connection(places.New("orders.db"));
+    ASSERT_EQ(RunKorvex({"repository", "new", connection}).messages, "");
+    ASSERT_EQ(RunKorvex({"repository", "import", connection, KORVEX_EXAMPLES "/orders.json"}).messages, "");
+    const std::string golden = ReadFile(KORVEX_EXPECTED "/orders.tables.txt");
+
+    const auto described = [&](const auto& describe) {
+        repository::Repository repository{DefaultPlatform()};
+        repository.OpenRepository(connection);
+        return DescribedText(describe(repository));
+    };
+    const auto orders = [&](const char* prefix) {
+        return described(
+            [&](auto& source) { return scriptgen::DescribeDefinition(source, "Orders", prefix); });
+    };
+    const std::string imported = DumpRepository(DefaultPlatform(), connection);
+    ExpectSameText("orders.tables.txt", orders("FK_"), golden);
+    EXPECT_EQ(DumpRepository(DefaultPlatform(), connection), imported) << "describing changes nothing";
+
+    // The address, which two objects hold, has another table in a definition that meets it once.
+    Execute(DefaultPlatform(), connection,
+            "insert into tDataDefs (Storage, RootObjectID) "
+            "select 'Customers', ObjectID from tObjects where Name = 'Customer'");
+    ASSERT_EQ(RunKorvex({"relate", "--repository", connection, "--storage", "Customers"}).messages, "");
+    const std::string address = "select TableName from tObjects where Name = 'Address'";
+    EXPECT_THAT(ReadRows(DefaultPlatform(), connection, address, {"TableName"}),
+                testing::ElementsAre("tAddress"));
+    const auto withoutNumbers = [](const std::string& text) {
+        return std::regex_replace(text, std::regex("value \\d+"), "value");
+    };
+    ExpectSameText("after another", withoutNumbers(orders("FK_")), withoutNumbers(golden));
+    ExpectSameText("with a prefix", withoutNumbers(orders("P2_")),
+                   std::regex_replace(withoutNumbers(golden), std::regex("FK_"), "P2_"));
+    ASSERT_EQ(RunKorvex({"relate", "--repository", connection, "--storage", "Orders"}).messages, "");
+    ExpectSameText(
+        "related",
+        withoutNumbers(described([](auto& related) { return scriptgen::DescribeTables(related, "Orders"); })),
+        withoutNumbers(golden));
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, ExampleScripts, AllDrivers(), DriverName);

@@ -1,0 +1,86 @@
+#include "scriptgen/table_model.h"
+
+#include "repository/lookups.h"
+#include "repository/private_copy.h"
+#include "scriptgen/column_lists.h"
+#include "scriptgen/column_model.h"
+#include "scriptgen/table_walk.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace korvex::scriptgen {
+
+namespace {
+
+class Describer final : public TableVisitor {
+  public:
+    using TableVisitor::TableVisitor;
+
+    std::vector<DescribedTable> Describe(std::string_view storageName) {
+        WalkStorage(storageName);
+        for (DescribedTable& table : m_tables)
+            AddForeignKeys(table);
+        return std::move(m_tables);
+    }
+
+  private:
+    bool EnterTable(std::int32_t lObjectID, const std::string& table) override;
+    void Leave() override { m_ancestors.pop_back(); }
+    void AddForeignKeys(DescribedTable& table);
+
+    std::vector<DescribedTable> m_tables;
+    std::unordered_map<std::int32_t, std::size_t> m_positions;  ///< of the tables, by ObjectID
+    std::vector<std::int32_t> m_ancestors;
+};
+
+/// What is beneath an object is the same along every way to it.
+bool Describer::EnterTable(std::int32_t lObjectID, const std::string& table) {
+    const auto [position, isNew] = m_positions.try_emplace(lObjectID, m_tables.size());
+    if (isNew) {
+        DescribedTable& described = m_tables.emplace_back();
+        described.ObjectID = lObjectID;
+        described.Name = table;
+        described.Columns = BuildTableFields(m_repository, lObjectID, table);
+        described.PrimaryKey = PrimaryKeyColumns(described.Columns);
+    }
+    std::vector<std::int32_t>& parents = m_tables[position->second].Parents;
+    if (!m_ancestors.empty() && std::ranges::find(parents, m_ancestors.back()) == parents.end())
+        parents.push_back(m_ancestors.back());
+    if (isNew) m_ancestors.push_back(lObjectID);
+    return isNew;
+}
+
+void Describer::AddForeignKeys(DescribedTable& table) {
+    for (const Column& column : table.Columns) {
+        if (!column.IsForeignKey) continue;
+        ForeignKey& key = table.ForeignKeys.emplace_back();
+        key.FieldName = column.FieldName;
+        key.FKObjectID = column.FKObjectID;
+        const auto position = m_positions.find(column.FKObjectID);
+        key.IsInRun = position != m_positions.end();
+        if (!key.IsInRun) {
+            key.Table = repository::GetObjectTableName(m_repository, column.FKObjectID);
+            continue;
+        }
+        const DescribedTable& target = m_tables[position->second];
+        key.Table = target.Name;
+        const auto found = std::ranges::find(target.Columns, column.FKValueID, &Column::ValueID);
+        if (found != target.Columns.end()) key.KeyField = found->FieldName;
+    }
+}
+
+}  // namespace
+
+std::vector<DescribedTable> DescribeTables(repository::Repository& repository, std::string_view storageName) {
+    return Describer(repository).Describe(storageName);
+}
+
+std::vector<DescribedTable> DescribeDefinition(repository::Repository& repository,
+                                               std::string_view storageName, std::string_view sFKPrefix) {
+    repository::Repository copy = repository::PrivateRelatedCopy(repository, storageName, sFKPrefix);
+    return DescribeTables(copy, storageName);
+}
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "repository/repository.h"
+#include "scriptgen/column.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The tables of a definition as the scripts make them, described before any text is written.
+namespace korvex::scriptgen {
+
+/// A column that refers to a column of another table.
+struct ForeignKey {
+    std::string FieldName;
+    std::int32_t FKObjectID = 0;
+    std::string Table;     ///< of the object referred to; "" when it has none
+    std::string KeyField;  ///< the column referred to; "" when it is none of a described table
+    bool IsInRun = false;  ///< the table referred to is among those described
+};
+
+struct DescribedTable {
+    std::int32_t ObjectID = 0;  ///< the object whose records the table holds
+    std::string Name;
+    std::vector<Column> Columns;          ///< as the published scripts have them, TypeSize empty
+    std::vector<std::string> PrimaryKey;  ///< its columns in key order
+    std::vector<ForeignKey> ForeignKeys;  ///< in column order
+    /// The objects that hold this one, in the order of the walk, each once; none for a root.
+    std::vector<std::int32_t> Parents;
+};
+
+/// The tables of every data definition of that storage name (of all when it is empty), in the order of the
+/// scripts; one that several ways lead to stands where the first of them meets it. Reads an open repository
+/// whose keys are up to date (CreateRelationship) and changes nothing. OutOfStackSpace (28) for an object
+/// that is its own ancestor.
+std::vector<DescribedTable> DescribeTables(repository::Repository& repository, std::string_view storageName);
+
+/// The same for any open repository, left as it is: keys and names are brought up to date on a private copy,
+/// so they are those of this storage name and prefix, whatever was scripted before.
+std::vector<DescribedTable> DescribeDefinition(repository::Repository& repository,
+                                               std::string_view storageName, std::string_view sFKPrefix);
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "repository/object_walk.h"
+#include "repository/repository.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvex::scriptgen {
+
+/// Meets the tables of a definition: an object's own before those of everything beneath it.
+class TableVisitor : public repository::ObjectVisitor {
+  public:
+    explicit TableVisitor(repository::Repository& repository) : m_repository(repository) {}
+
+    /// Walks every data definition of that storage name (all of them when it is empty). An object that is its
+    /// own ancestor raises OutOfStackSpace (28).
+    void WalkStorage(std::string_view storageName);
+
+  protected:
+    /// The table of an object that takes part in the scripts. False to leave out everything beneath it.
+    virtual bool EnterTable(std::int32_t lObjectID, const std::string& table) = 0;
+
+    repository::Repository& m_repository;
+
+  private:
+    std::optional<std::int32_t> Enter(std::int32_t lObjectID) final;
+};
+
+}  // namespace korvex::scriptgen
