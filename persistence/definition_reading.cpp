@@ -16,7 +16,8 @@ PlainValue ReadValue(QORObject& valueDef) {
     return {.column = valueDef.StringAttribute(attFieldName),
             .index = valueDef.LongAttribute(attValueIndex),
             .isIncluded = valueDef.BooleanAttribute(attIsIncluded),
-            .isAutoNumber = valueDef.BooleanAttribute(attIsAutoNumber)};
+            .isAutoNumber = valueDef.BooleanAttribute(attIsAutoNumber),
+            .isOptionalLink = valueDef.IsOptionalLink()};
 }
 
 /// The last key entry that names the column of a plain value decides.

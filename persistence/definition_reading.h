@@ -16,6 +16,7 @@ struct PlainValue {
     std::int32_t index = 0;
     bool isIncluded = false;
     bool isAutoNumber = false;
+    bool isOptionalLink = false;
 
     /// It has a place in the records of its object.
     bool IsStored() const noexcept { return isIncluded && !column.empty(); }

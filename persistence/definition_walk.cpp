@@ -40,6 +40,8 @@ Variant ColumnValue(QORObject& coData, std::string_view column) {
     return coData.Value(coData.ValueIndex(column));
 }
 
+std::int32_t ToKey(const Variant& value) { return IsBlank(value) ? 0 : automation::ToLong(value); }
+
 bool IsBlank(const Variant& value) {
     const auto* text = value.If<std::string>();
     return IsEmptyOrNull(value) || (text != nullptr && text->empty());

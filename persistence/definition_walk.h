@@ -47,5 +47,7 @@ automation::Variant ColumnValue(QORObject& coData, std::string_view column);
 inline bool IsEmptyOrNull(const automation::Variant& value) { return value.IsEmpty() || value.IsNull(); }
 /// Empty, Null or "".
 bool IsBlank(const automation::Variant& value);
+/// A value as the key that a data object carries; 0 for a blank one, as a key below 1 is none.
+std::int32_t ToKey(const automation::Variant& value);
 
 }  // namespace korvex::persistence

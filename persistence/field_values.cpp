@@ -57,21 +57,39 @@ bool SameInField(ado::Field& field, const Variant& value) {
     return SameAsStored(stored, value);
 }
 
+/// A table that was made before the other parent was defined has no column for it.
+bool HasColumn(ado::Recordset& records, const std::string& column) {
+    try {
+        records.Fields(column);
+        return true;
+    } catch (const automation::Error&) {
+        return false;
+    }
+}
+
 bool UpdateLink(ado::Field& field, const Variant& parentKey) {
     if (parentKey.IsMissing() || SameAsStored(field.Value(), parentKey)) return false;
     field.Value(parentKey);
     return true;
 }
 
+/// The object says nothing of that parent while the value is Empty.
+bool UpdateOptionalLink(const PlainValue& value, QORObject& coData, ado::Recordset& records) {
+    const Variant carried = coData.Value(value.index);
+    if (carried.IsEmpty()) return false;
+    return UpdateLink(*records.Fields(value.column), ToKey(carried) < 1 ? Variant::Null() : carried);
+}
+
 }  // namespace
 
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records) {
-    if (value.IsStored()) coData.MoveValue(value.index, ReadField(*records.Fields(value.column)));
+    if (!value.IsStored() || (value.isOptionalLink && !HasColumn(records, value.column))) return;
+    coData.MoveValue(value.index, ReadField(*records.Fields(value.column)));
 }
 
 void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,
                      const ParentLink& parent) {
-    if (!value.IsStored()) return;
+    if (!value.IsStored() || (value.isOptionalLink && ToKey(coData.Value(value.index)) < 1)) return;
     const auto field = records.Fields(value.column);
     if (value.column == parent.column) {
         if (field->Value().IsEmpty()) field->Value(parent.value);
@@ -83,6 +101,7 @@ void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset&
 bool UpdateFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,
                       const std::string& ownKey, const ParentLink& parent) {
     if (!value.IsStored() || value.column == ownKey || value.isAutoNumber) return false;
+    if (value.isOptionalLink) return UpdateOptionalLink(value, coData, records);
     const auto field = records.Fields(value.column);
     if (value.column == parent.column) return UpdateLink(*field, parent.value);
     const Variant carried = coData.Value(value.index);

@@ -20,8 +20,8 @@ struct ParentLink {
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records);
 
 /// Copies one value of the data object into the record. The link column takes the parent's key while it is
-/// Empty; columns that the database fills are left alone; blanks are written as "", or as 0 where the column
-/// refuses that; text is cut to the column.
+/// Empty; columns that the database fills are left alone, and so are optional links without a key; blanks are
+/// written as "", or as 0 where the column refuses that; text is cut to the column.
 void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,
                      const ParentLink& parent);
 

@@ -70,6 +70,16 @@ class QORObject : public automation::TableObject {
     /// Serves the members above by name as well.
     const automation::ClassInfo& Class() const noexcept override;
 
+    /// Of a collection: elements were added or taken out since it was loaded or saved. It reads Modified
+    /// then, too. An update makes such a list the truth about the stored elements; under one that did not
+    /// change, others may have added and deleted elements. A host's collection that does not tell the two
+    /// apart answers with Modified.
+    virtual bool ListModified() { return Modified(); }
+    /// Of a value definition: the column holds the key of a parent that the object may do without. Insert
+    /// leaves it to the database while it is blank; an update stores 0 and Null as Null, and Empty not at
+    /// all.
+    virtual bool IsOptionalLink() { return false; }
+
     /// Sets a value that the caller needs no more. An object that keeps it as it is may take it over instead
     /// of copying it.
     virtual void MoveValue(std::int32_t index, automation::Variant&& value) { Value(index, value); }

@@ -26,6 +26,7 @@ std::int32_t InsertRecord(Session& session, ado::Recordset& records, QORObject& 
     else
         SaveObjectState(coData, records);
     records.Update();
+    session.NoteWrite();
     const std::int32_t newKey = KeyOfRecord(records, ownKey);
     records.Close();
     return newKey;

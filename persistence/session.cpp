@@ -87,6 +87,7 @@ std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) 
 void Session::Execute(const std::string& sSQL) {
     if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn).");
     m_oConn->Execute(sSQL, ado::adUnspecified);
+    NoteWrite();
 }
 
 QORObject::Ref Session::NewDataObject() const {
@@ -101,7 +102,10 @@ DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
 
 Descent::Descent(Session& session) : m_session(session), m_outermost(session.m_stackBase == 0) {
     const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
-    if (m_outermost) session.m_stackBase = here;
+    if (m_outermost) {
+        session.m_stackBase = here;
+        session.m_writes = 0;
+    }
     const auto base = session.m_stackBase;
     if ((here > base ? here - base : base - here) > StackBudget)
         throw Error(automation::OutOfStackSpace,

@@ -41,6 +41,12 @@ class Session {
     /// Statements that did not open so far. Steps that go on after one, as the inserts and deletes of a tree
     /// do, leave no other trace of it when later calls reset the last result.
     std::size_t FailedOpens() const noexcept { return m_failedOpens; }
+    /// Changed objects that an update passed over, because their records are gone.
+    std::size_t PassedOver() const noexcept { return m_passedOver; }
+    void NotePassedOver() noexcept { ++m_passedOver; }
+    /// Inserts, changes and deletes that the last descent sent.
+    std::size_t Writes() const noexcept { return m_writes; }
+    void NoteWrite() noexcept { ++m_writes; }
     /// Runs an action statement; engine errors reach the caller.
     void Execute(const std::string& sSQL);
     /// A working data object of the host's, without a definition; nullptr where the host makes none.
@@ -58,6 +64,8 @@ class Session {
     std::string m_sFKPrefix;
     dbResults m_lLastResult = dbNoError;
     std::size_t m_failedOpens = 0;
+    std::size_t m_passedOver = 0;
+    std::size_t m_writes = 0;
     std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
     DefinitionReadings m_readings;   ///< of the definitions met in a descent
 };

@@ -15,18 +15,8 @@ namespace {
 
 /// The key that stands in a column of the object; Null for none, as a key below 1 is none.
 Variant KeyInObject(QORObject& coData, const std::string& column) {
-    const std::int32_t key = OwnKey(coData, column);
+    const std::int32_t key = ToKey(ColumnValue(coData, column));
     return key < 1 ? Variant::Null() : Variant(key);
-}
-
-/// The link of a root to its parent: the key that the object carries, where it carries one.
-ParentLink LinkOfRoot(Session& session, QORObject& coData, const QORObject::Ref& definition) {
-    ParentLink link{session.Members().GetForeignKeyFieldName(definition)};
-    if (!link.column.empty()) {
-        const std::int32_t key = OwnKey(coData, link.column);
-        if (key > 0) link.value = key;
-    }
-    return link;
 }
 
 /// The root's record, open; and the place where it stands.
@@ -56,11 +46,36 @@ std::optional<RootRecord> OpenRoot(Session& session, QORObject& coData, const QO
     return std::nullopt;
 }
 
-/// The end of an update: nothing may have been passed over since `failedOpens`.
+/// The link of a root to its parent: the key that the object carries. An object that carries the key of its
+/// record, and so was loaded or saved, has no parent any more when it carries 0 or Null.
+ParentLink LinkOfRoot(Session& session, QORObject& coData, const QORObject::Ref& definition,
+                      const RootRecord& root) {
+    ParentLink link{session.Members().GetForeignKeyFieldName(definition)};
+    if (link.column.empty()) return link;
+    const Variant carried = ColumnValue(coData, link.column);
+    const std::int32_t key = ToKey(carried);
+    if (key > 0)
+        link.value = key;
+    else if (!carried.IsEmpty() && ToKey(ColumnValue(coData, root.place.ownKey)) == root.key)
+        link.value = Variant::Null();
+    return link;
+}
+
+/// What an update may pass over, counted.
+struct Omissions {
+    explicit Omissions(const Session& session)
+        : failedOpens(session.FailedOpens()), passedOver(session.PassedOver()) {}
+    std::size_t failedOpens;
+    std::size_t passedOver;
+};
+
+/// The end of an update: nothing may have been passed over since `before`.
 std::int32_t Finish(Session& session, const QORObject::Ref& coData, std::int32_t key,
-                    std::size_t failedOpens) {
-    if (session.FailedOpens() != failedOpens) {
-        session.Fail(dbCannotOpenRecordset);
+                    const Omissions& before) {
+    const Omissions now(session);
+    const bool allOpened = now.failedOpens == before.failedOpens;
+    if (!allOpened || now.passedOver != before.passedOver) {
+        session.Fail(allOpened ? dbNoMatchingRecord : dbCannotOpenRecordset);
         return 0;
     }
     ClearModified(session, coData);
@@ -75,7 +90,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
     const Descent descent(session);
-    const std::size_t failedOpens = session.FailedOpens();
+    const Omissions before(session);
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
     if (!root) return 0;
@@ -84,11 +99,11 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
         session.Fail(dbObjectNotModified);
         return root->key;
     }
-    const ParentLink link = LinkOfRoot(session, *coData, definition);
+    const ParentLink link = LinkOfRoot(session, *coData, definition, *root);
     const auto stored =
         UpdateRecord(session, coData, root->records, root->place.ownKey, link, Columns::Modified);
     UpdateBeneath(session, coData, stored);
-    return Finish(session, coData, root->key, failedOpens);
+    return Finish(session, coData, root->key, before);
 }
 
 // The record is written before anything beneath it is deleted: when the database refuses the values, all is
@@ -97,16 +112,17 @@ std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coDa
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
     const Descent descent(session);
-    const std::size_t failedOpens = session.FailedOpens();
+    const Omissions before(session);
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, {});
     if (!root) return 0;
-    const ParentLink link = LinkOfRoot(session, *coData, definition);
+    const ParentLink link = LinkOfRoot(session, *coData, definition, *root);
     const std::string& ownKey = root->place.ownKey;
     UpdateRecord(session, coData, root->records, ownKey, link, Columns::All);
     DeleteBeneath(session, coData, ownKey, root->key);
-    if (session.FailedOpens() == failedOpens) SaveBeneath(session, *coData, definition, root->key, ownKey);
-    return Finish(session, coData, root->key, failedOpens);
+    if (session.FailedOpens() == before.failedOpens)
+        SaveBeneath(session, *coData, definition, root->key, ownKey);
+    return Finish(session, coData, root->key, before);
 }
 
 }  // namespace korvex::persistence

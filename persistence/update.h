@@ -8,9 +8,10 @@
 namespace korvex::persistence {
 
 /// Writes what differs between the tree and its records: columns of objects that read Modified True (or that
-/// carry the key of another record), new children and elements, and deletes stored elements that left their
-/// collection. Records beneath the root are found through their parents, so none outside the stored tree is
-/// ever touched. Answers the record's key, also with dbObjectNotModified; 0 on failure.
+/// carry the key of another record), new children and elements, and deletes stored elements that a changed
+/// list lacks. Records beneath the root are found through their parents, so none outside the stored tree is
+/// ever touched. Answers the record's key, also with dbObjectNotModified; 0 on failure, which includes
+/// changed elements whose records are gone (dbNoMatchingRecord, everything else is written).
 std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const automation::Variant& lKey,
                           const std::string& sKeyFieldName);
 

@@ -7,8 +7,7 @@
 #include "persistence/special_state.h"
 #include "persistence/stored_value.h"
 
-#include <unordered_map>
-#include <utility>
+#include <unordered_set>
 #include <vector>
 
 namespace korvex::persistence {
@@ -41,13 +40,16 @@ void WriteDifferences(Session& session, QORObject& coData, ado::Recordset& recor
     for (const auto& value : reading->values)
         if (UpdateFieldValue(value, coData, records, ownKey, parent)) changed = true;
     if (UpdateState(coData, records, IsCollection(*definition))) changed = true;
-    if (changed) records.Update();
+    if (!changed) return;
+    records.Update();
+    session.NoteWrite();
 }
 
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
 void UpdateStored(Session& session, const QORObject::Ref& object, const RecordsetRef& records,
-                  const std::string& ownKey, const ParentLink& link) {
-    const auto stored = UpdateRecord(session, object, records, ownKey, link, Columns::Modified);
+                  const std::string& ownKey, const ParentLink& link, bool isOfAnother) {
+    auto stored = UpdateRecord(session, object, records, ownKey, link, Columns::Modified);
+    stored.isOfAnother = isOfAnother;
     UpdateBeneath(session, object, stored);
 }
 
@@ -65,78 +67,91 @@ RecordsetRef OpenChild(Session& session, const RecordPlace& place, std::int32_t 
 }
 
 /// A child without a record is saved, as it would have been with its parent.
-void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link, bool parentIsItsOwn) {
+void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link,
+                 const UpdatedObject& parent) {
     const auto place = FindStoredPlace(session, DefinitionOf(child));
     if (!place) return;
-    const std::int32_t key = OwnKey(*child, place->ownKey);
-    if (parentIsItsOwn && key > 0 && !child->Modified())
-        return UpdateBeneath(session, child, {place->ownKey, key, true});
+    const std::int32_t key = ToKey(ColumnValue(*child, place->ownKey));
+    if (parent.isItsOwn && key > 0 && !child->Modified())
+        return UpdateBeneath(session, child, {.ownKey = place->ownKey, .key = key, .isItsOwn = true});
     auto records = OpenChild(session, *place, key, link);
     if (records == nullptr) return;
-    if (!records->Eof()) return UpdateStored(session, child, records, place->ownKey, link);
+    if (!records->Eof())
+        return UpdateStored(session, child, records, place->ownKey, link, parent.isOfAnother);
     records->Close();
     SaveRecord(session, child, link);
 }
 
-void UpdateElement(Session& session, const QORObject::Ref& element, const RecordPlace& place,
-                   std::int32_t key, const ParentLink& link) {
-    if (!element->Modified()) return UpdateBeneath(session, element, {place.ownKey, key, true});
-    auto records = OpenRecords(session, SelectRecord(place, key));
-    if (records == nullptr) return;
-    if (!records->Eof()) return UpdateStored(session, element, records, place.ownKey, link);
-    records->Close();
-    SaveRecord(session, element, link);
-}
+/// The elements of a collection, from a look at the keys of those that are stored.
+class ElementUpdate {
+  public:
+    ElementUpdate(Session& session, QORObject& coData, const UpdatedObject& owner)
+        : m_session(session),
+          m_coData(coData),
+          m_isTruth(owner.isListModified || owner.isOfAnother),
+          m_link{session.ForeignKeyColumn(owner.ownKey), owner.key} {}
 
-/// Takes out of `stored` the keys that elements of the collection carry, and gives them element by element; 0
-/// for an element that is not stored under this owner.
-std::vector<std::int32_t> MatchElements(QORObject& coData, const std::string& keyColumn,
-                                        std::vector<Variant>& stored) {
-    std::unordered_map<std::int32_t, std::size_t> positions;
-    for (std::size_t i = 0; i < stored.size(); ++i)
-        positions.emplace(automation::ToLong(stored[i]), i);
-    std::vector<std::int32_t> matched;
-    ForEach(&coData, [&](const QORObject::Ref& element) {
-        const std::int32_t key = OwnKey(*element, keyColumn);
-        const auto position = positions.find(key);
-        matched.push_back(position == positions.end() ? 0 : key);
-        if (position == positions.end()) return;
-        stored[position->second] = Variant();
-        positions.erase(position);
-    });
-    std::erase_if(stored, [](const Variant& key) { return key.IsEmpty(); });
-    return matched;
-}
+    void Run(const RecordPlace& place, const QORObject::Ref& elementDef, const std::vector<Variant>& stored) {
+        m_place = place;
+        for (const auto& key : stored)
+            m_stored.insert(automation::ToLong(key));
+        if (m_isTruth) DeleteOthers(elementDef, stored);
+        ForEach(&m_coData, [&](const QORObject::Ref& element) { UpdateOne(element); });
+    }
 
-/// Elements that left the collection are deleted first, so that what they held in unique columns is free.
-void UpdateElements(Session& session, const QORObject::Ref& coData, const UpdatedObject& owner,
-                    const ParentLink& link) {
+  private:
+    std::int32_t KeyOf(QORObject& element) const { return ToKey(ColumnValue(element, m_place.ownKey)); }
+
+    /// They go first, so that what they held in unique columns is free.
+    void DeleteOthers(const QORObject::Ref& elementDef, std::vector<Variant> stored) {
+        std::unordered_set<std::int32_t> held;
+        ForEach(&m_coData, [&](const QORObject::Ref& element) { held.insert(KeyOf(*element)); });
+        std::erase_if(stored, [&](const Variant& key) { return held.contains(automation::ToLong(key)); });
+        DeleteElements(m_session, elementDef, stored);
+    }
+
+    /// A collection that was loaded twice holds its elements twice: none of them becomes another record.
+    void UpdateOne(const QORObject::Ref& element) {
+        const std::int32_t key = KeyOf(*element);
+        const bool isNew = key < 1 || (m_seen.insert(key).second && m_isTruth);
+        if (m_stored.contains(key))
+            UpdateStoredElement(element, key);
+        else if (isNew)
+            SaveRecord(m_session, element, m_link);
+        else if (TreeModified(m_session, element))
+            m_session.NotePassedOver();
+    }
+
+    void UpdateStoredElement(const QORObject::Ref& element, std::int32_t key) {
+        if (!element->Modified())
+            return UpdateBeneath(m_session, element,
+                                 {.ownKey = m_place.ownKey, .key = key, .isItsOwn = true});
+        auto records = OpenRecords(m_session, SelectRecord(m_place, key));
+        if (records == nullptr) return;
+        if (!records->Eof()) return UpdateStored(m_session, element, records, m_place.ownKey, m_link, false);
+        records->Close();
+        m_session.NotePassedOver();  // it went since the look at the keys
+    }
+
+    Session& m_session;
+    QORObject& m_coData;
+    bool m_isTruth;  ///< the list says which elements there are to be
+    ParentLink m_link;
+    RecordPlace m_place;
+    std::unordered_set<std::int32_t> m_stored;
+    std::unordered_set<std::int32_t> m_seen;
+};
+
+void UpdateElements(Session& session, const QORObject::Ref& coData, const UpdatedObject& owner) {
     const auto elementDef =
         Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
     const auto place = FindStoredPlace(session, elementDef);
     if (!place) return;
-    auto stored = ElementKeys(session, elementDef, owner.ownKey, owner.key);
-    if (!stored) return;
-    const auto matched = MatchElements(*coData, place->ownKey, *stored);
-    DeleteElements(session, elementDef, *stored);
-
-    auto key = matched.begin();
-    ForEach(coData.get(), [&](const QORObject::Ref& element) {
-        if (key == matched.end()) return;
-        if (*key > 0)
-            UpdateElement(session, element, *place, *key, link);
-        else
-            SaveRecord(session, element, link);
-        ++key;
-    });
+    const auto stored = ElementKeys(session, elementDef, owner.ownKey, owner.key);
+    if (stored) ElementUpdate(session, *coData, owner).Run(*place, elementDef, *stored);
 }
 
 }  // namespace
-
-std::int32_t OwnKey(QORObject& coData, const std::string& column) {
-    const Variant key = ColumnValue(coData, column);
-    return IsBlank(key) ? 0 : automation::ToLong(key);
-}
 
 bool TreeModified(Session& session, const QORObject::Ref& coData) {
     return AnyInTree(session, coData, [](QORObject& object) { return object.Modified(); });
@@ -152,13 +167,14 @@ void ClearModified(Session& session, const QORObject::Ref& coData) {
 UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns) {
     const std::int32_t key = KeyOfRecord(*records, ownKey);
-    const std::int32_t carried = OwnKey(*coData, ownKey);
-    const bool isAnothers = carried > 0 && carried != key;
-    if (coData->Modified() || isAnothers || columns == Columns::All)
+    const std::int32_t carried = ToKey(ColumnValue(*coData, ownKey));
+    const bool isOfAnother = carried > 0 && carried != key;
+    const bool isListModified = IsCollection(*DefinitionOf(coData)) && coData->ListModified();
+    if (coData->Modified() || isOfAnother || columns == Columns::All)
         WriteDifferences(session, *coData, *records, ownKey, parent);
     records->Close();
     TakeKeys(*coData, ownKey, key, parent);
-    return {ownKey, key, carried == key};
+    return {ownKey, key, carried == key, isOfAnother, isListModified};
 }
 
 void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored) {
@@ -167,8 +183,8 @@ void UpdateBeneath(Session& session, const QORObject::Ref& coData, const Updated
     const ParentLink link{session.ForeignKeyColumn(stored.ownKey), stored.key};
     const auto reading = session.Read(definition);
     ForEachChild(*coData, reading->childNames,
-                 [&](const QORObject::Ref& child) { UpdateChild(session, child, link, stored.isItsOwn); });
-    if (IsCollection(*definition)) UpdateElements(session, coData, stored, link);
+                 [&](const QORObject::Ref& child) { UpdateChild(session, child, link, stored); });
+    if (IsCollection(*definition)) UpdateElements(session, coData, stored);
 }
 
 }  // namespace korvex::persistence

@@ -9,9 +9,6 @@
 /// The steps of an update, from one record down.
 namespace korvex::persistence {
 
-/// The key that a data object carries in a column; 0 for none.
-std::int32_t OwnKey(QORObject& coData, const std::string& column);
-
 /// The object, or anything beneath it, reads Modified True.
 bool TreeModified(Session& session, const QORObject::Ref& coData);
 void ClearModified(Session& session, const QORObject::Ref& coData);
@@ -23,6 +20,9 @@ struct UpdatedObject {
     /// The object carried that key before: what reads Modified False beneath it stands as it is in the
     /// database.
     bool isItsOwn = false;
+    /// The tree is that of another record, and is to take the place of what is stored beneath this one.
+    bool isOfAnother = false;
+    bool isListModified = false;  ///< of a collection, before it took the record's key
 };
 
 enum class Columns { Modified, All };
@@ -33,8 +33,10 @@ enum class Columns { Modified, All };
 UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns);
 
-/// Updates the stored children and elements, saves new ones and deletes stored elements that left their
-/// collection. Passes over what does not open.
+/// Updates the stored children and elements and saves new ones. Where the list of a collection's elements
+/// changed, or the tree is of another record, stored elements that the list lacks are deleted, and elements
+/// without a record are saved anew; elsewhere others deleted these records, and changed elements of theirs
+/// are noted as passed over. Passes over what does not open.
 void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored);
 
 }  // namespace korvex::persistence

@@ -60,6 +60,8 @@ clsCRUD::~clsCRUD() {
 
 dbResults clsCRUD::LastResult() { return m_impl->session.LastResult(); }
 
+std::size_t clsCRUD::Writes() const noexcept { return m_impl->session.Writes(); }
+
 std::string clsCRUD::FKPrefix() { return m_impl->session.FKPrefix(); }
 
 void clsCRUD::FKPrefix(const std::string& value) { m_impl->session.FKPrefix(value); }

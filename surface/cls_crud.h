@@ -5,6 +5,7 @@
 #include "persistence/qor_object.h"
 #include "platform/platform.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -65,6 +66,10 @@ class clsCRUD : public automation::TableObject {
     /// A keyset recordset with optimistic locks; nullptr when it did not open, an unopened one when not
     /// connected.
     virtual std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+
+    /// Inserts, changes and deletes that the last load, save, update or delete of an object tree sent. For
+    /// C++ hosts; it is in no member table.
+    std::size_t Writes() const noexcept;
 
     const automation::ClassInfo& Class() const noexcept override;
 

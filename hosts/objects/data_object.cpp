@@ -137,7 +137,7 @@ DataObject::Shared DataObject::Add() {
     if (Type().ElementDefinition() == nullptr)
         throw Error(automation::InvalidProcedureCall, "The object " + Type().Name() + " is no collection.");
     m_items.push_back(NewPart(Type().ElementDefinition()));
-    m_isModified = true;
+    ListChanged();
     return m_items.back();
 }
 
@@ -146,13 +146,15 @@ void DataObject::Remove(std::size_t position) {
         throw Error(automation::SubscriptOutOfRange,
                     "The collection " + Type().Name() + " has no element " + std::to_string(position) + ".");
     m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(position));
-    m_isModified = true;
+    ListChanged();
 }
 
 void DataObject::Replace(std::vector<Shared> items) {
-    if (items == m_items) return;
+    const auto* key = Type().KeyValue();
+    const bool isNew = key != nullptr && Value(key->Index()).IsEmpty();
+    if (items == m_items && !isNew) return;
     m_items = std::move(items);
-    m_isModified = true;
+    ListChanged();
 }
 
 template <class T, class NewValue>

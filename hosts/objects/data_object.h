@@ -40,12 +40,17 @@ class DataObject final : public persistence::PlainObject {
     Shared Add();
     /// Takes out the element at a position, counted from 0; SubscriptOutOfRange (9).
     void Remove(std::size_t position);
-    /// Makes these elements of this collection, new ones among them, the whole of it, in this order.
+    /// Makes these elements of this collection, new ones among them, the whole of it, in this order. While
+    /// the collection has no key the list counts as changed in any case.
     void Replace(std::vector<Shared> items);
 
     Ref Parent() override { return m_parent.lock(); }
     bool Modified() override { return m_isModified; }
-    void Modified(bool value) override { m_isModified = value; }
+    void Modified(bool value) override {
+        m_isModified = value;
+        m_isListModified = m_isListModified && value;
+    }
+    bool ListModified() override { return m_isListModified; }
     /// The states attSelectedItem, attCounterHolder and attCounter; InvalidProcedureCall (5) for another to
     /// set.
     std::int32_t LongAttribute(std::int32_t id) override;
@@ -80,6 +85,7 @@ class DataObject final : public persistence::PlainObject {
     void Store(std::int32_t index, NewValue&& value);
     template <class T, class NewValue>
     void Assign(T& target, NewValue&& value);
+    void ListChanged() noexcept { m_isModified = m_isListModified = true; }
     void TakeParts(std::vector<Shared>& parts);
 
     std::shared_ptr<Definition> m_definition;
@@ -91,6 +97,7 @@ class DataObject final : public persistence::PlainObject {
     std::int32_t m_counter = 0;
     std::int16_t m_selectState = 0;
     bool m_isModified = false;
+    bool m_isListModified = false;
 };
 
 }  // namespace korvex::objects

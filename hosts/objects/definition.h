@@ -23,6 +23,7 @@ struct ValueInfo {
     std::int32_t dataType = static_cast<std::int32_t>(automation::VarType::String);
     bool isIncluded = true;
     bool isAutoNumber = false;
+    bool isOptionalLink = false;  ///< the key of a parent that the object may do without
 };
 
 /// The definition of one value. That of a child object answers for the child's definition, so it can stand in
@@ -42,6 +43,7 @@ class ValueDefinition final : public persistence::PlainObject {
     bool BooleanAttribute(std::int32_t id) override;
     Ref ObjectAttribute(std::int32_t id) override;
     bool HasAttribute(std::int32_t id) override;
+    bool IsOptionalLink() override { return m_info.isOptionalLink; }
 
   private:
     friend class Definition;

@@ -119,13 +119,16 @@ class Builder {
         const auto& row = ObjectOf(m_catalog, object);
         const auto otherForeignKeys = ForeignKeysToOthers(object, parent);
         for (const auto* value : m_catalog.ValuesOf(object)) {
-            if (value->ChildObjectID > 0)
+            if (value->ChildObjectID > 0) {
                 definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
-            else
-                definition.AddValue({value->Name, ColumnOf(*value), value->DataType,
-                                     value->IsIncluded && value->DataType != repository::TypeNoColumn &&
-                                         !otherForeignKeys.contains(value->ValueID),
-                                     value->IsAutoNumber});
+                continue;
+            }
+            const bool hasColumn = value->IsIncluded && value->DataType != repository::TypeNoColumn;
+            const bool isLinkElsewhere = otherForeignKeys.contains(value->ValueID);
+            const bool isRoot = parent == NoParent;
+            definition.AddValue({value->Name, ColumnOf(*value), value->DataType,
+                                 hasColumn && (isRoot || !isLinkElsewhere), value->IsAutoNumber,
+                                 isRoot && isLinkElsewhere});
         }
         for (const auto* key : m_catalog.PrimaryKeysOf(object))
             if (const auto* value = m_catalog.FindValue(key->ValueID))

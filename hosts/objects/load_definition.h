@@ -12,7 +12,8 @@ namespace korvex::objects {
 /// keys are up to date for that foreign-key prefix (CreateRelationship).
 ///
 /// An object that stands beneath several others has a definition for each of its parents: its foreign key is
-/// the one to that parent, and its columns that refer to other parents are not part of it. Raises
+/// the one to that parent, and its columns that refer to other parents are not part of it. The topmost object
+/// keeps all of them, as optional links: it may be stored under a parent of another definition. Raises
 /// InvalidProcedureCall (5) for a storage name that no definition or several have, for a reference to an
 /// object that does not exist, and for keys that are not prepared, each with what to do;
 /// OutOfStackSpace (28) for an object that is its own ancestor.

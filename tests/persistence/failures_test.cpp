@@ -65,6 +65,23 @@ TEST(Failures, OfMembersThatFindOneRecord) {
     Expect({"DbUpdateDataRetainRoot", "", 9, 0, dbNoMatchingRecord, looked});
 }
 
+TEST(Failures, OfRecordsWithoutAKeyAboveZero) {
+    for (const char* member : {"DbDeleteData", "DbUpdateData", "DbUpdateDataRetainRoot"}) {
+        for (const int key : {-1, 0, 1}) {
+            SCOPED_TRACE(std::string(member) + ", key " + std::to_string(key));
+            OrderWorld world;
+            const auto order = world.StoredOrder();
+            world.database.tables.at("tOrder").rows[0][0] = key;
+            const std::string before = world.Rows("tOrder") + world.LineTexts();
+            order->Set("Note", "new");
+            EXPECT_EQ(CallMember(*world.crud, member, order, key), key == 1 ? 1 : 0);
+            EXPECT_EQ(world.crud->LastResult(), key == 1 ? dbNoError : dbPrimaryKeyMissing);
+            EXPECT_EQ(world.Rows("tOrder") + world.LineTexts() == before, key != 1);
+            EXPECT_EQ(world.database.openRecordsets, 0);
+        }
+    }
+}
+
 TEST(Failures, OfSaving) {
     Expect({"DbSaveData", "connection", {}, 0, dbNotConnected, ""});
     Expect({"DbSaveData", "key column", {}, 0, dbNoError, ""});

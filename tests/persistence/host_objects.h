@@ -63,7 +63,6 @@ class HostObject final : public persistence::PlainObject {
     HostObject() : HostObject(std::make_shared<objects::DataObject>()) {}
     explicit HostObject(Ref inner) : m_inner(std::move(inner)) {}
 
-    Ref Parent() override { return std::make_shared<HostObject>(m_inner->Parent()); }
     bool Modified() override { return m_inner->Modified(); }
     void Modified(bool value) override { m_inner->Modified(value); }
     std::int32_t LongAttribute(std::int32_t id) override { return m_inner->LongAttribute(id); }

@@ -133,6 +133,14 @@ struct OrderWorld {
         return text;
     }
 
+    /// "1 A1, 2 B2": the lines by key and Sku.
+    std::string LineTexts() {
+        std::string text;
+        for (const auto& row : database.tables.at("tLine").rows)
+            text += (text.empty() ? "" : ", ") + Show(row[0]) + " " + automation::ToString(row[2]);
+        return text;
+    }
+
     FakeDatabase database;
     Journal messages = std::make_shared<std::vector<std::string>>();
     Platform platform{nullptr, std::make_shared<FakeProvider>(database),

@@ -26,6 +26,7 @@ class RoundTrip : public AdoTest {
         const std::string repositoryFile = m_folder.Path("definitions.db");
         DefinitionRepository(m_platform, repositoryFile)
             .Definition("Orders", 1)
+            .Definition("Addresses", 6)
             .Object(1, "Order")
             .Value(1, "Integer", 2)
             .Value(1, "Long", 3)
@@ -56,7 +57,9 @@ class RoundTrip : public AdoTest {
         repository::Repository repository(m_platform);
         repository.OpenRepository(repositoryFile);
         repository::CreateRelationship(repository, "Orders", "FK_");
-        m_definition = objects::LoadDefinition(repository::Catalog::Read(repository.Open()), "Orders");
+        const auto catalog = repository::Catalog::Read(repository.Open());
+        m_definition = objects::LoadDefinition(catalog, "Orders");
+        m_addressDefinition = objects::LoadDefinition(catalog, "Addresses");
         repository.Close();
 
         ASSERT_TRUE(m_crud->ConnectDB(ConnectionString()));
@@ -90,6 +93,7 @@ class RoundTrip : public AdoTest {
 
     std::shared_ptr<clsCRUD> m_crud = std::make_shared<clsCRUD>(m_platform);
     std::shared_ptr<objects::Definition> m_definition;
+    std::shared_ptr<objects::Definition> m_addressDefinition;
     std::vector<std::string> m_tables;
 };
 
@@ -235,6 +239,84 @@ TEST_P(RoundTrip, UpdatesWriteDifferencesOnly) {
     EXPECT_EQ(m_crud->DbUpdateDataRetainRoot(order, 1), 1);
     EXPECT_EQ(Counts(), "1 1 3 1 2 1 ");
     EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
+}
+
+TEST_P(RoundTrip, ClientsLeaveEachOthersElementsAlone) {
+    m_crud->DbSaveData(FromJson(m_definition, Tree));
+    const auto mine = Load(1);
+    m_crud->DbGetData(mine, 1);  // once more: every element stands in its list twice
+    const auto other = std::make_shared<clsCRUD>(m_platform);
+    ASSERT_TRUE(other->ConnectDB(ConnectionString()));
+    const auto theirs = Load(1);
+    theirs->Child("Shipments")->Remove(0);
+    theirs->Child("Shipments")->Add()->Set("Carrier", "theirs");
+    EXPECT_EQ(other->DbUpdateData(theirs), 1);
+    other->DisconnectDB();
+    const auto expected = Load(1);
+
+    mine->Set("String", "mine");
+    mine->Child("Shipments")->Items()[3]->Set("Carrier", "2nd");
+    EXPECT_EQ(m_crud->DbUpdateData(mine), 1);
+    EXPECT_EQ(m_crud->LastResult(), dbNoError);
+    expected->Set("String", "mine");
+    expected->Child("Shipments")->Items()[0]->Set("Carrier", "2nd");
+    EXPECT_EQ(ToJson(*Load(1)), ToJson(*expected));
+
+    mine->Child("Shipments")->Items()[0]->Set("Carrier", "gone");
+    EXPECT_EQ(m_crud->DbUpdateData(mine), 0);
+    EXPECT_EQ(m_crud->LastResult(), dbNoMatchingRecord);
+    EXPECT_EQ(ToJson(*Load(1)), ToJson(*expected));
+}
+
+TEST_P(RoundTrip, ARootThatIsAChildElsewhereKeepsItsForeignKeys) {
+    const std::string table = m_addressDefinition->StringAttribute(attTableName);
+    const auto rows = [&] {
+        std::string text;
+        const auto records = Open(m_crud->DbConn(), "select * from " + table + " order by AddressID");
+        for (; !records->Eof(); records->MoveNext())
+            for (const char* column : {"AddressID", "FK_CustomerID", "FK_ShipmentID"}) {
+                const Variant value = records->Fields(column)->Value();
+                text += (value.IsNull() ? "-" : automation::ToString(value)) + " ";
+            }
+        records->Close();
+        return text;
+    };
+    const auto save = [&](const char* json) {
+        return m_crud->DbSaveData(FromJson(m_addressDefinition, json));
+    };
+    EXPECT_EQ(save(R"({"City": "Ghent", "FK_CustomerID": 7})"), 1);
+    EXPECT_EQ(save(R"({"City": "Mons"})"), 2);
+    EXPECT_EQ(save(R"({"FK_CustomerID": 0, "FK_ShipmentID": null})"), 3);
+    EXPECT_EQ(rows(), "1 7 - 2 - - 3 - - ");
+    const struct {
+        const char* json;
+        bool isLoaded;
+        const char* row;
+        std::size_t writes;
+    } cases[] = {
+        {R"({"City": "Lier"})", true, "1 7 - ", 1},
+        {R"({"City": "Ypres"})", false, "1 7 - ", 1},
+        {R"({"FK_ShipmentID": 3})", true, "1 7 3 ", 1},
+        {R"({"FK_CustomerID": 0})", true, "1 - 3 ", 1},
+        {R"({"FK_CustomerID": 0, "FK_ShipmentID": 3})", true, "1 - 3 ", 0},
+        {R"({"FK_ShipmentID": null})", true, "1 - - ", 1},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.json);
+        const auto address = std::make_shared<DataObject>(m_addressDefinition);
+        if (test.isLoaded) m_crud->DbGetData(address, 1);
+        ApplyJson(*address, test.json);
+        EXPECT_EQ(m_crud->DbUpdateData(address, 1), 1);
+        EXPECT_EQ(m_crud->Writes(), test.writes);
+        EXPECT_EQ(rows(), std::string(test.row) + "2 - - 3 - - ");
+    }
+    // A table that was made before the definitions of the parents has no such columns.
+    Run(m_crud->DbConn(), "alter table " + table + " drop column FK_ShipmentID");
+    const auto address = std::make_shared<DataObject>(m_addressDefinition);
+    EXPECT_EQ(m_crud->DbGetData(address, 2), 2);
+    address->Set("City", "Bruges");
+    EXPECT_EQ(m_crud->DbUpdateData(address), 2);
+    EXPECT_EQ(save("{}"), 4);
 }
 
 TEST_P(RoundTrip, SingleFields) {

@@ -89,9 +89,11 @@ TEST(DataObjects, PartsKnowTheirParentAndModifiedStaysWithItsObject) {
     lines->Modified(false);
     lines->LongAttribute(attSelectedItem, 1);
     EXPECT_TRUE(lines->Modified());
+    EXPECT_FALSE(lines->ListModified());
     lines->Modified(false);
     lines->Remove(0);
     EXPECT_TRUE(lines->Modified());
+    EXPECT_TRUE(lines->ListModified());
     EXPECT_TRUE(lines->Items().empty());
     EXPECT_EQ(line->Parent(), lines);
 }

@@ -41,6 +41,7 @@ class LoadDefinitions : public testing::Test {
     void Fill() {
         tests::DefinitionRepository(m_platform, m_path)
             .Definition("Orders", 1)
+            .Definition("Notes", 5)
             .Definition("Broken", 9)
             .Object(1, "Order")
             .Value(1, "Number", 8)
@@ -86,6 +87,7 @@ TEST_F(LoadDefinitions, AreBuiltWithTheKeysOfTheirPlace) {
               "CustomerID! FK_OrderID^] "
               "Lines=[Lines tLines: LinesID! FK_OrderID^ {Line tLine: Quantity "
               "Note=[Note tNote2: Text NoteID! -FK_CustomerID FK_LineID^] LineID! FK_LinesID^}] OrderID!");
+    EXPECT_EQ(Describe(*Load("Notes")), "Note tNote2: Text NoteID! FK_CustomerID FK_LineID");
     Relate("F");
     EXPECT_THAT(Describe(*Load("Orders", "F")), testing::HasSubstr("FOrderID^"));
 }
@@ -95,8 +97,9 @@ TEST_F(LoadDefinitions, SayWhatKeepsThemFromBeingBuilt) {
     EXPECT_THAT(ErrorOfLoad(),
                 testing::MatchesRegex("5: The object \"Order\" .ObjectID 1. has no key; prepare .*"));
     Relate();
-    EXPECT_EQ(ErrorOfLoad("Order"),
-              "5: No data definition has the storage name \"Order\". There are \"Broken\", \"Orders\".");
+    EXPECT_EQ(
+        ErrorOfLoad("Order"),
+        "5: No data definition has the storage name \"Order\". There are \"Broken\", \"Notes\", \"Orders\".");
     EXPECT_THAT(ErrorOfLoad("Broken"),
                 testing::StartsWith("5: The repository refers to the object with ObjectID 9"));
     EXPECT_THAT(
