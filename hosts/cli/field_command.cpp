@@ -3,9 +3,11 @@
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/target_options.h"
 #include "hosts/objects/base64.h"
+#include "persistence/statements.h"
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace korvex::cli {
 
@@ -49,10 +51,30 @@ void RunGet(const FieldOptions& options, Console& console) {
     console.Results() << LineOf(value) << '\n';
 }
 
+bool IsBinary(std::int32_t type) {
+    return type == ado::adBinary || type == ado::adVarBinary || type == ado::adLongVarBinary;
+}
+
+/// The new value as the column takes it: binary data from the base64 text that `get` gives.
+Variant NewValue(clsCRUD& crud, const FieldOptions& options) {
+    if (options.isNull) return Variant::Null();
+    if (options.table.empty() || options.field.empty()) return options.value;
+    const auto records = crud.OpenRecordset(persistence::SelectAll(options.table));
+    if (records == nullptr) return options.value;
+    const bool isBinary = IsBinary(records->Fields(options.field)->Type());
+    records->Close();
+    if (!isBinary) return options.value;
+    auto data = objects::FromBase64(options.value);
+    if (data) return std::move(*data);
+    throw automation::Error(automation::TypeMismatch,
+                            options.table + "." + options.field +
+                                " holds binary data: --value takes it in base64, as field get prints it.");
+}
+
 void RunSet(const FieldOptions& options, Console& console) {
     const Variant key = ReadKey(options.key);
     const DataSession session(options.connection, "", console);
-    const Variant value = options.isNull ? Variant::Null() : Variant(options.value);
+    const Variant value = NewValue(session.Crud(), options);
     const bool isSet = session.Crud().DbSaveField(key, options.keyField, options.table, options.field, value);
     // A write that the database refuses does not show in the answer.
     if (!isSet || session.Failures().Last()) FailField(session);
@@ -82,7 +104,9 @@ void AddFieldSetCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand("set", "Write the value");
     AddFieldOptions(*command, *options);
     CLI::Option_group* what = command->add_option_group("value");
-    what->add_option("--value", options->value, "New value, converted to the column's type")->type_name("V");
+    what->add_option("--value", options->value,
+                     "New value, converted to the column's type; base64 for a binary one")
+        ->type_name("V");
     what->add_flag("--null", options->isNull, "Write Null");
     what->require_option(1);
     command->callback([options, &console] { RunSet(*options, console); });

@@ -35,8 +35,9 @@ std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects&
 
 void RunSave(const SaveOptions& options, Console& console) {
     const auto definition = OpenDefinition(options.data, console);
-    const DataObjects objects = WithJsonFile(
-        options.file, [&](const std::string& text) { return objects::ListFromJson(definition, text); });
+    const DataObjects objects = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
+        return objects::ListFromJson(definition, text, &unstored);
+    });
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     for (const std::int32_t key : SaveAll(session, objects, console))
         console.Results() << key << '\n';

@@ -1,3 +1,5 @@
+#include "automation/convert.h"
+#include "hosts/cli/app.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
@@ -18,47 +20,67 @@ struct UpdateOptions {
     std::string file = "-";
 };
 
-using DefinitionRef = std::shared_ptr<objects::Definition>;
+/// The key of the option counts, whatever key the file gives.
+void KeepKey(objects::DataObject& object, std::int32_t key, const std::string& file, Console& console) {
+    const auto* definition = object.Type().KeyValue();
+    if (definition == nullptr) return;
+    const automation::Variant given = object.Value(definition->Index());
+    if (given.IsEmpty() || given == automation::Variant(key)) return;
+    console.Message(JsonFileName(file) + ": " + definition->Info().name + " is " +
+                    (given.IsNull() ? "null" : automation::ToString(given)) +
+                    ", which is passed over: --key names the record " + std::to_string(key) + ".");
+    object.Value(definition->Index(), key);
+}
 
 /// The stored object takes what the text says, and what differs is written.
-void Update(const DataSession& session, const DefinitionRef& definition, std::int32_t key,
-            const std::string& file, Console& console) {
+std::int32_t Update(const DataSession& session, const UpdateOptions& options,
+                    objects::DataObject::Shared object, std::int32_t key, Console& console) {
     clsCRUD& crud = session.Crud();
-    const auto object = std::make_shared<objects::DataObject>(definition);
     const std::int32_t loaded = crud.DbGetData(object, key);
     session.ExpectAllOpened();
     if (loaded < 1) session.FailWithLastResult();
-    WithJsonFile(file, [&](const std::string& text) { objects::ApplyJson(*object, text); });
+    WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
+        objects::ApplyJson(*object, text, &unstored);
+        return true;
+    });
+    KeepKey(*object, key, options.file, console);
     const std::int32_t updated = crud.DbUpdateData(object, key);
-    const dbResults result = crud.LastResult();
-    session.ExpectAllOpened();
-    if (result == dbObjectNotModified) {
-        console.Message(std::string(TextOf(result).name) + ": " + std::string(TextOf(result).meaning));
-    } else if (updated < 1) {
-        session.Fail(result);
+    if (updated < 1 && crud.LastResult() == dbNoMatchingRecord) {
+        console.Message(
+            std::string(TextOf(dbNoMatchingRecord).name) +
+            ": A record that the file changes has been deleted meanwhile, and nothing is changed. "
+            "Load the object again.");
+        throw CLI::RuntimeError(ExitFailed);
     }
+    return updated;
 }
 
 /// The text is the whole new object under the old key.
-void Replace(const DataSession& session, const DefinitionRef& definition, std::int32_t key,
-             const std::string& file) {
-    const auto object =
-        WithJsonFile(file, [&](const std::string& text) { return objects::FromJson(definition, text); });
-    const std::int32_t updated = session.Crud().DbUpdateDataRetainRoot(object, key);
-    session.ExpectAllOpened();
-    if (updated < 1) session.FailWithLastResult();
+std::int32_t Replace(const DataSession& session, const UpdateOptions& options,
+                     const std::shared_ptr<objects::Definition>& definition, std::int32_t key,
+                     Console& console) {
+    const auto object = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
+        return objects::FromJson(definition, text, &unstored);
+    });
+    KeepKey(*object, key, options.file, console);
+    return session.Crud().DbUpdateDataRetainRoot(object, key);
 }
 
 void RunUpdate(const UpdateOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
-    const DefinitionRef definition = OpenDefinition(options.data, console);
+    const auto definition = OpenDefinition(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     Transaction transaction(session.Crud());
-    if (options.retainRoot) {
-        Replace(session, definition, key, options.file);
-    } else {
-        Update(session, definition, key, options.file, console);
-    }
+    const std::int32_t updated =
+        options.retainRoot
+            ? Replace(session, options, definition, key, console)
+            : Update(session, options, std::make_shared<objects::DataObject>(definition), key, console);
+    const dbResults result = session.Crud().LastResult();
+    session.ExpectAllOpened();
+    if (updated < 1) session.Fail(result);
+    const ResultText& unchanged = TextOf(dbObjectNotModified);
+    if (session.Crud().Writes() == 0)
+        console.Message(std::string(unchanged.name) + ": " + std::string(unchanged.meaning));
     transaction.Commit();
 }
 

@@ -16,22 +16,29 @@
 /// collection. Values of the type variant keep their value, not its exact type.
 namespace korvex::objects {
 
-/// A new object, modified wherever the text says something.
+/// Values, child objects and "$items" that a text names although their definition keeps them out of the
+/// database, each once: "Customer.Remark".
+using UnstoredMembers = std::vector<std::string>;
+
+/// A new object, modified wherever the text says something. `unstored` takes what of it a save leaves out.
 ///
 /// Errors name the place ("Lines.$items[3].Quantity"): InvalidProcedureCall (5) for text that is no JSON,
 /// with line and column; MemberNotFound (438) for a member that the definition does not know, with the
 /// nearest name that it does; TypeMismatch (13) and Overflow (6) for a value that does not fit its type;
 /// OutOfStackSpace (28) for objects nested more than 5,000 levels deep, an array counting as one.
-std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text);
+std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text,
+                                     UnstoredMembers* unstored = nullptr);
 
 /// One new object for each item of a JSON array, or one for anything else.
 std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Definition>& definition,
-                                                      std::string_view text);
+                                                      std::string_view text,
+                                                      UnstoredMembers* unstored = nullptr);
 
 /// Puts what the text says into an object; values and child objects that it does not mention stay. "$items"
 /// gives all elements: an item with the key of an element is put into that one, any other is a new element,
-/// and elements without an item leave the collection. After an error the object is partly changed.
-void ApplyJson(DataObject& object, std::string_view text);
+/// and elements without an item leave the collection. KeyAlreadyUsed (457) for two items with the key of one
+/// element. After an error the object is partly changed.
+void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored = nullptr);
 
 /// The object as text, with members in the order of its definition and two blanks of indentation per level.
 std::string ToJson(DataObject& object);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace korvex::objects {
@@ -23,7 +24,7 @@ namespace {
 /// Puts the values of a document into data objects.
 class Input {
   public:
-    explicit Input(std::string_view text) : m_document(text) {}
+    Input(std::string_view text, UnstoredMembers* unstored) : m_document(text), m_unstored(unstored) {}
 
     const JsonDocument& Document() const noexcept { return m_document; }
 
@@ -83,8 +84,26 @@ class Input {
         }
     }
 
+    static bool IsStored(const ValueDefinition& definition) {
+        if (definition.Child() != nullptr) return definition.Child()->BooleanAttribute(attIsIncluded);
+        return definition.Info().isIncluded && !definition.Info().column.empty();
+    }
+
+    /// Remembers a member that is not stored, once for all that stands in it.
+    void NoteUnstored(const Value& value) {
+        if (m_unstored == nullptr || value.kind == Kind::Null) return;
+        std::string path;
+        for (const auto& name : m_way)
+            if (name.front() != '[') path += (path.empty() ? "" : ".") + name;
+        const bool isKnown = std::ranges::any_of(*m_unstored, [&](const std::string& known) {
+            return path == known || path.starts_with(known + '.');
+        });
+        if (!isKnown) m_unstored->push_back(path);
+    }
+
     void PutMember(const std::string& name, const Value& value, DataObject& object) {
         if (const auto* definition = object.Type().FindValue(name)) {
+            if (!IsStored(*definition)) NoteUnstored(value);
             if (definition->Child() != nullptr)
                 PutObject(value, *object.Child(name));
             else
@@ -114,11 +133,21 @@ class Input {
 
     void PutItems(const Value& value, DataObject& collection) {
         if (value.kind != Kind::Array) Fail(Mismatch(value, "an array"));
+        const auto elementType = collection.Type().ElementDefinition();
+        if (!elementType->BooleanAttribute(attIsIncluded)) NoteUnstored(value);
+        std::set<std::string> taken;
         auto elements = ElementsByKey(collection);
         std::vector<DataObject::Shared> items;
         for (std::size_t i = 0; i < value.children.size(); ++i) {
             const auto& item = m_document.At(value.children[i]);
-            auto element = Take(elements, item, collection.Type().ElementDefinition()->KeyValue());
+            const std::string keyText = KeyTextOf(item, elementType->KeyValue());
+            auto element = Take(elements, keyText);
+            if (element != nullptr) {
+                taken.insert(keyText);
+            } else if (taken.contains(keyText)) {
+                const Step step(*this, "[" + std::to_string(i) + "]");
+                Fail(Error(automation::KeyAlreadyUsed, "an item before it has the same key, " + keyText));
+            }
             if (element == nullptr) element = collection.Add();
             items.push_back(element);
             PutItem(i, item, *element);
@@ -143,13 +172,18 @@ class Input {
         return elements;
     }
 
-    /// The element whose key the item gives, taken out of `elements`; nullptr for none.
-    DataObject::Shared Take(Elements& elements, const Value& item, const ValueDefinition* key) const {
-        if (key == nullptr) return nullptr;
+    /// The key that an item gives, as text; "" for none.
+    std::string KeyTextOf(const Value& item, const ValueDefinition* key) const {
+        if (key == nullptr) return {};
         const auto name = std::find(item.names.begin(), item.names.end(), key->Info().name);
-        if (name == item.names.end()) return nullptr;
+        if (name == item.names.end()) return {};
         const auto position = static_cast<std::size_t>(name - item.names.begin());
-        const auto found = elements.find(m_document.At(item.children[position]).text);
+        return m_document.At(item.children[position]).text;
+    }
+
+    /// The element with that key, taken out of `elements`; nullptr for none.
+    static DataObject::Shared Take(Elements& elements, const std::string& keyText) {
+        const auto found = elements.find(keyText);
         if (found == elements.end()) return nullptr;
         auto element = found->second;
         elements.erase(found);
@@ -173,21 +207,23 @@ class Input {
     }
 
     JsonDocument m_document;
+    UnstoredMembers* m_unstored;
     std::vector<std::string> m_way;
 };
 
 }  // namespace
 
-std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text) {
-    Input input(text);
+std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text,
+                                     UnstoredMembers* unstored) {
+    Input input(text, unstored);
     auto object = std::make_shared<DataObject>(definition);
     input.PutObject(input.Document().Root(), *object);
     return object;
 }
 
 std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Definition>& definition,
-                                                      std::string_view text) {
-    Input input(text);
+                                                      std::string_view text, UnstoredMembers* unstored) {
+    Input input(text, unstored);
     const auto& root = input.Document().Root();
     std::vector<std::shared_ptr<DataObject>> objects;
     if (root.kind != Kind::Array) {
@@ -202,8 +238,8 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
     return objects;
 }
 
-void ApplyJson(DataObject& object, std::string_view text) {
-    Input input(text);
+void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored) {
+    Input input(text, unstored);
     input.PutObject(input.Document().Root(), object);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "automation/error.h"
+#include "hosts/cli/console.h"
 #include "hosts/cli/text_file.h"
+#include "hosts/objects/json.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,15 +16,22 @@ inline void AddJsonFile(CLI::App& command, std::string& file) {
     command.add_option("FILE", file, "JSON file; - for standard input, which is read unless given");
 }
 
-/// Hands the text of a JSON file to `read`, whose errors leave with the file's name in front.
+inline std::string JsonFileName(const std::string& file) { return file == "-" ? "standard input" : file; }
+
+/// Hands the text of a JSON file to `read`, with a list for members that are not stored, which are named on
+/// the console. Errors leave with the file's name in front.
 template <class Read>
-decltype(auto) WithJsonFile(const std::string& file, Read&& read) {
+auto WithJsonFile(const std::string& file, Console& console, Read&& read) {
     const std::string text = ReadTextFile(file);
+    const std::string prefix = JsonFileName(file) + ": ";
+    objects::UnstoredMembers unstored;
     try {
-        return read(text);
+        const auto result = read(text, unstored);
+        for (const std::string& member : unstored)
+            console.Message(prefix + member + " is left out: its definition does not have it stored.");
+        return result;
     } catch (const automation::Error& error) {
-        const std::string name = file == "-" ? "standard input" : file;
-        throw automation::Error(error.Number(), name + ": " + error.Description(), error.Source());
+        throw automation::Error(error.Number(), prefix + error.Description(), error.Source());
     }
 }
 

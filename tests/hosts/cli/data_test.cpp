@@ -172,7 +172,8 @@ TEST_F(StoredData, FieldsAreReadAndWritten) {
         {"IsPaid", "false", "True", "true"},
         {"OrderedOn", "2026-03-02T09:14:30", "2026-12-24 18:00", "2026-12-24T18:00:00"},
         {"InternalRemarks", nullptr, "short", "short"},
-        {"ExternalReference", "UE8gMTAwNDIvQg==", nullptr, ""},
+        {"ExternalReference", "UE8gMTAwNDIvQg==", "AAEC/w==", "AAEC/w=="},
+        {"ExternalReference", "AAEC/w==", nullptr, ""},
         {"RequiredBy", "2026-03-20", nullptr, ""},
     };
     for (const auto& test : cases) {
@@ -255,6 +256,8 @@ const BadCase Fields[] = {
     {"NoSuchColumn", "get --key 1 --field Stat", "error -2146825023: "},
     {"EmptyName", "get --key 1 --field ''", "dbBadParameter: "},
     {"WrongType", "set --key 1 --field State --value many", "tOrder.State"},
+    {"NotBase64", "set --key 1 --field ExternalReference --value oops!",
+     "error 13: tOrder.ExternalReference holds binary data"},
     {"TooLong", "set --key 1 --field OrderNumber --value 123456789012345678901", "tOrder.OrderNumber"},
     {"RefusedByTheDatabase",
      "set --table tCustomer --key-field CustomerID --key 1 --field FK_OrderID --value 7",
@@ -316,6 +319,110 @@ TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
     ExpectFailure(Run("save", {OrderFile}), "database is locked");
     other->RollbackTrans();
     EXPECT_EQ(Counts(), CountsOfTheExample);
+}
+
+/// Orders with an address, which has a definition of its own, a draft, which is not stored, and lines.
+class SmallModel : public testing::Test {
+  protected:
+    void SetUp() override {
+        const auto file = [this](const char* name) { return m_repository.Folder().Path(name); };
+        ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
+        ASSERT_EQ(RunKorvex({"script", "--repository", m_repository.Path(), "--storage", "Orders",
+                             "--dialect", "mssql", "--out", m_repository.Folder().Path("")})
+                      .exitCode,
+                  0);
+        ASSERT_EQ(RunKorvex({"apply", "--connection", m_target.Connection(), "--create", file("MSCreate.sql"),
+                             file("MSFKCr.sql")})
+                      .exitCode,
+                  0);
+        ASSERT_EQ(Run("Orders", "save", R"({"Number": "a", "Lines": {"$items": [{"Sku": "A"}]}})").output,
+                  "1\n");
+    }
+    CommandResult Run(const std::string& storage, const std::string& command,
+                      const std::string& input) const {
+        const Arguments arguments = Merge(Words(command), {"--repository", m_repository.Path(), "--storage",
+                                                           storage, "--connection", m_target.Connection()});
+        return RunKorvex(arguments, {}, {}, m_target.Folder().Write("input.json", input));
+    }
+
+    RepositoryFile m_repository{R"({"version": 1,
+      "definitions": [{"storage": "Orders", "root": "Order"}, {"storage": "Addresses", "root": "Address"}],
+      "objects": [
+        {"name": "Order", "values": [
+          {"name": "Number", "type": "string"},
+          {"name": "Address", "child": "Address"},
+          {"name": "Draft", "type": "unknown"},
+          {"name": "Lines", "child": {"name": "Lines", "element": {
+            "name": "Line", "values": [{"name": "Sku", "type": "string"}]}}}]},
+        {"name": "Address", "values": [{"name": "City", "type": "string"}]}]})"};
+    TargetDatabase m_target;
+};
+
+TEST_F(SmallModel, WhatIsNotStoredIsNamed) {
+    const std::string draft =
+        "korvex: standard input: Draft is left out: its definition does not have it stored.\n";
+    const auto key = [](const char* given) {
+        return "korvex: standard input: OrderID is " + std::string(given) +
+               ", which is passed over: --key names the record 1.\n";
+    };
+    const std::string nothing = "korvex: dbObjectNotModified: Nothing differs from what is stored.\n";
+    const struct {
+        const char* command;
+        const char* input;
+        std::string messages;
+        const char* orders;
+    } cases[] = {
+        {"save", R"([{"Number": "b", "Draft": "x"}, {"Draft": ""}])", draft, "1 a,2 b,3 "},
+        {"update --key 1", R"({"OrderID": 2, "Number": "c"})", key("2"), "1 c,2 b,3 "},
+        {"update --key 1", R"({"OrderID": 1, "Number": "d"})", "", "1 d,2 b,3 "},
+        {"update --key 1", R"({"OrderID": 2})", key("2") + nothing, "1 d,2 b,3 "},
+        {"update --key 1", R"({"OrderID": null, "Draft": "y"})", draft + key("null") + nothing, "1 d,2 b,3 "},
+        {"update --key 3", R"({"Number": null})", nothing, "1 d,2 b,3 "},
+        {"update --key 1 --retain-root", R"({"OrderID": 3, "Number": "e", "Draft": "y"})", draft + key("3"),
+         "1 e,2 b,3 "},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(std::string(test.command) + " " + test.input);
+        const CommandResult result = Run("Orders", test.command, test.input);
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.messages, test.messages);
+        EXPECT_THAT(m_target.Query("select group_concat(OrderID || ' ' || Number) from tOrder"),
+                    ElementsAre(test.orders));
+    }
+}
+
+TEST_F(SmallModel, AnElementThatIsGoneIsNotPassedOverSilently) {
+    ASSERT_EQ(m_target.Execute("create trigger gone after update on tOrder begin delete from tLine; end"), 0);
+    ExpectFailure(Run("Orders", "update --key 1",
+                      R"({"Number": "b", "Lines": {"$items": [{"LineID": 1, "Sku": "B"}]}})"),
+                  "dbNoMatchingRecord: A record that the file changes has been deleted meanwhile");
+    EXPECT_THAT(m_target.Query("select Number, Sku from tOrder, tLine"), ElementsAre("a A"));
+}
+
+TEST_F(SmallModel, ARootThatIsAChildElsewhereKeepsItsParent) {
+    const struct {
+        const char* command;
+        const char* input;
+        const char* parents;  ///< of the addresses, the first of which came with the order
+    } cases[] = {
+        {"save", R"({"City": "Ghent", "FK_OrderID": 1})", "1,1"},
+        {"update --key 2", R"({"City": "Lier"})", "1,1"},
+        {"update --key 2", R"({"FK_OrderID": 0})", "1,-"},
+        {"update --key 2", R"({"FK_OrderID": 1})", "1,1"},
+        {"update --key 2", R"({"FK_OrderID": null})", "1,-"},
+        {"update --key 2 --retain-root", R"({"City": "Mons", "FK_OrderID": 1})", "1,1"},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(std::string(test.command) + " " + test.input);
+        const CommandResult result = Run("Addresses", test.command, test.input);
+        EXPECT_EQ(result.exitCode, 0) << result.messages;
+        EXPECT_EQ(result.messages, "");
+        EXPECT_THAT(m_target.Query("select group_concat(coalesce(FK_OrderID, '-')) from (select * from "
+                                   "tAddress order by AddressID)"),
+                    ElementsAre(test.parents));
+    }
+    EXPECT_EQ(json::parse(Run("Addresses", "load --key 2", "-").output)["FK_OrderID"], 1);
+    ExpectFailure(Run("Addresses", "save", R"({"FK_OrderID": 9})"), "FOREIGN KEY constraint failed");
 }
 
 }  // namespace

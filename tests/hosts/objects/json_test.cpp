@@ -214,6 +214,31 @@ TEST(Json, AppliedToAnObjectItChangesWhatItMentions) {
     ApplyJson(*object, R"({"Lines": {"$items": [{"Quantity": 9}, {"LineID": 1}]}})");
     EXPECT_EQ(lines->Items().size(), 2U);  // the element without a key is a new one again
     EXPECT_TRUE(lines->Modified());
+    EXPECT_EQ(tests::ErrorOf([&] {
+                  ApplyJson(*object, R"({"Lines": {"$items": [{"LineID": 1}, {"LineID": 1}]}})");
+              }).Text(),
+              "457: Lines.$items[1]: an item before it has the same key, 1.");
+}
+
+TEST(Json, NamesWhatIsNotStored) {
+    const auto part = [](bool isIncluded) {
+        auto definition = std::make_shared<Definition>("Part", "tPart", isIncluded);
+        definition->AddValue({"Name", "Name"});
+        definition->AddValue({"Note", ""});
+        definition->AddValue({"Left", "Left", 8, false});
+        return definition;
+    };
+    auto definition = part(true);
+    definition->AddChild("Kept", part(true));
+    definition->AddChild("Out", part(false));
+    definition->ElementDefinition(part(false));
+    UnstoredMembers unstored;
+    constexpr auto text = R"({"Name": "a", "Note": "b", "Left": null, "Kept": {"Left": "c"},
+        "Out": {"Note": "d"}, "$items": [{"Name": "e"}, {"Note": "f"}]})";
+    FromJson(definition, text, &unstored);
+    EXPECT_THAT(unstored, testing::ElementsAre("Note", "Kept.Left", "Out", "$items"));
+    ListFromJson(definition, "[" + std::string(text) + ", {\"Left\": \"\"}]", &unstored);
+    EXPECT_THAT(unstored, testing::ElementsAre("Note", "Kept.Left", "Out", "$items", "Left"));
 }
 
 TEST(Json, NestingHasALimitInsteadOfACrash) {
