@@ -1,7 +1,12 @@
 #include "scriptgen/dialect.h"
 
+#include "automation/error.h"
+#include "automation/text.h"
+#include "scriptgen/engine_dialects.h"
 #include "scriptgen/oracle_tables.h"
 #include "scriptgen/sql_server_tables.h"
+
+#include <algorithm>
 
 namespace korvex::scriptgen {
 
@@ -20,6 +25,22 @@ const Dialect* FindDialect(ScriptType type) noexcept {
             break;
     }
     return nullptr;
+}
+
+std::span<const EngineDialect* const> AllEngineDialects() noexcept {
+    static const SqliteDialect sqlite;
+    static const MariaDbDialect mariaDb;
+    static const PostgreSqlDialect postgreSql;
+    static const EngineDialect* const all[] = {&sqlite, &mariaDb, &postgreSql};
+    return all;
+}
+
+const EngineDialect& EngineDialectOf(std::string_view name) {
+    const auto all = AllEngineDialects();
+    const auto found = std::ranges::find(all, name, &EngineDialect::Name);
+    if (found != all.end()) return **found;
+    throw automation::Error(automation::InvalidProcedureCall,
+                            "There is no dialect for the engine " + automation::Quoted(name) + ".");
 }
 
 }  // namespace korvex::scriptgen

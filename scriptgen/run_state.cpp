@@ -13,12 +13,18 @@ void ResetRun(RunState& run) {
     run.m_sCurrentTable.clear();
 }
 
-void BuildScriptFileNames(RunState& run, std::string folder, char separator) {
-    if (folder.empty() || folder.back() != separator) folder += separator;
+std::string ScriptFilePath(std::string_view folder, char separator, std::string_view file) {
+    std::string path(folder);
+    if (!folder.ends_with(separator)) path += separator;
+    return path.append(file);
+}
 
+void BuildScriptFileNames(RunState& run, std::string_view folder, char separator) {
     const ScriptTypeInfo* info = FindScriptType(run.m_nScriptType);
     if (info == nullptr) return;
-    const auto path = [&](std::size_t buffer) { return folder + std::string(info->fileNames[buffer]); };
+    const auto path = [&](std::size_t buffer) {
+        return ScriptFilePath(folder, separator, info->fileNames[buffer]);
+    };
     run.m_sCreateFile = path(0);
     run.m_sDropFile = path(1);
     run.m_sProcFile = path(2);

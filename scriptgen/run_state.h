@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvex::scriptgen {
@@ -41,8 +42,10 @@ struct RunState {
 /// Clears the state for a new run. The create-foreign-key buffer is left as it is: it grows from run to run.
 void ResetRun(RunState& run);
 
-/// Sets the five file paths for the state's script type: `folder`, one separator, the dialect's file names.
-/// An empty folder gives paths at the root. Without a script type the paths stay as they are.
-void BuildScriptFileNames(RunState& run, std::string folder, char separator);
+/// `folder`, one separator, the file's name. An empty folder gives a path at the root.
+std::string ScriptFilePath(std::string_view folder, char separator, std::string_view file);
+
+/// Sets the five file paths for the state's script type. Without a script type they stay as they are.
+void BuildScriptFileNames(RunState& run, std::string_view folder, char separator);
 
 }  // namespace korvex::scriptgen

@@ -5,6 +5,7 @@
 #include "repository/names.h"
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
+#include "scriptgen/engine_dialect.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/run_state.h"
 #include "scriptgen/script_types.h"
@@ -66,6 +67,7 @@ struct clsCreateDb::Impl {
                const std::string& storageName, const Variant& sFKPrefix);
     void SetupRun(clsCreateDb& self, const ScriptTypeInfo& type, const std::string& storageName,
                   const Variant& sFKPrefix);
+    void ShowScript(const std::string& path, const std::string& text, bool isFirst);
 
     Platform platform;
     repository::Repository repository;
@@ -95,6 +97,17 @@ void clsCreateDb::Impl::SetupRun(clsCreateDb& self, const ScriptTypeInfo& type,
     if (isOracle && run.m_bLongWarning) {
         platform.desktop->ShowMessage(LongWarning, platform::StyleExclamation, LongWarningTitle);
     }
+}
+
+/// Writes a text to its file and opens it; only a failure of the first file is raised.
+void clsCreateDb::Impl::ShowScript(const std::string& path, const std::string& text, bool isFirst) {
+    const auto write = [&] { platform.files->WriteText(path, text, automation::CrLf); };
+    if (isFirst) {
+        write();
+    } else {
+        IgnoreErrors(write);
+    }
+    IgnoreErrors([&] { platform.desktop->OpenEditor(path); });
 }
 
 clsCreateDb::clsCreateDb() : clsCreateDb(DefaultPlatform()) {}
@@ -173,20 +186,8 @@ const std::string& clsCreateDb::FkConstraintSQL() { return m_impl->run.m_sFkCons
 const std::string& clsCreateDb::DropFkConstraintSQL() { return m_impl->run.m_sDropFkConstraintSQL; }
 
 void clsCreateDb::ShowLog() {
-    bool isFirst = true;
-    for (const Script& script : Scripts) {
-        const std::string& path = m_impl->run.*script.path;
-        const auto write = [&] {
-            m_impl->platform.files->WriteText(path, (this->*script.text)(), automation::CrLf);
-        };
-        if (isFirst) {
-            write();
-        } else {
-            IgnoreErrors(write);
-        }
-        isFirst = false;
-        IgnoreErrors([&] { m_impl->platform.desktop->OpenEditor(path); });
-    }
+    for (const Script& script : Scripts)
+        m_impl->ShowScript(m_impl->run.*script.path, (this->*script.text)(), &script == &Scripts[0]);
 }
 
 Variant clsCreateDb::ConnectDB(const std::string& /*sConnection*/) { return {}; }
@@ -197,6 +198,24 @@ void clsCreateDb::OpenRepository(const std::string& sConnection) {
 
 void clsCreateDb::CloseRepository() noexcept {
     if (m_impl->repository.IsOpen()) IgnoreErrors([&] { m_impl->repository.Close(); });
+}
+
+std::vector<std::string> clsCreateDb::DoEngineDb(const std::string& sEngine, const std::string& FileName,
+                                                 const std::string& storageName, const Variant& sFKPrefix) {
+    const scriptgen::EngineDialect& dialect = scriptgen::EngineDialectOf(sEngine);
+    OpenRepository(FileName);
+    CreateRelationship(storageName, sFKPrefix);
+    const auto tables = scriptgen::DescribeTables(m_impl->repository, storageName);
+    m_impl->repository.Close();
+    const scriptgen::EngineScripts scripts = dialect.Write(tables);
+    for (const scriptgen::EngineFile& file : dialect.Files()) {
+        m_impl->ShowScript(
+            scriptgen::ScriptFilePath(ScriptFilePath(), m_impl->platform.files->Separator(), file.name),
+            scriptgen::ScriptText(scripts.*file.statements), &file == &dialect.Files().front());
+    }
+    std::vector<std::string> notes = dialect.Problems(tables);
+    notes.insert(notes.end(), scripts.notes.begin(), scripts.notes.end());
+    return notes;
 }
 
 }  // namespace korvex

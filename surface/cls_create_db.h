@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace korvex {
 
@@ -78,6 +79,14 @@ class clsCreateDb : public automation::TableObject {
     /// CreateRelationship on their own, and closes it without writing files (nothing when none is open).
     void OpenRepository(const std::string& sConnection);
     void CloseRepository() noexcept;
+
+    /// For C++ hosts only: one whole run for a database engine, as DoMSsqlDb; `sEngine` is "sqlite",
+    /// "mariadb" or "postgresql" (InvalidProcedureCall, 5, for any other). There are no procedures, and every
+    /// table is written once. Gives, for people, what the engine will not take, what is left out and what is
+    /// not as the definition has it.
+    std::vector<std::string> DoEngineDb(
+        const std::string& sEngine, const std::string& FileName, const std::string& storageName = {},
+        const automation::Variant& sFKPrefix = automation::Variant::Missing());
 
   private:
     struct Impl;

@@ -2,6 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/editor.h"
 #include "hosts/cli/session.h"
+#include "scriptgen/engine_dialect.h"
 #include "surface/cls_create_db.h"
 
 #include <filesystem>
@@ -28,21 +29,27 @@ struct ScriptOptions {
     bool quiet = false;
 };
 
+/// One of the published dialects, or, without `run`, that of a database engine.
 struct Dialect {
-    const char* name;
+    std::string name;
     void (clsCreateDb::*run)(const std::string& FileName, const std::string& storageName,
-                             const Variant& sFKPrefix);
+                             const Variant& sFKPrefix) = nullptr;
 };
 
-constexpr Dialect Dialects[] = {{"mssql", &clsCreateDb::DoMSsqlDb},
-                                {"oracle", &clsCreateDb::DoOracleDb},
-                                {"sybase", &clsCreateDb::DoSybaseDb}};
+std::vector<Dialect> AllDialects() {
+    std::vector<Dialect> dialects = {{"mssql", &clsCreateDb::DoMSsqlDb},
+                                     {"oracle", &clsCreateDb::DoOracleDb},
+                                     {"sybase", &clsCreateDb::DoSybaseDb}};
+    for (const scriptgen::EngineDialect* engine : scriptgen::AllEngineDialects())
+        dialects.push_back({std::string(engine->Name())});
+    return dialects;
+}
 
 std::vector<Dialect> ChosenDialects(const std::string& name) {
-    std::vector<Dialect> chosen;
-    for (const Dialect& dialect : Dialects) {
-        if (name == "all" || name == dialect.name) chosen.push_back(dialect);
-    }
+    std::vector<Dialect> chosen = AllDialects();
+    std::erase_if(chosen, [&](const Dialect& dialect) {
+        return name != dialect.name && name != (dialect.run != nullptr ? "all" : "all-engines");
+    });
     return chosen;
 }
 
@@ -72,10 +79,15 @@ std::vector<std::string> RunDialect(const Dialect& dialect, const ScriptOptions&
     const auto scripts = std::make_shared<clsCreateDb>(session.platform);
     scripts->ScriptFilePath(options.out);
     const Variant prefix = options.fkPrefix ? Variant(*options.fkPrefix) : Variant::Missing();
-    (scripts.get()->*dialect.run)(options.repository, options.storage, prefix);
+    if (dialect.run != nullptr) {
+        (scripts.get()->*dialect.run)(options.repository, options.storage, prefix);
+    } else {
+        for (const std::string& note :
+             scripts->DoEngineDb(dialect.name, options.repository, options.storage, prefix))
+            console.Message(dialect.name + ": " + note);
+    }
     ExpectAllWritten(*session.files);
-    session.ExpectNoFailedQuery("the " + std::string(dialect.name) + " scripts in " + options.out +
-                                " are not complete");
+    session.ExpectNoFailedQuery("the " + dialect.name + " scripts in " + options.out + " are not complete");
     return session.desktop->Paths();
 }
 
@@ -86,7 +98,7 @@ void RunScript(const ScriptOptions& options, Console& console) {
     std::vector<std::string> paths;
     for (std::size_t i = 0; i < dialects.size(); ++i) {
         if (!options.quiet) {
-            console.Progress(std::string(dialects[i].name) + " (" + std::to_string(i + 1) + " of " +
+            console.Progress(dialects[i].name + " (" + std::to_string(i + 1) + " of " +
                              std::to_string(dialects.size()) + ")");
         }
         for (const std::string& path : RunDialect(dialects[i], options, console)) {
@@ -106,10 +118,16 @@ void AddScriptCommand(CLI::App& parent, Console& console) {
     command->add_option("--repository", options->repository, "Repository file, or ODBC string with DSN=")
         ->required()
         ->type_name("R");
-    command->add_option("--dialect", options->dialect, "mssql, oracle, sybase or all")
+    std::vector<std::string> names;
+    for (const Dialect& dialect : AllDialects())
+        names.push_back(dialect.name);
+    names.insert(names.end(), {"all", "all-engines"});
+    command
+        ->add_option("--dialect", options->dialect,
+                     "mssql, oracle, sybase (all: these three), sqlite, mariadb, postgresql (all-engines)")
         ->required()
         ->type_name("NAME")
-        ->check(CLI::IsMember({"mssql", "oracle", "sybase", "all"}));
+        ->check(CLI::IsMember(names));
     command
         ->add_option("--storage", options->storage,
                      "Storage name of the definition; without it all definitions go into the same files")

@@ -30,7 +30,7 @@ class Example : public testing::Test {
 
 class ExampleScripts : public testing::TestWithParam<Driver> {};
 
-TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
+TEST_P(ExampleScripts, AreTheGoldenFiles) {
     const TempFolder folder;
     Places places(GetParam(), folder);
     const std::string place = places.New("orders.db");
@@ -39,25 +39,37 @@ TEST_P(ExampleScripts, AreTheFifteenGoldenFiles) {
     EXPECT_THAT(RunKorvex({"repository", "new", connection}).messages,
                 testing::StartsWith("korvex: error 75: "));
     ASSERT_EQ(RunKorvex({"repository", "import", connection, KORVEX_EXAMPLES "/orders.json"}).messages, "");
-    const std::string out = folder.Path("deep/er");
-    const CommandResult result = RunKorvex(
-        {"script", "--repository", connection, "--dialect", "all", "--storage", "Orders", "--out", out});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.messages, "");
-    std::string paths;
-    for (const char* name :
-         {"MSCreate", "MSDel", "MSSProc", "MSFKCr", "MSFKdel", "OraCreate", "OraDel", "OraSProc", "OraFKCr",
-          "OraFKDel", "SyCreate", "SyDel", "SySProc", "SyFKCr", "SyFKdel"})
-        paths += out + "/" + name + ".sql\n";
-    EXPECT_EQ(result.output, paths);
+    const struct {
+        const char* dialect;
+        const char* golden;
+        std::vector<const char*> files;
+    } cases[] = {{"all",
+                  KORVEX_EXAMPLES "/scripts",
+                  {"MSCreate", "MSDel", "MSSProc", "MSFKCr", "MSFKdel", "OraCreate", "OraDel", "OraSProc",
+                   "OraFKCr", "OraFKDel", "SyCreate", "SyDel", "SySProc", "SyFKCr", "SyFKdel"}},
+                 {"all-engines",
+                  KORVEX_EXPECTED "/engines",
+                  {"LiteCreate", "LiteDel", "MariaCreate", "MariaDel", "MariaFKCr", "MariaFKdel", "PgCreate",
+                   "PgDel", "PgFKCr", "PgFKdel"}}};
+    for (const auto& c : cases) {
+        const std::string out = folder.Path(std::string("deep/") + c.dialect);
+        const CommandResult result = RunKorvex({"script", "--repository", connection, "--dialect", c.dialect,
+                                                "--storage", "Orders", "--out", out});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.messages, "");
+        std::string paths;
+        for (const char* name : c.files)
+            paths += out + "/" + name + ".sql\n";
+        EXPECT_EQ(result.output, paths);
 
-    const std::map<std::string, std::string> golden = ReadFolder(KORVEX_EXAMPLES "/scripts");
-    const std::map<std::string, std::string> written = ReadFolder(out);
-    ASSERT_EQ(golden.size(), 15U);
-    EXPECT_EQ(written.size(), 15U);
-    for (const auto& [name, text] : golden) {
-        ASSERT_TRUE(written.contains(name)) << name;
-        ExpectSameText(name, written.at(name), text);
+        const std::map<std::string, std::string> golden = ReadFolder(c.golden);
+        const std::map<std::string, std::string> written = ReadFolder(out);
+        ASSERT_EQ(golden.size(), c.files.size());
+        EXPECT_EQ(written.size(), c.files.size());
+        for (const auto& [name, text] : golden) {
+            ASSERT_TRUE(written.contains(name)) << name;
+            ExpectSameText(name, written.at(name), text);
+        }
     }
 }
 

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "scriptgen/table_model.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Scripts for database engines that anybody can run. Written from the described tables; no procedures, as
+/// persistence needs none.
+namespace korvex::scriptgen {
+
+/// The statements that make and remove tables on one engine, each without what ends it.
+struct EngineScripts {
+    std::vector<std::string> create;    ///< tables, indexes, triggers
+    std::vector<std::string> drop;      ///< leaves nothing of it, also of what was made in part
+    std::vector<std::string> addKeys;   ///< foreign keys; none where `create` holds them
+    std::vector<std::string> dropKeys;  ///< runs before `drop`
+    std::vector<std::string> notes;     ///< for people: what is left out, or is not as the definition has it
+};
+
+/// A script file of an engine and the statements that it holds.
+struct EngineFile {
+    std::string_view name;
+    std::vector<std::string> EngineScripts::*statements = nullptr;
+};
+
+/// Column types of an engine; text is varchar(n) on all of them.
+struct EngineTypes {
+    std::string_view integer16, integer32, single, real, currency, date, boolean, byte, bytes, longText;
+};
+
+/// What an engine takes at most in one table.
+struct EngineLimits {
+    std::size_t columns = 0;
+    std::size_t indexes = 0;  ///< the primary key's included
+};
+
+/// How tables are made on one engine. What most engines agree on stands here; each overrides the rest.
+class EngineDialect {
+  public:
+    virtual ~EngineDialect() = default;
+
+    /// Name of the dialect for people who choose one: "sqlite".
+    virtual std::string_view Name() const noexcept = 0;
+    virtual std::span<const EngineFile> Files() const noexcept = 0;
+
+    /// The scripts of these tables. InvalidProcedureCall (5) for a default that is no value of its column's
+    /// type, TypeMismatch (13) for a length that is no number, both naming table and column.
+    EngineScripts Write(std::span<const DescribedTable> tables) const;
+
+    /// What the engine will not take, a line each: names that are reserved or no identifiers, defaults that
+    /// are no values of their columns, numbered columns beside the key, more columns or indexes than a table
+    /// may have.
+    std::vector<std::string> Problems(std::span<const DescribedTable> tables) const;
+
+  protected:
+    virtual const EngineTypes& Types() const noexcept = 0;
+    virtual EngineLimits Limits() const noexcept = 0;
+    /// The words that are no names of tables or columns, each between blanks, in capitals.
+    virtual std::string_view ReservedWords() const noexcept = 0;
+    /// Whether the engine numbers the column of a key only, and only a key of one column.
+    virtual bool NumbersTheKeyOnly() const noexcept { return true; }
+
+    virtual std::string BooleanLiteral(bool value) const { return value ? "1" : "0"; }
+    virtual std::string TextLiteral(std::string_view text) const;
+    /// Type texts of the columns of a table, in their order; `notes` takes what is not as asked for.
+    virtual std::vector<std::string> ColumnTypes(const DescribedTable& table,
+                                                 std::vector<std::string>& notes) const;
+    /// What stands behind the name of a numbered column.
+    virtual std::string NumberedColumn(const DescribedTable& table) const = 0;
+    /// Adds the constraints of a table behind its columns, each with the comma before it.
+    virtual void AppendConstraints(std::string& text, const DescribedTable& table) const;
+    /// What stands behind the closing parenthesis of a table.
+    virtual std::string_view TableOptions() const noexcept { return ""; }
+    virtual void AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
+                               const ForeignKey& key) const;
+    /// Adds what turns 0 into Null in columns that refer to parents: 0 stands for none.
+    virtual void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                             std::span<const std::string> columns) const = 0;
+    virtual void AddDropTable(EngineScripts& scripts, const DescribedTable& table) const;
+
+    bool IsNumbered(const DescribedTable& table, const Column& column) const;
+    /// "CONSTRAINT n FOREIGN KEY (c) REFERENCES t (k)"
+    static std::string ForeignKeyText(const DescribedTable& table, const ForeignKey& key);
+
+  private:
+    std::string TypeText(const DescribedTable& table, const Column& column) const;
+    std::string TableText(const DescribedTable& table, std::vector<std::string>& notes) const;
+    std::string DefaultLiteral(const DescribedTable& table, const Column& column) const;
+    std::string Literal(const DescribedTable& table, const Column& column) const;
+    void AddTable(EngineScripts& scripts, const DescribedTable& table) const;
+};
+
+/// The dialect of that name; InvalidProcedureCall (5) when there is none.
+const EngineDialect& EngineDialectOf(std::string_view name);
+/// All of them, in the order in which they are offered.
+std::span<const EngineDialect* const> AllEngineDialects() noexcept;
+
+/// The statements as the engine's own client reads them.
+std::string ScriptText(std::span<const std::string> statements);
+
+/// Longest text that engines keep in a column of variable length; longer ones are long texts.
+inline constexpr int LongestVarchar = 4000;
+
+/// Name of a thing that a table has for one of its columns: `kind`, table and column, and, where that could
+/// be another's or is too long for an engine, a hash of both in place of what is too much.
+std::string ColumnThingName(std::string_view kind, std::string_view table, std::string_view column);
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,135 @@
+#include "automation/text.h"
+#include "scriptgen/engine_dialects.h"
+#include "scriptgen/script_names.h"
+#include "scriptgen/script_text.h"
+
+#include <algorithm>
+
+namespace korvex::scriptgen {
+
+namespace {
+
+// clang-format off
+constexpr std::string_view Words =
+    " ACCESSIBLE ADD ALL ALTER ANALYZE AND AS ASC ASENSITIVE BEFORE BETWEEN BIGINT BINARY BLOB "
+    "BOTH BY CALL CASCADE CASE CHANGE CHAR CHARACTER CHECK COLLATE COLUMN CONDITION "
+    "CONSTRAINT CONTINUE CONVERT CREATE CROSS CURRENT_DATE CURRENT_ROLE CURRENT_TIME "
+    "CURRENT_TIMESTAMP CURRENT_USER CURSOR DATABASES DAY_HOUR DAY_MICROSECOND DAY_MINUTE "
+    "DAY_SECOND DEC DECIMAL DECLARE DEFAULT DELAYED DELETE DELETE_DOMAIN_ID DESC DESCRIBE "
+    "DETERMINISTIC DISTINCT DISTINCTROW DIV DOUBLE DO_DOMAIN_IDS DROP DUAL EACH ELSE ELSEIF "
+    "ENCLOSED ESCAPED EXCEPT EXISTS EXIT EXPLAIN FALSE FETCH FLOAT FLOAT4 FLOAT8 FOR FORCE "
+    "FOREIGN FROM FULLTEXT GRANT GROUP HAVING HIGH_PRIORITY HOUR_MICROSECOND HOUR_MINUTE "
+    "HOUR_SECOND IF IGNORE IGNORE_DOMAIN_IDS IN INDEX INFILE INNER INOUT INSENSITIVE INSERT "
+    "INT INT1 INT2 INT3 INT4 INT8 INTEGER INTERSECT INTERVAL INTO IS ITERATE JOIN KEY KEYS "
+    "KILL LEADING LEAVE LEFT LIKE LIMIT LINEAR LINES LOAD LOCALTIME LOCALTIMESTAMP LOCK LONG "
+    "LONGBLOB LONGTEXT LOOP LOW_PRIORITY MASTER_DEMOTE_TO_REPLICA MASTER_DEMOTE_TO_SLAVE "
+    "MASTER_SSL_VERIFY_SERVER_CERT MATCH MAXVALUE MEDIUMBLOB MEDIUMINT MEDIUMTEXT MIDDLEINT "
+    "MINUTE_MICROSECOND MINUTE_SECOND MOD MODIFIES NATURAL NOT NO_WRITE_TO_BINLOG NULL "
+    "NUMERIC OFFSET ON OPTIMIZE OPTIONALLY OR ORDER OUT OUTER OUTFILE OVER PAGE_CHECKSUM "
+    "PARSE_VCOL_EXPR PARTITION PORTION PRECISION PRIMARY PROCEDURE PURGE RANGE READ READS "
+    "READ_WRITE REAL RECURSIVE REFERENCES REF_SYSTEM_ID REGEXP RELEASE RENAME REPEAT REPLACE "
+    "REQUIRE RESIGNAL RESTRICT RETURN RETURNING REVOKE RIGHT RLIKE ROWS ROW_NUMBER SCHEMAS "
+    "SECOND_MICROSECOND SELECT SENSITIVE SEPARATOR SET SHOW SIGNAL SMALLINT SPATIAL SPECIFIC "
+    "SQL SQLEXCEPTION SQLSTATE SQLWARNING SQL_BIG_RESULT SQL_BUFFER_RESULT SQL_CACHE "
+    "SQL_CALC_FOUND_ROWS SQL_NO_CACHE SQL_SMALL_RESULT SSL STARTING STATS_AUTO_RECALC "
+    "STATS_PERSISTENT STATS_SAMPLE_PAGES STRAIGHT_JOIN TABLE TERMINATED THEN TINYBLOB TINYINT "
+    "TINYTEXT TO TRAILING TRIGGER TRUE UNDO UNION UNIQUE UNLOCK UNSIGNED UPDATE USAGE USE "
+    "USING UTC_DATE UTC_TIME UTC_TIMESTAMP VALUES VARBINARY VARCHAR VARCHARACTER VARYING WHEN "
+    "WHERE WHILE WITH WRITE XOR YEAR_MONTH ZEROFILL ";
+// clang-format on
+
+constexpr EngineFile ScriptFiles[] = {{"MariaCreate.sql", &EngineScripts::create},
+                                      {"MariaDel.sql", &EngineScripts::drop},
+                                      {"MariaFKCr.sql", &EngineScripts::addKeys},
+                                      {"MariaFKdel.sql", &EngineScripts::dropKeys}};
+
+constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
+                                         .integer32 = "int",
+                                         .single = "float",
+                                         .real = "double",
+                                         .currency = "decimal(19,4)",
+                                         .date = "datetime(3)",
+                                         .boolean = "bit",
+                                         .byte = "tinyint unsigned",
+                                         .bytes = "longblob",
+                                         .longText = "longtext"};
+
+/// What a row may take in bytes, long columns left out of account but for the place that refers to them.
+constexpr std::size_t LongestRow = 65535;
+constexpr std::size_t BytesOfCharacter = 4;
+constexpr std::size_t LargestOther = 13;  ///< any other column, and the bit that tells whether it is Null
+
+constexpr std::string_view Varchar = "varchar(";
+
+/// Bytes that a column takes at most.
+std::size_t SizeOf(std::string_view type) {
+    if (!type.starts_with(Varchar)) return LargestOther;
+    return std::stoul(std::string(type.substr(Varchar.size()))) * BytesOfCharacter + 3;
+}
+
+std::size_t SizeOf(const std::vector<std::string>& types) {
+    std::size_t size = 0;
+    for (const std::string& type : types)
+        size += SizeOf(type);
+    return size;
+}
+
+}  // namespace
+
+std::span<const EngineFile> MariaDbDialect::Files() const noexcept { return ScriptFiles; }
+const EngineTypes& MariaDbDialect::Types() const noexcept { return ColumnTypeTexts; }
+std::string_view MariaDbDialect::ReservedWords() const noexcept { return Words; }
+
+/// A backslash is an escape or none, as the server is set; digits mean the same on each.
+std::string MariaDbDialect::TextLiteral(std::string_view text) const {
+    if (text.find('\\') == std::string_view::npos) return EngineDialect::TextLiteral(text);
+    std::string literal = "_utf8mb4 X'";
+    for (const char c : text) {
+        for (const int shift : {4, 0})
+            literal += "0123456789ABCDEF"[(static_cast<unsigned char>(c) >> shift) & 0xF];
+    }
+    return literal + "'";
+}
+
+/// The longest texts become long ones until the row is short enough.
+std::vector<std::string> MariaDbDialect::ColumnTypes(const DescribedTable& table,
+                                                     std::vector<std::string>& notes) const {
+    std::vector<std::string> types = EngineDialect::ColumnTypes(table, notes);
+    while (SizeOf(types) > LongestRow) {
+        const auto longest =
+            std::ranges::max_element(types, {}, [](const std::string& type) { return SizeOf(type); });
+        if (!longest->starts_with(Varchar)) break;
+        notes.push_back(table.Name + "." +
+                        table.Columns[static_cast<std::size_t>(longest - types.begin())].FieldName +
+                        " becomes longtext in place of " + *longest + ": a row takes " +
+                        std::to_string(LongestRow) + " bytes.");
+        *longest = ColumnTypeTexts.longText;
+    }
+    return types;
+}
+
+std::string MariaDbDialect::NumberedColumn(const DescribedTable& /*table*/) const {
+    return "int NOT NULL AUTO_INCREMENT";
+}
+
+void MariaDbDialect::AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
+                                   const ForeignKey& key) const {
+    EngineDialect::AddForeignKey(scripts, table, key);
+    scripts.dropKeys.push_back("ALTER TABLE IF EXISTS " + table.Name + " DROP FOREIGN KEY IF EXISTS " +
+                               ColumnThingName("FK_", table.Name, key.FieldName));
+}
+
+void MariaDbDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                                 std::span<const std::string> columns) const {
+    JoinedText assignments(", ");
+    for (const std::string& column : columns)
+        assignments.Add("NEW.", column, " = NULLIF(NEW.", column, ", 0)");
+    for (const std::string_view event : {"INSERT", "UPDATE"}) {
+        std::string text;
+        Append(text, "CREATE TRIGGER ", table.Name, "_", event.substr(0, 1), " BEFORE ", event, " ON ");
+        Append(text, table.Name, " FOR EACH ROW SET ", assignments.Text());
+        scripts.create.push_back(std::move(text));
+    }
+}
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,76 @@
+#include "scriptgen/engine_dialects.h"
+#include "scriptgen/script_names.h"
+#include "scriptgen/script_text.h"
+
+#include <algorithm>
+
+namespace korvex::scriptgen {
+
+namespace {
+
+// clang-format off
+constexpr std::string_view Words =
+    " ADD ALL ALTER AND AS AUTOINCREMENT BETWEEN CASE CAST CHECK COLLATE COMMIT CONSTRAINT "
+    "CREATE CURRENT_DATE CURRENT_TIME CURRENT_TIMESTAMP DEFAULT DEFERRABLE DELETE DISTINCT "
+    "DROP ELSE ESCAPE EXCEPT EXISTS FOREIGN FROM GROUP HAVING IF IN INDEX INSERT INTERSECT "
+    "INTO IS ISNULL JOIN LIMIT NOT NOTHING NOTNULL NULL ON OR ORDER PRIMARY RAISE REFERENCES "
+    "RETURNING SELECT SET TABLE THEN TO TRANSACTION UNION UNIQUE UPDATE USING VALUES WHEN "
+    "WHERE ";
+// clang-format on
+
+constexpr EngineFile ScriptFiles[] = {{"LiteCreate.sql", &EngineScripts::create},
+                                      {"LiteDel.sql", &EngineScripts::drop}};
+
+constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
+                                         .integer32 = "int",
+                                         .single = "real",
+                                         .real = "double",
+                                         .currency = "decimal(19,4)",
+                                         .date = "datetime",
+                                         .boolean = "bit",
+                                         .byte = "tinyint",
+                                         .bytes = "blob",
+                                         .longText = "text"};
+
+}  // namespace
+
+std::span<const EngineFile> SqliteDialect::Files() const noexcept { return ScriptFiles; }
+const EngineTypes& SqliteDialect::Types() const noexcept { return ColumnTypeTexts; }
+std::string_view SqliteDialect::ReservedWords() const noexcept { return Words; }
+
+/// Only a column of exactly this type is numbered, and only as the primary key.
+std::string SqliteDialect::NumberedColumn(const DescribedTable& table) const {
+    return "INTEGER CONSTRAINT " + PrimaryKeyName(table.Name) + " PRIMARY KEY AUTOINCREMENT";
+}
+
+/// The engine adds no constraint to a table that is there, so a table brings its references with it.
+void SqliteDialect::AppendConstraints(std::string& text, const DescribedTable& table) const {
+    const auto isKey = [&](const Column& column) { return IsNumbered(table, column); };
+    if (std::ranges::none_of(table.Columns, isKey)) EngineDialect::AppendConstraints(text, table);
+    for (const ForeignKey& key : table.ForeignKeys)
+        if (key.IsInRun) Append(text, ",\r\n\t", ForeignKeyText(table, key));
+}
+
+/// References are looked up when the statement ends, after its triggers. A list has no limit of depth, as a
+/// chain of comparisons has.
+void SqliteDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                                std::span<const std::string> columns) const {
+    JoinedText values(", ");
+    JoinedText assignments(", ");
+    for (const std::string& column : columns) {
+        values.Add("NEW.", column);
+        assignments.Add(column, " = NULLIF(", column, ", 0)");
+    }
+    const std::string key = table.PrimaryKey.size() == 1 ? table.PrimaryKey.front() : "rowid";
+    const auto add = [&](std::string_view suffix, const std::string& event) {
+        std::string text;
+        Append(text, "CREATE TRIGGER ", table.Name, suffix, " AFTER ", event, " ON ", table.Name);
+        Append(text, " WHEN 0 IN (", values.Text(), ") BEGIN\r\n\tUPDATE ", table.Name, " SET ");
+        Append(text, assignments.Text(), " WHERE ", key, " = NEW.", key, ";\r\nEND");
+        scripts.create.push_back(std::move(text));
+    };
+    add("_I", "INSERT");
+    add("_U", "UPDATE OF " + Joined(columns));
+}
+
+}  // namespace korvex::scriptgen
