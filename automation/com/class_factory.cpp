@@ -32,6 +32,7 @@ class ClassFactory final : public ComObject<IClassFactory> {
 }  // namespace
 
 ComPtr<IClassFactory> MakeClassFactory(std::function<automation::ObjectRef()> create) {
+    PinModule();
     return ComPtr<IClassFactory>(new ClassFactory(std::move(create)));
 }
 

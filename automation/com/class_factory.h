@@ -8,8 +8,8 @@
 
 namespace korvex::com {
 
-/// A factory of what `create` makes, which lives as long as hosts hold it. An error of `create` reaches the
-/// host as any other.
+/// A factory of what `create` makes, which lives as long as hosts hold it; the first one pins the module. An
+/// error of `create` reaches the host as any other.
 ComPtr<IClassFactory> MakeClassFactory(std::function<automation::ObjectRef()> create);
 
 }  // namespace korvex::com

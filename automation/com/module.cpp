@@ -29,6 +29,12 @@ void LockModule(bool lock) noexcept { locks += lock ? 1 : -1; }
 
 bool IsModuleIdle() noexcept { return locks == 0; }
 
+void PinModule() noexcept {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       static_cast<LPCWSTR>(ModuleTag()), &module);
+}
+
 std::wstring ModulePath() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {

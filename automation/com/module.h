@@ -20,6 +20,11 @@ void LockModule(bool lock) noexcept;
 /// Whether no lock is left.
 bool IsModuleIdle() noexcept;
 
+/// Keeps the module in memory until the process ends. What its runtime takes from the process (a TLS index,
+/// at the first exception at the latest) is not given back when it leaves, so it must not come and go with
+/// its hosts' jobs.
+void PinModule() noexcept;
+
 /// Full path of the module's file.
 std::wstring ModulePath();
 
