@@ -1,6 +1,7 @@
 #include "surface/cls_create_db.h"
 
 #include "automation/convert.h"
+#include "automation/error.h"
 #include "automation/text.h"
 #include "repository/names.h"
 #include "repository/relationship_builder.h"
@@ -186,6 +187,12 @@ const std::string& clsCreateDb::FkConstraintSQL() { return m_impl->run.m_sFkCons
 const std::string& clsCreateDb::DropFkConstraintSQL() { return m_impl->run.m_sDropFkConstraintSQL; }
 
 void clsCreateDb::ShowLog() {
+    if (m_impl->run.m_sCreateFile.empty()) {
+        throw automation::Error(
+            automation::PathNotFound,
+            "Path not found: the script files have no names before a run. DoScript or the run of "
+            "a dialect names, writes and opens them.");
+    }
     for (const Script& script : Scripts)
         m_impl->ShowScript(m_impl->run.*script.path, (this->*script.text)(), &script == &Scripts[0]);
 }

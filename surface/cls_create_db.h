@@ -66,8 +66,8 @@ class clsCreateDb : public automation::TableObject {
     virtual const std::string& FkConstraintSQL();
     virtual const std::string& DropFkConstraintSQL();
 
-    /// Writes the five texts to their files and opens each in an editor. Only a failure of the first file is
-    /// raised.
+    /// Writes the five texts of the last run to their files and opens each in an editor. Only a failure of
+    /// the first file is raised; PathNotFound (76) before any run.
     virtual void ShowLog();
 
     /// Kept for old hosts: does nothing and answers Empty.

@@ -53,32 +53,21 @@ std::string ToAnsi(std::string_view utf8) {
     return ansi;
 }
 
-/// A new file in the folder of `path` that is deleted again unless it is moved to that path.
-class TemporaryFile {
+/// A handle of a file that is being written; failures name `target`.
+class OutputFile {
   public:
-    explicit TemporaryFile(std::string_view path) : m_target(path) {
-        const std::wstring wide = com::ToWide(path);
-        const std::size_t name = wide.find_last_of(L"\\/:");
-        const std::wstring folder = name == std::wstring::npos ? L"." : wide.substr(0, name + 1);
-        wchar_t temporary[MAX_PATH];
-        if (GetTempFileNameW(folder.c_str(), L"krv", 0, temporary) == 0) Fail();
-        m_path = temporary;
-        m_file =
-            CreateFileW(temporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (m_file == INVALID_HANDLE_VALUE) {
-            const DWORD failure = GetLastError();
-            DeleteFileW(temporary);
-            RaiseFileError(m_target, failure);
-        }
+    OutputFile(const std::wstring& path, std::string_view target, DWORD sharing, DWORD disposition)
+        : m_target(target),
+          m_file(CreateFileW(path.c_str(), GENERIC_WRITE, sharing, nullptr, disposition,
+                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        if (m_file == INVALID_HANDLE_VALUE) Fail();
     }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        CloseFile();
-        if (!m_path.empty()) DeleteFileW(m_path.c_str());
-    }
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile() { CloseHandle(m_file); }
 
-    void Write(std::string_view bytes) {
+    /// Writes all of it, ends the file there and brings it to the disk.
+    void Fill(std::string_view bytes) {
         while (!bytes.empty()) {
             constexpr std::size_t largest = 1u << 30;
             const auto part = static_cast<DWORD>(bytes.size() < largest ? bytes.size() : largest);
@@ -86,36 +75,57 @@ class TemporaryFile {
             if (WriteFile(m_file, bytes.data(), part, &written, nullptr) == 0) Fail();
             bytes.remove_prefix(written);
         }
-    }
-
-    void MoveToTarget() {
-        if (FlushFileBuffers(m_file) == 0) Fail();
-        CloseFile();
-        if (MoveFileExW(m_path.c_str(), com::ToWide(m_target).c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
-            Fail();
-        m_path.clear();
+        if (SetEndOfFile(m_file) == 0 || FlushFileBuffers(m_file) == 0) Fail();
     }
 
   private:
     [[noreturn]] void Fail() const { RaiseFileError(m_target, GetLastError()); }
 
-    void CloseFile() noexcept {
-        if (m_file != INVALID_HANDLE_VALUE) CloseHandle(m_file);
-        m_file = INVALID_HANDLE_VALUE;
-    }
-
     std::string m_target;
-    std::wstring m_path;
-    HANDLE m_file = INVALID_HANDLE_VALUE;
+    HANDLE m_file;
 };
+
+bool IsRefusal(DWORD failure) noexcept {
+    return failure == ERROR_ACCESS_DENIED || failure == ERROR_SHARING_VIOLATION;
+}
+
+/// A name in the folder of a target that nobody else has; its file is deleted unless it was moved away.
+struct TemporaryName {
+    std::wstring path;
+    ~TemporaryName() {
+        if (!path.empty()) DeleteFileW(path.c_str());
+    }
+};
+
+/// Puts `bytes` under a temporary name and renames that. False, and nothing done, where the system refuses
+/// it: a folder that takes no new files, a target that somebody has open.
+bool Replace(const std::wstring& target, std::string_view path, std::string_view bytes) {
+    const std::size_t name = target.find_last_of(L"\\/:");
+    const std::wstring folder = name == std::wstring::npos ? L"." : target.substr(0, name + 1);
+    wchar_t buffer[MAX_PATH];
+    if (GetTempFileNameW(folder.c_str(), L"krv", 0, buffer) == 0) {
+        if (IsRefusal(GetLastError())) return false;
+        RaiseFileError(path, GetLastError());
+    }
+    TemporaryName temporary{buffer};
+    OutputFile(temporary.path, path, 0, CREATE_ALWAYS).Fill(bytes);
+    if (MoveFileExW(buffer, target.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
+        if (IsRefusal(GetLastError())) return false;
+        RaiseFileError(path, GetLastError());
+    }
+    temporary.path.clear();
+    return true;
+}
 
 class FileSystem final : public platform::Files {
   public:
     void WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) override {
-        TemporaryFile file(path);
-        file.Write(ToAnsi(text));
-        file.Write(ToAnsi(lineEnd));
-        file.MoveToTarget();
+        const std::wstring target = com::ToWide(path);
+        const std::string bytes = ToAnsi(text) + ToAnsi(lineEnd);
+        if (Replace(target, path, bytes)) return;
+        // As a plain open for output does: beside readers, not beside somebody who lets nobody write.
+        constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        OutputFile(target, path, anybody, OPEN_ALWAYS).Fill(bytes);
     }
 
     std::string LibraryFolder() override {

@@ -197,6 +197,7 @@ TEST_F(ScriptRunTest, AStorageNameWithoutDefinitionGivesEmptyFiles) {
 }
 
 TEST_F(ScriptRunTest, ShutDownWithoutARepositoryFailsBeforeTheFiles) {
+    EXPECT_EQ(OutcomeOf([&] { scripts->ShowLog(); }), "error 76") << "there are no files yet";
     scripts->DoMSsqlDb(path, "Orders");
     journal->clear();
     EXPECT_EQ(OutcomeOf([&] { scripts->ShutDown(); }), "error 91");

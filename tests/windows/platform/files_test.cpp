@@ -85,6 +85,16 @@ TEST_F(WindowsFilesTest, WhatCannotBeWrittenLeavesNothingBehind) {
     EXPECT_EQ(FilesInFolder(), 2U);
 }
 
+// A new file cannot take the place of one that somebody has open; a plain open for output can write it.
+TEST_F(WindowsFilesTest, AFileThatSomebodyReadsIsRewritten) {
+    const std::string path = Write(Path("read.sql"), "old and longer than the new text");
+    std::ifstream reader(path, std::ios::binary);
+    EXPECT_EQ(reader.get(), 'o');
+    EXPECT_EQ(ErrorOf(path), 0);
+    EXPECT_EQ(Read(path), "text\r\n");
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
 TEST_F(WindowsFilesTest, TheLibraryFolderIsWhereTheModuleStands) {
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
