@@ -1,5 +1,6 @@
 #include "automation/member_rows.h"
 #include "surface/cls_create_db.h"
+#include "surface/korvex_help.h"
 
 #include <string>
 #include <string_view>
@@ -37,27 +38,43 @@ constexpr Parameter CreateRelationshipParameters[] = {OptionalText("storageName"
 constexpr Parameter ConnectParameters[] = {TextParameter("sConnection")};
 
 constexpr automation::Member Members[] = {
-    GetRow<&clsCreateDb::ScriptTypes>("ScriptTypes", {ScriptTypesParameters, {}, "Collection"}),
-    MethodRow<&clsCreateDb::DoScript>("DoScript", {DoScriptParameters}),
-    GetRow<Taking<>(&clsCreateDb::FKPrefix)>("FKPrefix"),
-    LetRow<Taking<const std::string&>(&clsCreateDb::FKPrefix), Passing::ByReference>("FKPrefix"),
-    GetRow<Taking<>(&clsCreateDb::ScriptFilePath)>("ScriptFilePath"),
-    LetRow<Taking<const std::string&>(&clsCreateDb::ScriptFilePath), Passing::ByReference>("ScriptFilePath"),
-    MethodRow<&clsCreateDb::DoMSsqlDb>("DoMSsqlDb", {RunParameters}),
-    MethodRow<&clsCreateDb::DoOracleDb>("DoOracleDb", {RunParameters}),
-    MethodRow<&clsCreateDb::DoSybaseDb>("DoSybaseDb", {RunParameters}),
-    MethodRow<&clsCreateDb::CreateRelationship>("CreateRelationship", {CreateRelationshipParameters}),
-    MethodRow<&clsCreateDb::ShutDown>("ShutDown"),
-    GetRow<&clsCreateDb::DbSQL>("DbSQL"),
-    GetRow<&clsCreateDb::DropSQL>("DropSQL"),
-    GetRow<&clsCreateDb::StoredProcSQL>("StoredProcSQL"),
-    GetRow<&clsCreateDb::FkConstraintSQL>("FkConstraintSQL"),
-    GetRow<&clsCreateDb::DropFkConstraintSQL>("DropFkConstraintSQL"),
-    MethodRow<&clsCreateDb::ShowLog>("ShowLog"),
-    MethodRow<&clsCreateDb::ConnectDB>("ConnectDB", {ConnectParameters}),
+    GetRow<&clsCreateDb::ScriptTypes>("ScriptTypes", {.parameters = ScriptTypesParameters,
+                                                      .description = KORVEX_HELP_clsCreateDb_ScriptTypes,
+                                                      .resultTypeName = "Collection"}),
+    MethodRow<&clsCreateDb::DoScript>(
+        "DoScript", {.parameters = DoScriptParameters, .description = KORVEX_HELP_clsCreateDb_DoScript}),
+    GetRow<Taking<>(&clsCreateDb::FKPrefix)>("FKPrefix", {.description = KORVEX_HELP_clsCreateDb_FKPrefix}),
+    LetRow<Taking<const std::string&>(&clsCreateDb::FKPrefix), Passing::ByReference>(
+        "FKPrefix", {.description = KORVEX_HELP_clsCreateDb_FKPrefix}),
+    GetRow<Taking<>(&clsCreateDb::ScriptFilePath)>("ScriptFilePath",
+                                                   {.description = KORVEX_HELP_clsCreateDb_ScriptFilePath}),
+    LetRow<Taking<const std::string&>(&clsCreateDb::ScriptFilePath), Passing::ByReference>(
+        "ScriptFilePath", {.description = KORVEX_HELP_clsCreateDb_ScriptFilePath}),
+    MethodRow<&clsCreateDb::DoMSsqlDb>(
+        "DoMSsqlDb", {.parameters = RunParameters, .description = KORVEX_HELP_clsCreateDb_DoMSsqlDb}),
+    MethodRow<&clsCreateDb::DoOracleDb>(
+        "DoOracleDb", {.parameters = RunParameters, .description = KORVEX_HELP_clsCreateDb_DoOracleDb}),
+    MethodRow<&clsCreateDb::DoSybaseDb>(
+        "DoSybaseDb", {.parameters = RunParameters, .description = KORVEX_HELP_clsCreateDb_DoSybaseDb}),
+    MethodRow<&clsCreateDb::CreateRelationship>("CreateRelationship",
+                                                {.parameters = CreateRelationshipParameters,
+                                                 .description = KORVEX_HELP_clsCreateDb_CreateRelationship}),
+    MethodRow<&clsCreateDb::ShutDown>("ShutDown", {.description = KORVEX_HELP_clsCreateDb_ShutDown}),
+    GetRow<&clsCreateDb::DbSQL>("DbSQL", {.description = KORVEX_HELP_clsCreateDb_DbSQL}),
+    GetRow<&clsCreateDb::DropSQL>("DropSQL", {.description = KORVEX_HELP_clsCreateDb_DropSQL}),
+    GetRow<&clsCreateDb::StoredProcSQL>("StoredProcSQL",
+                                        {.description = KORVEX_HELP_clsCreateDb_StoredProcSQL}),
+    GetRow<&clsCreateDb::FkConstraintSQL>("FkConstraintSQL",
+                                          {.description = KORVEX_HELP_clsCreateDb_FkConstraintSQL}),
+    GetRow<&clsCreateDb::DropFkConstraintSQL>("DropFkConstraintSQL",
+                                              {.description = KORVEX_HELP_clsCreateDb_DropFkConstraintSQL}),
+    MethodRow<&clsCreateDb::ShowLog>("ShowLog", {.description = KORVEX_HELP_clsCreateDb_ShowLog}),
+    MethodRow<&clsCreateDb::ConnectDB>(
+        "ConnectDB", {.parameters = ConnectParameters, .description = KORVEX_HELP_clsCreateDb_ConnectDB}),
 };
 
-constexpr automation::ClassInfo Info = {.name = "clsCreateDb", .description = {}, .members = Members};
+constexpr automation::ClassInfo Info = {
+    .name = "clsCreateDb", .description = KORVEX_HELP_clsCreateDb, .members = Members};
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "automation/member_rows.h"
 #include "surface/cls_crud.h"
+#include "surface/korvex_help.h"
 
 #include <string>
 #include <string_view>
@@ -44,105 +45,51 @@ constexpr Parameter DeleteDataParameters[] = {DataObject("coData", Passing::ByVa
 constexpr Parameter DefinitionParameters[] = {DataObject("coDataDef", Passing::ByReference)};
 constexpr Parameter StatementParameters[] = {Text("sSQL")};
 
-constexpr std::string_view FKPrefixText =
-    "Allows an implementation team to set its own prefix for foreign key field names.  The default is "
-    "\"FK_\".";
-constexpr std::string_view DbConnText = "Object representing an ADO database connection. ";
-
 constexpr automation::Member Members[] = {
     GetRow<&clsCRUD::LastResult>(
-        "LastResult",
-        {.description =
-             "Describes the result of the last public method called on this object.  Indicates whether "
-             "the method was successful or not, and if unsuccessful, what error occured.",
-         .resultTypeName = "dbResults"}),
-    GetRow<Taking<>(&clsCRUD::FKPrefix)>("FKPrefix", {.description = FKPrefixText}),
+        "LastResult", {.description = KORVEX_HELP_clsCRUD_LastResult, .resultTypeName = "dbResults"}),
+    GetRow<Taking<>(&clsCRUD::FKPrefix)>("FKPrefix", {.description = KORVEX_HELP_clsCRUD_FKPrefix}),
     LetRow<Taking<const std::string&>(&clsCRUD::FKPrefix), Passing::ByReference>(
-        "FKPrefix", {.description = FKPrefixText}),
-    GetRow<Taking<>(&clsCRUD::DbConn)>("DbConn",
-                                       {.description = DbConnText, .resultTypeName = "ADODB.Connection"}),
+        "FKPrefix", {.description = KORVEX_HELP_clsCRUD_FKPrefix}),
+    GetRow<Taking<>(&clsCRUD::DbConn)>(
+        "DbConn", {.description = KORVEX_HELP_clsCRUD_DbConn, .resultTypeName = "ADODB.Connection"}),
     LetRow<Taking<const std::shared_ptr<ado::Connection>&>(&clsCRUD::DbConn)>(
-        "DbConn", {.parameters = NewConnection, .description = DbConnText}),
+        "DbConn", {.parameters = NewConnection, .description = KORVEX_HELP_clsCRUD_DbConn}),
     MethodRow<&clsCRUD::ConnectDB>(
-        "ConnectDB",
-        {.parameters = ConnectParameters,
-         .description =
-             "Connects this object to the specified database.  An optional foreign key prefix can be "
-             "specified as the second parameter of this method."}),
-    MethodRow<&clsCRUD::DisconnectDB>(
-        "DisconnectDB",
-        {.description = "Disconnects this object from the database (if a connection exists)."}),
+        "ConnectDB", {.parameters = ConnectParameters, .description = KORVEX_HELP_clsCRUD_ConnectDB}),
+    MethodRow<&clsCRUD::DisconnectDB>("DisconnectDB", {.description = KORVEX_HELP_clsCRUD_DisconnectDB}),
     MethodRow<&clsCRUD::DbDataExists>(
-        "DbDataExists",
-        {.parameters = ExistsParameters,
-         .description =
-             "Determines if data for a specific primary key exists in the database.  Returns True if "
-             "the data exists, False if it does not."}),
+        "DbDataExists", {.parameters = ExistsParameters, .description = KORVEX_HELP_clsCRUD_DbDataExists}),
     MethodRow<&clsCRUD::DbGetField>(
-        "DbGetField",
-        {.parameters = FieldParameters,
-         .description = "Retrieves the value of a specifc field in a table.  Returns True if the field was "
-                        "successfully retrieved, False if not."}),
+        "DbGetField", {.parameters = FieldParameters, .description = KORVEX_HELP_clsCRUD_DbGetField}),
     MethodRow<&clsCRUD::DbSaveField>(
-        "DbSaveField",
-        {.parameters = FieldParameters,
-         .description =
-             "Saves a value to a specifc field in a table. Returns True if the field was successfully "
-             "saved, False if it was not."}),
+        "DbSaveField", {.parameters = FieldParameters, .description = KORVEX_HELP_clsCRUD_DbSaveField}),
     MethodRow<&clsCRUD::DbGetData>(
-        "DbGetData",
-        {.parameters = GetDataParameters,
-         .description = "Retrieves an object (identified by a specific primary key) from the database. "}),
+        "DbGetData", {.parameters = GetDataParameters, .description = KORVEX_HELP_clsCRUD_DbGetData}),
     MethodRow<&clsCRUD::DbSaveData>(
-        "DbSaveData",
-        {.parameters = SaveDataParameters,
-         .description =
-             "Writes an object to the database and returns the new primary key of the topmost record; it "
-             "may be given the data from any point of a data definition's tree."}),
-    MethodRow<&clsCRUD::DbUpdateData>(
-        "DbUpdateData",
-        {.parameters = UpdateDataParameters,
-         .description =
-             "Updates an existing object in the database by writing only the changes made to the object "
-             "to the database.  Existing data that was not modified is not rewritten to the database."}),
+        "DbSaveData", {.parameters = SaveDataParameters, .description = KORVEX_HELP_clsCRUD_DbSaveData}),
+    MethodRow<&clsCRUD::DbUpdateData>("DbUpdateData", {.parameters = UpdateDataParameters,
+                                                       .description = KORVEX_HELP_clsCRUD_DbUpdateData}),
     MethodRow<&clsCRUD::DbUpdateDataRetainRoot>(
         "DbUpdateDataRetainRoot",
-        {.parameters = RetainRootParameters,
-         .description =
-             "Updates an existing object in the database by retaining only the record for the root object "
-             "(thus preserving this record's primary key).  All child records for the old coData are "
-             "first deleted, and then new ones written to the database."}),
-    MethodRow<&clsCRUD::DbDeleteData>(
-        "DbDeleteData",
-        {.parameters = DeleteDataParameters,
-         .description = "Deletes an object (identified by a specific primary key) from the database."}),
-    MethodRow<&clsCRUD::GetTableName>(
-        "GetTableName",
-        {.parameters = DefinitionParameters,
-         .description =
-             "Retrieves the name of the database table stored at the top level of this data definition."}),
+        {.parameters = RetainRootParameters, .description = KORVEX_HELP_clsCRUD_DbUpdateDataRetainRoot}),
+    MethodRow<&clsCRUD::DbDeleteData>("DbDeleteData", {.parameters = DeleteDataParameters,
+                                                       .description = KORVEX_HELP_clsCRUD_DbDeleteData}),
+    MethodRow<&clsCRUD::GetTableName>("GetTableName", {.parameters = DefinitionParameters,
+                                                       .description = KORVEX_HELP_clsCRUD_GetTableName}),
     MethodRow<&clsCRUD::GetPrimaryKeyFieldName>(
         "GetPrimaryKeyFieldName",
-        {.parameters = DefinitionParameters,
-         .description =
-             "Retrieves the name of the primary key field for the top level of this data definition."}),
+        {.parameters = DefinitionParameters, .description = KORVEX_HELP_clsCRUD_GetPrimaryKeyFieldName}),
     MethodRow<&clsCRUD::GetForeignKeyFieldName>(
         "GetForeignKeyFieldName",
-        {.parameters = DefinitionParameters,
-         .description =
-             "Retrieves the name of the foriegn key field for the top level of this data definition."}),
-    MethodRow<&clsCRUD::OpenRecordset>(
-        "OpenRecordset",
-        {.parameters = StatementParameters,
-         .description =
-             "Open an ADO recordset object for the specified SQL string, using the existing m_DbConnection.",
-         .resultTypeName = "ADODB.Recordset"}),
+        {.parameters = DefinitionParameters, .description = KORVEX_HELP_clsCRUD_GetForeignKeyFieldName}),
+    MethodRow<&clsCRUD::OpenRecordset>("OpenRecordset", {.parameters = StatementParameters,
+                                                         .description = KORVEX_HELP_clsCRUD_OpenRecordset,
+                                                         .resultTypeName = "ADODB.Recordset"}),
 };
 
 constexpr automation::ClassInfo Info = {
-    .name = "clsCRUD",
-    .description = "This object is used to read and write QORObject data to/from a relational database.",
-    .members = Members};
+    .name = "clsCRUD", .description = KORVEX_HELP_clsCRUD, .members = Members};
 
 }  // namespace
 

@@ -18,11 +18,11 @@ VARIANT ReferenceArgument(void* reference, VARTYPE type, const automation::Param
     return argument;
 }
 
-HRESULT LoadTypeInfo(REFIID interfaceId, ITypeInfo** info) noexcept {
-    return Guard(interfaceId, [&] {
+HRESULT LoadTypeInfo(REFGUID id, ITypeInfo** info) noexcept {
+    return Guard(id, [&] {
         ComPtr<ITypeLib> library;
         const HRESULT loaded = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Put());
-        return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(interfaceId, info);
+        return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(id, info);
     });
 }
 

@@ -3,19 +3,22 @@
 #include "automation/com/com_error.h"
 #include "automation/com/com_object.h"
 #include "automation/com/com_variant.h"
+#include "automation/com/enum_variant.h"
 #include "automation/com/host_backed.h"
 #include "automation/com/slot_values.h"
 #include "automation/com/table_dispatch.h"
 
+#include <ocidl.h>
+
 namespace korvex::com {
 
-/// The type information of an interface from the module's own type library.
-HRESULT LoadTypeInfo(REFIID interfaceId, ITypeInfo** info) noexcept;
+/// A type of the module's own type library.
+HRESULT LoadTypeInfo(REFGUID id, ITypeInfo** info) noexcept;
 
 /// A COM object over an automation object: late binding, error information. `Interface` is IDispatch or a
 /// dual interface, whose own slots are one line each in the derived class.
-template <class Interface>
-class Shell : public ComObject<Interface, ISupportErrorInfo, IAutomationObject> {
+template <class Interface, class... More>
+class Shell : public ComObject<Interface, ISupportErrorInfo, IAutomationObject, More...> {
   public:
     explicit Shell(std::shared_ptr<automation::TableObject> object, BindObject bind = nullptr)
         : m_table(std::move(object), bind) {}
@@ -69,6 +72,13 @@ class Shell : public ComObject<Interface, ISupportErrorInfo, IAutomationObject> 
             return S_OK;
         });
     }
+    HRESULT EnumeratorSlot(IUnknown** result) const noexcept {
+        return Guard(__uuidof(Interface), [&] {
+            if (result == nullptr) throw automation::Error(E_POINTER, "Null pointer for the result");
+            *result = EnumerateForHost(m_table.Object()).Detach();
+            return S_OK;
+        });
+    }
 
   private:
     static constexpr bool hasTypeInfo = !std::is_same_v<Interface, IDispatch>;
@@ -81,6 +91,19 @@ class Shell : public ComObject<Interface, ISupportErrorInfo, IAutomationObject> 
     }
 
     TableDispatch m_table;
+};
+
+/// The shell of a creatable class, which tells hosts its name.
+template <class Interface, class Class>
+class ClassShell : public Shell<Interface, IProvideClassInfo> {
+  public:
+    using Shell<Interface, IProvideClassInfo>::Shell;
+
+    STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
+        if (info == nullptr) return E_POINTER;
+        *info = nullptr;
+        return LoadTypeInfo(__uuidof(Class), info);
+    }
 };
 
 /// The COM object that hosts get for an automation object: a dual interface for a public class, IDispatch for

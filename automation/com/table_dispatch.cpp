@@ -21,7 +21,9 @@ using automation::Variant;
 
 constexpr std::string_view enumeratorName = "_NewEnum";
 
+/// The default member has the identifier of the object's value.
 DISPID MemberId(const automation::ClassInfo& info, std::string_view name) {
+    if (!name.empty() && automation::EqualsIgnoreCase(info.defaultMember, name)) return DISPID_VALUE;
     for (std::size_t i = 0; i < info.members.size(); ++i) {
         if (automation::EqualsIgnoreCase(info.members[i].name, name)) return static_cast<DISPID>(i + 1);
     }
@@ -29,11 +31,9 @@ DISPID MemberId(const automation::ClassInfo& info, std::string_view name) {
 }
 
 /// Position of a named argument in any of the rows of that member.
-DISPID ParameterId(const automation::ClassInfo& info, DISPID member, std::string_view name) {
-    if (member <= 0) return DISPID_UNKNOWN;
-    const std::string_view memberName = info.members[static_cast<std::size_t>(member - 1)].name;
+DISPID ParameterId(const automation::ClassInfo& info, std::string_view memberName, std::string_view name) {
     for (const Member& row : info.members) {
-        if (row.name != memberName) continue;
+        if (!automation::EqualsIgnoreCase(row.name, memberName)) continue;
         for (std::size_t i = 0; i < row.parameters.size(); ++i) {
             if (automation::EqualsIgnoreCase(row.parameters[i].name, name)) return static_cast<DISPID>(i);
         }
@@ -115,7 +115,7 @@ HRESULT TableDispatch::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT coun
         const bool isEnumerator = automation::EqualsIgnoreCase(member, enumeratorName) && NewEnum();
         ids[0] = isEnumerator ? DISPID_NEWENUM : MemberId(info, member);
         for (UINT i = 1; i < count; ++i)
-            ids[i] = ParameterId(info, ids[0], FromWide(names[i]));
+            ids[i] = ParameterId(info, member, FromWide(names[i]));
         return std::find(ids, ids + count, DISPID_UNKNOWN) == ids + count ? S_OK : DISP_E_UNKNOWNNAME;
     } catch (...) {
         return ReportException(IID_IDispatch);
@@ -136,7 +136,8 @@ const Member* TableDispatch::FindRow(DISPID id, WORD flags) const noexcept {
 HRESULT TableDispatch::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                               EXCEPINFO* exception, UINT* badArgument) const noexcept {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (parameters == nullptr || (parameters->cArgs > 0 && parameters->rgvarg == nullptr))
+    if (parameters == nullptr || (parameters->cArgs > 0 && parameters->rgvarg == nullptr) ||
+        (parameters->cNamedArgs > 0 && parameters->rgdispidNamedArgs == nullptr))
         return E_INVALIDARG;
     try {
         if (result != nullptr) VariantInit(result);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/collection.h"
 #include "automation/com/shell.h"
 #include "persistence/qor_object.h"
 #include "surface/cls_create_db.h"
@@ -14,9 +15,10 @@
 /// The dual interfaces over the public classes: one line per slot, everything else is the shell's.
 namespace korvex::com {
 
-class CreateDbShell final : public Shell<::_clsCreateDb> {
+class CreateDbShell final : public ClassShell<::_clsCreateDb, ::clsCreateDb> {
   public:
-    explicit CreateDbShell(std::shared_ptr<clsCreateDb> object) : Shell(std::move(object), BindHostObject) {}
+    explicit CreateDbShell(std::shared_ptr<clsCreateDb> object)
+        : ClassShell(std::move(object), BindHostObject) {}
 
     STDMETHODIMP get_ScriptTypes(VARIANT* oLanguageSvr, IDispatch** result) override {
         return ResultSlot(1, result, oLanguageSvr);
@@ -53,9 +55,9 @@ class CreateDbShell final : public Shell<::_clsCreateDb> {
     }
 };
 
-class FieldShell final : public Shell<::_clsField> {
+class FieldShell final : public ClassShell<::_clsField, ::clsField> {
   public:
-    explicit FieldShell(std::shared_ptr<clsField> object) : Shell(std::move(object), BindHostObject) {}
+    explicit FieldShell(std::shared_ptr<clsField> object) : ClassShell(std::move(object), BindHostObject) {}
 
     STDMETHODIMP get_FieldName(BSTR* result) override { return ResultSlot(1, result); }
     STDMETHODIMP put_FieldName(BSTR newValue) override { return Slot(2, newValue); }
@@ -85,9 +87,9 @@ class FieldShell final : public Shell<::_clsField> {
     STDMETHODIMP put_IsLongFld(VARIANT_BOOL newValue) override { return Slot(26, newValue); }
 };
 
-class CrudShell final : public Shell<::_clsCRUD> {
+class CrudShell final : public ClassShell<::_clsCRUD, ::clsCRUD> {
   public:
-    explicit CrudShell(std::shared_ptr<clsCRUD> object) : Shell(std::move(object), BindHostObject) {}
+    explicit CrudShell(std::shared_ptr<clsCRUD> object) : ClassShell(std::move(object), BindHostObject) {}
 
     STDMETHODIMP get_LastResult(::dbResults* result) override { return ResultSlot(1, result); }
     STDMETHODIMP get_FKPrefix(BSTR* result) override { return ResultSlot(2, result); }
@@ -136,6 +138,19 @@ class CrudShell final : public Shell<::_clsCRUD> {
     STDMETHODIMP OpenRecordset(BSTR* sSQL, IDispatch** result) override {
         return ResultSlot(19, result, sSQL);
     }
+};
+
+class CollectionShell final : public Shell<::Collection> {
+  public:
+    explicit CollectionShell(std::shared_ptr<automation::Collection> object) : Shell(std::move(object)) {}
+
+    STDMETHODIMP get_Item(VARIANT Index, VARIANT* result) override { return ResultSlot(1, result, Index); }
+    STDMETHODIMP Add(VARIANT Item, VARIANT Key, VARIANT Before, VARIANT After) override {
+        return Slot(2, Item, Key, Before, After);
+    }
+    STDMETHODIMP get_Count(LONG* result) override { return ResultSlot(3, result); }
+    STDMETHODIMP Remove(VARIANT Index) override { return Slot(4, Index); }
+    STDMETHODIMP get__NewEnum(IUnknown** result) override { return EnumeratorSlot(result); }
 };
 
 /// A data object of this library's own C++ classes, for hosts and their data objects.

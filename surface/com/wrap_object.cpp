@@ -22,6 +22,7 @@ ComPtr<IDispatch> WrapObject(std::shared_ptr<automation::TableObject> object) {
     if (auto shell = TryWrap<clsCRUD, CrudShell>(object)) return shell;
     if (auto shell = TryWrap<clsField, FieldShell>(object)) return shell;
     if (auto shell = TryWrap<QORObject, DataObjectShell>(object)) return shell;
+    if (auto shell = TryWrap<automation::Collection, CollectionShell>(object)) return shell;
     return ComPtr<IDispatch>(new PlainShell(std::move(object)));
 }
 

@@ -15,7 +15,8 @@
 ///     2 FKPrefix let (newValue string by reference) none
 ///         "Allows an implementation team ..."
 ///
-/// The number is the dispatch identifier: the slot of the first member of that name.
+/// The number is the dispatch identifier: the slot of the first member of that name, 0 for the default
+/// member.
 namespace korvex::tests {
 
 /// "storageName string optional by reference"
@@ -61,8 +62,9 @@ inline std::string MembersText(const automation::ClassInfo& info) {
                               parameter.optional, parameter.passing == automation::Passing::ByReference));
         }
         const auto first = std::ranges::find(info.members, member.name, &automation::Member::name);
-        text += MemberText(first - info.members.begin() + 1, member.name, member.kind, parameters,
-                           typeName(member.result, member.resultTypeName), member.description);
+        const bool isDefault = member.name == info.defaultMember;
+        text += MemberText(isDefault ? 0 : first - info.members.begin() + 1, member.name, member.kind,
+                           parameters, typeName(member.result, member.resultTypeName), member.description);
     }
     return text;
 }

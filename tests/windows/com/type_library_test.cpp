@@ -2,6 +2,7 @@
 
 #include "support/type_library.h"
 
+#include "automation/collection.h"
 #include "automation/com/bstr.h"
 #include "persistence/db_results.h"
 #include "persistence/plain_object.h"
@@ -15,6 +16,7 @@
 
 #include <korvex_com.h>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -40,24 +42,36 @@ TEST_F(TypeLibraryTest, PublishesTheMemberTables) {
         {__uuidof(::_clsField), clsField().Class()},
         {__uuidof(::_clsCRUD), clsCRUD().Class()},
         {__uuidof(::QORObject), persistence::PlainObject().Class()},
+        {__uuidof(::Collection), automation::Collection().Class()},
     };
     for (const auto& published : classes) {
         const auto type = Type(published.id);
         EXPECT_EQ(MembersText(type.Get()), MembersText(published.info)) << published.info.name;
         EXPECT_EQ(DocumentationOf(type.Get()).help, published.info.description);
     }
-    EXPECT_EQ(DocumentationOf(Type(__uuidof(::clsCRUD)).Get()).help, clsCRUD().Class().description);
-}
-
-// A client that looks identifiers up in the type library and one that asks the object must get the same.
-TEST_F(TypeLibraryTest, AndLateBindingGiveNamesTheSameIdentifiers) {
-    const std::pair<const CLSID&, const automation::ClassInfo&> classes[] = {
+    const std::pair<const CLSID&, const automation::ClassInfo&> creatable[] = {
         {__uuidof(::clsCreateDb), clsCreateDb().Class()},
         {__uuidof(::clsField), clsField().Class()},
         {__uuidof(::clsCRUD), clsCRUD().Class()},
     };
-    for (const auto& [classId, info] : classes) {
-        const auto object = m_module.Create<IDispatch>(classId);
+    for (const auto& [classId, info] : creatable) {
+        EXPECT_EQ(DocumentationOf(Type(classId).Get()).help, info.description) << info.name;
+        for (const automation::Member& member : info.members)
+            EXPECT_NE(member.description, "") << info.name << "." << member.name;
+    }
+}
+
+// A client that looks identifiers up in the type library and one that asks the object must get the same.
+TEST_F(TypeLibraryTest, AndLateBindingGiveNamesTheSameIdentifiers) {
+    com::ComPtr<IDispatch> collection;
+    m_module.Create<::_clsCreateDb>(__uuidof(::clsCreateDb))->get_ScriptTypes(nullptr, collection.Put());
+    const std::pair<com::ComPtr<IDispatch>, const automation::ClassInfo&> objects[] = {
+        {m_module.Create<IDispatch>(__uuidof(::clsCreateDb)), clsCreateDb().Class()},
+        {m_module.Create<IDispatch>(__uuidof(::clsField)), clsField().Class()},
+        {m_module.Create<IDispatch>(__uuidof(::clsCRUD)), clsCRUD().Class()},
+        {collection, automation::Collection().Class()},
+    };
+    for (const auto& [object, info] : objects) {
         com::ComPtr<ITypeInfo> type;
         ASSERT_EQ(object->GetTypeInfo(0, 0, type.Put()), S_OK);
         for (const automation::Member& member : info.members) {
@@ -121,51 +135,69 @@ TEST_F(TypeLibraryTest, HoldsThreeCreatableClassesAndWhatTheyNeed) {
         types.push_back(line);
         type->ReleaseTypeAttr(attributes);
     }
-    EXPECT_EQ(types, (Lines{"enumeration dbResults", "dual interface QORObject",
-                            "dual interface _clsCreateDb", "dual interface _clsField",
-                            "dual interface _clsCRUD", "creatable class clsCreateDb of _clsCreateDb",
-                            "creatable class clsField of _clsField", "creatable class clsCRUD of _clsCRUD"}));
+    EXPECT_EQ(types,
+              (Lines{"enumeration dbResults", "enumeration QORAttributes", "dual interface Collection",
+                     "dual interface QORObject", "dual interface _clsCreateDb", "dual interface _clsField",
+                     "dual interface _clsCRUD", "creatable class clsCreateDb of _clsCreateDb",
+                     "creatable class clsField of _clsField", "creatable class clsCRUD of _clsCRUD"}));
 }
 
-// The enumeration, the generated header that a C++ host includes, and the library's own header.
-TEST_F(TypeLibraryTest, NumbersTheResultCodes) {
-    const struct {
-        const char* name;
-        ::dbResults published;
-        korvex::dbResults own;
-        LONG number;
-    } codes[] = {
-#define CODE(name, number) {#name, ::name, korvex::name, number}
-        CODE(dbNoError, 0),
-        CODE(dbConnectError, -32767),
-        CODE(dbNotConnected, -32766),
-        CODE(dbPrimaryKeyFieldNameMissing, -32765),
-        CODE(dbPrimaryKeyMissing, -32764),
-        CODE(dbTableNameMissing, -32763),
-        CODE(dbBadParameter, -32762),
-        CODE(dbNoMatchingRecord, -32761),
-        CODE(dbCannotOpenRecordset, -32760),
-        CODE(dbParentNotInDatabase, -32759),
-        CODE(dbObjectNotModified, 10),
-        CODE(dbTableNotIncluded, -32757),
-#undef CODE
-    };
-    std::map<std::string, LONG> expected;
-    for (const auto& code : codes) {
-        expected[code.name] = code.number;
-        EXPECT_EQ(static_cast<LONG>(code.published), code.number) << code.name;
-        EXPECT_EQ(static_cast<LONG>(code.own), code.number) << code.name;
+/// A constant of the type library, of the generated header that a C++ host includes, of the library's own
+/// header.
+struct Constant {
+    const char* name;
+    int published;
+    int own;
+    LONG number;
+};
+#define CONSTANT(name, number) \
+    { #name, ::name, korvex::name, number }
+const Constant results[] = {
+    CONSTANT(dbNoError, 0),
+    CONSTANT(dbConnectError, -32767),
+    CONSTANT(dbNotConnected, -32766),
+    CONSTANT(dbPrimaryKeyFieldNameMissing, -32765),
+    CONSTANT(dbPrimaryKeyMissing, -32764),
+    CONSTANT(dbTableNameMissing, -32763),
+    CONSTANT(dbBadParameter, -32762),
+    CONSTANT(dbNoMatchingRecord, -32761),
+    CONSTANT(dbCannotOpenRecordset, -32760),
+    CONSTANT(dbParentNotInDatabase, -32759),
+    CONSTANT(dbObjectNotModified, 10),
+    CONSTANT(dbTableNotIncluded, -32757),
+};
+const Constant attributes[] = {
+    CONSTANT(attName, 800001),           CONSTANT(attForeignKeyField, 800004),
+    CONSTANT(attFieldName, 800007),      CONSTANT(attTableName, 800010),
+    CONSTANT(attValueIndex, 300001),     CONSTANT(attIsIncluded, 1100002),
+    CONSTANT(attIsAutoNumber, 1100003),  CONSTANT(attValues, 1300001),
+    CONSTANT(attElementDef, 1300003),    CONSTANT(attForeignKeys, 1300005),
+    CONSTANT(attPrimaryKeys, 1300006),   CONSTANT(attSelectedItem, -300005),
+    CONSTANT(attCounterHolder, -300004), CONSTANT(attCounter, -300003),
+    CONSTANT(attSelectState, -200001),
+};
+#undef CONSTANT
+
+TEST_F(TypeLibraryTest, NumbersTheResultsAndTheAttributes) {
+    const std::pair<UINT, std::span<const Constant>> enumerations[] = {{0, results}, {1, attributes}};
+    for (const auto& [index, constants] : enumerations) {
+        std::map<std::string, LONG> expected;
+        for (const Constant& constant : constants) {
+            expected[constant.name] = constant.number;
+            EXPECT_EQ(constant.published, constant.number) << constant.name;
+            EXPECT_EQ(constant.own, constant.number) << constant.name;
+        }
+        com::ComPtr<ITypeInfo> type;
+        ASSERT_EQ(m_library->GetTypeInfo(index, type.Put()), S_OK);
+        std::map<std::string, LONG> published;
+        VARDESC* constant = nullptr;
+        for (UINT i = 0; type->GetVarDesc(i, &constant) == S_OK; ++i) {
+            EXPECT_EQ(constant->lpvarValue->vt, VT_I4);
+            published[DocumentationOf(type.Get(), constant->memid).name] = constant->lpvarValue->lVal;
+            type->ReleaseVarDesc(constant);
+        }
+        EXPECT_EQ(published, expected);
     }
-    com::ComPtr<ITypeInfo> type;
-    ASSERT_EQ(m_library->GetTypeInfo(0, type.Put()), S_OK);
-    std::map<std::string, LONG> published;
-    VARDESC* constant = nullptr;
-    for (UINT i = 0; type->GetVarDesc(i, &constant) == S_OK; ++i) {
-        EXPECT_EQ(constant->lpvarValue->vt, VT_I4);
-        published[DocumentationOf(type.Get(), constant->memid).name] = constant->lpvarValue->lVal;
-        type->ReleaseVarDesc(constant);
-    }
-    EXPECT_EQ(published, expected);
 }
 
 }  // namespace

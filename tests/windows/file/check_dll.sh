@@ -32,6 +32,11 @@ user32.dll"
 perl -0777 -e 'open $_, "<:raw", shift for my ($dll, $typelib); exit(index(<$dll>, <$typelib>) < 0)' "$dll" "$typelib" ||
     { echo "the type library is not inside"; exit 1; }
 
+# Version resources are UTF-16.
+for text in CompanyName "The Korvex project" ProductName; do
+    grep -qaP "$(printf %s "$text" | sed 's/./&\\x00/g')" "$dll" || { echo "no $text in the version resource"; exit 1; }
+done
+
 size=$(wc -c <"$dll")
 [ "$size" -gt 300000 ] && [ "$size" -lt 2000000 ] || { echo "size: $size bytes"; exit 1; }
 echo "$size bytes"

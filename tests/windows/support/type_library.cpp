@@ -106,7 +106,7 @@ std::string MembersText(ITypeInfo* interfaceType) {
         const int slot = function->oVft / static_cast<int>(sizeof(void*)) - dispatchSlots;
         if (slot < 0) continue;  // a member of IDispatch
         if (slot != members++) throw std::runtime_error("a gap in the slots");
-        text += TextOf(view.Get(), *function);
+        if (function->memid != DISPID_NEWENUM) text += TextOf(view.Get(), *function);
     }
     return text;
 }

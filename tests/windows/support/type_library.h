@@ -11,7 +11,7 @@
 /// Type information as lines of text, so that tests compare whole interfaces.
 namespace korvex::tests {
 
-/// What MembersText() tells of a member table, of a dual interface. Raises std::runtime_error when a member
+/// What MembersText() tells of a member table, of a dual interface, whose enumerator is in no table. Raises std::runtime_error when a member
 /// does not stand in the slot that its place says.
 std::string MembersText(ITypeInfo* interfaceType);
 

@@ -1,0 +1,60 @@
+#pragma once
+
+// The help texts of the public classes and their members. The member tables and the type library take them
+// from here; the compiler of the type library knows macros only, each in one line. Those of clsCRUD are
+// published word for word.
+// clang-format off
+
+#define KORVEX_HELP_clsCreateDb "Generates the SQL scripts that create, drop and serve the tables of a data definition."
+#define KORVEX_HELP_clsCreateDb_ScriptTypes "The identifiers of the dialects, as DoScript takes them: numbers as texts, or with a language service its names for them."
+#define KORVEX_HELP_clsCreateDb_DoScript "Runs the dialect that sID names on a repository: writes the five script files of a definition, of all definitions when storageName is empty, and opens them. Any other sID does nothing."
+#define KORVEX_HELP_clsCreateDb_FKPrefix "Prefix of the names of foreign-key columns. Every CreateRelationship, and so every run, sets it anew: to sFKPrefix, or to \"FK_\" where that is missing."
+#define KORVEX_HELP_clsCreateDb_ScriptFilePath "Folder of the script files; at first the one that the library stands in."
+#define KORVEX_HELP_clsCreateDb_DoMSsqlDb "Writes the script files for Microsoft SQL Server and opens them. FileName is the repository: a database file, or an ODBC connection string with DSN=."
+#define KORVEX_HELP_clsCreateDb_DoOracleDb "Writes the script files for Oracle and opens them. FileName is the repository: a database file, or an ODBC connection string with DSN=."
+#define KORVEX_HELP_clsCreateDb_DoSybaseDb "Writes the script files for Sybase and opens them. FileName is the repository: a database file, or an ODBC connection string with DSN=."
+#define KORVEX_HELP_clsCreateDb_CreateRelationship "Brings the keys of a definition, of all definitions when storageName is empty, up to date in the open repository."
+#define KORVEX_HELP_clsCreateDb_ShutDown "Ends a run: closes the repository, then writes and opens the script files."
+#define KORVEX_HELP_clsCreateDb_DbSQL "The script of the last run that creates the tables."
+#define KORVEX_HELP_clsCreateDb_DropSQL "The script of the last run that drops the tables and stored procedures."
+#define KORVEX_HELP_clsCreateDb_StoredProcSQL "The script of the last run that creates the stored procedures."
+#define KORVEX_HELP_clsCreateDb_FkConstraintSQL "The script that creates the foreign-key constraints. Its text goes on from run to run."
+#define KORVEX_HELP_clsCreateDb_DropFkConstraintSQL "The script of the last run that drops the foreign-key constraints."
+#define KORVEX_HELP_clsCreateDb_ShowLog "Writes the five scripts of the last run into their files and opens each in a text editor."
+#define KORVEX_HELP_clsCreateDb_ConnectDB "Kept for old hosts: does nothing and returns Empty."
+
+#define KORVEX_HELP_clsField "One column of a table that is being scripted."
+#define KORVEX_HELP_clsField_FieldName "Name of the column."
+#define KORVEX_HELP_clsField_DataType "Type of the value that the column stores: the number of an automation type, as 3 for a Long or 8 for a String."
+#define KORVEX_HELP_clsField_IsPrimaryKey "Whether the column is a part of the primary key of its table."
+#define KORVEX_HELP_clsField_IsAutoNumber "Whether the database fills the column when a record is inserted."
+#define KORVEX_HELP_clsField_IsForeignKey "Whether the column refers to another table."
+#define KORVEX_HELP_clsField_FKObjectID "Identifier of the object whose table the column refers to."
+#define KORVEX_HELP_clsField_MaxLength "Declared length of a character column."
+#define KORVEX_HELP_clsField_ValueID "Identifier, in the repository, of the value that the column stores."
+#define KORVEX_HELP_clsField_FKValueID "Identifier, in the repository, of the key value that the column refers to."
+#define KORVEX_HELP_clsField_TypeSize "Type of the column in the words of the dialect."
+#define KORVEX_HELP_clsField_nPrimaryKeySeq "Position of the column within the primary key."
+#define KORVEX_HELP_clsField_DefaultVal "Text of the default value."
+#define KORVEX_HELP_clsField_IsLongFld "Whether the column became a long text or a long binary one."
+
+#define KORVEX_HELP_clsCRUD "This object is used to read and write QORObject data to/from a relational database."
+#define KORVEX_HELP_clsCRUD_LastResult "Describes the result of the last public method called on this object.  Indicates whether the method was successful or not, and if unsuccessful, what error occured."
+#define KORVEX_HELP_clsCRUD_FKPrefix "Allows an implementation team to set its own prefix for foreign key field names.  The default is \"FK_\"."
+#define KORVEX_HELP_clsCRUD_DbConn "Object representing an ADO database connection. "
+#define KORVEX_HELP_clsCRUD_ConnectDB "Connects this object to the specified database.  An optional foreign key prefix can be specified as the second parameter of this method."
+#define KORVEX_HELP_clsCRUD_DisconnectDB "Disconnects this object from the database (if a connection exists)."
+#define KORVEX_HELP_clsCRUD_DbDataExists "Determines if data for a specific primary key exists in the database.  Returns True if the data exists, False if it does not."
+#define KORVEX_HELP_clsCRUD_DbGetField "Retrieves the value of a specifc field in a table.  Returns True if the field was successfully retrieved, False if not."
+#define KORVEX_HELP_clsCRUD_DbSaveField "Saves a value to a specifc field in a table. Returns True if the field was successfully saved, False if it was not."
+#define KORVEX_HELP_clsCRUD_DbGetData "Retrieves an object (identified by a specific primary key) from the database. "
+#define KORVEX_HELP_clsCRUD_DbSaveData "Writes an object to the database and returns the new primary key of the topmost record; it may be given the data from any point of a data definition's tree."
+#define KORVEX_HELP_clsCRUD_DbUpdateData "Updates an existing object in the database by writing only the changes made to the object to the database.  Existing data that was not modified is not rewritten to the database."
+#define KORVEX_HELP_clsCRUD_DbUpdateDataRetainRoot "Updates an existing object in the database by retaining only the record for the root object (thus preserving this record's primary key).  All child records for the old coData are first deleted, and then new ones written to the database."
+#define KORVEX_HELP_clsCRUD_DbDeleteData "Deletes an object (identified by a specific primary key) from the database."
+#define KORVEX_HELP_clsCRUD_GetTableName "Retrieves the name of the database table stored at the top level of this data definition."
+#define KORVEX_HELP_clsCRUD_GetPrimaryKeyFieldName "Retrieves the name of the primary key field for the top level of this data definition."
+#define KORVEX_HELP_clsCRUD_GetForeignKeyFieldName "Retrieves the name of the foriegn key field for the top level of this data definition."
+#define KORVEX_HELP_clsCRUD_OpenRecordset "Open an ADO recordset object for the specified SQL string, using the existing m_DbConnection."
+
+// clang-format on
