@@ -9,10 +9,13 @@
 
 namespace korvex::com {
 
+/// UTF-16 of a text and back. Hosts may hold texts that are no Unicode: a lone surrogate is carried as the
+/// three bytes that UTF-8 would have for it, so that it comes back as it went in.
 std::wstring ToWide(std::string_view utf8);
 std::string FromWide(std::wstring_view text);
 
-/// Text of a BSTR; a null one is the empty text. Embedded zeros are kept.
+/// Text of a BSTR; a null one is the empty text. Embedded zeros are kept, and so is the odd byte at the end
+/// of a byte string (a host's ChrB, LeftB), in a form that no other text has.
 std::string FromBstr(const OLECHAR* text);
 /// A new BSTR that the caller owns. Raises OutOfMemory (7).
 BSTR ToBstr(std::string_view utf8);

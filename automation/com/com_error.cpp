@@ -126,6 +126,7 @@ void RaiseInvokeError(HRESULT result, EXCEPINFO& info, std::string_view member) 
         const std::int32_t number = RuntimeNumber(result);
         std::string description =
             number < 0 ? SystemText(result) : std::string(automation::StandardErrorText(number));
+        if (description.ends_with('.')) description.pop_back();
         throw Error(number, description.append(": ").append(member));
     }
     if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);

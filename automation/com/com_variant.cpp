@@ -22,6 +22,12 @@ using automation::ObjectRef;
 using automation::Variant;
 using automation::VarType;
 
+/// Lets go of an object of this library that came from a host: of the host's reference, which keeps it.
+struct HostReference {
+    ComPtr<IDispatch> shell;
+    void operator()(automation::Object*) noexcept { shell = {}; }
+};
+
 /// The elements of a safe array of bytes while it is locked.
 class ByteAccess {
   public:
@@ -316,6 +322,7 @@ ComPtr<IDispatch> ToDispatch(const ObjectRef& object) {
     if (const auto* host = dynamic_cast<const HostBacked*>(object.get())) {
         return ComPtr<IDispatch>(host->HostDispatch());
     }
+    if (const auto* held = std::get_deleter<HostReference>(object)) return held->shell;
     auto table = std::dynamic_pointer_cast<automation::TableObject>(object);
     if (table == nullptr) throw Error(automation::TypeMismatch);
     return WrapObject(std::move(table));
@@ -326,7 +333,9 @@ ObjectRef FromDispatch(IDispatch* object) {
     ComPtr<IAutomationObject> own;
     object->QueryInterface(__uuidof(IAutomationObject), reinterpret_cast<void**>(own.Put()));
     ObjectRef result;
-    if (own && own->GetAutomationObject(ModuleTag(), &result) == S_OK) return result;
+    if (own && own->GetAutomationObject(ModuleTag(), &result) == S_OK) {
+        return ObjectRef(result.get(), HostReference{ComPtr<IDispatch>(object)});
+    }
     return std::make_shared<HostObject>(ComPtr<IDispatch>(object));
 }
 

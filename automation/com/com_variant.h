@@ -53,7 +53,9 @@ void WriteBack(VARIANT& variable, const automation::Variant& value);
 /// has no member table.
 ComPtr<IDispatch> ToDispatch(const automation::ObjectRef& object);
 
-/// A host's object as an automation object; Nothing for nullptr.
+/// A host's object as an automation object; Nothing for nullptr. One of this library's comes back as itself,
+/// and the reference remembers the host's: wherever it is kept, ToDispatch gives the host the very object
+/// again.
 automation::ObjectRef FromDispatch(IDispatch* object);
 
 }  // namespace korvex::com

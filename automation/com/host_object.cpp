@@ -82,6 +82,15 @@ class HostEnumerator final : public automation::Enumerator {
     ComPtr<IEnumVARIANT> m_items;
 };
 
+/// The enumerator that an object is itself; one of its own for each For Each, from the first item on.
+ComPtr<IEnumVARIANT> EnumeratorOfItsOwn(const ComPtr<IUnknown>& object) {
+    auto items = object.As<IEnumVARIANT>();
+    ComPtr<IEnumVARIANT> copy;
+    if (items && SUCCEEDED(items->Clone(copy.Put())) && copy) items = std::move(copy);
+    if (items) items->Reset();
+    return items;
+}
+
 }  // namespace
 
 DISPID HostObject::MemberId(std::string_view name) {
@@ -124,19 +133,22 @@ std::shared_ptr<HostObject> AsHost(const Variant& value) {
 std::unique_ptr<automation::Enumerator> HostObject::NewEnum() { return EnumerateHost(m_object.Get()); }
 
 std::unique_ptr<automation::Enumerator> EnumerateHost(IDispatch* object) {
+    const ComPtr<IUnknown> given(object);
+    auto dispatch = given.As<IDispatch>();
+    if (!dispatch) dispatch = ComPtr<IDispatch>(object);
     ComVariant result;
     EXCEPINFO exception = {};
     DISPPARAMS none = {};
     const HRESULT called =
-        object->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_SYSTEM_DEFAULT,
-                       DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, &result, &exception, nullptr);
-    if (FAILED(called)) RaiseInvokeError(called, exception, "_NewEnum");
+        dispatch->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_SYSTEM_DEFAULT,
+                         DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, &result, &exception, nullptr);
     const VARTYPE type = result.Value().vt;
     const bool isObject = (type == VT_UNKNOWN || type == VT_DISPATCH) && result.Value().punkVal != nullptr;
     auto items = ComPtr<IUnknown>(isObject ? result.Value().punkVal : nullptr).As<IEnumVARIANT>();
-    if (!items)
-        throw automation::Error(automation::MemberNotFound, "The object gives no enumerator for For Each");
-    return std::make_unique<HostEnumerator>(std::move(items));
+    if (!items && called != DISP_E_EXCEPTION) items = EnumeratorOfItsOwn(given);
+    if (items) return std::make_unique<HostEnumerator>(std::move(items));
+    if (FAILED(called)) RaiseInvokeError(called, exception, "_NewEnum");
+    throw automation::Error(automation::MemberNotFound, "The object gives no enumerator for For Each");
 }
 
 std::shared_ptr<HostObject> CreateHostObject(std::string_view progId, HRESULT& failure) {

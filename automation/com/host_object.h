@@ -44,7 +44,8 @@ class HostObject : public automation::Object, public HostBacked {
 /// (424) for anything else.
 std::shared_ptr<HostObject> AsHost(const automation::Variant& value);
 
-/// For Each over any COM object, through its DISPID_NEWENUM member.
+/// For Each over any COM object: through the DISPID_NEWENUM member of its dispatch interface, which need not
+/// be the dual interface at hand, or, where that has none, as the enumerator that the object is itself.
 std::unique_ptr<automation::Enumerator> EnumerateHost(IDispatch* object);
 
 /// A new object of a registered class, or nothing; `failure` receives the reason.

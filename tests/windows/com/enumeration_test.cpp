@@ -9,6 +9,7 @@
 
 #include <korvex_com.h>
 #include <string>
+#include <string_view>
 
 namespace korvex::tests {
 namespace {
@@ -83,9 +84,41 @@ TEST_F(EnumerationTest, IsAMemberOfCollectionsOnly) {
               "DISP_E_BADPARAMCOUNT");
     const auto field = m_module.Create<IDispatch>(__uuidof(::clsField));
     EXPECT_EQ(IdOf(field.Get(), "_NewEnum"), DISPID_UNKNOWN);
-    UINT count = 7;
-    EXPECT_EQ(m_collection->GetTypeInfoCount(&count), S_OK);
-    EXPECT_EQ(count, 0u) << "collections are bound late only";
+}
+
+std::string BytesOf(BSTR text) { return {reinterpret_cast<const char*>(text), SysStringByteLen(text)}; }
+
+TEST_F(EnumerationTest, ItemsComeBackAsTheyWentIn) {
+    const auto collection = m_collection.As<::Collection>();
+    const com::ComVariant missing(Variant::Missing());
+    const VARIANT& none = missing.Value();
+    const auto field = m_module.Create<IDispatch>(__uuidof(::clsField));
+    const com::ComVariant object(com::FromDispatch(field.Get()));
+    const com::ComVariant key("k");
+    EXPECT_EQ(collection->Add(object.Value(), key.Value(), none, none), S_OK);
+    com::ComVariant back;
+    EXPECT_EQ(collection->get_Item(key.Value(), &back), S_OK);
+    EXPECT_EQ(back.Value().pdispVal, field.Get()) << "the same object, not another one of the same state";
+    for (const std::wstring_view text :
+         {L"\xD83D", L"a\xDE00z", L"\xDE00\xD83D\xDE00\xD83D", L"\xD7FF\x0000\xE000"}) {
+        for (const UINT odd : {0u, 1u}) {
+            const auto size = static_cast<UINT>(text.size() * sizeof(wchar_t));
+            com::ComVariant item;
+            item.Value().vt = VT_BSTR;
+            item.Value().bstrVal =
+                SysAllocStringByteLen(reinterpret_cast<const char*>(text.data()), size - odd);
+            EXPECT_EQ(collection->Add(item.Value(), none, none, none), S_OK);
+            LONG count = 0;
+            EXPECT_EQ(collection->get_Count(&count), S_OK);
+            com::ComVariant last;
+            EXPECT_EQ(collection->get_Item(com::ComVariant(std::int32_t{count}).Value(), &last), S_OK);
+            EXPECT_EQ(BytesOf(last.Value().bstrVal), BytesOf(item.Value().bstrVal));
+        }
+    }
+    com::ComPtr<IUnknown> items;
+    EXPECT_EQ(collection->get__NewEnum(items.Put()), S_OK);
+    EXPECT_EQ(Taken(*items.As<IEnumVARIANT>().Get(), 3), "S_OK 3: String <90> String <92> String <94>");
+    EXPECT_EQ(collection->Remove(key.Value()), S_OK);
 }
 
 }  // namespace

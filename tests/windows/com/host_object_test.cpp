@@ -1,6 +1,10 @@
 // Objects of the host inside the library: what it calls on them, and that their errors reach the caller
 // unchanged.
 
+#include "automation/com/host_object.h"
+
+#include "automation/collection.h"
+#include "automation/com/enum_variant.h"
 #include "support/host_doubles.h"
 #include "support/late_bound.h"
 #include "support/module.h"
@@ -168,6 +172,68 @@ TEST_F(HostObjectTest, ADataObjectIsReadThroughItsSlots) {
     EXPECT_EQ(crud->GetTableName(&variable, name.Put()), S_OK);
     EXPECT_EQ(name.Text(), "tOrder");
     EXPECT_EQ(variable, definition.Get()) << "a by-reference object that is only read stays";
+}
+
+/// A collection as a host makes it whose slots dispatch through the type library, which knows no enumerator:
+/// it is reached by the object's other interfaces, or not at all.
+class CollectionDouble final : public DefinitionDouble {
+  public:
+    CollectionDouble(REFIID offered, com::ComPtr<IUnknown> other)
+        : DefinitionDouble(nullptr), m_offered(offered), m_other(std::move(other)) {}
+
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        if (id == m_offered) return m_other->QueryInterface(id, object);
+        return DefinitionDouble::QueryInterface(id, object);
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return E_NOTIMPL;
+    }
+
+  private:
+    const IID m_offered;
+    com::ComPtr<IUnknown> m_other;
+};
+
+/// The items of a For Each over a host's object, or the error.
+std::string ItemsOf(::QORObject* object) {
+    std::string text;
+    try {
+        const auto items = com::EnumerateHost(object);
+        while (const auto item = items->Next())
+            text += automation::Describe(*item) + " ";
+    } catch (const automation::Error& error) {
+        return error.Description();
+    }
+    return text;
+}
+
+TEST_F(HostObjectTest, ForEachAsksTheDispatchInterfaceThenTheObjectItself) {
+    const auto newItems = [] {
+        auto items = std::make_shared<automation::Collection>();
+        items->Add("one");
+        items->Add("two");
+        return com::EnumerateForHost(items);
+    };
+    const com::ComPtr<IDispatch> dispatch(
+        new OneMemberDouble("_NewEnum", [&](DISPPARAMS&, VARIANT* result, EXCEPINFO&) {
+            result->vt = VT_UNKNOWN;
+            result->punkVal = newItems().Detach();
+            return S_OK;
+        }));
+    const struct {
+        const IID& offered;
+        com::ComPtr<IUnknown> other;
+        const char* items;
+    } cases[] = {
+        {IID_IDispatch, dispatch.As<IUnknown>(), "String <one> String <two> "},
+        {IID_IEnumVARIANT, newItems().As<IUnknown>(), "String <one> String <two> "},
+        {IID_NULL, {}, "Not implemented: _NewEnum"},
+    };
+    for (const auto& test : cases) {
+        const com::ComPtr<::QORObject> object(new CollectionDouble(test.offered, test.other));
+        EXPECT_EQ(ItemsOf(object.Get()), test.items);
+        EXPECT_EQ(ItemsOf(object.Get()), test.items) << "each For Each starts anew";
+    }
 }
 
 TEST_F(HostObjectTest, TheConnectionOfAHostComesBackAsItIs) {

@@ -175,6 +175,10 @@ TEST_F(LateBoundMisuseTest, OfTheDispatchInterfaceItself) {
               E_INVALIDARG);
     EXPECT_EQ(object->Invoke(shutDown, IID_NULL, 0, method, &broken, nullptr, nullptr, nullptr),
               E_INVALIDARG);
+    VARIANT one = {};
+    DISPPARAMS unnamed = {&one, nullptr, 1, 1};
+    EXPECT_EQ(object->Invoke(shutDown, IID_NULL, 0, method, &unnamed, nullptr, nullptr, nullptr),
+              E_INVALIDARG);
     // A caller that wants no details gets none.
     EXPECT_EQ(object->Invoke(shutDown, IID_NULL, 0, method, &none, nullptr, nullptr, nullptr),
               DISP_E_EXCEPTION);

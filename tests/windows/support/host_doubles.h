@@ -62,7 +62,7 @@ class OneMemberDouble final : public HostDouble<IDispatch> {
 };
 
 /// The definition of an included object with a table; asking for the table's name answers what the test says.
-class DefinitionDouble final : public HostDouble<::QORObject> {
+class DefinitionDouble : public HostDouble<::QORObject> {
   public:
     explicit DefinitionDouble(std::function<HRESULT(BSTR*)> tableName) : m_tableName(std::move(tableName)) {}
 
