@@ -7,6 +7,7 @@
 #include "surface/com/class_table.h"
 
 #include <korvex_com.h>
+#include <string>
 
 namespace korvex::com {
 
@@ -15,12 +16,13 @@ namespace {
 constexpr LCID libraryLocale = 0x409;
 constexpr SYSKIND thisSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
 
-HRESULT RegisterClasses() {
-    for (const CreatableClass& creatable : CreatableClasses()) {
-        const HRESULT written = WriteClass(creatable.progId, creatable.id, &LIBID_Korvex);
-        if (FAILED(written)) return written;
-    }
-    return S_OK;
+/// Marshalling between apartments looks the library up under the neutral language, whatever its own is.
+std::wstring NeutralKey() { return L"TypeLib\\" + GuidText(LIBID_Korvex) + L"\\1.0\\0"; }
+const wchar_t* const neutralSystem = sizeof(void*) == 8 ? L"\\win64" : L"\\win32";
+
+bool IsTypeLibraryRegistered() {
+    Bstr path;
+    return SUCCEEDED(QueryPathOfRegTypeLib(LIBID_Korvex, 1, 0, libraryLocale, path.Put()));
 }
 
 HRESULT UnregisterClasses() {
@@ -39,19 +41,32 @@ HRESULT RegisterTypeLibrary() {
 
 /// What the system answers where there is nothing to take away differs; only what stays behind is a failure.
 HRESULT UnregisterTypeLibrary() {
+    RegDeleteKeyW(HKEY_CLASSES_ROOT, (NeutralKey() + neutralSystem).c_str());
+    // The key above stays while the other width has its own.
+    RegDeleteKeyW(HKEY_CLASSES_ROOT, NeutralKey().c_str());
     const HRESULT result = UnRegisterTypeLib(LIBID_Korvex, 1, 0, libraryLocale, thisSystem);
-    Bstr path;
-    const bool isGone = FAILED(QueryPathOfRegTypeLib(LIBID_Korvex, 1, 0, libraryLocale, path.Put()));
-    return isGone ? S_OK : result;
+    return IsTypeLibraryRegistered() ? result : S_OK;
 }
 
 }  // namespace
 
 HRESULT RegisterModule() {
-    HRESULT result = RegisterClasses();
-    if (SUCCEEDED(result)) result = RegisterTypeLibrary();
-    if (FAILED(result)) UnregisterModule();
-    return result;
+    const bool hadTypeLibrary = IsTypeLibraryRegistered();
+    Registration registration;
+    for (const CreatableClass& creatable : CreatableClasses())
+        registration.AddClass(creatable.progId, creatable.id, &LIBID_Korvex);
+    if (FAILED(registration.Result())) return registration.Result();
+    const HRESULT result = RegisterTypeLibrary();
+    if (SUCCEEDED(result)) {
+        registration.Set(NeutralKey(), {});
+        registration.Set(NeutralKey() + neutralSystem, ModulePath());
+    }
+    if (SUCCEEDED(result) && SUCCEEDED(registration.Result())) {
+        registration.Keep();
+        return S_OK;
+    }
+    if (!hadTypeLibrary) UnregisterTypeLibrary();
+    return FAILED(result) ? result : registration.Result();
 }
 
 HRESULT UnregisterModule() {

@@ -54,14 +54,31 @@ void AddTree(HKEY key, const std::string& path, Registry& lines) {
     }
 }
 
-/// The classes of all users, where the DLL registers itself.
-Registry Classes() {
-    HKEY classes = nullptr;
-    EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes", 0, KEY_READ, &classes), ERROR_SUCCESS);
+/// The classes of all users, where the DLL registers itself, below the given keys.
+Registry ClassesBelow(const std::vector<std::string>& keys) {
     Registry lines;
-    AddTree(classes, "", lines);
-    RegCloseKey(classes);
+    for (const std::string& key : keys) {
+        HKEY classes = nullptr;
+        const std::wstring path = L"Software\\Classes" + com::ToWide(key.empty() ? "" : "\\" + key);
+        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &classes) != ERROR_SUCCESS) continue;
+        if (!key.empty()) lines.insert(key);
+        AddTree(classes, key, lines);
+        RegCloseKey(classes);
+    }
     return lines;
+}
+
+/// All of them, which takes seconds.
+Registry Classes() { return ClassesBelow({""}); }
+
+constexpr const char* libraryId = "{ABC64E46-B1C4-4B30-AF8C-BBC491359DD8}";
+
+/// Those of the component but for its interfaces.
+Registry OwnClasses() {
+    return ClassesBelow(
+        {"Korvex.clsCreateDb", "Korvex.clsField", "Korvex.clsCRUD", std::string("TypeLib\\") + libraryId,
+         "CLSID\\{6EA9A0F7-8504-4AEB-9337-F37BB345C73B}", "CLSID\\{4BFF76B7-4B56-4E32-AD7D-E88480C58229}",
+         "CLSID\\{BE95DFAE-5754-4973-A72F-D3558649217D}"});
 }
 
 std::string Lines(const Registry& lines) {
@@ -77,8 +94,6 @@ Registry Added(const Registry& lines, const Registry& others) {
     std::erase_if(difference, [&](const std::string& line) { return others.contains(line); });
     return difference;
 }
-
-constexpr const char* libraryId = "{ABC64E46-B1C4-4B30-AF8C-BBC491359DD8}";
 
 void AddClass(Registry& lines, const std::string& progId, const std::string& classId,
               const std::string& path) {
@@ -100,15 +115,20 @@ Registry ExpectedClasses(const std::string& path) {
 
 /// The system writes the type library and its interfaces in its own way; they are told by their identifiers.
 bool IsOfTheLibrary(const std::string& line) {
-    const std::string ids[] = {
-        libraryId, "{8085B8BA-FF6B-4204-B4C1-40F0397B01C9}", "{FF845C66-C804-4F16-8A0F-373D72280706}",
-        "{C9216CEE-DE66-4C7C-B265-A3187205F600}", "{F1EE9C8E-0934-4411-AFAD-D5074DC3B287}"};
+    const std::string ids[] = {libraryId,
+                               "{8085B8BA-FF6B-4204-B4C1-40F0397B01C9}",
+                               "{FF845C66-C804-4F16-8A0F-373D72280706}",
+                               "{C9216CEE-DE66-4C7C-B265-A3187205F600}",
+                               "{F1EE9C8E-0934-4411-AFAD-D5074DC3B287}",
+                               "{C0A7E8D4-51B5-4C6F-8F0E-7B2D9E4A6C13}"};
     return !line.starts_with("CLSID\\") &&
            std::ranges::any_of(ids, [&](const std::string& id) { return line.find(id) != line.npos; });
 }
 
 TEST(RegistrationTest, WritesTheClassesAndTheTypeLibraryAndTakesAllOfItBack) {
     const Module module;
+    // The system may have noted a type library that it used without registration.
+    EXPECT_EQ(module.Unregister(), S_OK);
     const Registry before = Classes();
     ASSERT_FALSE(before.contains("Korvex.clsCreateDb")) << "registered already";
     EXPECT_EQ(module.Register(), S_OK);
@@ -118,6 +138,8 @@ TEST(RegistrationTest, WritesTheClassesAndTheTypeLibraryAndTakesAllOfItBack) {
     Registry added = Added(registered, before);
     std::erase_if(added, IsOfTheLibrary);
     EXPECT_EQ(Lines(added), Lines(ExpectedClasses(com::FromWide(module.Path()))));
+    EXPECT_TRUE(OwnClasses().contains(std::string("TypeLib\\") + libraryId + "\\1.0\\0\\win64 [] " +
+                                      com::FromWide(module.Path())));
     com::ComPtr<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(LIBID_Korvex, 1, 0, 0x409, library.Put()), S_OK);
 
@@ -126,6 +148,61 @@ TEST(RegistrationTest, WritesTheClassesAndTheTypeLibraryAndTakesAllOfItBack) {
     const Registry after = Classes();
     EXPECT_EQ(Lines(Added(after, before)), "") << "left behind";
     EXPECT_EQ(Lines(Added(before, after)), "") << "lost";
+}
+
+/// A key below the classes of all users, while it lives.
+class Key {
+  public:
+    Key(const wchar_t* path, REGSAM view, DWORD options = 0) : m_path(path), m_view(view) {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, path, 0, nullptr, options, KEY_ALL_ACCESS | view,
+                                  nullptr, &key, nullptr),
+                  ERROR_SUCCESS);
+        RegCloseKey(key);
+    }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+    ~Key() { EXPECT_EQ(RegDeleteKeyExW(HKEY_CLASSES_ROOT, m_path, m_view, 0), ERROR_SUCCESS); }
+
+  private:
+    const wchar_t* m_path;
+    REGSAM m_view;
+};
+
+TEST(RegistrationTest, LeavesWhatTheOtherWidthHas) {
+    const Module module;
+    EXPECT_EQ(module.Register(), S_OK);
+    {
+        const Key other(L"CLSID\\{BE95DFAE-5754-4973-A72F-D3558649217D}", KEY_WOW64_32KEY);
+        EXPECT_EQ(module.Unregister(), S_OK);
+        const std::string progId = "Korvex.clsCRUD";
+        const std::string classId = "{BE95DFAE-5754-4973-A72F-D3558649217D}";
+        EXPECT_EQ(Lines(OwnClasses()), Lines({progId, progId + " [] " + progId, progId + "\\CLSID",
+                                              progId + "\\CLSID [] " + classId}));
+    }
+    EXPECT_EQ(module.Unregister(), S_OK);
+    EXPECT_EQ(Lines(OwnClasses()), "");
+}
+
+TEST(RegistrationTest, ThatFailsLeavesWhatWasThere) {
+    const Module module;
+    // Nothing that lasts can be written below a key that does not.
+    for (const bool wasRegistered : {false, true}) {
+        if (wasRegistered) {
+            EXPECT_EQ(module.Register(), S_OK);
+            EXPECT_EQ(RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Korvex.clsCRUD"), ERROR_SUCCESS);
+            RegSetKeyValueW(HKEY_CLASSES_ROOT,
+                            L"CLSID\\{6EA9A0F7-8504-4AEB-9337-F37BB345C73B}\\InprocServer32", nullptr, REG_SZ,
+                            L"C:\\old.dll", 22);
+        }
+        const Key refusing(L"Korvex.clsCRUD", 0, REG_OPTION_VOLATILE);
+        const Registry earlier = OwnClasses();
+        EXPECT_EQ(module.Register(), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+        EXPECT_EQ(Lines(Added(OwnClasses(), earlier)), "") << "added";
+        EXPECT_EQ(Lines(Added(earlier, OwnClasses())), "") << "lost";
+    }
+    EXPECT_EQ(module.Unregister(), S_OK);
+    EXPECT_EQ(Lines(OwnClasses()), "");
 }
 
 }  // namespace

@@ -30,6 +30,10 @@ void ApplyJson(DataObjects&, const std::shared_ptr<DataObject>& data, const std:
 
 std::string ToJson(DataObjects&, const std::shared_ptr<DataObject>& data) { return objects::ToJson(*data); }
 
+std::int32_t madeAlone = 0;
+
+std::int32_t WorkingObjects(DataObjects&) { return madeAlone; }
+
 constexpr Parameter CreateParameters[] = {{"Repository", VarType::String}, {"Storage", VarType::String}};
 constexpr Parameter FromJsonParameters[] = {
     {"Repository", VarType::String}, {"Storage", VarType::String}, {"Text", VarType::String}};
@@ -41,12 +45,18 @@ constexpr automation::Member Members[] = {
     MethodRow<FromJson>("FromJson", {FromJsonParameters}),
     MethodRow<ApplyJson>("ApplyJson", {ApplyParameters}),
     MethodRow<ToJson>("ToJson", {ObjectParameter}),
+    automation::GetRow<WorkingObjects>("WorkingObjects"),
 };
 constexpr automation::ClassInfo Info{"DataObjects", {}, Members};
 
 }  // namespace
 
 const automation::ClassInfo& DataObjects::Class() const noexcept { return Info; }
+
+std::shared_ptr<automation::TableObject> CreateDataObject() {
+    ++madeAlone;
+    return std::make_shared<DataObject>();
+}
 
 const std::shared_ptr<objects::Definition>& DataObjects::DefinitionOf(const std::string& repository,
                                                                       const std::string& storage) {

@@ -16,6 +16,7 @@ namespace korvex::test {
 ///     FromJson(repository, storage, text)
 ///     ApplyJson object, text             puts values into an object
 ///     ToJson(object)
+///     WorkingObjects                     how many objects CreateDataObject has made
 class DataObjects final : public automation::TableObject {
   public:
     const automation::ClassInfo& Class() const noexcept override;
@@ -26,5 +27,8 @@ class DataObjects final : public automation::TableObject {
   private:
     std::map<std::pair<std::string, std::string>, std::shared_ptr<objects::Definition>> m_definitions;
 };
+
+/// An object without a definition, as the library of a host's data objects makes them.
+std::shared_ptr<automation::TableObject> CreateDataObject();
 
 }  // namespace korvex::test

@@ -27,6 +27,9 @@ constexpr ServerClass classes[] = {
     {{0x3f0b3a4e, 0x5d0c, 0x4c0e, {0x9a, 0x2f, 0x1d, 0x5e, 0x6b, 0x77, 0x01, 0xa4}},
      "KorvexTest.DataObjects",
      Create<DataObjects>},
+    {{0x3f0b3a4e, 0x5d0c, 0x4c0e, {0x9a, 0x2f, 0x1d, 0x5e, 0x6b, 0x77, 0x01, 0xa5}},
+     "QOROBJLib.QORObject",
+     CreateDataObject},
 };
 
 }  // namespace
@@ -34,11 +37,11 @@ constexpr ServerClass classes[] = {
 std::span<const ServerClass> ServerClasses() noexcept { return classes; }
 
 HRESULT RegisterServer() {
-    for (const ServerClass& entry : classes) {
-        const HRESULT result = com::WriteClass(entry.progId, entry.id);
-        if (FAILED(result)) return result;
-    }
-    return S_OK;
+    com::Registration registration;
+    for (const ServerClass& entry : classes)
+        registration.AddClass(entry.progId, entry.id);
+    if (SUCCEEDED(registration.Result())) registration.Keep();
+    return registration.Result();
 }
 
 HRESULT UnregisterServer() {

@@ -11,8 +11,8 @@
 /// Type information as lines of text, so that tests compare whole interfaces.
 namespace korvex::tests {
 
-/// What MembersText() tells of a member table, of a dual interface, whose enumerator is in no table. Raises std::runtime_error when a member
-/// does not stand in the slot that its place says.
+/// What MembersText() tells of a member table, of a dual interface, whose enumerator is in no table. Raises
+/// std::runtime_error when a member does not stand in the slot that its place says.
 std::string MembersText(ITypeInfo* interfaceType);
 
 /// The view of a dual interface in which results are parameters and members have slots.
