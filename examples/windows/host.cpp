@@ -1,11 +1,11 @@
-// A C++ host of the dual interfaces: writes the scripts of a definition, reads a field of the target database.
+// A C++ host of the dual interfaces: writes the scripts of a definition, reads a field of the target
+// database.
 //     host C:\data\orders.mdb Orders C:\scripts "Provider=..." tOrder OrderID 1 OrderNumber
 // Built with the header of the type library, ole32, oleaut32 and uuid; for example
 //     x86_64-w64-mingw32-g++ -std=c++20 -municode -static -I include host.cpp -lole32 -loleaut32 -luuid
+#include <cstdio>
 #include <initguid.h>
 #include <korvex_com.h>
-
-#include <cstdio>
 #include <oleauto.h>
 
 namespace {

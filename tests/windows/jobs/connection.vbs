@@ -1,24 +1,10 @@
 ' The ADO connection and recordsets that a host shares with clsCRUD.
 ' Argument: the target database's path as the ODBC driver takes it.
 Option Explicit
-Dim crud, own, other, rows, field, connectionString
+Dim crud, own, other, rows, connectionString
 
 Sub Show(label, value)
     WScript.Echo label & ": " & value & " (" & crud.LastResult & ")"
-End Sub
-
-Sub ShowRows(sql)
-    Dim rows, text, field
-    Set rows = crud.OpenRecordset(sql)
-    Do Until rows.EOF
-        text = ""
-        For Each field In rows.Fields
-            text = text & " " & field.Name & "=" & field.Value
-        Next
-        WScript.Echo " " & text
-        rows.MoveNext
-    Loop
-    rows.Close
 End Sub
 
 connectionString = "DRIVER=SQLite3;Database=" & WScript.Arguments(0)
@@ -47,26 +33,8 @@ Show "not closed", other.State
 Set own = crud.DbConn
 Set rows = crud.OpenRecordset("select * from tCustomer")
 Show "open", rows.State & ", cursor " & rows.CursorType & ", lock " & rows.LockType
-For Each field In rows.Fields
-    WScript.Echo "  " & field.Name & ": type " & field.Type & ", size " & field.DefinedSize
-Next
-own.BeginTrans
-rows.AddNew
-rows.Fields("CompanyName").Value = "Ann & Co"
-rows.Fields("CreditLimit").Value = 1250.5
-rows.Update
-rows.AddNew
-rows("CompanyName") = "Ben Ltd"
-rows("IsCompany") = True
-rows.Update
 rows.Close
-ShowRows "select CustomerID, CompanyName, CreditLimit, IsCompany, Rating from tCustomer"
-own.RollbackTrans
-ShowRows "select count(*) as n from tCustomer"
-Set rows = own.Execute("insert into tCustomer (CompanyName) values ('Cid')", field)
-Show "affected", field
 Show "bad statement", (crud.OpenRecordset("select * from tNope") Is Nothing)
-ShowRows "select CustomerID, CompanyName from tCustomer"
 crud.DisconnectDB
 Show "closed", own.State
 WScript.Echo "end of job"

@@ -33,26 +33,14 @@ scripts.NoSuchMember
 Check "unknown member"
 scripts.DbSQL = "x"
 Check "read-only property"
-crud.LastResult = 1
-Check "read-only property"
 scripts.DoScript "90"
 Check "too few arguments"
 scripts.DoMSsqlDb repository, "Orders", "FK_", "more"
 Check "too many arguments"
-scripts.DoMSsqlDb repository, crud
-Check "an object for a text"
 column.DataType = "abc"
 Check "a text for a number"
 column.DataType = 3000000000
 Check "a number beyond 32 bits"
-column.nPrimaryKeySeq = 40000
-Check "a number beyond 16 bits"
-column.DataType = Null
-Check "Null for a number"
-column.IsLongFld = "True"
-Check "a text for a Boolean"
-x = crud.DbSaveData(5)
-Check "a number for a data object"
 x = crud.DbSaveData(scripts)
 Check "another object for a data object"
 Set crud.DbConn = scripts

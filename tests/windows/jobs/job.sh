@@ -34,8 +34,7 @@ run_script() {
     name=$1
     shift
     prepare "$name"
-    script=$(echo "$source/$name".[vj]*s)
-    wine cscript //nologo "$(windows_path "$script")" "$@" >output.txt
+    wine cscript //nologo "$(windows_path "$source/$name.vbs")" "$@" >output.txt
     diff -u "$source/$name.expected" output.txt
 }
 
@@ -101,6 +100,9 @@ Dialect 94: 357 lines that create tables"
         odbc="DRIVER=SQLite3;Database=$work/scripts/orders.db;NoDSN=1"
         expect "sample" "$(sample scripts.js "$odbc" Orders out 94)" "Foreign keys: 79 lines"
         compare_scripts Sy
+        expect "sample, no dialect" "$(sample scripts.js || :)" "Dialect 90
+Dialect 92
+Dialect 94"
         # With the keys that the runs have made.
         cp orders.db ..
         ;;
@@ -136,8 +138,8 @@ OrderNumber is B-7"
         run_script errors "$work/errors/target.db"
         expect "a run that failed changed the repository" "$(sqlite3 refusing.db .dump)" "$(sqlite3 ../refusing.db .dump)"
         ;;
-    connection | other_language)
-        run_script "$step" "$work/$step/target.db"
+    connection)
+        run_script connection "$work/connection/target.db"
         ;;
     stop)
         for server in korvex_test_engines korvex; do
