@@ -1,7 +1,6 @@
 #include "repository/key_values.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
 #include "repository/read_value.h"
 
 namespace korvex::repository {
@@ -51,7 +50,8 @@ std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
 std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
     const std::int32_t valueID = ReadLong(values, "ValueID", key);
     const std::int32_t vid = ReadLong(values, "VID", key);
-    const std::int32_t keyVid = IsKeyVid(vid) ? vid : NextVid(key);
+    // A number beyond the range was given when that was used up, and stays.
+    const std::int32_t keyVid = vid > LowestKeyVid ? vid : NextVid(key);
     values.Edit();
     FillRecord(values, key);
     if (keyVid != vid) values.Fields("VID").Value(keyVid);
@@ -64,16 +64,29 @@ bool KeyValues::Rename(std::int32_t valueID, const KeyValue& key) {
         m_repository.OpenDynaset("select * from tValues where ValueID = " + std::to_string(valueID));
     if (!values || values->Eof()) return false;
     const bool isAutoNumber = ReadValue(values->Fields("IsAutoNumber"), automation::ToBoolean, key.name);
-    const bool isSuchKey = IsKeyVid(ReadLong(*values, "VID", key)) && isAutoNumber == key.isAutoNumber;
+    const bool isSuchKey = isAutoNumber == key.isAutoNumber && IsKeyVid(ReadLong(*values, "VID", key)) &&
+                           IsKeyInterface(ReadLong(*values, "InterfaceID", key));
     if (isSuchKey) Edit(*values, key);
     values->Close();
     return isSuchKey;
 }
 
-/// The number after the highest that a key value of the interface's objects has.
+bool KeyValues::IsKeyInterface(std::int32_t interfaceID) {
+    const auto rows = m_repository.OpenSnapshot("select Name from tInterfaces where InterfaceID = " +
+                                                std::to_string(interfaceID));
+    if (!rows) return false;
+    const bool isOne =
+        !rows->Eof() && IsKeyInterfaceName(ReadValue(rows->Fields("Name"), automation::ToString,
+                                                     std::to_string(interfaceID)));
+    rows->Close();
+    return isOne;
+}
+
+/// The number after the highest key number that the interface's objects have; where the range ends there, the
+/// next free one of the interface.
 std::int32_t KeyValues::NextVid(const KeyValue& key) {
-    const auto [position, isFirst] = m_lastVids.try_emplace(key.interfaceID, LowestKeyVid);
-    std::int32_t& last = position->second;
+    const auto [position, isFirst] = m_numberings.try_emplace(key.interfaceID);
+    Numbering& numbering = position->second;
     if (isFirst) {
         const auto rows = m_repository.OpenSnapshot(
             "SELECT tObjectInterfaces.*, tObjectInterfaces_1.*,  tValues.ValueID, "
@@ -86,15 +99,25 @@ std::int32_t KeyValues::NextVid(const KeyValue& key) {
             "ORDER BY VID");
         if (rows && !rows->Eof()) {
             rows->MoveLast();
-            last = ReadLong(*rows, "VID", key);
+            numbering.last = ReadLong(*rows, "VID", key);
             rows->Close();
         }
     }
-    if (last + 1 >= HighestKeyVid) {
-        throw automation::Error(automation::Overflow, "The interface " + std::to_string(key.interfaceID) +
-                                                          " has no number left for a further key value.");
+    if (numbering.last + 1 < HighestKeyVid) return ++numbering.last;
+    return NextFreeVid(numbering, key);
+}
+
+std::int32_t KeyValues::NextFreeVid(Numbering& numbering, const KeyValue& key) {
+    if (numbering.taken.empty()) {
+        const auto rows = m_repository.OpenSnapshot("select VID from tValues where InterfaceID = " +
+                                                    std::to_string(key.interfaceID));
+        for (; rows && !rows->Eof(); rows->MoveNext())
+            numbering.taken.insert(ReadLong(*rows, "VID", key));
+        if (rows) rows->Close();
     }
-    return ++last;
+    while (!numbering.taken.insert(numbering.next).second)
+        ++numbering.next;
+    return numbering.next;
 }
 
 }  // namespace korvex::repository

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "repository/names.h"
 #include "repository/repository.h"
 
 #include <cstdint>
@@ -7,16 +8,22 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace korvex::repository {
 
 /// Key values are numbered apart from the values that users model: above LowestKeyVid and below
-/// HighestKeyVid, the first one LowestKeyVid + 1.
+/// HighestKeyVid, the first one LowestKeyVid + 1. Where these are used up, any free number does.
 inline constexpr std::int32_t LowestKeyVid = 10000;
 inline constexpr std::int32_t HighestKeyVid = 20000;
 
-/// Whether a value of that number was written as a key.
 constexpr bool IsKeyVid(std::int32_t vid) noexcept { return vid > LowestKeyVid && vid < HighestKeyVid; }
+
+/// Whether a value of that number, in an interface of that name, was written as a key. A number alone says
+/// nothing: users may number their values as they like.
+inline bool IsKeyValue(std::int32_t vid, std::string_view interfaceName) {
+    return IsKeyVid(vid) && IsKeyInterfaceName(interfaceName);
+}
 
 /// A key value as its row in tValues tells it: a 32-bit integer that is stored in a column of its own name.
 struct KeyValue {
@@ -45,10 +52,19 @@ class KeyValues {
     bool Rename(std::int32_t valueID, const KeyValue& key);
 
   private:
+    /// Where the numbering of an interface's keys stands.
+    struct Numbering {
+        std::int32_t last = LowestKeyVid;        ///< highest one of the range that its objects have
+        std::int32_t next = LowestKeyVid + 1;    ///< where the search for a free one goes on
+        std::unordered_set<std::int32_t> taken;  ///< in the interface itself, once that search began
+    };
+
     std::int32_t NextVid(const KeyValue& key);
+    std::int32_t NextFreeVid(Numbering& numbering, const KeyValue& key);
+    bool IsKeyInterface(std::int32_t interfaceID);
 
     Repository& m_repository;
-    std::unordered_map<std::int32_t, std::int32_t> m_lastVids;  ///< by interface
+    std::unordered_map<std::int32_t, Numbering> m_numberings;  ///< by interface
 };
 
 }  // namespace korvex::repository

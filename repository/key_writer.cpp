@@ -50,11 +50,8 @@ KeyWriter::KeyWriter(Repository& repository, std::string_view sFKPrefix)
     m_prefixLength = static_cast<std::int16_t>(length);
 }
 
-std::string KeyWriter::KeyColumn(std::string_view objectName) const {
-    return LimitNameLength(std::string(objectName) + "ID", m_prefixLength);
-}
-
 void KeyWriter::WriteOwnKey(KeyedObject& object) {
+    m_references.AddObject(object.objectID);
     const std::string ofObject = " from tPrimaryKeys where ObjectID = " + std::to_string(object.objectID);
     const auto keys = m_repository.OpenDynaset("select *" + ofObject);
     if (!keys) return;
@@ -89,36 +86,21 @@ void KeyWriter::WriteOwnKey(KeyedObject& object) {
 void KeyWriter::WriteForeignKey(const KeyedObject& child, const KeyedObject& parent) {
     const KeyValue key{child.keyInterfaceID, ForeignKeyColumn(parent), parent.name + " ID",
                        "Foreign key of " + child.name + " to its parent " + parent.name + ".", false};
-    if (automation::EqualsIgnoreCase(key.name, child.keyColumn)) {
-        throw Error(InvalidProcedureCall,
-                    "The column '" + key.name + "' would be both the own key of object " + Describe(child) +
-                        " and its foreign key to " + Describe(parent) +
-                        ". Use another foreign-key prefix or rename one of the objects.");
-    }
     const auto values = m_values.Open(key);
     if (!values) return;
     const ForeignKey foreignKey =
         values->Eof() ? RenameOrAdd(*values, key, child, parent) : EditByName(*values, key, child, parent);
     values->Close();
-    m_parents[foreignKey.valueID] = parent.objectID;
+    m_references.Add(child.objectID, parent.objectID, foreignKey.valueID);
     if (foreignKey.rows) StoreForeignKey(*foreignKey.rows, child, foreignKey.valueID, parent);
 }
 
 KeyWriter::ForeignKey KeyWriter::EditByName(dao::Recordset& values, const KeyValue& key,
                                             const KeyedObject& child, const KeyedObject& parent) {
     const std::int32_t valueID = ReadValueID(values, child);
-    if (BelongsToOther(valueID, parent)) {
-        throw Error(InvalidProcedureCall,
-                    "The column '" + key.name + "' of object " + Describe(child) +
-                        " would refer to two objects: " + Describe(parent) + " and the one with ObjectID " +
-                        std::to_string(m_parents.at(valueID)) + ". Rename one of the two.");
-    }
     m_values.Edit(values, key);
-    const std::string ofValue = "ValueID = " + std::to_string(valueID);
-    auto rows = OpenForeignKey(child, ofValue + " and FKObjectID = " + std::to_string(parent.objectID));
-    // A column of that name whose row names another object is left from a former parent: it changes over.
-    if (rows && rows->Eof()) rows = OpenForeignKey(child, ofValue);
-    return {valueID, std::move(rows)};
+    return {valueID, OpenForeignKey(child, "ValueID = " + std::to_string(valueID) +
+                                               " and FKObjectID = " + std::to_string(parent.objectID))};
 }
 
 KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyValue& key,
@@ -126,15 +108,19 @@ KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyVa
     auto rows = OpenForeignKey(child, "FKObjectID = " + std::to_string(parent.objectID));
     for (; rows && !rows->Eof(); rows->MoveNext()) {
         const std::int32_t valueID = ReadValueID(*rows, child);
-        if (!BelongsToOther(valueID, parent) && m_values.Rename(valueID, key))
-            return {valueID, std::move(rows)};
+        if (!IsShared(child, valueID) && m_values.Rename(valueID, key)) return {valueID, std::move(rows)};
     }
     return {m_values.Add(values, key), std::move(rows)};
 }
 
-bool KeyWriter::BelongsToOther(std::int32_t valueID, const KeyedObject& parent) const {
-    const auto position = m_parents.find(valueID);
-    return position != m_parents.end() && position->second != parent.objectID;
+bool KeyWriter::IsShared(const KeyedObject& child, std::int32_t valueID) {
+    const auto rows = OpenForeignKey(child, "ValueID = " + std::to_string(valueID));
+    if (!rows) return true;
+    int parents = 0;
+    for (; !rows->Eof(); rows->MoveNext())
+        ++parents;
+    rows->Close();
+    return parents > 1;
 }
 
 std::unique_ptr<dao::Recordset> KeyWriter::OpenForeignKey(const KeyedObject& child,

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "repository/key_references.h"
 #include "repository/key_values.h"
+#include "repository/names.h"
 #include "repository/repository.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace korvex::repository {
 
@@ -31,17 +32,21 @@ class KeyWriter {
     /// InvalidProcedureCall (5) for a prefix that holds a single quote or leaves no room for a key column.
     KeyWriter(Repository& repository, std::string_view sFKPrefix);
 
-    /// Column of the own key of an object of that name: the name and "ID", short enough that the prefix of a
-    /// foreign key fits before it.
-    std::string KeyColumn(std::string_view objectName) const;
+    /// Column of the own key of an object of that name.
+    std::string KeyColumn(std::string_view objectName) const {
+        return KeyColumnName(objectName, m_prefixLength);
+    }
     /// Column by which the objects beneath `parent` refer to it.
     std::string ForeignKeyColumn(const KeyedObject& parent) const { return m_sFKPrefix + parent.keyColumn; }
 
     /// Writes the object's own key and sets its `keyValueID`.
     void WriteOwnKey(KeyedObject& object);
-    /// Writes the reference of `child` to `parent`. InvalidProcedureCall (5) when its column would be the
-    /// child's own key column as well, or one that refers to another parent of this call.
+    /// Writes the reference of `child` to `parent`. Parents of one name share the value and have a row in
+    /// tForeignKeys each; so do a parent and the child's own key when their columns have one name.
     void WriteForeignKey(const KeyedObject& child, const KeyedObject& parent);
+
+    /// What has been written.
+    const KeyReferences& References() const noexcept { return m_references; }
 
   private:
     struct ForeignKey {
@@ -52,8 +57,8 @@ class KeyWriter {
                           const KeyedObject& parent);
     ForeignKey RenameOrAdd(dao::Recordset& values, const KeyValue& key, const KeyedObject& child,
                            const KeyedObject& parent);
-    /// Whether this call has written the value as the reference to another parent.
-    bool BelongsToOther(std::int32_t valueID, const KeyedObject& parent) const;
+    /// Whether the child refers to several parents by the value.
+    bool IsShared(const KeyedObject& child, std::int32_t valueID);
     std::unique_ptr<dao::Recordset> OpenForeignKey(const KeyedObject& child, const std::string& condition);
     void StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, std::int32_t valueID,
                          const KeyedObject& parent);
@@ -62,7 +67,7 @@ class KeyWriter {
     KeyValues m_values;
     std::string m_sFKPrefix;
     std::int16_t m_prefixLength = 0;
-    std::unordered_map<std::int32_t, std::int32_t> m_parents;  ///< parent by foreign-key value
+    KeyReferences m_references;
 };
 
 }  // namespace korvex::repository

@@ -28,6 +28,7 @@ class RelationshipBuilder : public ObjectVisitor {
         : m_repository(repository), m_keys(repository, sFKPrefix) {}
 
     void WalkRelationships(std::int32_t lObjectID) { WalkObjects(m_repository, lObjectID, *this); }
+    const KeyReferences& References() const noexcept { return m_keys.References(); }
 
   private:
     /// An object as its row in tObjects has it.
@@ -42,10 +43,8 @@ class RelationshipBuilder : public ObjectVisitor {
     std::optional<ObjectRow> NameTable(std::int32_t lObjectID);
     void PrepareKeys(KeyedObject& object);
     std::int32_t EnsureKeyInterface(const KeyedObject& object);
-    void MarkValueColumns(const KeyedObject& object, std::string_view foreignKeyColumn);
-    void MarkInterface(std::int32_t lInterfaceID, const KeyedObject& object,
-                       std::string_view foreignKeyColumn);
-    static void RefuseKeyColumn(dao::Recordset& values, const std::string& column, const KeyedObject& object);
+    void MarkValueColumns(const KeyedObject& object);
+    void MarkInterface(std::int32_t lInterfaceID, const KeyedObject& object);
 
     Repository& m_repository;
     KeyWriter m_keys;
@@ -81,7 +80,7 @@ std::optional<RelationshipBuilder::ObjectRow> RelationshipBuilder::NameTable(std
     }
 
     rows->Edit();
-    rows->Fields("tableName").Value("t" + LimitNameLength(m_names.MakeUniqueName(object.name), 1));
+    rows->Fields("tableName").Value(TableName(m_names.MakeUniqueName(object.name)));
     rows->Fields("IsIncluded").Value(true);
     rows->Update();
     rows->Close();
@@ -95,7 +94,7 @@ void RelationshipBuilder::PrepareKeys(KeyedObject& object) {
 
     object.keyColumn = m_keys.KeyColumn(object.name);
     object.keyInterfaceID = EnsureKeyInterface(object);
-    MarkValueColumns(object, parent ? m_keys.ForeignKeyColumn(*parent) : std::string());
+    MarkValueColumns(object);
     if (object.keyInterfaceID < 1) return;
     m_keys.WriteOwnKey(object);
     if (parent && parent->keyValueID > 0) m_keys.WriteForeignKey(object, *parent);
@@ -103,7 +102,7 @@ void RelationshipBuilder::PrepareKeys(KeyedObject& object) {
 
 /// The interface that holds the object's key values, made when it is missing; 0 when a query failed.
 std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) {
-    const std::string name = object.name + "DBKeys";
+    const std::string name = KeyInterfaceName(object.name);
     const std::int32_t found = FindObjectInterface(m_repository, object.objectID, name);
     if (found >= 1) return found;
 
@@ -125,15 +124,14 @@ std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) 
     return interfaceID;
 }
 
-void RelationshipBuilder::MarkValueColumns(const KeyedObject& object, std::string_view foreignKeyColumn) {
+void RelationshipBuilder::MarkValueColumns(const KeyedObject& object) {
     for (const std::int32_t interfaceID : GetObjectInterfaces(m_repository, object.objectID)) {
-        MarkInterface(interfaceID, object, foreignKeyColumn);
+        MarkInterface(interfaceID, object);
     }
 }
 
-/// Makes a column of every plain value of an interface. A modelled value must not take the column of a key.
-void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObject& object,
-                                        std::string_view foreignKeyColumn) {
+/// Makes a column of every plain value of an interface.
+void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObject& object) {
     const auto values = m_repository.OpenDynaset(
         "select * from tValues where "
         "InterfaceID=" +
@@ -146,28 +144,12 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
     dao::Field& fieldName = values->Fields("FieldName");
     dao::Field& isIncluded = values->Fields("IsIncluded");
     for (; !values->Eof(); values->MoveNext()) {
-        const std::string column = LimitNameLength(ReadValue(name, automation::ToString, object.name));
-        if (interfaceID != object.keyInterfaceID &&
-            (automation::EqualsIgnoreCase(column, object.keyColumn) ||
-             automation::EqualsIgnoreCase(column, foreignKeyColumn))) {
-            RefuseKeyColumn(*values, column, object);
-        }
         values->Edit();
-        fieldName.Value(column);
+        fieldName.Value(ValueColumnName(ReadValue(name, automation::ToString, object.name)));
         isIncluded.Value(true);
         values->Update();
     }
     values->Close();
-}
-
-/// Raises InvalidProcedureCall (5) for a value with the column of a key, unless it is a key itself: one that
-/// moves on to the interface of the object's new name.
-void RelationshipBuilder::RefuseKeyColumn(dao::Recordset& values, const std::string& column,
-                                          const KeyedObject& object) {
-    if (IsKeyVid(ReadValue(values.Fields("VID"), automation::ToLong, column))) return;
-    throw Error(automation::InvalidProcedureCall, "The value '" + column + "' of object " + Describe(object) +
-                                                      " has the name of a key column that the object gets. "
-                                                      "Rename the value.");
 }
 
 }  // namespace
@@ -179,7 +161,9 @@ void CreateRelationship(Repository& repository, std::string_view storageName, st
     for (const std::int32_t rootObjectID : rootObjectIDs) {
         builder.WalkRelationships(rootObjectID);
     }
+    DeleteStaleKeys(repository, builder.References());
     transaction.Commit();
+    repository.ScriptedParents(builder.References().Parents());
 }
 
 }  // namespace korvex::repository

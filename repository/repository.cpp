@@ -14,6 +14,7 @@ using automation::Variant;
 Repository::Repository(Platform platform) : m_platform(std::move(platform)) {}
 
 void Repository::OpenRepository(std::string_view sConnection) {
+    m_scriptedParents.clear();
     m_bOdbc = automation::ContainsIgnoreCase(sConnection, "DSN=");
     if (m_bOdbc) {
         m_wsOdbc = m_platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC);
@@ -76,6 +77,7 @@ dao::Database& Repository::Open() {
 void Repository::Close() {
     // Let go first: a repository whose close fails is not held any longer.
     const std::unique_ptr<dao::Database> repository = std::move(m_dbRepository);
+    m_scriptedParents.clear();
     if (!repository) throw Error(automation::ObjectVariableNotSet);
     repository->Close();
 }

@@ -7,8 +7,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 
 namespace korvex::repository {
+
+/// The object that each foreign-key value refers to, by ValueID.
+using KeyParents = std::unordered_map<std::int32_t, std::int32_t>;
 
 /// The definition repository of one clsCreateDb: opening, the query helpers through which everything else
 /// reads and writes it, and closing.
@@ -44,6 +49,11 @@ class Repository {
     bool IsOpen() const noexcept { return m_dbRepository != nullptr; }
     bool IsOdbc() const noexcept { return m_bOdbc; }
 
+    /// What CreateRelationship has found out about the open repository: the parent that each foreign key it
+    /// wrote stands for in the scripts. Where parents of one name share a child, it is the last of them.
+    const KeyParents& ScriptedParents() const noexcept { return m_scriptedParents; }
+    void ScriptedParents(KeyParents parents) { m_scriptedParents = std::move(parents); }
+
     /// Closes the repository; ObjectVariableNotSet (91) when none is open. The ODBC workspace stays.
     void Close();
 
@@ -54,6 +64,7 @@ class Repository {
     bool m_bOdbc = false;
     std::shared_ptr<dao::Workspace> m_wsOdbc;
     std::unique_ptr<dao::Database> m_dbRepository;
+    KeyParents m_scriptedParents;
 };
 
 }  // namespace korvex::repository

@@ -134,10 +134,14 @@ void MarkPrimaryKey(Columns& columns, const std::vector<PrimaryKeyValue>& keys) 
     }
 }
 
-void MarkForeignKeys(Columns& columns, const std::vector<ForeignKeyField>& keys) {
+void MarkForeignKeys(Columns& columns, const std::vector<ForeignKeyField>& keys,
+                     const repository::KeyParents& parents) {
     for (const ForeignKeyField& key : keys) {
         for (Column& column : columns) {
             if (column.FieldName != key.FieldName) continue;
+            // The rows of parents that share the column come in no particular order.
+            const auto parent = parents.find(column.ValueID);
+            if (parent != parents.end() && parent->second != key.FKObjectID) continue;
             column.IsForeignKey = true;
             column.FKObjectID = key.FKObjectID;
             column.FKValueID = key.FKValueID;
@@ -186,7 +190,7 @@ std::vector<Column> BuildTableFields(Repository& repository, std::int32_t lObjec
         if (!AddInterfaceFields(columns, repository, lInterfaceID, what)) return columns;
     }
     MarkPrimaryKey(columns, GetPrimaryKeyValues(repository, lObjectID, what));
-    MarkForeignKeys(columns, GetForeignKeyFields(repository, lObjectID, what));
+    MarkForeignKeys(columns, GetForeignKeyFields(repository, lObjectID, what), repository.ScriptedParents());
     AddTopLevelFields(columns, repository, lObjectID);
     AddCollectionItemFields(columns, repository, lObjectID);
     return columns;

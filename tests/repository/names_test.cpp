@@ -46,6 +46,58 @@ TEST(LimitNameLengthTest, RefusesReservesBeyondItsRange) {
     EXPECT_EQ(errorFor(-32738), automation::Overflow);
 }
 
+TEST(NamesTest, TellIdentifiersFromSqlText) {
+    const struct {
+        std::string name;
+        bool isIdentifier;
+        std::string mark;
+    } cases[] = {
+        {"Customer", true, ""},
+        {"_a1$#", true, ""},
+        {"Größe", true, ""},
+        {"Заказ", true, ""},
+        {"注文", true, ""},
+        {"हिन्दी", true, ""},
+        {"𐐀b", true, ""},
+        {"", false, ""},
+        {"1st", false, ""},
+        {"Unit price", false, ""},
+        {"a\xC2\xA0z", false, ""},
+        {"a–b", false, ""},
+        {"😀", false, ""},
+        {"a,b", false, ""},
+        {"a-b", false, ""},
+        {"a--b", false, "\"--\""},
+        {"a/*", false, "\"/*\""},
+        {"a;b", false, "\";\""},
+        {"a=b", false, "\"=\""},
+        {"[a]", false, "a bracket"},
+        {"a)", false, "a bracket"},
+        {"{a", false, "a bracket"},
+        {"a'", false, "a quote"},
+        {"\"a\"", false, "a quote"},
+        {"`a`", false, "a quote"},
+        {"a\nb", false, "a control character"},
+        {"a\x7F", false, "a control character"},
+        {"a\xC2\x85", false, "a control character"},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(IsIdentifier(test.name), test.isIdentifier) << test.name;
+        EXPECT_EQ(FindSqlMark(test.name), test.mark) << test.name;
+    }
+}
+
+TEST(NamesTest, TablesOfAnObjectMayBeNumbered) {
+    const std::string forty = "AnObjectWhoseNameIsFortyCharactersLong40";
+    for (const std::string table : {"tOrder line", "tOrder line2", "tOrder line32767"})
+        EXPECT_TRUE(IsTableNameOf(table, "Order line")) << table;
+    for (const std::string table :
+         {"", "7", "Order line", "tOrder lines", "tOrder line 2", "tOrder line123456"})
+        EXPECT_FALSE(IsTableNameOf(table, "Order line")) << table;
+    for (const char* number : {"", "2", "345"})
+        EXPECT_TRUE(IsTableNameOf(TableName(forty + number), forty)) << number;
+}
+
 TEST(NameListTest, NumbersNamesThatAreTaken) {
     NameList names;
     std::vector<std::string> given;

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -97,16 +99,19 @@ class RelationshipBuilderTest : public RepositoryFileTest {
         }
         return references;
     }
-    /// Every column that a key interface makes: "interface: column".
-    std::vector<std::string> KeyColumns() const {
+    /// The columns of such values: "interface: column".
+    std::vector<std::string> Columns(const std::string& condition) const {
         std::vector<std::string> columns = Rows(
-            "select i.Name, v.FieldName from tValues v "
-            "join tInterfaces i on i.InterfaceID = v.InterfaceID where v.VID > 10000 order by v.ValueID",
+            "select i.Name, v.FieldName from tValues v join tInterfaces i on i.InterfaceID = v.InterfaceID "
+            "join tObjectInterfaces o on o.InterfaceID = v.InterfaceID "
+            "where v.FieldName is not null and " +
+                condition + " order by v.ValueID",
             {"Name", "FieldName"});
         for (std::string& column : columns)
             column.replace(column.find('|'), 1, ": ");
         return columns;
     }
+    std::vector<std::string> KeyColumns() const { return Columns("v.VID > 10000"); }
 };
 
 TEST_P(RelationshipBuilderTest, WritesTablesColumnsAndKeysOnceHoweverOftenItRuns) {
@@ -214,23 +219,143 @@ TEST_P(RelationshipBuilderTest, KeysFollowARenamedObject) {
     EXPECT_EQ(KeyColumns().size(), 3u);
 }
 
-TEST_P(RelationshipBuilderTest, AColumnChangesOverToANewParentOfTheSameName) {
+TEST_P(RelationshipBuilderTest, GoesOnWhereKeysShareTheNameOfAColumn) {
+    struct Case {
+        const char* what;
+        std::function<void(tests::DefinitionRepository&)> fill;
+        const char* prefix;
+        std::vector<std::string> columns;  ///< of the last object
+        std::vector<std::string> references;
+    };
+    const Case cases[] = {
+        {"value named as the own key",
+         [](auto& r) { r.Object(1, "A").Value(1, "AID", 8); },
+         "FK_",
+         {"IA: AID", "ADBKeys: AID"},
+         {}},
+        {"value named as the foreign key, in another case",
+         [](auto& r) { r.Object(1, "A").Object(2, "B").Child(1, "b", 2).Value(2, "fk_aid", 3); },
+         "FK_",
+         {"IB: fk_aid", "BDBKeys: BID", "BDBKeys: FK_AID"},
+         {"2: FK_AID -> 1.AID"}},
+        {"value of a root without a name",
+         [](auto& r) { r.Object(1, "A").Value(1, "", 3); },
+         "FK_",
+         {"IA: ", "ADBKeys: AID"},
+         {}},
+        {"no prefix between namesakes",
+         [](auto& r) { r.Object(1, "A").Object(2, "A").Child(1, "sub", 2); },
+         "",
+         {"ADBKeys: AID"},
+         {"2: AID -> 1.AID"}},
+        {"two parents of one name",
+         [](auto& r) {
+             r.Object(1, "R").Object(2, "A").Object(3, "A").Object(4, "B");
+             r.Child(1, "a", 3).Child(1, "b", 2).Child(2, "n", 4).Child(3, "n", 4);
+         },
+         "FK_",
+         {"BDBKeys: BID", "BDBKeys: FK_AID"},
+         {"2: FK_RID -> 1.RID", "3: FK_RID -> 1.RID", "4: FK_AID -> 2.AID", "4: FK_AID -> 3.AID"}},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.what);
+        path = places.New(std::string(test.what) + ".db");
+        {
+            auto repository = NewRepository();
+            repository.Definition("D", 1);
+            test.fill(repository);
+        }
+        Relate("", test.prefix);
+        const std::string once = Dump();
+        EXPECT_EQ(Columns("o.ObjectID = (select max(ObjectID) from tObjects)"), test.columns);
+        EXPECT_EQ(References(), test.references);
+        Relate("", test.prefix);
+        EXPECT_EQ(Dump(), once);
+    }
+}
+
+/// An order that objects of two definitions hold, with a reference of its own that has the number of a key.
+TEST_P(RelationshipBuilderTest, KeysOfFormerParentsGo) {
     NewRepository()
         .Definition("D", 1)
+        .Definition("E", 3)
         .Object(1, "Root")
         .Object(2, "Customer")
-        .Object(3, "Customer")
+        .Object(3, "Other")
         .Object(4, "Order")
+        .Value(4, "Own", 3)
         .Child(1, "Customer", 2)
-        .Child(2, "Orders", 4)
-        .Child(3, "Orders", 4);
+        .Child(2, "c", 4)
+        .Child(3, "o", 4);
+    Execute("update tValues set VID = 10500 where Name = 'Own'");
     Relate();
-    EXPECT_THAT(References(), ElementsAre("2: FK_RootID -> 1.RootID", "4: FK_CustomerID -> 2.CustomerID"));
-    Execute("update tValues set ChildObjectID = 3 where ChildObjectID = 2");
+    Execute(
+        "insert into tForeignKeys (ObjectID, ValueID, FKObjectID, FKValueID) "
+        "select 4, v.ValueID, 1, k.ValueID from tValues v, tValues k "
+        "where v.Name = 'Own' and k.Name = 'RootID'");
+    const struct {
+        const char* change;
+        const char* related;
+        std::vector<std::string> references;  ///< of the order
+        std::size_t columns;
+    } steps[] = {
+        {"update tObjects set Name = 'Other' where ObjectID = 2",
+         "D",
+         {"FK_OtherID -> 2.OtherID", "FK_OtherID -> 3.OtherID"},
+         1},
+        {"update tObjects set Name = 'Client' where ObjectID = 2",
+         "D",
+         {"FK_ClientID -> 2.ClientID", "FK_OtherID -> 3.OtherID"},
+         2},
+        {"update tValues set InterfaceID = 1 where Name = 'c'",
+         "D",
+         {"FK_RootID -> 1.RootID", "FK_OtherID -> 3.OtherID"},
+         2},
+        {"delete from tValues where Name = 'o'",
+         "E",
+         {"FK_RootID -> 1.RootID", "FK_OtherID -> 3.OtherID"},
+         2},
+        {"update tObjects set Guid = '{5}' where ObjectID = 1", "D", {"FK_RootID -> 1.RootID"}, 1},
+        {"update tValues set ChildObjectID = 0, DataType = 13 where Name = 'c'",
+         "D",
+         {"FK_RootID -> 1.RootID"},
+         1},
+        {"update tDataDefs set RootObjectID = 4 where Storage = 'E'", "E", {}, 0},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.change);
+        Execute(step.change);
+        Relate(step.related);
+        std::vector<std::string> expected = {"4: Own -> 1.RootID"};
+        for (const std::string& reference : step.references)
+            expected.push_back("4: " + reference);
+        std::vector<std::string> references = References();
+        std::erase_if(references, [](const std::string& text) { return !text.starts_with("4: "); });
+        EXPECT_THAT(references, testing::UnorderedElementsAreArray(expected));
+        EXPECT_EQ(Columns("o.ObjectID = 4 and v.FieldName like 'FK%'").size(), step.columns);
+        const std::string once = Dump();
+        Relate(step.related);
+        EXPECT_EQ(Dump(), once);
+    }
+}
+
+TEST_P(RelationshipBuilderTest, KeysTakeFreeNumbersWhereTheirRangeIsUsedUp) {
+    NewRepository().Definition("D", 1).Object(1, "A").Object(2, "B").Value(1, "Last", 3).Child(1, "b", 2);
+    Execute("update tValues set VID = 19999 where Name = 'Last'");
     Relate();
-    EXPECT_THAT(References(), testing::Contains("4: FK_CustomerID -> 3.CustomerID"));
-    EXPECT_EQ(Rows("select * from tForeignKeys where ObjectID = 4", {"FKObjectGUID"}),
-              std::vector<std::string>{"{3}"});
+    Execute(
+        "insert into tValues (InterfaceID, ChildObjectID, Name, DataType, VID) "
+        "with recursive n (i) as (select 10003 union all select i + 1 from n where i < 19999) "
+        "select InterfaceID, 0, 'Filler', 13, i from n, tInterfaces where Name = 'BDBKeys'");
+    Execute("update tObjects set Name = 'Renamed' where ObjectID = 1");
+    Execute("delete from tForeignKeys");
+    Relate();
+    const std::string once = Dump();
+    EXPECT_THAT(Rows("select FieldName, VID from tValues where FieldName like '%ID' order by ValueID",
+                     {"FieldName", "VID"}),
+                ElementsAre("RenamedID|10001", "BID|10001", "FK_AID|10002", "FK_RenamedID|20000"));
+    Relate();
+    EXPECT_EQ(Dump(), once);
 }
 
 TEST_P(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
@@ -241,6 +366,7 @@ TEST_P(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
         .Value(1, "Number", 3)
         .Value(2, "CustomerNumber", 3)
         .Child(1, "Orders", 2);
+    Execute("update tValues set VID = 10500, IsAutoNumber = -1 where Name = 'Number'");
     Execute("insert into tPrimaryKeys (ObjectID, ValueID, Seq) values (1, 1, 1)");
     Execute("insert into tForeignKeys (ObjectID, ValueID, FKObjectID, FKValueID) values (2, 2, 1, 1)");
     Relate();
@@ -249,7 +375,7 @@ TEST_P(RelationshipBuilderTest, ReferencesAndKeysThatUsersModelledStay) {
     EXPECT_THAT(
         Rows("select v.FieldName, v.IsAutoNumber from tValues v where InterfaceID < 3 order by ValueID",
              {"FieldName", "IsAutoNumber"}),
-        ElementsAre("Number|0", "CustomerNumber|0", "-|0"));
+        ElementsAre("Number|-1", "CustomerNumber|0", "-|0"));
     EXPECT_THAT(
         Rows("select v.FieldName from tPrimaryKeys p join tValues v on v.ValueID = p.ValueID order by "
              "p.ObjectID",
