@@ -63,13 +63,19 @@ std::optional<std::string> FindCycle(const Model& model) {
     return std::nullopt;
 }
 
-std::vector<ModelValueRef> FindValues(const Model& model, std::size_t object, const std::string& name) {
+std::vector<ModelValueRef> ValueIndex::Find(std::size_t object, const std::string& name) {
     std::vector<ModelValueRef> found;
-    for (const std::size_t interface : model.objects[object].interfaces) {
-        const std::vector<ModelValue>& values = model.interfaces[interface].values;
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            if (values[i].name == name) found.push_back({interface, i});
+    for (const std::size_t interface : m_model.objects[object].interfaces) {
+        const auto [entry, isNew] = m_interfaces.try_emplace(interface);
+        if (isNew) {
+            const std::vector<ModelValue>& values = m_model.interfaces[interface].values;
+            for (std::size_t i = 0; i < values.size(); ++i)
+                entry->second[values[i].name].push_back(i);
         }
+        const auto positions = entry->second.find(name);
+        if (positions == entry->second.end()) continue;
+        for (const std::size_t value : positions->second)
+            found.push_back({interface, value});
     }
     return found;
 }

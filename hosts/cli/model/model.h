@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// Data definitions in memory, free of any repository's identifiers: what stands between the JSON form and
@@ -81,7 +82,19 @@ std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object);
 /// The names along a path on which an object is its own ancestor ("Order > Customer > Order"), or nothing.
 std::optional<std::string> FindCycle(const Model& model);
 
-/// Every value with that name of the object's interfaces, in their order.
-std::vector<ModelValueRef> FindValues(const Model& model, std::size_t object, const std::string& name);
+/// Finds values by name, in a model that does not change any more.
+class ValueIndex {
+  public:
+    explicit ValueIndex(const Model& model) : m_model(model) {}
+
+    /// Every value with that name of the object's interfaces, in their order.
+    std::vector<ModelValueRef> Find(std::size_t object, const std::string& name);
+
+  private:
+    using Positions = std::unordered_map<std::string, std::vector<std::size_t>>;  ///< by name
+
+    const Model& m_model;
+    std::unordered_map<std::size_t, Positions> m_interfaces;  ///< those that were asked for
+};
 
 }  // namespace korvex::cli

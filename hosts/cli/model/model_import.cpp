@@ -6,6 +6,8 @@
 
 #include <memory>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace korvex::cli {
 
@@ -16,23 +18,24 @@ using automation::Variant;
 
 void RefuseClashes(const Model& model, dao::Database& database) {
     const repository::Catalog catalog = repository::Catalog::Read(database);
+    std::unordered_set<std::string_view> storages;
+    for (const repository::DataDefRow& row : catalog.DataDefs())
+        storages.insert(row.Storage);
     for (const ModelDefinition& definition : model.definitions) {
-        for (const repository::DataDefRow& row : catalog.DataDefs()) {
-            if (row.Storage == definition.storage) {
-                throw Error(automation::InvalidProcedureCall,
-                            "The repository already has a definition with the storage name \"" + row.Storage +
-                                "\"; nothing was imported.");
-            }
-        }
+        if (!storages.contains(definition.storage)) continue;
+        throw Error(automation::InvalidProcedureCall,
+                    "The repository already has a definition with the storage name \"" + definition.storage +
+                        "\"; nothing was imported.");
     }
+    std::unordered_map<std::string_view, const repository::ObjectRow*> guids;
+    for (const repository::ObjectRow& row : catalog.Objects())
+        guids.emplace(row.Guid, &row);
     for (const ModelObject& object : model.objects) {
-        for (const repository::ObjectRow& row : catalog.Objects()) {
-            if (!object.guid.empty() && row.Guid == object.guid) {
-                throw Error(automation::InvalidProcedureCall,
-                            "Object " + object.name + ": the repository's object " + row.Name +
-                                " already has the guid " + row.Guid + "; nothing was imported.");
-            }
-        }
+        const auto same = object.guid.empty() ? guids.end() : guids.find(object.guid);
+        if (same == guids.end()) continue;
+        throw Error(automation::InvalidProcedureCall, "Object " + object.name + ": the repository's object " +
+                                                          same->second->Name + " already has the guid " +
+                                                          object.guid + "; nothing was imported.");
     }
 }
 

@@ -7,9 +7,11 @@
 #include "hosts/cli/model/json_node.h"
 #include "hosts/cli/model/references.h"
 #include "hosts/cli/suggest.h"
+#include "repository/names.h"
 
 #include <algorithm>
 #include <limits>
+#include <unordered_set>
 #include <utility>
 
 namespace korvex::cli {
@@ -22,13 +24,30 @@ constexpr std::int32_t LongMax = std::numeric_limits<std::int32_t>::max();
 /// Objects written inside one another, beyond which the file is refused.
 constexpr int DeepestNesting = 200;
 
+/// A control character may end the line of a script that the text stands in.
+std::string WithoutControls(const JsonNode& node, std::string text) {
+    if (repository::HasControlCharacter(text)) node.Fail("must not hold control characters");
+    return text;
+}
+
 /// Names end up between single quotes in the statements of the library.
 std::string ReadName(const JsonNode& node) {
-    std::string name = node.NonEmptyText();
+    std::string name = WithoutControls(node, node.NonEmptyText());
     if (name.find('\'') != std::string::npos) node.Fail("must not hold a single quote");
-    const bool hasControl =
-        std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
-    if (hasControl) node.Fail("must not hold control characters");
+    return name;
+}
+
+/// The name of a table or column, which stands in SQL text as it is. One that is no identifier is taken when
+/// a run would give it by itself.
+template <class IsGiven>
+std::string ReadSqlName(const JsonNode& node, IsGiven isGiven) {
+    std::string name = node.NonEmptyText();
+    if (repository::IsIdentifier(name)) return name;
+    const std::string mark = repository::FindSqlMark(name);
+    if (!mark.empty()) node.Fail("must not hold " + mark + ", which SQL takes for more than a name");
+    if (!isGiven(name)) {
+        node.Fail("\"" + name + "\" is no identifier (letters, digits, \"_\", \"$\", \"#\", no digit first)");
+    }
     return name;
 }
 
@@ -106,9 +125,7 @@ class ModelReader {
         node.ExpectMembers({"storage", "root"});
         const JsonNode storage = node.At("storage");
         const std::string name = ReadName(storage);
-        for (const ModelDefinition& other : m_model.definitions) {
-            if (other.storage == name) storage.Fail("\"" + name + "\" stands twice");
-        }
+        if (!m_storages.insert(name).second) storage.Fail("\"" + name + "\" stands twice");
         const std::size_t position = m_model.definitions.size();
         m_model.definitions.push_back({name, 0});
         ReadObjectOrName(node.At("root"), 0, m_pendingRoots, position,
@@ -138,7 +155,11 @@ class ModelReader {
         ModelObject& object = m_model.objects.emplace_back();
         object.name = ReadName(node.At("name"));
         object.guid = node.TextOr("guid", "");
-        if (node.Has("table")) object.tableName = node.At("table").NonEmptyText();
+        if (node.Has("table")) {
+            object.tableName = ReadSqlName(node.At("table"), [&object](const std::string& table) {
+                return repository::IsTableNameOf(table, object.name);
+            });
+        }
         object.isIncluded = node.FlagOr("included", false);
         m_objects.Add(node, object.name, index);
 
@@ -206,9 +227,16 @@ class ModelReader {
         if (!node.Has("type") && !node.Has("child")) node.Fail("lacks the member \"type\" or \"child\"");
         value.dataType = node.Has("type") ? ReadDataType(node.At("type")) : TypeObject;
         if (node.Has("maxLength")) value.maxLength = ReadMaxLength(node.At("maxLength"));
-        value.defaultVal = node.ScalarOr("default", "");
+        if (node.Has("default")) {
+            const JsonNode text = node.At("default");
+            value.defaultVal = WithoutControls(text, text.Scalar());
+        }
         value.isAutoNumber = node.FlagOr("autoNumber", false);
-        if (node.Has("field")) value.fieldName = node.At("field").NonEmptyText();
+        if (node.Has("field")) {
+            value.fieldName = ReadSqlName(node.At("field"), [&value](const std::string& column) {
+                return column == repository::LimitNameLength(value.name);
+            });
+        }
         value.isIncluded = node.FlagOr("included", false);
         ReadDescriptiveColumns(node, position, value);
         m_model.interfaces[interface].values.push_back(std::move(value));
@@ -276,8 +304,8 @@ class ModelReader {
 
     /// The value of an object that a key entry names; with its interface when the name alone is not enough.
     ModelValueRef KeyValue(const JsonNode& node, std::string_view member, std::string_view interfaceMember,
-                           std::size_t object) const {
-        std::vector<ModelValueRef> found = FindValues(m_model, object, node.At(member).NonEmptyText());
+                           std::size_t object) {
+        std::vector<ModelValueRef> found = m_values.Find(object, node.At(member).NonEmptyText());
         if (node.Has(interfaceMember)) {
             const std::string interface = node.At(interfaceMember).NonEmptyText();
             std::erase_if(found, [&](const ModelValueRef& ref) {
@@ -293,6 +321,8 @@ class ModelReader {
     }
 
     Model m_model;
+    ValueIndex m_values{m_model};  ///< used when all values are known
+    std::unordered_set<std::string> m_storages;
     References m_objects{"object"};
     References m_interfaces{"interface"};
     std::vector<Pending<std::size_t>> m_pendingRoots;     ///< by definition

@@ -50,14 +50,13 @@ std::vector<std::string> ReferenceNames(const std::vector<Entry>& entries) {
     std::set<std::string> taken;
     for (const Entry& entry : entries)
         taken.insert(entry.name);
-    std::set<std::string> used;
+    std::map<std::string, int> lastNumbers;
     std::vector<std::string> names;
     for (const Entry& entry : entries) {
         std::string name = entry.name;
-        for (int n = 2; used.contains(name) || (name != entry.name && taken.contains(name)); ++n) {
-            name = entry.name + "-" + std::to_string(n);
-        }
-        used.insert(name);
+        const auto [last, isFirst] = lastNumbers.try_emplace(entry.name, 1);
+        while (!isFirst && !taken.insert(name).second)
+            name = entry.name + "-" + std::to_string(++last->second);
         names.push_back(std::move(name));
     }
     return names;
@@ -67,6 +66,7 @@ class ModelWriter {
   public:
     explicit ModelWriter(const Model& model)
         : m_model(model),
+          m_values(model),
           m_objectNames(ReferenceNames(model.objects)),
           m_interfaceNames(ReferenceNames(model.interfaces)),
           m_users(model.interfaces.size()) {
@@ -257,10 +257,11 @@ class ModelWriter {
         const ModelInterface& interface = m_model.interfaces[ref.interface];
         const std::string& name = interface.values[ref.value].name;
         line[member] = name;
-        if (FindValues(m_model, object, name).size() > 1) line[interfaceMember] = interface.name;
+        if (m_values.Find(object, name).size() > 1) line[interfaceMember] = interface.name;
     }
 
     const Model& m_model;
+    mutable ValueIndex m_values;
     std::vector<std::string> m_objectNames;
     std::vector<std::string> m_interfaceNames;
     std::vector<std::size_t> m_users;  ///< objects that implement each interface

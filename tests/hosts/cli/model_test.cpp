@@ -1,7 +1,16 @@
 #include "hosts/cli/korvex_command.h"
+#include "hosts/cli/model/model_export.h"
+#include "hosts/cli/model/model_import.h"
+#include "hosts/cli/model/model_reader.h"
+#include "hosts/cli/model/model_writer.h"
+#include "platform/native/native_platform.h"
+#include "repository/schema.h"
+#include "support/test_seam.h"
 #include "support/text_files.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace korvex::tests {
 namespace {
@@ -61,6 +70,23 @@ TEST(Model, MistakesAreToldWithTheirPlace) {
          "objects[0].values[0].autoNumber: must be true or false, not a number"},
         {ValueWith(R"("type":"string","tags":["a","b","c","d"])"),
          "objects[0].values[0].tags: holds more than three texts"},
+        {ValueWith(R"("type":"long","default":"0)\nGO\nDROP TABLE tA")"),
+         "objects[0].values[0].default: must not hold control characters"},
+        {ValueWith(R"("type":"long","field":"V\u0085")"),
+         "objects[0].values[0].field: must not hold a control character, which SQL takes for more than a "
+         "name"},
+        {ValueWith(R"("type":"long","field":"V int, W")"),
+         "objects[0].values[0].field: \"V int, W\" is no identifier (letters, digits, \"_\", \"$\", \"#\", "
+         "no digit first)"},
+        {ObjectWith(R"("table":"tA where 1=1 --")"),
+         "objects[0].table: must not hold \"=\", which SQL takes for more than a name"},
+        {ObjectWith(R"("table":"tA--")"),
+         "objects[0].table: must not hold \"--\", which SQL takes for more than a name"},
+        {ObjectWith(R"("table":"[tA]")"),
+         "objects[0].table: must not hold a bracket, which SQL takes for more than a name"},
+        {ObjectWith(R"("table":"1A")"),
+         "objects[0].table: \"1A\" is no identifier (letters, digits, \"_\", \"$\", \"#\", no digit first)"},
+        {R"({"objects":[{"name":"A\u007f"}]})", "objects[0].name: must not hold control characters"},
         {ValueWith(R"("child":"a")"), "objects[0].values[0].child: no object \"a\"; did you mean \"A\"?"},
         {ValueWith(R"("child":"Elsewhere")"), "objects[0].values[0].child: no object \"Elsewhere\""},
         {ObjectWith(R"("interfaces":["ITracked"])"), "objects[0].interfaces[0]: no interface \"ITracked\""},
@@ -111,6 +137,46 @@ TEST(Model, DeepDefinitionsAreListedNotNested) {
     EXPECT_NE(RunKorvex({"repository", "show", repository.Path()}).output.find("(9999) element: O9999"),
               std::string::npos);
     EXPECT_EQ(RunKorvex({"repository", "check", repository.Path()}).exitCode, 0);
+}
+
+/// A root with that many children, each with its keys.
+std::string RelatedChildren(int count) {
+    std::string values;
+    std::string objects;
+    for (int i = 0; i < count; ++i) {
+        const std::string n = std::to_string(i);
+        values += R"({"name":"V)" + n + R"(","child":"C)" + n + R"("},)";
+        objects += R"(,{"name":"C)" + n + R"(","values":[{"name":"FK_AID","type":"long"}],"foreignKeys":[)" +
+                   R"({"value":"FK_AID","object":"A","key":"AID"}]})";
+    }
+    return R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A","values":[)" + values +
+           R"({"name":"AID","type":"long"}],"primaryKey":[{"value":"AID","seq":1}]})" + objects + "]}";
+}
+
+TEST(Model, ImportTakesTheSameStatementsForEveryChildAndShowTheSameForAll) {
+    const auto seam = std::make_shared<TestSeam>();
+    const Platform platform = native::NativePlatform({.seam = seam});
+    const TempFolder folder;
+    std::vector<std::size_t> imported;
+    std::vector<std::size_t> shown;
+    for (const int count : {0, 50, 100}) {
+        const std::string text = RelatedChildren(count);
+        const cli::Model model = cli::ReadModel(folder.Write("model.json", text));
+        const auto database = platform.repositoryEngine->CreateDatabase(folder.Path(std::to_string(count)));
+        repository::CreateSchema(*database);
+        seam->Record();
+        cli::ImportModel(model, *database);
+        imported.push_back(seam->Executed().size());
+        seam->Record();
+        const cli::ExportedModel exported = cli::ExportModel(repository::Catalog::Read(*database), "S");
+        shown.push_back(seam->Executed().size());
+        EXPECT_EQ(exported.model.objects.size(), static_cast<std::size_t>(count) + 1);
+        EXPECT_EQ(cli::ModelText(cli::ReadModel(folder.Write("model.json", cli::ModelText(exported.model)))),
+                  cli::ModelText(model));
+    }
+    EXPECT_EQ(imported[2] - imported[1], imported[1] - imported[0]);
+    EXPECT_LE(imported[2] - imported[1], 50u * 6);
+    EXPECT_EQ(shown, std::vector<std::size_t>(3, 7));
 }
 
 TEST(Model, ClashesWithTheRepositoryLeaveItAsItWas) {
