@@ -15,7 +15,8 @@ struct DeleteOptions {
 
 void RunDelete(const DeleteOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
-    const auto object = std::make_shared<objects::DataObject>(OpenDefinition(options.data, console));
+    const auto object =
+        std::make_shared<objects::DataObject>(OpenDefinitionForWriting(options.data, console));
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     clsCRUD& crud = session.Crud();
     Transaction transaction(crud);

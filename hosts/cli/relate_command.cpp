@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "repository/names.h"
 #include "surface/cls_create_db.h"
 
 #include <memory>
@@ -20,7 +21,8 @@ struct RelateOptions {
 
 void RunRelate(const RelateOptions& options, Console& console) {
     const Session session(console);
-    CheckBeforeRun(session.platform, options.repository, options.storage);
+    CheckBeforeRun(options.repository, options.storage,
+                   options.fkPrefix.value_or(std::string(repository::DefaultFKPrefix)), console);
     const auto scripts = std::make_shared<clsCreateDb>(session.platform);
     scripts->OpenRepository(options.repository);
     scripts->CreateRelationship(options.storage,

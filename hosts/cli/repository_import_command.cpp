@@ -1,7 +1,9 @@
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "hosts/cli/session.h"
+#include "repository/names.h"
 
 #include <memory>
 #include <string>
@@ -20,7 +22,12 @@ void RunImport(const ImportOptions& options, Console& console) {
     repository::Repository repository(Session(console).platform);
     OpenComplete(repository, options.repository);
     ImportModel(model, repository.Open());
+    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
     repository.Close();
+    Findings findings;
+    for (const ModelDefinition& definition : model.definitions)
+        CheckDefinitions(catalog, definition.storage, repository::DefaultFKPrefix, findings);
+    WarnOfDanger(findings, console);
 }
 
 }  // namespace

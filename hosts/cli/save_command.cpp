@@ -34,7 +34,7 @@ std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects&
 }
 
 void RunSave(const SaveOptions& options, Console& console) {
-    const auto definition = OpenDefinition(options.data, console);
+    const auto definition = OpenDefinitionForWriting(options.data, console);
     const DataObjects objects = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
         return objects::ListFromJson(definition, text, &unstored);
     });

@@ -2,6 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/editor.h"
 #include "hosts/cli/session.h"
+#include "repository/names.h"
 #include "scriptgen/engine_dialect.h"
 #include "surface/cls_create_db.h"
 
@@ -92,7 +93,8 @@ std::vector<std::string> RunDialect(const Dialect& dialect, const ScriptOptions&
 }
 
 void RunScript(const ScriptOptions& options, Console& console) {
-    CheckBeforeRun(Session(console).platform, options.repository, options.storage);
+    CheckBeforeRun(options.repository, options.storage,
+                   options.fkPrefix.value_or(std::string(repository::DefaultFKPrefix)), console);
     CreateFolder(options.out);
     const std::vector<Dialect> dialects = ChosenDialects(options.dialect);
     std::vector<std::string> paths;

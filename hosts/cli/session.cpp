@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/text.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/suggest.h"
 #include "repository/schema.h"
 
@@ -89,10 +90,19 @@ void ExpectStorage(repository::Repository& repository, const std::string& storag
                                                       JoinNames(names) + ".");
 }
 
-void CheckBeforeRun(const Platform& platform, const std::string& connection, const std::string& storage) {
-    repository::Repository repository(platform);
+void CheckBeforeRun(const std::string& connection, const std::string& storage, std::string_view fkPrefix,
+                    Console& console) {
+    repository::Repository repository(Session(console).platform);
     OpenComplete(repository, connection);
     ExpectStorage(repository, storage);
+    try {
+        const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+        Findings findings;
+        if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, storage, fkPrefix, findings);
+        WarnOfDanger(findings, console);
+    } catch (const Error&) {
+        // What cannot be read or named ends the run itself, if it is part of it.
+    }
     repository.Close();
 }
 

@@ -69,7 +69,9 @@ void OpenComplete(repository::Repository& repository, const std::string& connect
 /// Raises InvalidProcedureCall (5), listing the storage names there are; also for a name with a quote.
 void ExpectStorage(repository::Repository& repository, const std::string& storage);
 
-/// Both, on a repository that is closed again: before a command that changes or writes anything.
-void CheckBeforeRun(const Platform& platform, const std::string& connection, const std::string& storage);
+/// Both, on a repository that is closed again: before a command that changes or writes anything. The errors
+/// of the definition, which do not hinder a run, are printed as warnings.
+void CheckBeforeRun(const std::string& connection, const std::string& storage, std::string_view fkPrefix,
+                    Console& console);
 
 }  // namespace korvex::cli

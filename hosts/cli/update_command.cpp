@@ -68,7 +68,7 @@ std::int32_t Replace(const DataSession& session, const UpdateOptions& options,
 
 void RunUpdate(const UpdateOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
-    const auto definition = OpenDefinition(options.data, console);
+    const auto definition = OpenDefinitionForWriting(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     Transaction transaction(session.Crud());
     const std::int32_t updated =

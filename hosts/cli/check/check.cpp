@@ -1,6 +1,10 @@
 #include "hosts/cli/check/check.h"
 
+#include "automation/error.h"
+#include "automation/text.h"
+
 #include <algorithm>
+#include <cstdio>
 
 namespace korvex::cli {
 
@@ -20,15 +24,44 @@ void CheckDefinition(const Catalog& catalog, const repository::DataDefRow& dataD
             findings.Warning(ObjectText(*table.object) + " is reached along " + std::to_string(table.visits) +
                              " ways; the scripts hold table " + table.name + " as often");
         }
+        CheckStoredNames(catalog, *table.object, findings);
         CheckColumns(table, findings);
     }
     CheckScriptNames(definition, findings);
 }
 
+/// Columns are stored without the blanks around their names, and looked for with them.
+void CheckPrefix(std::string_view fkPrefix, Findings& findings) {
+    if (!fkPrefix.starts_with(' ')) return;
+    findings.Warning("the foreign-key prefix \"" + std::string(fkPrefix) +
+                     "\" begins with a blank, which the columns lose; foreign keys are not found by it");
+}
+
+std::string Printable(std::string_view text) {
+    std::string line;
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (c == '\n') {
+            line += "\\n";
+        } else if (code < 0x20 || code == 0x7F) {
+            char escape[8];
+            static_cast<void>(std::snprintf(escape, sizeof escape, "\\x%02x", code));
+            line += escape;
+        } else {
+            line += c;
+        }
+    }
+    return line;
+}
+
+/// Lines that a person reads; `korvex repository check` has the rest.
+constexpr std::size_t MostWarnings = 20;
+
 }  // namespace
 
-void Findings::Add(Severity severity, std::string text) {
-    if (m_texts.insert(text).second) m_findings.push_back({severity, std::move(text)});
+void Findings::Add(Severity severity, std::string_view text, bool endangersData) {
+    std::string line = Printable(text);
+    if (m_texts.insert(line).second) m_findings.push_back({severity, std::move(line), endangersData});
 }
 
 std::size_t Findings::Count(Severity severity) const {
@@ -51,12 +84,38 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {
     CheckReferences(catalog, findings);
     CheckNames(catalog, findings);
     CheckKeys(catalog, findings);
+    CheckPrefix(fkPrefix, findings);
     // Without an end there is nothing to plan.
-    if (!CheckCycles(catalog, findings)) return findings;
-    for (const repository::DataDefRow& dataDef : catalog.DataDefs()) {
-        CheckDefinition(catalog, dataDef, fkPrefix, findings);
-    }
+    if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, "", fkPrefix, findings);
     return findings;
+}
+
+void CheckDefinitions(const Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
+                      Findings& findings) {
+    for (const repository::DataDefRow& dataDef : catalog.DataDefs()) {
+        if (storage.empty() || dataDef.Storage == storage)
+            CheckDefinition(catalog, dataDef, fkPrefix, findings);
+    }
+}
+
+void WarnOfDanger(const Findings& findings, Console& console) {
+    std::size_t warnings = 0;
+    for (const Finding& finding : findings.All()) {
+        if (finding.endangersData && ++warnings <= MostWarnings) console.Message("warning: " + finding.text);
+    }
+    if (warnings > MostWarnings) {
+        console.Message("warning: " + std::to_string(warnings - MostWarnings) +
+                        " more of the kind; korvex repository check lists them");
+    }
+}
+
+void RefuseDanger(const Findings& findings) {
+    const auto& all = findings.All();
+    const auto first = std::find_if(all.begin(), all.end(), [](const Finding& f) { return f.endangersData; });
+    if (first == all.end()) return;
+    throw automation::Error(automation::InvalidProcedureCall,
+                            "Nothing was done, because data would be mixed up or lost: " + first->text +
+                                ". Change the definition; korvex repository check lists all such places.");
 }
 
 }  // namespace korvex::cli

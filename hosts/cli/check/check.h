@@ -2,6 +2,7 @@
 
 #include "hosts/cli/check/finding.h"
 #include "hosts/cli/check/planned_tables.h"
+#include "hosts/cli/console.h"
 #include "repository/catalog.h"
 
 #include <string>
@@ -13,6 +14,18 @@ namespace korvex::cli {
 /// All checks. `fkPrefix` is the prefix of foreign-key columns that the runs will use.
 Findings CheckCatalog(const repository::Catalog& catalog, std::string_view fkPrefix);
 
+/// What is wrong with the definitions of that storage name alone (of all when it is empty): their tables,
+/// columns and script names. No object may be its own ancestor.
+void CheckDefinitions(const repository::Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
+                      Findings& findings);
+
+/// Prints the findings that endanger data as warnings: for commands that go on with such a definition.
+void WarnOfDanger(const Findings& findings, Console& console);
+
+/// Raises InvalidProcedureCall (5) with the first finding that endangers data and what to do: for commands
+/// that store or delete data, before they do anything.
+void RefuseDanger(const Findings& findings);
+
 /// References to rows that do not exist, and rows that nothing refers to.
 void CheckReferences(const repository::Catalog& catalog, Findings& findings);
 
@@ -22,6 +35,15 @@ bool CheckCycles(const repository::Catalog& catalog, Findings& findings);
 /// Names that can not stand in SQL text or that several rows share.
 void CheckNames(const repository::Catalog& catalog, Findings& findings);
 
+/// Names of table and columns that stand in the repository although no run gives such names.
+void CheckStoredNames(const repository::Catalog& catalog, const repository::ObjectRow& object,
+                      Findings& findings);
+
+/// Adds an error for a name of a table or column that is no identifier; `what` stands before it. One that SQL
+/// can take for more than a name endangers data when it stands in the statements about records.
+void CheckIdentifier(const std::string& what, const std::string& name, bool isInStatements,
+                     Findings& findings);
+
 /// Keys that earlier runs left behind: of renamed objects, or of parents that are none any longer.
 void CheckKeys(const repository::Catalog& catalog, Findings& findings);
 
@@ -30,6 +52,9 @@ void CheckColumns(const PlannedTable& table, Findings& findings);
 
 /// Names that two tables, procedures or constraints of one definition would share.
 void CheckScriptNames(const PlannedDefinition& definition, Findings& findings);
+
+/// "value with ValueID 7 has no name".
+std::string NamelessText(const repository::ValueRow& value);
 
 /// "object Customer (ObjectID 7)", for findings; also for an identifier without a row.
 std::string ObjectText(const repository::Catalog& catalog, std::int32_t objectID);

@@ -4,6 +4,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/check/reserved_words.h"
 #include "hosts/cli/model/data_types.h"
+#include "repository/names.h"
 
 #include <algorithm>
 #include <map>
@@ -34,10 +35,13 @@ std::optional<double> MaxLength(const ValueRow& value) {
     return text.empty() ? 0 : Number(text);
 }
 
-bool IsPlainIdentifier(const std::string& name) {
-    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    const auto isInner = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == '_'; };
-    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isInner);
+/// Names of columns go into the scripts as they stand, those of keys into every statement about a record.
+void CheckColumnName(const PlannedTable& table, const PlannedColumn& column, Findings& findings) {
+    if (column.name.empty() && column.value != nullptr) return findings.Error(NamelessText(*column.value));
+    CheckIdentifier(Place(table) + ": column ", column.name, column.value == nullptr, findings);
+    if (const std::string dialects = ReservedBy(column.name); !dialects.empty()) {
+        findings.Warning(Place(table) + ": column " + column.name + " is a reserved word (" + dialects + ")");
+    }
 }
 
 void CheckColumnNames(const PlannedTable& table, Findings& findings) {
@@ -45,17 +49,10 @@ void CheckColumnNames(const PlannedTable& table, Findings& findings) {
     for (const PlannedColumn& column : table.columns) {
         const auto [entry, isNew] = columns.emplace(automation::ToUpperAscii(column.name), &column);
         if (!isNew) {
-            findings.Error(Place(table) + ": " + entry->second->origin + " and " + column.origin +
-                           " both become column " + column.name);
+            findings.Danger(Place(table) + ": " + entry->second->origin + " and " + column.origin +
+                            " both become column " + column.name);
         }
-        if (!IsPlainIdentifier(column.name)) {
-            findings.Warning(Place(table) + ": column " + column.name +
-                             " is no plain identifier; the scripts do not quote names");
-        }
-        if (const std::string dialects = ReservedBy(column.name); !dialects.empty()) {
-            findings.Warning(Place(table) + ": column " + column.name + " is a reserved word (" + dialects +
-                             ")");
-        }
+        CheckColumnName(table, column, findings);
     }
 }
 
@@ -83,8 +80,10 @@ void CheckNumericDefault(const std::string& place, const std::string& text, Find
 
 /// Defaults go into the scripts as they stand; what a server will not read is told here.
 void CheckDefault(const PlannedTable& table, const ValueRow& value, Findings& findings) {
-    if (value.IsAutoNumber) return;
     const std::string place = Place(table) + ": value " + value.Name;
+    if (repository::HasControlCharacter(value.DefaultVal))
+        findings.Error(place + ": the default holds a control character, which ends a line of the scripts");
+    if (value.IsAutoNumber) return;
     const std::string text(automation::Trim(value.DefaultVal));
     switch (value.DataType) {
         case TypeInteger:

@@ -1,10 +1,10 @@
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
+#include "hosts/cli/check/held_objects.h"
 #include "repository/key_values.h"
 
 #include <algorithm>
 #include <set>
-#include <string_view>
 
 namespace korvex::cli {
 
@@ -13,8 +13,6 @@ namespace {
 using repository::Catalog;
 using repository::ForeignKeyRow;
 
-constexpr std::string_view KeyInterfaceSuffix = "DBKeys";
-
 /// A key interface that has the name of none of its objects was made for an earlier name.
 void CheckKeyInterfaces(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
@@ -22,8 +20,8 @@ void CheckKeyInterfaces(const Catalog& catalog, Findings& findings) {
         const repository::ObjectRow* object = catalog.FindObject(row.ObjectID);
         if (interface == nullptr || object == nullptr) continue;
         const bool isOwn =
-            automation::EqualsIgnoreCase(interface->Name, object->Name + std::string(KeyInterfaceSuffix));
-        if (isOwn || !interface->Name.ends_with(KeyInterfaceSuffix)) continue;
+            automation::EqualsIgnoreCase(interface->Name, repository::KeyInterfaceName(object->Name));
+        if (isOwn || !repository::IsKeyInterfaceName(interface->Name)) continue;
         const std::vector<const repository::ValueRow*> values = catalog.ValuesOfInterface(row.InterfaceID);
         const bool holdsKeys = values.empty() || std::any_of(values.begin(), values.end(),
                                                              [](const repository::ValueRow* value) {
@@ -44,17 +42,19 @@ void CheckKeyValues(const Catalog& catalog, Findings& findings) {
     for (const ForeignKeyRow& row : catalog.ForeignKeys())
         keys.insert(row.ValueID);
     for (const repository::ValueRow& row : catalog.Values()) {
-        if (!repository::IsKeyVid(row.VID) || keys.contains(row.ValueID)) continue;
+        const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
+        const bool isKey = interface != nullptr && repository::IsKeyValue(row.VID, interface->Name);
+        if (!isKey || keys.contains(row.ValueID)) continue;
         findings.Warning("value " + row.Name + " (ValueID " + std::to_string(row.ValueID) +
                          ") was a key once and is none any more; it stays a column");
     }
 }
 
 void CheckParents(const Catalog& catalog, Findings& findings) {
+    HeldObjects objects(catalog);
     for (const ForeignKeyRow& row : catalog.ForeignKeys()) {
         if (catalog.FindObject(row.FKObjectID) == nullptr) continue;
-        const std::vector<std::int32_t> children = catalog.ChildrenOf(row.FKObjectID);
-        if (std::find(children.begin(), children.end(), row.ObjectID) != children.end()) continue;
+        if (objects.Holds(row.FKObjectID, row.ObjectID)) continue;
         findings.Warning(ObjectText(catalog, row.ObjectID) + " still refers to " +
                          ObjectText(catalog, row.FKObjectID) + ", which does not hold it any more");
     }

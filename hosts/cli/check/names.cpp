@@ -1,6 +1,10 @@
+#include "repository/names.h"
+
 #include "hosts/cli/check/check.h"
 
+#include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
 
 namespace korvex::cli {
@@ -15,25 +19,37 @@ void CheckName(const std::string& what, const std::string& name, Findings& findi
         findings.Error(what + " has no name");
     } else if (name.find('\'') != std::string::npos) {
         findings.Error(what + ": its name holds a single quote");
+    } else if (repository::HasControlCharacter(name)) {
+        findings.Error(what + ": its name holds a control character");
     } else if (name.find_first_of("%*?#[") != std::string::npos && what.starts_with("object ")) {
         findings.Warning(what + ": its name holds a wildcard, so its key interface may be taken for another");
     }
 }
 
+/// Whether an object has values besides its keys.
 bool HasValues(const Catalog& catalog, std::int32_t objectID) {
-    for (const repository::ValueRow* value : catalog.ValuesOf(objectID)) {
-        const bool isKey = [&] {
-            for (const repository::PrimaryKeyRow* key : catalog.PrimaryKeysOf(objectID)) {
-                if (key->ValueID == value->ValueID) return true;
-            }
-            for (const repository::ForeignKeyRow* key : catalog.ForeignKeysOf(objectID)) {
-                if (key->ValueID == value->ValueID) return true;
-            }
-            return false;
-        }();
-        if (!isKey) return true;
-    }
-    return false;
+    std::set<std::int32_t> keys;
+    for (const repository::PrimaryKeyRow* key : catalog.PrimaryKeysOf(objectID))
+        keys.insert(key->ValueID);
+    for (const repository::ForeignKeyRow* key : catalog.ForeignKeysOf(objectID))
+        keys.insert(key->ValueID);
+    const std::vector<const repository::ValueRow*> values = catalog.ValuesOf(objectID);
+    return std::any_of(values.begin(), values.end(),
+                       [&keys](const repository::ValueRow* value) { return !keys.contains(value->ValueID); });
+}
+
+void CheckStoredTable(const repository::ObjectRow& object, Findings& findings) {
+    if (!object.TableName || repository::IsTableNameOf(*object.TableName, object.Name)) return;
+    CheckIdentifier(ObjectText(object) + ": table ", *object.TableName, true, findings);
+}
+
+std::string ValueText(const repository::ValueRow& value) {
+    return "value " + value.Name + " (ValueID " + std::to_string(value.ValueID) + ")";
+}
+
+void CheckStoredColumn(const repository::ValueRow& value, Findings& findings) {
+    if (!value.FieldName || *value.FieldName == repository::ValueColumnName(value.Name)) return;
+    CheckIdentifier(ValueText(value) + ": column ", *value.FieldName, true, findings);
 }
 
 }  // namespace
@@ -46,6 +62,7 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectRow& row : catalog.Objects()) {
         const std::string what = ObjectText(catalog, row.ObjectID);
         CheckName(what, row.Name, findings);
+        CheckStoredTable(row, findings);
         if (!row.Guid.empty()) {
             const auto [entry, isNew] = guids.emplace(row.Guid, row.ObjectID);
             if (!isNew) findings.Warning(what + " has the guid of " + ObjectText(catalog, entry->second));
@@ -54,10 +71,38 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
             findings.Warning(what + " has no values; its table will hold keys only");
         }
     }
+    for (const repository::InterfaceRow& row : catalog.Interfaces()) {
+        if (repository::HasControlCharacter(row.Name))
+            findings.Error("interface " + row.Name + ": its name holds a control character");
+    }
     for (const repository::ValueRow& row : catalog.Values()) {
-        if (row.Name.empty()) {
-            findings.Error("value with ValueID " + std::to_string(row.ValueID) + " has no name");
-        }
+        if (row.Name.empty()) findings.Error(NamelessText(row));
+        if (repository::HasControlCharacter(row.Name))
+            findings.Error(ValueText(row) + ": its name holds a control character");
+        CheckStoredColumn(row, findings);
+    }
+}
+
+std::string NamelessText(const repository::ValueRow& value) {
+    return "value with ValueID " + std::to_string(value.ValueID) + " has no name";
+}
+
+void CheckStoredNames(const Catalog& catalog, const repository::ObjectRow& object, Findings& findings) {
+    CheckStoredTable(object, findings);
+    for (const repository::ValueRow* value : catalog.ValuesOf(object.ObjectID))
+        CheckStoredColumn(*value, findings);
+}
+
+void CheckIdentifier(const std::string& what, const std::string& name, bool isInStatements,
+                     Findings& findings) {
+    if (repository::IsIdentifier(name)) return;
+    const std::string mark = repository::FindSqlMark(name);
+    if (mark.empty()) {
+        findings.Error(what + name + " is no identifier; names stand in SQL text without quotes");
+    } else if (isInStatements) {
+        findings.Danger(what + name + " holds " + mark + ", which SQL takes for more than a name");
+    } else {
+        findings.Error(what + name + " holds " + mark + ", which SQL takes for more than a name");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/cli/check/planned_tables.h"
 
 #include "automation/text.h"
+#include "hosts/cli/check/held_objects.h"
 #include "hosts/cli/model/data_types.h"
 #include "repository/key_values.h"
 #include "repository/name_list.h"
@@ -9,14 +10,15 @@
 #include <algorithm>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 namespace korvex::cli {
 
 namespace {
 
 using repository::Catalog;
-using repository::LimitNameLength;
 using repository::ObjectRow;
+using repository::ValueColumnName;
 using repository::ValueRow;
 
 /// A definition with objects shared in layers has more ways than anybody could script.
@@ -30,9 +32,7 @@ struct Visit {
 class Planner {
   public:
     Planner(const Catalog& catalog, std::string_view fkPrefix)
-        : m_catalog(catalog),
-          m_fkPrefix(fkPrefix),
-          m_prefixLength(static_cast<std::int16_t>(automation::Length(fkPrefix))) {}
+        : m_catalog(catalog), m_objects(catalog), m_fkPrefix(fkPrefix) {}
 
     PlannedDefinition Plan(const repository::DataDefRow& dataDef) {
         m_plan.storage = dataDef.Storage;
@@ -68,18 +68,22 @@ class Planner {
         if (isNew) m_plan.tables.emplace_back().object = &object;
         PlannedTable& table = m_plan.tables[entry->second];
         // The last visit names the table.
-        table.name = "t" + LimitNameLength(m_names.MakeUniqueName(object.Name), 1);
+        table.name = repository::TableName(m_names.MakeUniqueName(object.Name));
         ++table.visits;
-        const bool isKnown =
-            std::find(table.parents.begin(), table.parents.end(), parentID) != table.parents.end();
-        if (parentID > 0 && !isKnown) table.parents.push_back(parentID);
+        const bool isNewParent = parentID > 0 && m_parents.emplace(object.ObjectID, parentID).second;
+        if (isNewParent) table.parents.push_back(parentID);
     }
 
     std::string KeyColumn(const std::string& objectName) const {
-        return LimitNameLength(objectName + "ID", m_prefixLength);
+        return repository::KeyColumnName(objectName,
+                                         static_cast<std::int16_t>(automation::Length(m_fkPrefix)));
+    }
+    /// The scripts take the blanks from the names of columns.
+    std::string ForeignKeyColumn(std::int32_t parentID) const {
+        return std::string(automation::Trim(m_fkPrefix + KeyColumn(m_catalog.FindObject(parentID)->Name)));
     }
 
-    void AddColumns(PlannedTable& table) const {
+    void AddColumns(PlannedTable& table) {
         const std::int32_t id = table.object->ObjectID;
         const std::set<std::int32_t> keyValues = CurrentKeyValues(table);
         for (const ValueRow* value : m_catalog.ValuesOf(id)) {
@@ -90,7 +94,7 @@ class Planner {
         for (const std::int32_t parentID : table.parents) {
             const std::string& parent = m_catalog.FindObject(parentID)->Name;
             table.columns.push_back(
-                {.name = m_fkPrefix + KeyColumn(parent),
+                {.name = ForeignKeyColumn(parentID),
                  .origin = "the key of " + parent + " (ObjectID " + std::to_string(parentID) + ")",
                  .parentID = parentID});
         }
@@ -100,29 +104,52 @@ class Planner {
         }
     }
 
-    /// Values of earlier runs that become the table's keys again, under today's names.
-    std::set<std::int32_t> CurrentKeyValues(const PlannedTable& table) const {
+    /// Values of earlier runs that become the table's keys again, under today's names, or that are deleted
+    /// because their parent does not hold the object any longer.
+    std::set<std::int32_t> CurrentKeyValues(const PlannedTable& table) {
         std::set<std::int32_t> values;
         const std::int32_t id = table.object->ObjectID;
         for (const repository::PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(id)) {
             values.insert(row->ValueID);
         }
         for (const repository::ForeignKeyRow* row : m_catalog.ForeignKeysOf(id)) {
-            const bool isParent =
-                std::find(table.parents.begin(), table.parents.end(), row->FKObjectID) != table.parents.end();
-            if (isParent) values.insert(row->ValueID);
+            if (m_parents.contains({id, row->FKObjectID}) || !m_objects.Holds(row->FKObjectID, id))
+                values.insert(row->ValueID);
         }
         std::erase_if(values, [this](std::int32_t valueID) {
             const ValueRow* value = m_catalog.FindValue(valueID);
-            return value == nullptr || !repository::IsKeyVid(value->VID);
+            return value == nullptr || !IsKeyValue(*value);
         });
+        AddKeysByName(table, values);
         return values;
+    }
+
+    bool IsKeyValue(const ValueRow& value) const {
+        const repository::InterfaceRow* interface = m_catalog.FindInterface(value.InterfaceID);
+        return interface != nullptr && repository::IsKeyValue(value.VID, interface->Name);
+    }
+
+    /// What has the name of a key in the object's key interface becomes that key.
+    void AddKeysByName(const PlannedTable& table, std::set<std::int32_t>& values) const {
+        std::set<std::string> names = {KeyColumn(table.object->Name)};
+        for (const std::int32_t parentID : table.parents)
+            names.insert(m_fkPrefix + KeyColumn(m_catalog.FindObject(parentID)->Name));
+        const std::string keyInterface = repository::KeyInterfaceName(table.object->Name);
+        for (const std::int32_t interfaceID : m_catalog.InterfacesOf(table.object->ObjectID)) {
+            const repository::InterfaceRow* interface = m_catalog.FindInterface(interfaceID);
+            if (interface == nullptr || !automation::EqualsIgnoreCase(interface->Name, keyInterface))
+                continue;
+            for (const ValueRow* value : m_catalog.ValuesOfInterface(interfaceID)) {
+                if (names.contains(value->Name)) values.insert(value->ValueID);
+            }
+            return;
+        }
     }
 
     static void AddValue(PlannedTable& table, const ValueRow& value) {
         if (value.ChildObjectID != 0 || value.DataType == TypeNoColumn) return;
         PlannedColumn column{
-            .name = LimitNameLength(value.Name),
+            .name = ValueColumnName(value.Name),
             .origin = "value " + value.Name + " (ValueID " + std::to_string(value.ValueID) + ")",
             .value = &value};
         if (value.DataType == TypeNull) {
@@ -137,10 +164,11 @@ class Planner {
     static constexpr const char* CollectionColumns[] = {"QORSelectedItem", "QORCounterHolder"};
 
     const Catalog& m_catalog;
+    HeldObjects m_objects;
     std::string m_fkPrefix;
-    std::int16_t m_prefixLength;
     repository::NameList m_names;
     std::unordered_map<std::int32_t, std::size_t> m_tableIndex;  ///< by ObjectID
+    std::set<std::pair<std::int32_t, std::int32_t>> m_parents;   ///< objects with their parents
     PlannedDefinition m_plan;
 };
 

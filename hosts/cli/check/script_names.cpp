@@ -22,6 +22,11 @@ class UniqueNames {
 
     /// `owner` says whose name it is. False when the name is taken.
     bool Add(const std::string& name, const std::string& owner) {
+        // The cut takes the beginning of a name that is too long.
+        if (name.front() == '_' || (name.front() >= '0' && name.front() <= '9')) {
+            m_findings.Error(m_kind + " " + name + " " + owner + " begins with '" + name.front() +
+                             "', being cut to " + std::to_string(repository::MaxNameLength) + " characters");
+        }
         const auto [entry, isNew] = m_owners.emplace(automation::ToUpperAscii(name), owner);
         if (!isNew) {
             m_findings.Error(m_kind + " " + name + " would be made twice: " + entry->second + " and " +
@@ -69,6 +74,7 @@ void AddConstraint(const PlannedTable& table, const std::string& owner, UniqueNa
 }
 
 void CheckTableName(const PlannedTable& table, const std::string& owner, Findings& findings) {
+    CheckIdentifier(owner + ": table ", table.name, true, findings);
     if (automation::Length(table.name) > LongestTableName) {
         findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
                          " get longer than 30 characters, which older Oracle servers refuse");

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "hosts/cli/app.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/data/result_text.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/target_options.h"
@@ -28,6 +29,15 @@ class MessageKeeper final : public platform::Desktop {
   private:
     std::string m_text;
 };
+
+repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
+    repository::Repository repository(Session(console).platform);
+    OpenComplete(repository, options.repository);
+    ExpectStorage(repository, options.storage);
+    repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    repository.Close();
+    return catalog;
+}
 
 }  // namespace
 
@@ -90,12 +100,16 @@ void DataSession::ExpectAllOpened() const {
 }
 
 std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console) {
-    repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, options.repository);
-    ExpectStorage(repository, options.storage);
-    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
-    repository.Close();
-    return objects::LoadDefinition(catalog, options.storage, options.fkPrefix);
+    return objects::LoadDefinition(ReadCatalog(options, console), options.storage, options.fkPrefix);
+}
+
+std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions& options, Console& console) {
+    const repository::Catalog catalog = ReadCatalog(options, console);
+    auto definition = objects::LoadDefinition(catalog, options.storage, options.fkPrefix);
+    Findings findings;
+    CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
+    RefuseDanger(findings);
+    return definition;
 }
 
 Transaction::~Transaction() {

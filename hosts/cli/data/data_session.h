@@ -54,6 +54,9 @@ class DataSession {
 /// The definition of a storage name. Raises InvalidProcedureCall (5), listing the names there are, for one
 /// that no definition has.
 std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console);
+/// The same for a command that stores or deletes data: also refuses, with InvalidProcedureCall (5), a
+/// definition with which data would be mixed up or lost.
+std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions& options, Console& console);
 
 /// A transaction of the session's connection, taken back unless it is committed.
 class Transaction {

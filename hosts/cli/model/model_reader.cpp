@@ -234,7 +234,7 @@ class ModelReader {
         value.isAutoNumber = node.FlagOr("autoNumber", false);
         if (node.Has("field")) {
             value.fieldName = ReadSqlName(node.At("field"), [&value](const std::string& column) {
-                return column == repository::LimitNameLength(value.name);
+                return column == repository::ValueColumnName(value.name);
             });
         }
         value.isIncluded = node.FlagOr("included", false);
