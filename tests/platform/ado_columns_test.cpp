@@ -172,6 +172,9 @@ TEST_P(AdoColumns, TakeWhatFitsAndRefuseTheRest) {
         {"NUMBER(12,2)", "1234.567", Variant(1234.57)},
         {"NUMBER(1)", true, Variant(-1)},
         {"money", "1.23456", Variant(Currency{12346})},
+        {"decimal(19,4)", "1.23456", Variant(Currency{12346})},
+        {"decimal(19,4)", -0.5, Variant(Currency{-5000})},
+        {"decimal(19,4)", 1e15, ado::DbEOverflow},
     };
     const auto connection = Connect();
     for (const auto& c : cases) {

@@ -151,6 +151,51 @@ TEST_P(EngineScripts, RemoveWhatWasMadeInPart) {
     }
 }
 
+TEST_P(EngineScripts, KeepTheLimitsOfEveryType) {
+    const RepositoryFile repository(R"({"definitions": [{"storage": "Every", "root": "Every"}],
+        "objects": [{"name": "Every", "values": [
+            {"name": "AnInteger", "type": "integer"}, {"name": "ALong", "type": "long"},
+            {"name": "ASingle", "type": "single"}, {"name": "ADouble", "type": "double"},
+            {"name": "ACurrency", "type": "currency"}, {"name": "ADate", "type": "date"},
+            {"name": "AText", "type": "string", "maxLength": 4000},
+            {"name": "ALongText", "type": "string", "maxLength": 4001},
+            {"name": "AnObject", "type": "object"}, {"name": "ABoolean", "type": "boolean"},
+            {"name": "AVariant", "type": "variant"}, {"name": "AByte", "type": "byte"}]}]})");
+    const std::vector<std::string> of = {"--repository", repository.Path(), "--storage", "Every"};
+    const auto run = [&](std::vector<std::string> arguments, const std::vector<std::string>& more) {
+        arguments.insert(arguments.end(), of.begin(), of.end());
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return RunKorvex(arguments);
+    };
+    run({"script"}, {"--dialect", GetParam().dialect, "--out", m_folder.Path("scripts")});
+    ASSERT_TRUE(RunInClient(Script("Create"))) << Log();
+    const std::string text(3999, 'x');
+    const std::string objects[] = {
+        R"({"AnInteger": 32767, "ALong": 2147483647, "ASingle": 3.4028235e38,
+            "ADouble": 1.7976931348623157e308, "ACurrency": 900719925474.0991,
+            "ADate": "9999-12-31T23:59:59.998", "AText": "ü)" +
+            text + R"(", "ALongText": "€ '\\ ?)" + std::string(80000, 'y') +
+            R"(", "AnObject": {"$base64": "AAH/"}, "ABoolean": true,
+            "AVariant": {"$base64": "/wAB"}, "AByte": 255})",
+        R"({"AnInteger": -32768, "ALong": -2147483648, "ASingle": 1.1754944e-38, "ADouble": 5e-324,
+            "ACurrency": -0.0001, "ADate": "0100-01-01", "AText": " a ", "ALongText": "",
+            "AnObject": null, "ABoolean": false, "AVariant": null, "AByte": 0})",
+        R"({"ASingle": 0.1, "ADouble": 0.1, "ACurrency": 922337203685477.5807})"};
+    int key = 0;
+    for (const std::string& object : objects) {
+        const CommandResult saved =
+            run({"save"}, {"--connection", Target(), m_folder.Write("object.json", object)});
+        if (&object == &objects[2] && GetParam().driver == Driver::Sqlite) {
+            ExpectFailure(saved, "ACurrency");
+            continue;
+        }
+        ASSERT_EQ(saved.messages, "");
+        const CommandResult loaded =
+            run({"load"}, {"--connection", Target(), "--key", std::to_string(++key)});
+        EXPECT_TRUE(Holds(loaded.output, object)) << loaded.output.substr(0, 400);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, EngineScripts, testing::ValuesIn(Engines),
                          [](const auto& info) { return info.param.dialect; });
 

@@ -87,6 +87,15 @@ std::uint32_t TakeNumber(std::string_view& text) noexcept {
     return error == std::errc() ? value : 0;
 }
 
+/// A fixed number with the digits of a Currency is one, on engines that have no such type.
+std::vector<ColumnInfo> WithCurrencies(std::vector<ColumnInfo> columns) {
+    for (ColumnInfo& column : columns) {
+        if (column.type == ColumnType::Decimal && column.size == 19 && column.scale == 4)
+            column.type = ColumnType::Currency;
+    }
+    return columns;
+}
+
 /// The same for all spellings of a name, in whatever case.
 std::uint32_t NameHash(std::string_view name) noexcept {
     auto hash = static_cast<std::uint32_t>(name.size());
@@ -98,7 +107,7 @@ std::uint32_t NameHash(std::string_view name) noexcept {
 }  // namespace
 
 RowShape::RowShape(std::vector<ColumnInfo> described)
-    : columns(std::move(described)), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
+    : columns(WithCurrencies(std::move(described))), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         Slot& slot = m_slots[SlotOf(columns[i].name)];
         if (slot.column != 0)

@@ -31,9 +31,15 @@ Variant BooleanFromText(const std::string& text, const ColumnInfo& column) {
 
 Variant NumberFromText(const std::string& text, const ColumnInfo& column) {
     const std::string_view trimmed = automation::Trim(text);
+    if (column.type == ColumnType::Currency) {
+        try {
+            return automation::ToCurrency(trimmed);
+        } catch (const automation::Error&) {
+            // More than a Currency holds is a number all the same.
+        }
+    }
     if (const auto whole = ParseInteger(trimmed)) return FromInteger(*whole, column);
     try {
-        if (column.type == ColumnType::Currency) return automation::ToCurrency(trimmed);
         return FromReal(automation::ParseNumber(trimmed), column);
     } catch (const automation::Error&) {
         return text;

@@ -1,5 +1,7 @@
 #include "platform/native/sql/sqlite/sqlite_statement.h"
 
+#include "automation/convert.h"
+#include "automation/error.h"
 #include "platform/native/sql/column_value.h"
 #include "platform/native/sql/sqlite/sqlite_error.h"
 #include "platform/native/sql/statement_text.h"
@@ -36,7 +38,9 @@ class Binder {
     }
     int operator()(automation::Currency value) const {
         if (value.units % 10000 == 0) return Integer(value.units / 10000);
-        return (*this)(static_cast<double>(value.units) / 10000);
+        const double stored = static_cast<double>(value.units) / 10000;
+        if (!IsSame(stored, value)) RaiseNotKept(value);
+        return (*this)(stored);
     }
     int operator()(automation::Date value) const {
         const std::string text = DateText(value);
@@ -56,6 +60,20 @@ class Binder {
     int operator()(const T&) const { return sqlite3_bind_null(m_statement, m_index); }
 
   private:
+    static bool IsSame(double stored, automation::Currency value) {
+        try {
+            return automation::ToCurrency(stored) == value;
+        } catch (const automation::Error&) {
+            return false;
+        }
+    }
+    /// The engine has no fixed numbers: an amount with this many digits would come back as another.
+    [[noreturn]] void RaiseNotKept(automation::Currency value) const {
+        throw EngineError(ErrorKind::ValueTooLarge, automation::Overflow,
+                          "The value does not fit the column " + (m_column ? m_column->name : std::string()) +
+                              ": the engine keeps " + automation::ToString(value) +
+                              " as a number with fewer digits");
+    }
     int Integer(std::int64_t value) const { return sqlite3_bind_int64(m_statement, m_index, value); }
 
     sqlite3_stmt* m_statement;
