@@ -182,6 +182,10 @@ void Run(int rounds) {
     Report("save a tree, file", saveFile);
     const Comparison saveMemory = CompareSave(inMemory, floorInMemory, rounds, 500);
     Report("save a tree, memory", saveMemory);
+    const Comparison loadMemory = CompareLoad(inMemory, floorInMemory, rounds, 500);
+    Report("load a tree, memory", loadMemory);
+    const Comparison deletionMemory = CompareDelete(inMemory, floorInMemory, rounds, 500);
+    Report("delete a tree, memory", deletionMemory);
     const Comparison load = CompareLoad(onFile, floorOnFile, rounds, 500);
     Report("load a tree, file", load);
     const Comparison deletion = CompareDelete(onFile, floorOnFile, rounds, 50);
@@ -193,6 +197,8 @@ void Run(int rounds) {
     PrintRatio("save_tree_vs_floor_memory", saveMemory.ratio);
     PrintRatio("load_tree_vs_floor", load.ratio);
     PrintRatio("delete_tree_vs_floor", deletion.ratio);
+    PrintRatio("load_tree_vs_floor_memory", loadMemory.ratio);
+    PrintRatio("delete_tree_vs_floor_memory", deletionMemory.ratio);
     PrintRatio("save_into_million_vs_empty", million);
     PrintRatio("update_unchanged_statements", writes);
 }

@@ -1,6 +1,7 @@
 #include "support/measure.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -47,17 +48,23 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
-Comparison Compare(int rounds, int count, const std::function<void()>& ours,
-                   const std::function<void()>& floor) {
+Comparison CompareTimed(int rounds, const std::function<double()>& ours,
+                        const std::function<double()>& floor) {
     std::vector<double> times;
     std::vector<double> floors;
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
-        times.push_back(SecondsOfOne(ours, count));
-        floors.push_back(SecondsOfOne(floor, count));
+        times.push_back(ours());
+        floors.push_back(floor());
         ratios.push_back(times.back() / floors.back());
     }
     return {Median(times), Median(floors), Median(ratios)};
+}
+
+Comparison Compare(int rounds, int count, const std::function<void()>& ours,
+                   const std::function<void()>& floor) {
+    return CompareTimed(
+        rounds, [&] { return SecondsOfOne(ours, count); }, [&] { return SecondsOfOne(floor, count); });
 }
 
 void Report(std::string_view name, const Comparison& comparison) {
@@ -70,8 +77,20 @@ void PrintRatio(std::string_view name, double value) {
 }
 
 int RunBenchmark(const char* name, int argc, char** argv, int rounds, void (*run)(int rounds)) {
+    const std::string_view argument = argc > 1 ? argv[1] : "";
+    if (argc > 1) std::from_chars(argument.data(), argument.data() + argument.size(), rounds = 0);
+    const bool asksForHelp = argument == "--help" || argument == "-h";
+    if (rounds < 1 || asksForHelp || argc > 2) {
+        std::fprintf(
+            asksForHelp ? stdout : stderr,
+            "usage: %s [rounds]\n\n"
+            "Measures, and prints a line \"RATIO name value\" for each claim: the middle of that many "
+            "rounds.\n",
+            name);
+        return asksForHelp ? 0 : 2;
+    }
     try {
-        run(argc > 1 ? std::atoi(argv[1]) : rounds);
+        run(rounds);
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", name, error.what());

@@ -14,17 +14,19 @@ double Seconds(const std::function<void()>& work);
 
 double Median(std::vector<double> values);
 
-/// Our time over the floor's. Each round runs both, one right after the other. Of short rounds the middle
-/// ratio is what is said, of long ones that of the least disturbed times, so that a disturbance does not
-/// decide.
+/// Our time over the floor's. Each round runs both, one right after the other; the middle times and the
+/// middle ratio are what is said, so that a disturbance does not decide.
 struct Comparison {
     double seconds = 0;
     double floorSeconds = 0;
     double ratio = 0;
 };
 
-/// Runs both, one right after the other, in each of the rounds, `count` times each; the middle times of one
-/// run and the middle ratio.
+/// Both give the seconds of one round that they timed themselves.
+Comparison CompareTimed(int rounds, const std::function<double()>& ours,
+                        const std::function<double()>& floor);
+
+/// Times both, `count` runs a round each; the times are those of one run.
 Comparison Compare(int rounds, int count, const std::function<void()>& ours,
                    const std::function<void()>& floor);
 
@@ -39,8 +41,8 @@ void ResetPeakMemory();
 std::size_t PeakMemory();
 std::size_t ResidentMemory();
 
-/// A benchmark's main: `run` with the number of rounds that the command line gives, or `rounds`. The exit
-/// code; a failure is reported on stderr.
+/// A benchmark's main: `run` with the number of rounds that the command line gives, or `rounds`. "--help"
+/// says so. The exit code; a failure is reported on stderr.
 int RunBenchmark(const char* name, int argc, char** argv, int rounds, void (*run)(int rounds));
 
 /// Runs `work` in a process of its own, so that this one's memory stays as it was. Raises when it failed

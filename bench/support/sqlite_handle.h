@@ -19,13 +19,15 @@ inline void RequireSqlite(bool done, sqlite3* connection) {
     if (!done) throw std::runtime_error(std::string("floor: ") + sqlite3_errmsg(connection));
 }
 
-/// Without the locks that threads need, as the library opens its own.
+/// Without the locks that threads need, and without planning a prepared statement anew for what is bound to
+/// it.
 inline SqliteConnection OpenSqlite(const std::string& file) {
     sqlite3* opened = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
     const int result = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
     SqliteConnection connection(opened);
     RequireSqlite(result == SQLITE_OK, opened);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
     return connection;
 }
 

@@ -4,9 +4,11 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
-#include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace korvex::bench {
 
@@ -18,7 +20,7 @@ int OnStatement(unsigned, void* context, void* statement, void* text) {
     if (std::string_view(static_cast<const char*>(text)).starts_with("--")) return 0;  // inside a trigger
     auto* prepared = static_cast<sqlite3_stmt*>(statement);
     char* expanded = sqlite3_expanded_sql(prepared);
-    static_cast<StatementRecorder*>(context)->Record(sqlite3_sql(prepared), expanded);
+    static_cast<StatementRecorder*>(context)->Record(expanded);
     sqlite3_free(expanded);
     return 0;
 }
@@ -28,44 +30,80 @@ int OnConnection(sqlite3* connection, const char**, const sqlite3_api_routines*)
     return SQLITE_OK;
 }
 
-/// Reads one literal as sqlite3_expanded_sql writes it, from the front of `text`.
-Recording::Value TakeLiteral(std::string_view& text) {
-    if (text.starts_with("NULL")) {
-        text.remove_prefix(4);
-        return {};
-    }
-    if (text.starts_with('\'')) {
-        std::string value;
-        std::size_t at = 1;
-        for (; text[at] != '\'' || (at + 1 < text.size() && text[at + 1] == '\''); ++at) {
-            if (text[at] == '\'') ++at;
-            value += text[at];
+bool IsNamePart(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
+
+/// Takes statements apart: the literals out of the text, "?" in their places.
+class Parameters {
+  public:
+    explicit Parameters(std::string_view statement) : m_rest(statement) {
+        const bool takesValues = statement.find_first_of("SsIiUuDd") == 0;
+        while (!m_rest.empty()) {
+            if (!takesValues || !TakeLiteral()) Copy(LengthOfOther());
         }
-        text.remove_prefix(at + 1);
+    }
+    const std::string& Text() const noexcept { return m_text; }
+    std::vector<Recording::Value> Values() && { return std::move(m_values); }
+
+  private:
+    bool TakeLiteral() {
+        const char first = m_rest.front();
+        if (first == '\'') {
+            Take(TextValue(), QuotedLength());
+        } else if (std::isdigit(static_cast<unsigned char>(first)) != 0 || IsSign(first)) {
+            const std::size_t digits = m_rest.find_first_not_of("0123456789.", 1);
+            Take(Number(m_rest.substr(0, digits)), digits);
+        } else if (m_rest.starts_with("NULL") && !m_text.ends_with("IS ") && !m_text.ends_with("NOT ")) {
+            Take({}, 4);
+        } else {
+            return false;
+        }
+        return true;
+    }
+    /// A sign that belongs to the number behind it.
+    bool IsSign(char c) const {
+        return (c == '-' || c == '+') && m_rest.size() > 1 &&
+               std::isdigit(static_cast<unsigned char>(m_rest[1])) != 0 && !m_text.empty() &&
+               std::string_view("=<>(, ").find(m_text.back()) != std::string_view::npos;
+    }
+    void Take(Recording::Value value, std::size_t length) {
+        m_values.push_back(std::move(value));
+        m_text += '?';
+        m_rest.remove_prefix(std::min(length, m_rest.size()));
+        // A word that touched the number.
+        if (!m_rest.empty() && IsNamePart(m_rest.front())) m_text += ' ';
+    }
+    void Copy(std::size_t length) {
+        m_text += m_rest.substr(0, length);
+        m_rest.remove_prefix(length);
+    }
+    /// Of a name, quoted or not, or of a single character.
+    std::size_t LengthOfOther() const {
+        if (m_rest.front() == '\'' || m_rest.front() == '"') return QuotedLength();
+        const auto* end = std::ranges::find_if_not(m_rest, IsNamePart);
+        return std::max<std::size_t>(static_cast<std::size_t>(end - m_rest.begin()), 1);
+    }
+    std::size_t QuotedLength() const {
+        const char quote = m_rest.front();
+        std::size_t at = m_rest.find(quote, 1);
+        while (at + 1 < m_rest.size() && m_rest[at + 1] == quote)
+            at = m_rest.find(quote, at + 2);
+        return at + 1;
+    }
+    std::string TextValue() const {
+        std::string value(m_rest.substr(1, QuotedLength() - 2));
+        for (std::size_t at = value.find("''"); at != std::string::npos; at = value.find("''", at + 1))
+            value.erase(at, 1);
         return value;
     }
-    const std::string_view number = text.substr(0, text.find_first_not_of("+-.0123456789e"));
-    text.remove_prefix(number.size());
-    if (number.empty()) throw std::runtime_error("cannot read a bound value from: " + std::string(text));
-    if (number.find_first_of(".e") != std::string_view::npos)
-        return std::strtod(std::string(number).c_str(), nullptr);
-    return std::int64_t{std::strtoll(std::string(number).c_str(), nullptr, 10)};
-}
-
-/// The bound values: what stands in the expanded text where the prepared one has "?".
-std::vector<Recording::Value> BoundValues(std::string_view text, std::string_view expanded) {
-    std::vector<Recording::Value> values;
-    bool quoted = false;
-    for (const char c : text) {
-        if (c == '\'') quoted = !quoted;
-        if (c == '?' && !quoted) {
-            values.push_back(TakeLiteral(expanded));
-        } else {
-            expanded.remove_prefix(1);
-        }
+    static Recording::Value Number(std::string_view text) {
+        if (text.find('.') != std::string_view::npos) return std::strtod(std::string(text).c_str(), nullptr);
+        return std::int64_t{std::strtoll(std::string(text).c_str(), nullptr, 10)};
     }
-    return values;
-}
+
+    std::string_view m_rest;
+    std::string m_text;
+    std::vector<Recording::Value> m_values;
+};
 
 void Bind(sqlite3_stmt* statement, int index, const Recording::Value& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) {
@@ -110,10 +148,11 @@ StatementRecorder::~StatementRecorder() {
     active = nullptr;
 }
 
-void StatementRecorder::Record(const char* text, const char* expanded) {
-    const auto [position, isNew] = m_positions.try_emplace(text, m_recording.texts.size());
-    if (isNew) m_recording.texts.emplace_back(text);
-    m_recording.executions.push_back({position->second, BoundValues(text, expanded)});
+void StatementRecorder::Record(std::string_view expanded) {
+    Parameters statement(expanded);
+    const auto [position, isNew] = m_positions.try_emplace(statement.Text(), m_recording.texts.size());
+    if (isNew) m_recording.texts.push_back(statement.Text());
+    m_recording.executions.push_back({position->second, std::move(statement).Values()});
 }
 
 std::size_t Replay(const Recording& recording, const std::string& file) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <variant>
 #include <vector>
@@ -11,8 +12,8 @@ struct sqlite3;
 
 namespace korvex::bench {
 
-/// The statements that ran, as the engine got them: distinct texts, and the executions in order with their
-/// values.
+/// The statements that ran, as a careful programmer would send them, whatever was sent: every number and text
+/// a parameter, so that there are few distinct texts; the executions in order with their values.
 struct Recording {
     using Value = std::variant<std::monostate, std::int64_t, double, std::string>;
     struct Execution {
@@ -33,7 +34,8 @@ class StatementRecorder {
     ~StatementRecorder();
 
     const Recording& Statements() const noexcept { return m_recording; }
-    void Record(const char* text, const char* expanded);
+    /// A statement with the values that were bound to it.
+    void Record(std::string_view expanded);
 
   private:
     Recording m_recording;
