@@ -97,7 +97,9 @@ std::int32_t DbDeleteData(Session& session, const QORObject::Ref& coData, const 
     }
     records->Close();
     records.reset();
+    const std::size_t failedOpens = session.FailedOpens();
     DeleteBeneath(session, coData, place->ownKey, lPK);
+    if (session.IsUpdating() && session.FailedOpens() != failedOpens) return 0;
     session.Execute(DeleteWhere(place->table, place->keyColumn, lKey));
     return automation::ToLong(lKey);
 }

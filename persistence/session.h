@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace korvex::persistence {
 
@@ -54,8 +55,13 @@ class Session {
     /// What a definition says of its values. Within a descent, each definition is read once.
     DefinitionReadings::Reading Read(const QORObject::Ref& definition);
 
+    /// While an update runs, a record is not deleted when what stands beneath it did not open: the update can
+    /// be made again. A delete by itself goes on.
+    bool IsUpdating() const noexcept { return m_isUpdating; }
+
   private:
     friend class Descent;
+    friend class UpdateInHand;
 
     Platform m_platform;
     PublicMembers& m_members;
@@ -66,6 +72,7 @@ class Session {
     std::size_t m_failedOpens = 0;
     std::size_t m_passedOver = 0;
     std::size_t m_writes = 0;
+    bool m_isUpdating = false;
     std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
     DefinitionReadings m_readings;   ///< of the definitions met in a descent
 };
@@ -83,6 +90,20 @@ class Descent {
   private:
     Session& m_session;
     bool m_outermost;
+};
+
+/// Stands in an update, for as long as it runs.
+class UpdateInHand {
+  public:
+    explicit UpdateInHand(Session& session)
+        : m_session(session), m_outer(std::exchange(session.m_isUpdating, true)) {}
+    UpdateInHand(const UpdateInHand&) = delete;
+    UpdateInHand& operator=(const UpdateInHand&) = delete;
+    ~UpdateInHand() { m_session.m_isUpdating = m_outer; }
+
+  private:
+    Session& m_session;
+    bool m_outer;
 };
 
 }  // namespace korvex::persistence

@@ -90,6 +90,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
     const Descent descent(session);
+    const UpdateInHand update(session);
     const Omissions before(session);
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
@@ -112,6 +113,7 @@ std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coDa
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
     const Descent descent(session);
+    const UpdateInHand update(session);
     const Omissions before(session);
     const auto definition = DefinitionOf(coData);
     auto root = OpenRoot(session, *coData, definition, lKey, {});
