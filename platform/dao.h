@@ -83,8 +83,8 @@ class Recordset {
 class Database {
   public:
     virtual ~Database() = default;
-    /// `type` is dbOpenSnapshot or dbOpenDynaset; `options` and `lockEdit` may be dbOmitted. A table or
-    /// column that does not exist is reported here, not at the first read.
+    /// `type` is dbOpenSnapshot or dbOpenDynaset; `options` and `lockEdit` may be dbOmitted. What fails up to
+    /// the first record is reported here; in a dynaset of "select * from T" at the first read, if not before.
     virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view sql, std::int32_t type,
                                                      std::int32_t options = dbOmitted,
                                                      std::int32_t lockEdit = dbOmitted) = 0;

@@ -63,8 +63,8 @@ class clsCRUD : public automation::TableObject {
     virtual std::string GetTableName(const QORObject::Ref& coDataDef);
     virtual std::string GetPrimaryKeyFieldName(const QORObject::Ref& coDataDef);
     virtual std::string GetForeignKeyFieldName(const QORObject::Ref& coDataDef);
-    /// A keyset recordset with optimistic locks; nullptr when it did not open, an unopened one when not
-    /// connected.
+    /// Keyset, optimistic, on its first record; nullptr when that fails, an unopened one when not connected.
+    /// Only a plain "select * from T" is executed when it is first read, and fails there.
     virtual std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
 
     /// Inserts, changes and deletes that the last load, save, update or delete of an object tree sent. For

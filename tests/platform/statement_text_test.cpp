@@ -111,6 +111,15 @@ TEST(StatementText, TextsThatAQueryComparesAreLiftedWhereThatPays) {
     const std::string backslash = R"(select * from t where a = 'it\'s' and b = 'c')";
     ScanStatement(backslash, {.backslashEscapes = true, .liftsTexts = true}, result);
     EXPECT_EQ(result.text, R"(select * from t where a = 'it\'s' and b = ?)");
+    // The same statement where a backslash is a letter: the quote behind it ends the text.
+    const std::string plain = R"(select * from t where a = 'x\' and b like 'y\_' and c in ('z\'))";
+    const LexicalRules letters{
+        .backslashEscapes = true, .likeEscapes = true, .liftsTexts = true, .plainBackslashes = true};
+    ScanStatement(plain, letters, result);
+    EXPECT_EQ(result.text, R"(select * from t where a = ? and b like ? and c in ('z\\'))");
+    EXPECT_EQ(result.literals, (Literals{R"(x\)", R"(y\\_)"}));
+    ScanStatement(R"(delete from t where a like '\b' or a = '\')", letters, result);
+    EXPECT_EQ(result.text, R"(delete from t where a like '\\\\b' or a = '\\')");
     ScanStatement("select * from t where a like 'b'", {.exactLike = true, .liftsTexts = true}, result);
     EXPECT_EQ(result.text, "select * from t where a ILIKE ?");
 }

@@ -101,18 +101,24 @@ class RepositoryTest : public RepositoryFileTest {
     Repository repository;
 };
 
+/// The view fails when it is executed.
 TEST_P(RepositoryTest, AFailedQueryIsShownAndGivesNoRecordset) {
-    NewRepository();
+    NewRepository().Object(1, "A");
+    Execute("create view vFails as select ObjectID, abs(-9223372036854775807 - ObjectID) as X from tObjects");
     Open();
-    for (const std::string table : {"tMissing1", "tMissing2"}) {
+    const struct {
+        bool isSnapshot;
+        std::string query;
+    } cases[] = {{true, "select * from tMissing"},
+                 {false, "select * from tMissing"},
+                 {true, "select * from vFails"},
+                 {false, "select * from vFails where ObjectID = 1"}};
+    for (const auto& [isSnapshot, query] : cases) {
         journal->clear();
-        const bool isSnapshot = table == "tMissing1";
-        const auto rows = isSnapshot ? repository.OpenSnapshot("select * from " + table)
-                                     : repository.OpenDynaset("select * from " + table);
-        EXPECT_EQ(rows, nullptr);
-        ASSERT_EQ(journal->size(), 1u);
+        EXPECT_EQ(isSnapshot ? repository.OpenSnapshot(query) : repository.OpenDynaset(query), nullptr);
+        ASSERT_EQ(journal->size(), 1u) << query;
         EXPECT_EQ(journal->front().find("message 0 <> <"), 0u) << journal->front();
-        EXPECT_NE(journal->front().find(table), std::string::npos) << journal->front();
+        EXPECT_NE(journal->front().find(query), std::string::npos) << journal->front();
     }
 }
 

@@ -67,10 +67,7 @@ std::int64_t NativeRecordset::OpenExecuted(std::string_view text,
                                            std::shared_ptr<NativeConnection> connection) {
     std::shared_ptr<OpenRows> rows = OpenText(text, std::move(connection), false);
     const std::int64_t affected = rows->AffectedRows();
-    if (rows->HasColumns()) {
-        static_cast<void>(rows->Eof());
-        m_rows = std::move(rows);
-    }
+    if (rows->HasColumns()) m_rows = std::move(rows);
     return affected;
 }
 

@@ -29,7 +29,7 @@ std::string_view TextChunk(const std::string& text, std::size_t start, std::size
 
 OpenRows::OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable)
     : m_connection(std::move(connection)),
-      m_cursor(m_connection->Session(), text),
+      m_cursor(m_connection->Session(), text, isUpdatable),
       m_isUpdatable(isUpdatable) {}
 
 OpenRows::~OpenRows() = default;

@@ -20,7 +20,7 @@ class NativeField;
 /// as automation::Errors.
 class OpenRows {
   public:
-    /// Prepares the statement and describes its columns.
+    /// Opens the statement on its first row; a whole table that can be updated, at the first look at a row.
     OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable);
     ~OpenRows();
     OpenRows(const OpenRows&) = delete;

@@ -68,6 +68,7 @@ std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view,
                                                                std::string_view connect) {
     return Guarded({}, [&] {
         auto session = std::make_unique<sql::OdbcSession>(connect, m_seam);
+        session->TakeBackslashesPlainly();
         return std::make_unique<NativeDatabase>(std::move(session), readOnly);
     });
 }

@@ -26,7 +26,7 @@ class NativeField final : public dao::Field {
 class NativeRecordset final : public dao::Recordset {
   public:
     NativeRecordset(sql::Session& session, std::string_view text, bool updatable)
-        : m_cursor(session, text), m_updatable(updatable) {}
+        : m_cursor(session, text, updatable), m_updatable(updatable) {}
 
     bool Eof() override;
     void MoveNext() override;

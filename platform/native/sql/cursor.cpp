@@ -19,7 +19,7 @@ bool SameNames(const RowShape& a, const RowShape& b) {
 
 }  // namespace
 
-Cursor::Cursor(Session& session, std::string_view composed)
+Cursor::Cursor(Session& session, std::string_view composed, bool addsRows)
     : m_session(&session),
       m_text(composed),
       m_statement(session.Prepare(composed)),
@@ -34,9 +34,27 @@ Cursor::Cursor(Session& session, std::string_view composed)
     if (m_shape->columns.empty()) {
         EndStream();
         m_position = Position::End;
-    } else if (m_executed) {
-        session.SetStreaming(*this, true);
+        return;
     }
+    if (m_executed) session.SetStreaming(*this, true);
+    if (!addsRows || !m_statement.IsWholeTable()) StandOnFirst();
+}
+
+void Cursor::StandOnFirst() {
+    try {
+        Start();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    if (m_position != Position::Stream) return;
+    try {
+        KeepStreamRow();
+        m_ahead = FetchRow();
+    } catch (...) {
+        m_failure = std::current_exception();
+    }
+    if (!m_ahead) EndStream();
 }
 
 void Cursor::Close() noexcept {
@@ -87,9 +105,11 @@ void Cursor::MoveLast() {
             m_position = Position::Memory;
         }
     }
-    if (m_rest.empty()) return;
-    m_row = std::move(m_rest.back());
-    ClearRest();
+    if (!m_rest.empty()) {
+        m_row = std::move(m_rest.back());
+        ClearRest();
+    }
+    if (m_failure) Advance();
 }
 
 Variant Cursor::Value(std::size_t column) {
@@ -126,7 +146,7 @@ Variant Cursor::AddedValue(AddedRow& row, std::size_t column) {
 
 void Cursor::RequireOpen() const {
     if (m_session == nullptr) throw EngineError(ErrorKind::Closed, 0, "The recordset is closed");
-    if (m_failure) std::rethrow_exception(m_failure);
+    if (m_failure && m_position == Position::End) std::rethrow_exception(m_failure);
 }
 
 void Cursor::RequireRecord() {
@@ -175,9 +195,10 @@ void Cursor::Advance() {
         return;
     }
     m_position = Position::End;
+    if (m_failure) std::rethrow_exception(m_failure);
     if (m_statement) {
         try {
-            if (FetchRow()) {
+            if (std::exchange(m_ahead, false) || FetchRow()) {
                 m_position = Position::Stream;
                 return;
             }
@@ -225,10 +246,11 @@ void Cursor::KeepStreamRow() {
 void Cursor::TakeRows() noexcept {
     try {
         KeepStreamRow();
-        while (FetchRow())
+        while (std::exchange(m_ahead, false) || FetchRow())
             m_rest.push_back(StreamRow());
     } catch (...) {
         m_failure = std::current_exception();
+        if (m_position == Position::Stream) m_position = Position::End;
     }
     EndStream();
 }

@@ -18,16 +18,19 @@ enum class EditMode : std::uint8_t { None, Adding, Editing };
 
 /// The updatable recordset under both engine shapes. Moves forward only.
 ///
-/// It is lazy: opening prepares and describes the statement; the first look at a row executes it. Anything
-/// but a SELECT is executed at once. Rows are streamed from the statement; before anything is written on the
-/// session, the rows not read yet are taken into memory. The statement goes back as soon as the last row was
-/// read.
+/// It stands on its first record when it was made, so that what fails there fails where it is opened. Only a
+/// whole table that is opened to add records to is lazy: prepared and described, and executed at the first
+/// look at a row. Rows are streamed from the statement; before anything is written on the session, the rows
+/// not read yet are taken into memory. The statement goes back as soon as the last row was read, at once
+/// where there is no second one, so that it holds no lock. A later row that cannot be read fails when the
+/// cursor comes to it.
 ///
 /// Rows added through the cursor stand behind all others, in the order added, each once. What was not set of
 /// them is read from the database when somebody asks for it.
 class Cursor final : private SessionCursor {
   public:
-    Cursor(Session& session, std::string_view composed);
+    /// `addsRows`: a whole table waits for the first look at a row.
+    Cursor(Session& session, std::string_view composed, bool addsRows = true);
     ~Cursor() { Close(); }
 
     bool IsOpen() const noexcept { return m_session != nullptr; }
@@ -99,6 +102,7 @@ class Cursor final : private SessionCursor {
 
     void RequireOpen() const;
     void RequireRecord();
+    void StandOnFirst();
     void Start();
     void Execute();
     void AdoptShape();
@@ -135,11 +139,12 @@ class Cursor final : private SessionCursor {
     /// last one was reached.
     std::vector<Row> m_rest;
     std::size_t m_nextRest = 0;
+    bool m_ahead = false;  ///< the statement stands on the row behind the current one
     Row m_row;
     std::vector<AddedRow> m_added;
     std::size_t m_addedIndex = 0;
     std::set<std::string> m_addedKeys;  ///< of additions that the statement would give a second time
-    std::exception_ptr m_failure;       ///< raised at the next look at a row
+    std::exception_ptr m_failure;       ///< raised when the rows before it were read
 
     EditMode m_mode = EditMode::None;
     Changes m_changes;

@@ -15,7 +15,9 @@ void StatementLease::Swap(StatementLease& other) noexcept {
     std::swap(m_session, other.m_session);
     std::swap(m_bucket, other.m_bucket);
     std::swap(m_statement, other.m_statement);
+    std::swap(m_literals, other.m_literals);
     std::swap(m_kind, other.m_kind);
+    std::swap(m_wholeTable, other.m_wholeTable);
     std::swap(m_generation, other.m_generation);
     std::swap(m_failed, other.m_failed);
 }
@@ -47,6 +49,9 @@ void StatementLease::Return() noexcept {
         if (m_failed || m_generation != m_session->m_generation) m_statement.reset();
     }
     m_session->m_cache.Give(*std::exchange(m_bucket, nullptr), std::move(m_statement));
+    m_literals.clear();
+    // The next scan finds room again.
+    if (m_session->m_scan.literals.capacity() == 0) m_session->m_scan.literals.swap(m_literals);
 }
 
 Session::~Session() = default;
@@ -92,8 +97,10 @@ StatementLease Session::Prepare(std::string_view composed) {
         throw EngineError(ErrorKind::TooFewParameters, 0,
                           "Too few parameters: expected " + std::to_string(missing));
     }
-    for (std::size_t i = 0; i < m_scan.literals.size(); ++i) {
-        lease->Bind(i, m_scan.literals[i], nullptr);
+    lease.m_wholeTable = m_scan.wholeTable;
+    lease.m_literals.swap(m_scan.literals);
+    for (std::size_t i = 0; i < lease.m_literals.size(); ++i) {
+        lease->Bind(i, lease.m_literals[i], nullptr);
     }
     return lease;
 }

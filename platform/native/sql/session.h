@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace korvex::native::sql {
 
@@ -35,6 +36,7 @@ class StatementLease {
     Statement& operator*() const noexcept { return *m_statement; }
     Statement* operator->() const noexcept { return m_statement.get(); }
     StatementKind Kind() const noexcept { return m_kind; }
+    bool IsWholeTable() const noexcept { return m_wholeTable; }
 
     /// Executes. What writes, or gives no rows, makes the session's cursors take their rows first. `text` is
     /// the statement as the caller composed it.
@@ -49,7 +51,9 @@ class StatementLease {
     Session* m_session = nullptr;
     StatementCache::Bucket* m_bucket = nullptr;
     std::unique_ptr<Statement> m_statement;
+    std::vector<automation::Variant> m_literals;  ///< bound to the statement, which does not copy them
     StatementKind m_kind = StatementKind::Other;
+    bool m_wholeTable = false;
     std::uint64_t m_generation = 0;
     bool m_failed = false;
 };
@@ -88,6 +92,8 @@ class Session {
     virtual ~Session();
 
     const EngineTraits& Traits() const noexcept { return m_traits; }
+    /// From now on a backslash in a statement's texts is a letter, as in every engine but some.
+    void TakeBackslashesPlainly() noexcept { m_traits.lexical.plainBackslashes = true; }
 
     /// A statement as hosts compose it: repaired, its literals lifted out and bound, from the cache when it
     /// was there before. SecondStatement and TooFewParameters are refused.

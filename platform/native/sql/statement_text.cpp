@@ -175,6 +175,17 @@ bool MayHoldBody(std::string_view text) noexcept {
     }
 }
 
+/// Whether a query is "select * from" one name.
+bool AsksForWholeTable(std::string_view text) noexcept {
+    std::size_t at = BehindBlanks(text, BehindWord(text, BehindBlanks(text, 0)));
+    if (text.substr(at, 1) != "*") return false;
+    const std::size_t from = BehindBlanks(text, at + 1);
+    at = BehindWord(text, from);
+    if (!IsWord(text.substr(from, at - from), "from")) return false;
+    const std::string_view name = automation::Trim(text.substr(at));
+    return !name.empty() && name.find_first_of(" \t\r\n,;()'/?") == std::string_view::npos;
+}
+
 class Scanner {
   public:
     Scanner(std::string_view text, const LexicalRules& rules, bool lift, StatementText& result)
@@ -197,6 +208,7 @@ class Scanner {
     }
 
     bool HasPlaceholders() const noexcept { return m_hasPlaceholders; }
+    bool HasWhere() const noexcept { return m_hasWhere; }
 
   private:
     static constexpr std::size_t NoComparison = static_cast<std::size_t>(-1);
@@ -215,7 +227,11 @@ class Scanner {
                 Number();
                 break;
             case CharClass::Quote:
-                if (c != '\'' || !LiftText()) Quoted(c, m_rules.backslashEscapes && c != '`');
+                if (c != '\'') {
+                    Quoted(c, m_rules.backslashEscapes && c != '`');
+                } else if (!LiftText()) {
+                    TextLiteral();
+                }
                 break;
             case CharClass::Bracket:
                 if (m_rules.bracketNames) {
@@ -270,6 +286,7 @@ class Scanner {
                 m_lifting = false;
                 m_result.arrangesRows = true;
             } else if (m_result.kind == StatementKind::Select && IsWord(word, "where")) {
+                m_hasWhere = true;
                 m_lifting = m_mayLift;
             }
         }
@@ -293,6 +310,28 @@ class Scanner {
         m_at = std::min(m_at + 1, m_text.size());
     }
 
+    void TextLiteral() {
+        const std::size_t start = m_at;
+        Quoted('\'', m_rules.backslashEscapes && !m_rules.plainBackslashes);
+        if (!m_rules.plainBackslashes) return;
+        std::string text = AsMatched(m_text.substr(start, m_at - start), start);
+        if (m_rules.backslashEscapes) DoubleBackslashes(text);
+        if (text.size() > m_at - start) Replace(start, text);
+    }
+
+    /// A text whose quote stands at `start`, as LIKE has to get it there.
+    std::string AsMatched(std::string_view value, std::size_t start) const {
+        std::string text(value);
+        if (m_rules.plainBackslashes && m_rules.likeEscapes && BeforeBlanks(start) == m_likeEnd)
+            DoubleBackslashes(text);
+        return text;
+    }
+
+    static void DoubleBackslashes(std::string& text) {
+        for (std::size_t at = text.find('\\'); at != std::string::npos; at = text.find('\\', at + 2))
+            text.insert(at, 1, '\\');
+    }
+
     /// Replaces the text that begins here by "?" when it is all that is compared or matched with, and reads
     /// as it stands.
     bool LiftText() {
@@ -303,8 +342,9 @@ class Scanner {
         const std::size_t end = m_text.find('\'', start + 1);
         if (end == std::string_view::npos || !EndsOperand(end + 1)) return false;
         const std::string_view value = m_text.substr(start + 1, end - start - 1);
-        if (m_rules.backslashEscapes && value.find('\\') != std::string_view::npos) return false;
-        m_result.literals.emplace_back(value);
+        const bool escapes = m_rules.backslashEscapes && !m_rules.plainBackslashes;
+        if (escapes && value.find('\\') != std::string_view::npos) return false;
+        m_result.literals.emplace_back(AsMatched(value, start));
         m_at = end + 1;
         Replace(start, "?");
         return true;
@@ -420,6 +460,7 @@ class Scanner {
     bool m_sawWord = false;
     bool m_lifting = false;
     bool m_hasPlaceholders = false;
+    bool m_hasWhere = false;
     bool m_checkedSecond = false;
 };
 
@@ -451,6 +492,8 @@ void ScanStatement(std::string_view composed, const LexicalRules& rules, Stateme
         // Values of ours would mix with the host's own.
         Scanner(composed, rules, false, result).Run();
     }
+    result.wholeTable =
+        result.kind == StatementKind::Select && !scanner.HasWhere() && AsksForWholeTable(composed);
 }
 
 }  // namespace korvex::native::sql

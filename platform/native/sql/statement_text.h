@@ -14,10 +14,12 @@ struct LexicalRules {
     bool bracketNames = true;       ///< [name] is a quoted name
     bool backslashEscapes = false;  ///< a backslash in a text literal takes the next character with it
     bool dollarQuotes = false;      ///< $tag$ ... $tag$ is a text literal, E'...' one with backslashes
+    bool likeEscapes = false;       ///< the same in what LIKE matches with
     bool exactLike = false;         ///< LIKE tells capital letters from small ones; ILIKE does not
-    /// Text literals of queries are lifted too: preparing costs an answer of a server. For drivers that copy
-    /// what is bound.
+    /// Text literals of queries are lifted too: what a query compares with reads the same when it is bound.
     bool liftsTexts = false;
+    /// Statements mean a backslash as the letter that it is, whatever the engine takes it for.
+    bool plainBackslashes = false;
 };
 
 enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
@@ -25,13 +27,16 @@ enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Defini
 /// A statement as it goes to the engine. Reused from call to call, so that a scan allocates nothing.
 struct StatementText {
     /// The engine's text, and the key under which its prepared statement is cached: literals lifted out as
-    /// "?", a blank where an integer touched the word behind it ("0and"), ILIKE where LIKE is exact.
+    /// "?", a blank where an integer touched the word behind it ("0and"), ILIKE where LIKE is exact, plain
+    /// backslashes doubled as the engine needs it.
     std::string text;
     /// The values of the lifted literals, in order.
     std::vector<automation::Variant> literals;
     StatementKind kind = StatementKind::Other;
     /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
     bool secondStatement = false;
+    /// A query of a whole table and nothing more: "select * from T".
+    bool wholeTable = false;
     /// A query that says itself in what order its rows come, or whose rows are made of several (DISTINCT,
     /// GROUP BY, UNION ...).
     bool arrangesRows = false;

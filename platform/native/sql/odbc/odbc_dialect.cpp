@@ -96,6 +96,7 @@ OdbcDialect MariaDb() {
     dialect.traits.emptyInsert = "() VALUES ()";
     dialect.traits.lexical.bracketNames = false;
     dialect.traits.lexical.backslashEscapes = true;
+    dialect.traits.lexical.likeEscapes = true;
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
@@ -113,6 +114,7 @@ OdbcDialect PostgreSql() {
     dialect.traits.newKey = NewKeySource::Returning;
     dialect.traits.lexical.bracketNames = false;
     dialect.traits.lexical.dollarQuotes = true;
+    dialect.traits.lexical.likeEscapes = true;
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.comparesLongValues = true;
     dialect.traits.lexical.exactLike = true;

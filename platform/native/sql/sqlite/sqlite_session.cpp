@@ -19,6 +19,7 @@ EngineTraits SqliteTraits() {
     traits.rowIdName = "rowid";
     traits.transactionOutlivesFailure = true;
     traits.comparesLongValues = true;
+    traits.lexical.liftsTexts = true;
     return traits;
 }
 
@@ -100,6 +101,9 @@ void SqliteSession::Configure(const SqliteOptions& options, bool created) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
+    // A plan does not depend on what is bound: a text matched with "like" would have every execution planned
+    // anew.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
     if (created) Run("PRAGMA journal_mode = WAL");
     // In KiB: a definition of thousands of objects stays in memory while it is brought up to date.
     Run("PRAGMA cache_size = -16000");
