@@ -157,6 +157,7 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
 void CreateRelationship(Repository& repository, std::string_view storageName, std::string_view sFKPrefix) {
     RelationshipBuilder builder(repository, sFKPrefix);
     const std::vector<std::int32_t> rootObjectIDs = GetRootObjects(repository, storageName);
+    if (rootObjectIDs.empty()) return;
     Transaction transaction(repository);
     for (const std::int32_t rootObjectID : rootObjectIDs) {
         builder.WalkRelationships(rootObjectID);

@@ -7,11 +7,16 @@
 namespace korvex::repository {
 
 /// One transaction of the open repository, for as long as the object lives: what was not committed is rolled
-/// back. Does nothing when no repository is open or its engine offers no transactions.
+/// back. It holds the right to write from its beginning, so that a second one waits for its end instead of
+/// reading rows that change before they are written. Does nothing when no repository is open or its engine
+/// offers no transactions.
 class Transaction {
   public:
     explicit Transaction(Repository& repository)
-        : m_database(repository.IsOpen() && repository.Open().BeginTrans() ? &repository.Open() : nullptr) {}
+        : Transaction(repository.IsOpen() && repository.Open().BeginTrans() ? &repository.Open() : nullptr) {
+        // A file is locked by then; behind ODBC, only rows that were written are.
+        if (m_database && repository.IsOdbc()) repository.Execute("update tDataDefs set Storage = Storage");
+    }
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     ~Transaction() {
@@ -25,6 +30,7 @@ class Transaction {
     }
 
   private:
+    explicit Transaction(dao::Database* database) : m_database(database) {}
     void Rollback() noexcept {
         try {
             m_database->Rollback();

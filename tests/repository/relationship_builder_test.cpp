@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -120,6 +121,33 @@ TEST_P(RelationshipBuilderTest, WritesTablesColumnsAndKeysOnceHoweverOftenItRuns
     const std::string once = Dump();
     EXPECT_EQ(once, OrdersRelated);
     Relate("Orders");
+    EXPECT_EQ(Dump(), once);
+    EXPECT_THAT(*journal, IsEmpty());
+}
+
+TEST_P(RelationshipBuilderTest, ABackslashIsALetterOfAName) {
+    NewRepository().Definition("\\new\\", 1).Object(1, "\\new\\", 2).Object(2, "a\\").Value(1, "\\n", 8);
+    Relate("\\new\\");
+    const std::string once = Dump();
+    EXPECT_EQ(Rows("select Name from tInterfaces where InterfaceID > 2 order by InterfaceID", {"Name"}),
+              (std::vector<std::string>{"\\new\\DBKeys", "a\\DBKeys"}));
+    Relate("\\new\\", "F\\");
+    Relate("\\new\\");
+    EXPECT_EQ(Dump(), once);
+    EXPECT_THAT(*journal, IsEmpty());
+}
+
+TEST_P(RelationshipBuilderTest, RunsAtOnceWaitForEachOther) {
+    NewOrders();
+    Relate();
+    const std::string once = Dump();
+    Execute("delete from tPrimaryKeys");
+    Execute("delete from tForeignKeys");
+    std::vector<std::future<void>> runs;
+    for (int i = 0; i < 4; ++i)
+        runs.push_back(std::async(std::launch::async, [this] { Relate(); }));
+    for (std::future<void>& run : runs)
+        EXPECT_NO_THROW(run.get());
     EXPECT_EQ(Dump(), once);
     EXPECT_THAT(*journal, IsEmpty());
 }
