@@ -3,10 +3,12 @@
 
 #include "automation/convert.h"
 #include "hosts/objects/data_object.h"
+#include "hosts/objects/load_definition.h"
 #include "platform/native/native_platform.h"
 #include "platform/native/sql/statement_text.h"
 #include "support/measure.h"
 #include "support/odbc_floor.h"
+#include "support/reply_counter.h"
 #include "support/repository_generator.h"
 #include "surface/cls_create_db.h"
 #include "surface/cls_crud.h"
@@ -14,8 +16,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -38,6 +42,13 @@ class Servers {
     Servers& operator=(const Servers&) = delete;
     ~Servers() { Run("stop.sh", "all"); }
 
+    /// The folder of the servers' sockets.
+    std::string Place() const {
+        std::string place;
+        std::getline(std::ifstream(m_folder.Path() / "servers/place"), place);
+        return place;
+    }
+
   private:
     void Run(const std::string& script, const std::string& which) const {
         const std::string command = "sh " KORVEX_SERVER_SCRIPTS "/" + script + " " +
@@ -53,6 +64,8 @@ struct Server {
     std::string source;  ///< the ODBC string of a data source
     std::string keyType;
     repository::SchemaEngine schema;
+    std::string socket;         ///< its name
+    std::string socketSetting;  ///< the setting that leads to another one, in front of the folder
 
     /// The ODBC string of a new database.
     std::string NewDatabase(const std::string& database) const {
@@ -318,12 +331,98 @@ Comparison CompareScriptRuns(const Server& server, int rounds, std::int64_t obje
         });
 }
 
+// ---- Replies ----
+
+/// Tables for a definition and everything beneath it, in types that both servers have.
+void CreateTables(FloorConnection& floor, const Server& server, Definition& definition,
+                  std::set<std::string>& made) {
+    using automation::VarType;
+    const std::string table = definition.StringAttribute(attTableName);
+    if (!made.insert(table).second) return;
+    std::string columns;
+    for (const auto& value : definition.Values()) {
+        const objects::ValueInfo& info = value->Info();
+        if (value->Child() != nullptr) CreateTables(floor, server, *value->Child(), made);
+        if (value->Child() != nullptr || info.column.empty()) continue;
+        const bool isMariaDb = server.schema == repository::SchemaEngine::MariaDb;
+        std::string type = "varchar(200)";
+        switch (static_cast<VarType>(info.dataType)) {
+            case VarType::Integer:
+            case VarType::Boolean:
+                type = "smallint";
+                break;
+            case VarType::Long:
+                type = info.isAutoNumber ? server.keyType : "integer";
+                break;
+            case VarType::Single:
+            case VarType::Double:
+            case VarType::Currency:
+                type = "double precision";
+                break;
+            case VarType::Date:
+                type = isMariaDb ? "datetime(3)" : "timestamp(3)";
+                break;
+            case VarType::Object:
+            case VarType::Variant:
+                type = isMariaDb ? "longblob" : "bytea";
+                break;
+            default:
+                break;
+        }
+        columns += info.column + " " + type + ", ";
+    }
+    const auto element = definition.ElementDefinition();
+    if (element != nullptr) CreateTables(floor, server, *element, made);
+    columns += element != nullptr ? "QORSelectedItem integer, QORCounterHolder integer"
+                                  : "QORSelectState integer, QORCounter integer";
+    floor.Statement("create table " + table + " (" + columns + ")").Run();
+}
+
+void RunCommand(const std::string& words) {
+    const std::string command = KORVEX_COMMAND " " + words + " >/dev/null";
+    if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
+}
+
+/// How many replies of the server each command waits for, with the example's object.
+void CountReplies(const Server& server, const std::string& serverFolder) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Path().string();
+    const std::string repository = path + "/orders.db";
+    RunCommand("repository new " + repository);
+    RunCommand("repository import " + repository + " " KORVEX_EXAMPLES "/orders.json");
+    RunCommand("relate --repository " + repository + " --storage Orders");
+    const Platform platform = BenchPlatform();
+    const auto opened = platform.repositoryEngine->OpenDatabase(repository);
+    const auto definition = objects::LoadDefinition(repository::Catalog::Read(*opened), "Orders");
+
+    const std::string database = server.NewDatabase("bench_replies");
+    FloorConnection floor(database);
+    std::set<std::string> made;
+    CreateTables(floor, server, *definition, made);
+    ReplyCounter counter(path + server.socket, serverFolder + server.socket);
+    const std::string target = database + server.socketSetting + path +
+                               (server.schema == repository::SchemaEngine::MariaDb ? server.socket : "");
+    std::ofstream(path + "/unchanged.json") << "{}";
+    const std::pair<std::string, std::string> commands[] = {
+        {"save", KORVEX_EXAMPLES "/order.json"},
+        {"load", "--key 1"},
+        {"update", "--key 1 " + path + "/unchanged.json 2>/dev/null"},
+        {"delete", "--key 1"},
+    };
+    for (const auto& [command, words] : commands) {
+        RunCommand(command + " --repository " + repository + " --storage Orders --connection '" + target +
+                   "' " + words);
+        PrintRatio("roundtrips_" + command + "_" + server.name, static_cast<double>(counter.Take()));
+    }
+}
+
 void Run(int rounds) {
     const Servers running;
     const Server servers[] = {
         {"mariadb", "DSN=korvex_mariadb", "integer auto_increment primary key",
-         repository::SchemaEngine::MariaDb},
-        {"postgresql", "DSN=korvex_postgresql", "serial primary key", repository::SchemaEngine::PostgreSql},
+         repository::SchemaEngine::MariaDb, "/mariadb.sock", ";SOCKET="},
+        {"postgresql", "DSN=korvex_postgresql", "serial primary key", repository::SchemaEngine::PostgreSql,
+         "/.s.PGSQL.5432", ";Servername="},
     };
     std::map<std::string, double> ratios;
     const auto note = [&](const std::string& claim, const Server& server, const Comparison& comparison) {
@@ -331,6 +430,7 @@ void Run(int rounds) {
         ratios[claim] = std::max(ratios[claim], comparison.ratio);
     };
     for (const Server& server : servers) {
+        CountReplies(server, running.Place());
         const TreeRatios trees = CompareTrees(server, 3 * rounds, 200);
         note("odbc_save_tree_vs_floor", server, trees.save);
         note("odbc_load_tree_vs_floor", server, trees.load);

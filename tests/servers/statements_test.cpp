@@ -1,10 +1,13 @@
 // What a server is asked, as its own log has it: each question costs the time of an answer.
 
+#include "hosts/cli/korvex_command.h"
 #include "servers/example_target.h"
+#include "support/reply_counter.h"
 #include "support/test_seam.h"
 
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <map>
 
 namespace korvex::tests {
@@ -50,6 +53,9 @@ TEST_F(ServerStatements, ATreeIsSavedAndLoadedWithOneQuestionForEachRecordAndLoo
     const auto load = [&] { crud.DbGetData(std::make_shared<objects::DataObject>(definition), 1); };
     crud.DbSaveData(FullOrder(definition));
     const int records = CountRecords(*m_connection, QuestionLogger);
+    // What is used for the second time is prepared.
+    crud.DbSaveData(FullOrder(definition));
+    load();
     load();
 
     EXPECT_THAT(Asked(number, [&] { crud.DbSaveData(FullOrder(definition)); }),
@@ -59,6 +65,66 @@ TEST_F(ServerStatements, ATreeIsSavedAndLoadedWithOneQuestionForEachRecordAndLoo
     EXPECT_THAT(loading, ElementsAre(Pair("Execute", static_cast<int>(seam->Executed().size()))));
     EXPECT_LT(loading.at("Execute"), 2 * records);
 }
+
+/// The command on the example, counted between it and the server.
+class ServerReplies : public testing::TestWithParam<Driver> {
+  protected:
+    static std::string ServerSocket() {
+        std::string place;
+        std::getline(std::ifstream(ServersFolder() + "/place"), place);
+        return place + SocketName();
+    }
+    static std::string SocketName() {
+        return GetParam() == Driver::MariaDb ? "/mariadb.sock" : "/.s.PGSQL.5432";
+    }
+    std::string ConnectionString() const {
+        return m_database.ConnectionString() + (GetParam() == Driver::MariaDb
+                                                    ? ";SOCKET=" + m_folder.Path() + SocketName()
+                                                    : ";Servername=" + m_folder.Path());
+    }
+    /// The replies that one command waits for.
+    std::size_t Replies(const std::vector<std::string>& words) {
+        std::vector<std::string> arguments = {words[0], "--repository", m_repository.Path(), "--storage",
+                                              "Orders", "--connection", ConnectionString()};
+        arguments.insert(arguments.end(), words.begin() + 1, words.end());
+        m_counter.Take();
+        const CommandResult result = RunKorvex(arguments);
+        EXPECT_EQ(result.exitCode, 0) << result.messages;
+        return m_counter.Take();
+    }
+
+    const ServerDatabase m_database{GetParam()};
+    const TempFolder m_folder;
+    bench::ReplyCounter m_counter{m_folder.Path() + SocketName(), ServerSocket()};
+    const RepositoryFile m_repository;
+};
+
+TEST_P(ServerReplies, ACommandWaitsLittleMoreThanOnceForEachStatement) {
+    CreateExampleTables(*m_database.Connect(), GetParam());
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"repository", "import", m_repository.Path(), KORVEX_EXAMPLES "/orders.json"},
+             {"relate", "--repository", m_repository.Path(), "--storage", "Orders"}})
+        EXPECT_EQ(RunKorvex(words).exitCode, 0);
+    const std::string unchanged = m_folder.Path("unchanged.json");
+    std::ofstream(unchanged) << "{}";
+    const struct {
+        std::vector<std::string> words;
+        std::size_t mariaDb;
+        std::size_t postgreSql;
+    } commands[] = {
+        {{"save", KORVEX_EXAMPLES "/order.json"}, 75, 85},
+        {{"load", "--key", "1"}, 50, 65},
+        {{"update", "--key", "1", unchanged}, 55, 65},
+        {{"delete", "--key", "1"}, 95, 95},
+    };
+    for (const auto& command : commands) {
+        const std::size_t replies = Replies(command.words);
+        EXPECT_LE(replies, GetParam() == Driver::MariaDb ? command.mariaDb : command.postgreSql)
+            << command.words[0];
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerReplies, ServerDrivers(), DriverName);
 
 }  // namespace
 }  // namespace korvex::tests

@@ -106,8 +106,10 @@ std::uint32_t NameHash(std::string_view name) noexcept {
 
 }  // namespace
 
-RowShape::RowShape(std::vector<ColumnInfo> described)
-    : columns(WithCurrencies(std::move(described))), m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
+RowShape::RowShape(std::vector<ColumnInfo> described, bool isWholeTable)
+    : columns(WithCurrencies(std::move(described))),
+      isWholeTable(isWholeTable),
+      m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         Slot& slot = m_slots[SlotOf(columns[i].name)];
         if (slot.column != 0)

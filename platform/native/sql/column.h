@@ -46,19 +46,22 @@ struct ColumnInfo {
     std::string declaredType;  ///< as the engine reports it ("varchar(40)")
     TableName base;            ///< the table behind the column, through views and aliases
     std::string baseColumn;    ///< empty for an expression
+    bool autoNumber = false;   ///< the engine numbers new rows here, where the driver says so by itself
 };
 
 /// The columns of a result. Made once and shared by all results that have them, so that what is worked out
 /// here is not worked out for each row.
 class RowShape {
   public:
-    explicit RowShape(std::vector<ColumnInfo> described);
+    /// `isWholeTable`: they are all the columns of one table, in its order.
+    explicit RowShape(std::vector<ColumnInfo> described, bool isWholeTable = false);
 
     /// Position of the column of that name, in any case; the first one when several bear it. A caller that
     /// goes through the columns in their order finds them sooner when it says where it expects the next.
     std::optional<std::size_t> Find(std::string_view name, std::size_t expected = 0) const noexcept;
 
     const std::vector<ColumnInfo> columns;
+    const bool isWholeTable;
 
   private:
     struct Slot {

@@ -23,21 +23,19 @@ Cursor::Cursor(Session& session, std::string_view composed, bool addsRows)
     : m_session(&session),
       m_text(composed),
       m_statement(session.Prepare(composed)),
-      m_shape(m_statement->Shape()) {
-    if (m_shape->columns.empty() || m_statement.Kind() != StatementKind::Select) {
-        m_statement.Execute(m_text);
-        m_executed = true;
-        m_shape = m_statement->Shape();
-        m_affectedRows = m_statement->AffectedRows();
-    }
+      m_executed(!addsRows || !m_statement.IsWholeTable()) {
+    if (m_executed) m_statement.Execute(m_text);
+    m_shape = m_statement->Shape();
+    m_affectedRows = m_statement->AffectedRows();
     session.Attach(*this);
     if (m_shape->columns.empty()) {
         EndStream();
         m_position = Position::End;
         return;
     }
-    if (m_executed) session.SetStreaming(*this, true);
-    if (!addsRows || !m_statement.IsWholeTable()) StandOnFirst();
+    if (!m_executed) return;
+    session.SetStreaming(*this, true);
+    StandOnFirst();
 }
 
 void Cursor::StandOnFirst() {
@@ -266,7 +264,7 @@ std::optional<TableColumn> Cursor::Details(std::size_t column) {
     RequireOpen();
     const ColumnInfo& info = m_shape->columns[column];
     if (info.base.table.empty()) return std::nullopt;
-    const std::shared_ptr<const TableInfo> table = m_session->Table(info.base);
+    const std::shared_ptr<const TableInfo> table = m_session->Table(info.base, *m_shape);
     const TableColumn* found = table->Find(info.baseColumn);
     return found == nullptr ? std::nullopt : std::optional(*found);
 }

@@ -24,7 +24,9 @@ void StatementLease::Swap(StatementLease& other) noexcept {
 
 void StatementLease::Execute(std::string_view text) {
     const bool writes = m_statement->Writes();
-    if (writes || m_statement->Shape()->columns.empty()) m_session->BeforeWrite();
+    // The columns of a query are not asked for before it runs: that may cost an answer of a server.
+    const bool isQuery = m_kind == StatementKind::Select;
+    if (writes || (!isQuery && m_statement->Shape()->columns.empty())) m_session->BeforeWrite();
     m_session->Check(CallKind::Execute, text, writes);
     m_failed = true;
     m_statement->Execute();
@@ -137,16 +139,17 @@ void Session::Rollback() {
 
 std::shared_ptr<const WritePlan> Session::PlanFor(const std::shared_ptr<const RowShape>& shape) {
     if (const auto found = m_plans.find(shape); found != m_plans.end()) return found->second;
-    auto plan = std::make_shared<const WritePlan>(m_traits, shape, Table(WritePlan::BaseTable(*shape)));
+    auto plan =
+        std::make_shared<const WritePlan>(m_traits, shape, Table(WritePlan::BaseTable(*shape), *shape));
     if (m_plans.size() >= PlanLimit) m_plans.clear();
     m_plans.emplace(shape, plan);
     return plan;
 }
 
-std::shared_ptr<const TableInfo> Session::Table(const TableName& name) {
+std::shared_ptr<const TableInfo> Session::Table(const TableName& name, const RowShape& shown) {
     std::string key = name.catalog + '\0' + name.schema + '\0' + name.table;
     if (const auto found = m_tables.find(key); found != m_tables.end()) return found->second;
-    auto table = std::make_shared<const TableInfo>(DoDescribeTable(name));
+    auto table = std::make_shared<const TableInfo>(DoDescribeTable(name, shown));
     m_tables.emplace(std::move(key), table);
     return table;
 }

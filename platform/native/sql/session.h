@@ -112,8 +112,9 @@ class Session {
 
     /// How rows of that shape are written; kept as long as the definitions. NotUpdatable when they cannot be.
     std::shared_ptr<const WritePlan> PlanFor(const std::shared_ptr<const RowShape>& shape);
-    /// A base table's columns and key, looked up once and kept until a definition statement runs.
-    std::shared_ptr<const TableInfo> Table(const TableName& name);
+    /// A base table's columns and key, looked up once and kept until a definition statement runs; `shown` are
+    /// columns of it.
+    std::shared_ptr<const TableInfo> Table(const TableName& name, const RowShape& shown);
 
     /// Makes every half-read cursor take its remaining rows; called before anything that writes or ends a
     /// transaction.
@@ -136,7 +137,8 @@ class Session {
     virtual void DoBegin() = 0;
     virtual void DoCommit() = 0;
     virtual void DoRollback() = 0;
-    virtual TableInfo DoDescribeTable(const TableName& name) = 0;
+    /// `shown` may hold the table's columns, which then need not be asked for.
+    virtual TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) = 0;
     /// Drops what the driver itself keeps of tables and columns.
     virtual void DoForgetDefinitions() noexcept {}
     /// Ends cursors and idle statements; the driver calls it before it closes its connection.

@@ -17,10 +17,10 @@ class Statement {
     virtual ~Statement() = default;
 
     /// The columns it gives. Executing may bring a new shape, when the tables changed since the statement was
-    /// prepared.
-    virtual const std::shared_ptr<const RowShape>& Shape() const noexcept = 0;
+    /// prepared. A server may have to be asked for what it has not executed yet.
+    virtual const std::shared_ptr<const RowShape>& Shape() = 0;
     virtual std::size_t ParameterCount() const noexcept = 0;
-    virtual bool Writes() const noexcept = 0;
+    virtual bool Writes() = 0;
 
     /// Binds parameter `index` (zero-based). `value` is in the form that ForColumn gives and stays alive
     /// until the statement was executed; `column` is where it goes, null for a value that is compared.

@@ -175,17 +175,6 @@ bool MayHoldBody(std::string_view text) noexcept {
     }
 }
 
-/// Whether a query is "select * from" one name.
-bool AsksForWholeTable(std::string_view text) noexcept {
-    std::size_t at = BehindBlanks(text, BehindWord(text, BehindBlanks(text, 0)));
-    if (text.substr(at, 1) != "*") return false;
-    const std::size_t from = BehindBlanks(text, at + 1);
-    at = BehindWord(text, from);
-    if (!IsWord(text.substr(from, at - from), "from")) return false;
-    const std::string_view name = automation::Trim(text.substr(at));
-    return !name.empty() && name.find_first_of(" \t\r\n,;()'/?") == std::string_view::npos;
-}
-
 class Scanner {
   public:
     Scanner(std::string_view text, const LexicalRules& rules, bool lift, StatementText& result)
@@ -197,6 +186,7 @@ class Scanner {
         m_result.kind = StatementKind::Other;
         m_result.secondStatement = false;
         m_result.arrangesRows = false;
+        m_result.placeholders = 0;
         while (m_at < m_text.size()) {
             if (ClassOf(m_text[m_at]) == CharClass::Plain) {
                 ++m_at;
@@ -207,7 +197,6 @@ class Scanner {
         m_result.text.append(m_text.substr(m_copied));
     }
 
-    bool HasPlaceholders() const noexcept { return m_hasPlaceholders; }
     bool HasWhere() const noexcept { return m_hasWhere; }
 
   private:
@@ -260,7 +249,7 @@ class Scanner {
                 Semicolon();
                 break;
             case CharClass::Placeholder:
-                m_hasPlaceholders = true;
+                ++m_result.placeholders;
                 ++m_at;
                 break;
             case CharClass::Dollar:
@@ -459,7 +448,6 @@ class Scanner {
     int m_depth = 0;
     bool m_sawWord = false;
     bool m_lifting = false;
-    bool m_hasPlaceholders = false;
     bool m_hasWhere = false;
     bool m_checkedSecond = false;
 };
@@ -488,12 +476,31 @@ void ScanStatement(std::string_view composed, const LexicalRules& rules, Stateme
     result.text.reserve(composed.size() + 8);
     Scanner scanner(composed, rules, true, result);
     scanner.Run();
-    if (scanner.HasPlaceholders() && !result.literals.empty()) {
+    if (result.placeholders > 0 && !result.literals.empty()) {
         // Values of ours would mix with the host's own.
         Scanner(composed, rules, false, result).Run();
     }
     result.wholeTable =
-        result.kind == StatementKind::Select && !scanner.HasWhere() && AsksForWholeTable(composed);
+        result.kind == StatementKind::Select && !scanner.HasWhere() && SoleTableOf(composed).isWhole;
+}
+
+SoleTable SoleTableOf(std::string_view text) noexcept {
+    const std::size_t start = BehindBlanks(text, 0);
+    std::size_t at = BehindWord(text, start);
+    if (!IsWord(text.substr(start, at - start), "select")) return {};
+    at = BehindBlanks(text, at);
+    if (text.substr(at, 1) != "*") return {};
+    const std::size_t from = BehindBlanks(text, at + 1);
+    at = BehindWord(text, from);
+    if (!IsWord(text.substr(from, at - from), "from")) return {};
+    at = BehindBlanks(text, at);
+    const std::size_t end = std::min(text.find_first_of(" \t\r\n", at), text.size());
+    const std::string_view name = text.substr(at, end - at);
+    if (name.find_first_of(",;()'/?") != std::string_view::npos) return {};
+    const std::size_t next = BehindBlanks(text, end);
+    if (next == text.size()) return {name, true};
+    if (!IsWord(text.substr(next, BehindWord(text, next) - next), "where")) return {};
+    return {name, false};
 }
 
 }  // namespace korvex::native::sql

@@ -32,6 +32,8 @@ struct StatementText {
     std::string text;
     /// The values of the lifted literals, in order.
     std::vector<automation::Variant> literals;
+    /// Values that the caller has to give to `text`, beside the lifted ones.
+    std::size_t placeholders = 0;
     StatementKind kind = StatementKind::Other;
     /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
     bool secondStatement = false;
@@ -46,6 +48,13 @@ struct StatementText {
 /// an integer literal behind a comparison operator is lifted out, and with liftsTexts a text that a query
 /// compares or matches with, unless the statement has placeholders of its own.
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result);
+
+/// The table of a query "select * from T", with a condition or without.
+struct SoleTable {
+    std::string_view name;  ///< as it stands there; empty for any other statement
+    bool isWhole = false;   ///< there is no condition
+};
+SoleTable SoleTableOf(std::string_view text) noexcept;
 
 /// What kind of statement a text is, by its first word.
 StatementKind KindOfStatement(std::string_view text) noexcept;

@@ -105,6 +105,7 @@ OdbcDialect MariaDb() {
         "SET character_set_client = utf8mb4, character_set_results = utf8mb4, collation_connection = "
         "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci')";
     dialect.narrowTexts = true;
+    dialect.preparesLate = true;
     dialect.traits.comparesLongValues = true;
     return dialect;
 }
@@ -121,6 +122,14 @@ OdbcDialect PostgreSql() {
     dialect.traits.textsHoldNul = false;
     // An updated row is stored anew, behind the others.
     dialect.rowOrderColumn = "ctid";
+    dialect.preparesLate = true;
+    dialect.keysQuery =
+        "SELECT n.nspname, c.relname, a.attname FROM pg_class c LEFT JOIN pg_index i ON i.indrelid = c.oid "
+        "AND i.indisprimary "
+        "LEFT JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = ANY(i.indkey) "
+        "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE c.relkind IN ('r', 'p') AND "
+        "pg_table_is_visible(c.oid) AND n.nspname NOT IN ('pg_catalog', 'information_schema') "
+        "ORDER BY c.oid, a.attnum";
     // The driver sets a savepoint before each statement.
     dialect.traits.transactionOutlivesFailure = true;
     return dialect;

@@ -26,6 +26,13 @@ struct OdbcDialect {
     std::string firstStatement;
     /// Narrow text passes as UTF-8, which spares the driver much work: texts go so.
     bool narrowTexts = false;
+    /// Preparing costs an answer of the server: a text goes with its values when it is used for the first
+    /// time and is prepared for the second.
+    bool preparesLate = false;
+    /// A query for the columns of the primary keys of all tables that are found by their name alone: schema,
+    /// table, column (Null for a table without a key), in the order of the columns. Empty: each table is
+    /// asked for by the driver's own function.
+    std::string keysQuery;
     /// The driver knows narrow statements and names alone, in UTF-8. The driver manager would bring wide ones
     /// to it in Latin-1.
     bool narrowStatements = false;

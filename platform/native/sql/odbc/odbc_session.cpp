@@ -1,5 +1,6 @@
 #include "platform/native/sql/odbc/odbc_session.h"
 
+#include "automation/convert.h"
 #include "automation/text.h"
 #include "platform/native/sql/odbc/odbc_statement.h"
 
@@ -73,23 +74,59 @@ std::string OdbcSession::Info(SQLUSMALLINT what) const {
 }
 
 std::unique_ptr<Statement> OdbcSession::DoPrepare(std::string_view text, StatementKind kind) {
-    auto statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind);
-    if (kind != StatementKind::Select || m_dialect.rowOrderColumn.empty()) return statement;
-    const std::string order = OrderOf(text, *statement->Shape());
-    if (order.empty()) return statement;
-    try {
-        return std::make_unique<OdbcStatement>(m_connection, m_dialect, std::string(text) + order, kind);
-    } catch (const EngineError&) {
-        return statement;  // a view, or a table under another name: rows come as they come
-    }
-}
-
-/// The ORDER BY that gives a query's rows in the order of the keys of its tables; empty for one that arranges
-/// its rows itself, or has none of a table.
-std::string OdbcSession::OrderOf(std::string_view text, const RowShape& shape) {
+    const auto ask = [&](std::string_view order = {}) {
+        return std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind, order);
+    };
+    if (kind != StatementKind::Select || m_dialect.rowOrderColumn.empty()) return ask();
     StatementText scan;
     ScanStatement(text, m_traits.lexical, scan);
-    if (scan.arrangesRows || text.find(';') != std::string_view::npos) return {};
+    if (scan.arrangesRows || text.find(';') != std::string_view::npos) return ask();
+    if (const std::string_view table = SoleTableOf(text).name; !table.empty()) return ask(OrderOf(table));
+    auto statement = ask();
+    const std::string order = OrderOf(*statement->Shape());
+    return order.empty() ? std::move(statement) : ask(order);
+}
+
+/// The columns of a table's key, none for a table without one; null for what is no table that is found by
+/// that name.
+const OdbcSession::TableKey* OdbcSession::KeyOf(const std::string& table) {
+    if (!m_keys) {
+        m_keys.emplace();
+        try {
+            OdbcStatement query(m_connection, m_dialect, m_dialect.keysQuery, StatementKind::Select);
+            query.Execute();
+            while (query.Fetch()) {
+                TableKey& key = (*m_keys)[automation::ToString(query.Value(1))];
+                key.schema = automation::ToString(query.Value(0));
+                if (!query.Value(2).IsNull()) key.columns.push_back(automation::ToString(query.Value(2)));
+            }
+        } catch (const EngineError&) {
+            m_keys->clear();  // an engine that only speaks the same language
+        }
+    }
+    const auto found = m_keys->find(table);
+    return found == m_keys->end() ? nullptr : &found->second;
+}
+
+/// The ORDER BY that gives the rows of one table, as a statement names it, in the order of its key.
+std::string OdbcSession::OrderOf(std::string_view table) {
+    const bool isQuoted = table.starts_with('"');
+    std::string name(isQuoted ? table.substr(1, table.size() - 2) : table);
+    if (!isQuoted) {
+        std::ranges::transform(name, name.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c | ' ' : c; });
+    }
+    const TableKey* key = KeyOf(name);
+    if (key == nullptr) return {};
+    if (key->columns.empty()) return "\nORDER BY " + m_dialect.rowOrderColumn;
+    std::string order;
+    for (const std::string& column : key->columns)
+        order.append(order.empty() ? "\nORDER BY " : ", ").append(QuoteName(m_traits, column));
+    return order;
+}
+
+/// The ORDER BY that gives a query's rows in the order of the keys of its tables; empty for one that has none
+/// of a table.
+std::string OdbcSession::OrderOf(const RowShape& shape) {
     std::vector<TableName> tables;
     for (const ColumnInfo& column : shape.columns) {
         if (!column.base.table.empty() && std::ranges::count(tables, column.base) == 0) {
@@ -101,7 +138,7 @@ std::string OdbcSession::OrderOf(std::string_view text, const RowShape& shape) {
         order.append(order.empty() ? "\nORDER BY " : ", ").append(what);
     };
     for (const TableName& name : tables) {
-        const std::shared_ptr<const TableInfo> table = Table(name);
+        const std::shared_ptr<const TableInfo> table = Table(name, shape);
         for (const TableColumn& key : table->columns) {
             if (!key.key) continue;
             const auto shown = std::ranges::find_if(shape.columns, [&](const ColumnInfo& column) {
@@ -137,18 +174,25 @@ void OdbcSession::EndTransaction(SQLSMALLINT completion) {
     SetAutoCommit(true);
 }
 
-TableInfo OdbcSession::DoDescribeTable(const TableName& name) {
-    std::string text = "SELECT * FROM ";
-    for (const std::string* part : {&name.catalog, &name.schema}) {
-        if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+TableInfo OdbcSession::DoDescribeTable(const TableName& name, const RowShape& shown) {
+    std::unique_ptr<OdbcStatement> statement;
+    const RowShape* shape = &shown;
+    if (!shown.isWholeTable) {
+        std::string text = "SELECT * FROM ";
+        for (const std::string* part : {&name.catalog, &name.schema}) {
+            if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+        }
+        text += QuoteName(m_traits, name.table);
+        statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, StatementKind::Select);
+        shape = statement->Shape().get();
     }
-    text += QuoteName(m_traits, name.table);
-    const OdbcStatement statement(m_connection, m_dialect, text, StatementKind::Select);
     TableInfo table{.name = name, .columns = {}};
-    for (std::size_t i = 0; i < statement.Shape()->columns.size(); ++i)
-        table.columns.push_back(statement.Details(i));
+    for (const ColumnInfo& column : shape->columns) {
+        table.columns.push_back(
+            {.name = column.name, .autoNumber = column.autoNumber, .nullable = column.nullable});
+    }
     MarkKeyColumns(table);
-    MarkNumberedKey(table, *statement.Shape());
+    MarkNumberedKey(table, *shape);
     return table;
 }
 
@@ -181,6 +225,16 @@ SQLRETURN OdbcSession::AskForPrimaryKey(const OdbcHandle& query, TableName table
 }
 
 void OdbcSession::MarkKeyColumns(TableInfo& table) {
+    const auto mark = [&table](std::string_view column) {
+        for (TableColumn& entry : table.columns) {
+            if (automation::EqualsIgnoreCase(entry.name, column)) entry.key = true;
+        }
+    };
+    const TableKey* known = m_dialect.keysQuery.empty() ? nullptr : KeyOf(table.name.table);
+    if (known != nullptr && known->schema == table.name.schema) {
+        std::ranges::for_each(known->columns, mark);
+        return;
+    }
     const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
     CheckOdbc(AskForPrimaryKey(query, table.name), query, m_dialect);
     constexpr SQLUSMALLINT columnName = 4;
@@ -190,11 +244,8 @@ void OdbcSession::MarkKeyColumns(TableInfo& table) {
         CheckOdbc(SQLGetData(query.Get(), columnName, SQL_C_WCHAR, text.data(),
                              static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &bytes),
                   query, m_dialect);
-        const std::string column = FromWide(
-            text.data(), static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
-        for (TableColumn& entry : table.columns) {
-            if (automation::EqualsIgnoreCase(entry.name, column)) entry.key = true;
-        }
+        mark(FromWide(text.data(),
+                      static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin())));
     }
 }
 

@@ -5,9 +5,12 @@
 #include "platform/native/sql/odbc/odbc_string.h"
 #include "platform/native/sql/session.h"
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex::native::sql {
 
@@ -22,11 +25,17 @@ class OdbcSession final : public Session {
     bool InTransaction() const noexcept override { return m_inTransaction; }
 
   private:
+    struct TableKey {
+        std::string schema;
+        std::vector<std::string> columns;
+    };
+
     std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) override;
     void DoBegin() override;
     void DoCommit() override;
     void DoRollback() override;
-    TableInfo DoDescribeTable(const TableName& name) override;
+    TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
+    void DoForgetDefinitions() noexcept override { m_keys.reset(); }
 
     void Connect(const OdbcString& connectionString);
     std::string Info(SQLUSMALLINT what) const;
@@ -36,11 +45,15 @@ class OdbcSession final : public Session {
     SQLRETURN AskForPrimaryKey(const OdbcHandle& query, TableName table) const;
     void MarkKeyColumns(TableInfo& table);
     void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;
-    std::string OrderOf(std::string_view text, const RowShape& shape);
+    const TableKey* KeyOf(const std::string& table);
+    std::string OrderOf(std::string_view table);
+    std::string OrderOf(const RowShape& shape);
 
     OdbcHandle m_environment;
     OdbcHandle m_connection;
     OdbcDialect m_dialect;
+    /// By the table's name, where one query gives the keys of all tables.
+    std::optional<std::map<std::string, TableKey>> m_keys;
     bool m_connected = false;
     bool m_inTransaction = false;
 };

@@ -1,5 +1,7 @@
 #include "platform/native/sql/odbc/odbc_statement.h"
 
+#include "automation/text.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -56,24 +58,72 @@ constexpr SQLULEN LargestSize = 1U << 24U;
 }  // namespace
 
 OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
-                             StatementKind kind)
-    : m_dialect(dialect), m_kind(kind), m_statement(SQL_HANDLE_STMT, connection.Get()) {
-    Prepare(text);
+                             StatementKind kind, std::string_view order)
+    : m_dialect(dialect),
+      m_kind(kind),
+      m_text(text),
+      m_order(order),
+      m_statement(SQL_HANDLE_STMT, connection.Get()) {
+    if (m_dialect.preparesLate) {
+        StatementText scan;
+        ScanStatement(text, m_dialect.traits.lexical, scan);
+        m_parameters.resize(scan.placeholders);
+        return;
+    }
+    Prepare();
     SQLSMALLINT parameters = 0;
     Check(SQLNumParams(Handle(), &parameters));
     m_parameters.resize(static_cast<std::size_t>(std::max<SQLSMALLINT>(parameters, 0)));
     TakeShape(Describe());
 }
 
-void OdbcStatement::Prepare(std::string_view text) {
+void OdbcStatement::Prepare() {
+    std::string text = m_text + m_order;
     if (m_dialect.narrowStatements) {
-        std::string narrow(text);
-        Check(SQLPrepare(Handle(), reinterpret_cast<SQLCHAR*>(narrow.data()),
-                         static_cast<SQLINTEGER>(narrow.size())));
+        Check(SQLPrepare(Handle(), reinterpret_cast<SQLCHAR*>(text.data()),
+                         static_cast<SQLINTEGER>(text.size())));
     } else {
         WideText wide(text);
         Check(SQLPrepareW(Handle(), wide.Data(), wide.LongLength()));
     }
+    m_stage = Stage::Prepared;
+}
+
+SQLRETURN OdbcStatement::Send(const std::string& text) {
+    WideText wide(text);
+    return SQLExecDirectW(Handle(), wide.Data(), wide.LongLength());
+}
+
+SQLRETURN OdbcStatement::Run() {
+    if (m_stage == Stage::New && m_dialect.preparesLate) {
+        m_stage = Stage::Used;
+        const SQLRETURN result = Send(m_text + m_order);
+        if (m_order.empty() || result != SQL_ERROR || !ReadDiagnosis(m_statement).state.starts_with("42"))
+            return result;
+        m_order.clear();  // what it names is not there: another client changed the table
+        return Send(m_text);
+    }
+    if (m_stage != Stage::Prepared) Prepare();
+    return SQLExecute(Handle());
+}
+
+const std::shared_ptr<const RowShape>& OdbcStatement::Shape() {
+    if (!m_shape) LearnColumns();
+    return m_shape;
+}
+
+/// Of a statement that was not executed: a whole table is cheaper to ask for without its rows than to
+/// prepare.
+void OdbcStatement::LearnColumns() {
+    if (SoleTableOf(m_text).isWhole) {
+        Check(Send(m_text + " WHERE 1 = 0"));
+        m_executing = true;
+        auto shape = Describe();
+        Reset();
+        return TakeShape(std::move(shape));
+    }
+    Prepare();
+    TakeShape(Describe());
 }
 
 void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
@@ -88,8 +138,8 @@ void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
     }
 }
 
-bool OdbcStatement::Writes() const noexcept {
-    return m_kind != StatementKind::Select && (m_kind != StatementKind::Other || m_shape->columns.empty());
+bool OdbcStatement::Writes() {
+    return m_kind != StatementKind::Select && (m_kind != StatementKind::Other || Shape()->columns.empty());
 }
 
 std::shared_ptr<const RowShape> OdbcStatement::Describe() const {
@@ -99,7 +149,18 @@ std::shared_ptr<const RowShape> OdbcStatement::Describe() const {
     for (SQLSMALLINT i = 1; i <= count; ++i) {
         columns.push_back(DescribeColumn(static_cast<SQLUSMALLINT>(i)));
     }
-    return std::make_shared<RowShape>(std::move(columns));
+    const bool isWholeTable = ShowsWholeTable(columns);
+    return std::make_shared<RowShape>(std::move(columns), isWholeTable);
+}
+
+/// Not those of a view, whose columns a driver may give as the columns of the table beneath it.
+bool OdbcStatement::ShowsWholeTable(const std::vector<ColumnInfo>& columns) const {
+    std::string_view table = SoleTableOf(m_text).name;
+    table = table.substr(table.rfind('.') + 1);
+    if (!table.empty() && (table[0] == '"' || table[0] == '`')) table = table.substr(1, table.size() - 2);
+    return !table.empty() && std::ranges::all_of(columns, [&](const ColumnInfo& column) {
+        return automation::EqualsIgnoreCase(column.base.table, table) && column.base == columns[0].base;
+    });
 }
 
 ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
@@ -127,7 +188,9 @@ ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
     column.base.catalog = TextAttribute(index, SQL_DESC_CATALOG_NAME);
     column.base.schema = TextAttribute(index, SQL_DESC_SCHEMA_NAME);
     column.base.table = TextAttribute(index, SQL_DESC_BASE_TABLE_NAME);
-    if (!column.base.table.empty()) column.baseColumn = TextAttribute(index, SQL_DESC_BASE_COLUMN_NAME);
+    if (column.base.table.empty()) return column;
+    column.baseColumn = TextAttribute(index, SQL_DESC_BASE_COLUMN_NAME);
+    column.autoNumber = NumberAttribute(index, SQL_DESC_AUTO_UNIQUE_VALUE) == SQL_TRUE;
     return column;
 }
 
@@ -138,15 +201,6 @@ std::string OdbcStatement::DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQ
     if (precision <= 0 || (!IsText(TypeOf(type)) && !IsBinary(TypeOf(type)))) return {};
     if (static_cast<SQLULEN>(precision) == size) return "(" + std::to_string(size) + ")";
     return "(" + std::to_string(size) + "," + std::to_string(precision) + ")";
-}
-
-TableColumn OdbcStatement::Details(std::size_t column) const {
-    const auto index = static_cast<SQLUSMALLINT>(column + 1);
-    TableColumn details;
-    details.name = m_shape->columns[column].name;
-    details.nullable = NumberAttribute(index, SQL_DESC_NULLABLE) != SQL_NO_NULLS;
-    details.autoNumber = NumberAttribute(index, SQL_DESC_AUTO_UNIQUE_VALUE) == SQL_TRUE;
-    return details;
 }
 
 /// Empty for what a driver does not know.
@@ -182,7 +236,7 @@ void OdbcStatement::Bind(std::size_t index, const automation::Variant& value, co
 void OdbcStatement::Execute() {
     m_affectedRows = 0;
     m_executing = true;
-    const SQLRETURN result = SQLExecute(Handle());
+    const SQLRETURN result = Run();
     // A DELETE or UPDATE that meets no row may say so in this way.
     if (result == SQL_NO_DATA) return;
     if (!SQL_SUCCEEDED(result)) {
@@ -198,9 +252,9 @@ void OdbcStatement::Execute() {
     const bool isBatch =
         m_kind == StatementKind::Insert && m_dialect.traits.newKey == NewKeySource::SameBatch;
     if (isBatch) SkipToRows();
-    if (isBatch || m_shape->columns.empty()) {
+    if (isBatch || !m_shape || m_shape->columns.empty()) {
         // Some drivers know the columns only now.
-        if (auto shape = Describe(); !shape->columns.empty()) TakeShape(std::move(shape));
+        if (auto shape = Describe(); !m_shape || !shape->columns.empty()) TakeShape(std::move(shape));
     }
 }
 

@@ -15,13 +15,14 @@ namespace korvex::native::sql {
 
 class OdbcStatement final : public Statement {
   public:
-    /// `dialect` outlives the statement.
+    /// `dialect` outlives the statement. `order` is put behind a query whose rows must be asked for in their
+    /// order, unless the server refuses it there.
     OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
-                  StatementKind kind);
+                  StatementKind kind, std::string_view order = {});
 
-    const std::shared_ptr<const RowShape>& Shape() const noexcept override { return m_shape; }
+    const std::shared_ptr<const RowShape>& Shape() override;
     std::size_t ParameterCount() const noexcept override { return m_parameters.size(); }
-    bool Writes() const noexcept override;
+    bool Writes() override;
     void Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) override;
     void Execute() override;
     bool Fetch() override;
@@ -31,15 +32,16 @@ class OdbcStatement final : public Statement {
     std::int64_t AffectedRows() const noexcept override { return m_affectedRows; }
     void Reset() noexcept override;
 
-    /// Whether a column takes Null and whether the engine numbers it, as the driver says.
-    TableColumn Details(std::size_t column) const;
-
   private:
     SQLHSTMT Handle() const noexcept { return m_statement.Get(); }
     void Check(SQLRETURN result) const { CheckOdbc(result, m_statement, m_dialect); }
     void SkipToRows();
-    void Prepare(std::string_view text);
+    void Prepare();
+    SQLRETURN Send(const std::string& text);
+    SQLRETURN Run();
+    void LearnColumns();
     std::shared_ptr<const RowShape> Describe() const;
+    bool ShowsWholeTable(const std::vector<ColumnInfo>& columns) const;
     ColumnInfo DescribeColumn(SQLUSMALLINT index) const;
     std::string DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const;
     std::string TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const;
@@ -48,6 +50,10 @@ class OdbcStatement final : public Statement {
 
     const OdbcDialect& m_dialect;
     StatementKind m_kind;
+    std::string m_text;
+    std::string m_order;
+    enum class Stage : std::uint8_t { New, Used, Prepared };
+    Stage m_stage = Stage::New;
     OdbcHandle m_statement;
     std::shared_ptr<const RowShape> m_shape;
     std::vector<OdbcParameter> m_parameters;

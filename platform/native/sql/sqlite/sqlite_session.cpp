@@ -135,7 +135,7 @@ void SqliteSession::DoRollback() {
     if (InTransaction()) Run("ROLLBACK");
 }
 
-TableInfo SqliteSession::DoDescribeTable(const TableName& name) {
+TableInfo SqliteSession::DoDescribeTable(const TableName& name, const RowShape& /*shown*/) {
     SqliteStatement query(m_database.get(), m_shapes,
                           "SELECT name, \"notnull\", pk FROM pragma_table_xinfo(?, ?) WHERE hidden <> 1");
     const automation::Variant table = name.table;
@@ -161,8 +161,7 @@ void SqliteSession::MarkNumberedColumn(TableInfo& table) {
     const std::string from = QuoteName(m_traits, table.name.schema.empty() ? "main" : table.name.schema) +
                              "." + QuoteName(m_traits, table.name.table);
     try {
-        const SqliteStatement query(m_database.get(), m_shapes,
-                                    "SELECT " + m_traits.rowIdName + " FROM " + from);
+        SqliteStatement query(m_database.get(), m_shapes, "SELECT " + m_traits.rowIdName + " FROM " + from);
         const std::string& origin = query.Shape()->columns.front().baseColumn;
         for (TableColumn& column : table.columns) {
             if (column.key && automation::EqualsIgnoreCase(column.name, origin)) column.autoNumber = true;

@@ -48,7 +48,7 @@ class SqliteSession final : public Session {
     void DoBegin() override;
     void DoCommit() override;
     void DoRollback() override;
-    TableInfo DoDescribeTable(const TableName& name) override;
+    TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
     void DoForgetDefinitions() noexcept override { m_shapes.Forget(); }
 
     void OpenFile(const std::string& file, const SqliteOptions& options);

@@ -15,9 +15,9 @@ class SqliteStatement final : public Statement {
     /// Prepares `text`; SecondStatement when another one follows. `shapes` outlives the statement.
     SqliteStatement(sqlite3* database, SqliteShapes& shapes, std::string_view text);
 
-    const std::shared_ptr<const RowShape>& Shape() const noexcept override { return m_shape; }
+    const std::shared_ptr<const RowShape>& Shape() noexcept override { return m_shape; }
     std::size_t ParameterCount() const noexcept override { return m_parameterCount; }
-    bool Writes() const noexcept override { return m_writes; }
+    bool Writes() noexcept override { return m_writes; }
     void Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) override;
     void Execute() override;
     bool Fetch() override;
