@@ -115,7 +115,7 @@ class StaleKeys {
 }  // namespace
 
 void DeleteStaleKeys(Repository& repository, const KeyReferences& references) {
-    StaleKeys(repository, references).Delete();
+    if (!references.IsEmpty()) StaleKeys(repository, references).Delete();
 }
 
 }  // namespace korvex::repository

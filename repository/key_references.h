@@ -17,6 +17,7 @@ class KeyReferences {
         m_parents[valueID] = parentID;
     }
 
+    bool IsEmpty() const noexcept { return m_objects.empty(); }
     bool HasObject(std::int32_t objectID) const { return m_objects.contains(objectID); }
     /// The value by which the child refers to the parent; 0 for none.
     std::int32_t ValueOf(std::int32_t childID, std::int32_t parentID) const {
