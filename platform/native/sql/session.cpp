@@ -9,6 +9,17 @@ namespace {
 
 constexpr std::size_t PlanLimit = 256;
 
+/// Makes a call to the engine; `isLost` is set when it finds the connection gone.
+template <class Call>
+auto NotingLoss(bool& isLost, Call&& call) {
+    try {
+        return call();
+    } catch (const EngineError& error) {
+        if (error.Kind() == ErrorKind::ConnectionLost) isLost = true;
+        throw;
+    }
+}
+
 }  // namespace
 
 void StatementLease::Swap(StatementLease& other) noexcept {
@@ -29,7 +40,7 @@ void StatementLease::Execute(std::string_view text) {
     if (writes || (!isQuery && m_statement->Shape()->columns.empty())) m_session->BeforeWrite();
     m_session->Check(CallKind::Execute, text, writes);
     m_failed = true;
-    m_statement->Execute();
+    NotingLoss(m_session->m_isLost, [this] { m_statement->Execute(); });
     m_failed = false;
     if (m_kind == StatementKind::Definition) m_session->DefinitionsChanged();
 }
@@ -37,7 +48,7 @@ void StatementLease::Execute(std::string_view text) {
 bool StatementLease::Fetch(std::string_view text) {
     m_session->Check(CallKind::Fetch, text);
     m_failed = true;
-    const bool found = m_statement->Fetch();
+    const bool found = NotingLoss(m_session->m_isLost, [this] { return m_statement->Fetch(); });
     m_failed = false;
     return found;
 }
@@ -76,7 +87,7 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
     if (!statement) {
         m_cache.Lend(bucket);
         Check(CallKind::Prepare, composed);
-        statement = DoPrepare(text, kind);
+        statement = NotingLoss(m_isLost, [&] { return DoPrepare(text, kind); });
     }
     if (m_seam) m_seam->StatementOpened();
     lease.m_statement = std::move(statement);
@@ -126,6 +137,8 @@ void Session::Begin() {
 void Session::Commit() {
     BeforeWrite();
     Check(CallKind::Commit, "commit");
+    // A driver may call it done when there is nothing left to commit on.
+    if (m_isLost) throw EngineError(ErrorKind::ConnectionLost, 0, "Nothing of the transaction was stored");
     DoCommit();
 }
 

@@ -156,6 +156,7 @@ class Session {
     std::shared_ptr<Seam> m_seam;
     StatementCache m_cache;
     std::uint64_t m_generation = 0;  ///< rises when definitions change
+    bool m_isLost = false;           ///< a statement found the connection gone
     StatementText m_scan;
     std::map<std::string, std::shared_ptr<const TableInfo>, std::less<>> m_tables;
     std::unordered_map<std::shared_ptr<const RowShape>, std::shared_ptr<const WritePlan>> m_plans;
