@@ -144,8 +144,13 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
     dao::Field& fieldName = values->Fields("FieldName");
     dao::Field& isIncluded = values->Fields("IsIncluded");
     for (; !values->Eof(); values->MoveNext()) {
+        const std::string column = ValueColumnName(ReadValue(name, automation::ToString, object.name));
+        // An earlier call has mostly done it.
+        if (!column.empty() && ReadValue(fieldName, automation::ToString, object.name) == column &&
+            ReadValue(isIncluded, automation::ToBoolean, object.name))
+            continue;
         values->Edit();
-        fieldName.Value(ValueColumnName(ReadValue(name, automation::ToString, object.name)));
+        fieldName.Value(column);
         isIncluded.Value(true);
         values->Update();
     }

@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "repository/names.h"
 #include "scriptgen/column_text.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
@@ -97,12 +98,9 @@ std::vector<const DescribedTable*> ReferringFirst(std::span<const DescribedTable
     return ordered;
 }
 
-bool IsIdentifier(std::string_view name) {
-    const auto isLetter = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || (c & 0x80) != 0;
-    };
-    return !name.empty() && isLetter(name.front()) &&
-           std::ranges::all_of(name, [&](char c) { return isLetter(c) || (c >= '0' && c <= '9'); });
+/// Whether a name can stand unquoted on every engine.
+bool IsPlainName(std::string_view name) {
+    return repository::IsIdentifier(name) && name.find_first_of("#$") == std::string_view::npos;
 }
 
 }  // namespace
@@ -320,7 +318,7 @@ std::vector<std::string> EngineDialect::Problems(std::span<const DescribedTable>
     std::vector<std::string> problems;
     const auto checkName = [&](const std::string& what, const std::string& name) {
         const std::string word = " " + automation::ToUpperAscii(name) + " ";
-        if (!IsIdentifier(name)) {
+        if (!IsPlainName(name)) {
             problems.push_back(what + " is no name that can stand unquoted in " + std::string(Name()));
         } else if (ReservedWords().find(word) != std::string_view::npos) {
             problems.push_back(what + " is a reserved word of " + std::string(Name()));

@@ -14,6 +14,7 @@ namespace {
 struct CheckOptions {
     std::string repository;
     std::string fkPrefix = "FK_";
+    std::string dialect;
 };
 
 std::string CountText(std::size_t count, const char* what) {
@@ -24,9 +25,12 @@ void RunCheck(const CheckOptions& options, Console& console) {
     repository::Repository repository(Session(console).platform);
     OpenComplete(repository, options.repository);
     const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    Findings findings = CheckCatalog(catalog, options.fkPrefix);
+    for (const scriptgen::EngineDialect* dialect : scriptgen::AllEngineDialects()) {
+        if (options.dialect == dialect->Name() || options.dialect == "all-engines")
+            CheckForEngine(repository, catalog, options.fkPrefix, *dialect, findings);
+    }
     repository.Close();
-
-    const Findings findings = CheckCatalog(catalog, options.fkPrefix);
     for (const Finding& finding : findings.All()) {
         console.Results() << (finding.severity == Severity::Error ? "error: " : "warning: ") << finding.text
                           << '\n';
@@ -47,6 +51,12 @@ void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
     command->add_option("R", options->repository, "Repository file, or ODBC string with DSN=")->required();
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in the runs (FK_)")
         ->type_name("P");
+    command
+        ->add_option(
+            "--dialect", options->dialect,
+            "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
+        ->type_name("NAME")
+        ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "all-engines"}));
     command->callback([options, &console] { RunCheck(*options, console); });
 }
 

@@ -4,6 +4,7 @@
 #include "hosts/cli/check/planned_tables.h"
 #include "hosts/cli/console.h"
 #include "repository/catalog.h"
+#include "scriptgen/engine_dialect.h"
 
 #include <string>
 #include <string_view>
@@ -25,6 +26,10 @@ void WarnOfDanger(const Findings& findings, Console& console);
 /// Raises InvalidProcedureCall (5) with the first finding that endangers data and what to do: for commands
 /// that store or delete data, before they do anything.
 void RefuseDanger(const Findings& findings);
+
+/// What an engine will not take of the tables that each definition makes; `repository` is only read.
+void CheckForEngine(repository::Repository& repository, const repository::Catalog& catalog,
+                    std::string_view fkPrefix, const scriptgen::EngineDialect& dialect, Findings& findings);
 
 /// References to rows that do not exist, and rows that nothing refers to.
 void CheckReferences(const repository::Catalog& catalog, Findings& findings);

@@ -5,6 +5,7 @@
 #include "hosts/cli/check/reserved_words.h"
 #include "hosts/cli/model/data_types.h"
 #include "repository/names.h"
+#include "scriptgen/script_types.h"
 
 #include <algorithm>
 #include <map>
@@ -17,7 +18,7 @@ namespace {
 using repository::ValueRow;
 
 /// Longest variable-length text column with Oracle.
-constexpr double OracleMaxCharLen = 4000;
+double OracleMaxCharLen() { return scriptgen::FindScriptType(scriptgen::ScriptType::Oracle)->maxCharLen; }
 
 std::string Place(const PlannedTable& table) { return ObjectText(*table.object); }
 
@@ -124,7 +125,7 @@ void CheckLongColumns(const PlannedTable& table, Findings& findings) {
         if (column.value == nullptr) continue;
         const std::int32_t type = column.value->DataType;
         const bool isLong = type == TypeObject || (HasLength(type, true) &&
-                                                   MaxLength(*column.value).value_or(0) > OracleMaxCharLen);
+                                                   MaxLength(*column.value).value_or(0) > OracleMaxCharLen());
         if (isLong) ++longColumns;
     }
     if (longColumns > 1) {

@@ -99,8 +99,8 @@ class Planner {
                  .parentID = parentID});
         }
         const bool isCollection = table.object->CollectionObjectID != 0;
-        for (const char* name : isCollection ? CollectionColumns : ObjectColumns) {
-            table.columns.push_back({.name = name, .origin = "an added column"});
+        for (const std::string_view name : isCollection ? CollectionColumns : ObjectColumns) {
+            table.columns.push_back({.name = std::string(name), .origin = "an added column"});
         }
     }
 
@@ -160,8 +160,10 @@ class Planner {
         table.columns.push_back(std::move(column));
     }
 
-    static constexpr const char* ObjectColumns[] = {"QORSelectState", "QORCounter"};
-    static constexpr const char* CollectionColumns[] = {"QORSelectedItem", "QORCounterHolder"};
+    static constexpr std::string_view ObjectColumns[] = {repository::SelectStateColumn,
+                                                         repository::CounterColumn};
+    static constexpr std::string_view CollectionColumns[] = {repository::SelectedItemColumn,
+                                                             repository::CounterHolderColumn};
 
     const Catalog& m_catalog;
     HeldObjects m_objects;

@@ -1,7 +1,8 @@
+#include "scriptgen/script_names.h"
+
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/check/reserved_words.h"
-#include "repository/names.h"
 
 #include <map>
 
@@ -9,7 +10,7 @@ namespace korvex::cli {
 
 namespace {
 
-using repository::LimitNameLength;
+using scriptgen::ProcedureName;
 
 /// "SEQ_" and a table name of this length make the longest name that older servers take; the scripts do not
 /// cut these names.
@@ -42,21 +43,18 @@ class UniqueNames {
 };
 
 void AddProcedures(const PlannedTable& table, UniqueNames& procedures) {
-    const std::string allBase = LimitNameLength(table.name, 2);
-    const std::string base = LimitNameLength(table.name, 1);
     const std::string ofTable = " of table " + table.name;
-    procedures.Add(allBase + "AR", "to read all rows" + ofTable);
-    procedures.Add(allBase + "AD", "to delete all rows" + ofTable);
-    procedures.Add(base + "R", "to read a row" + ofTable);
-    procedures.Add(base + "D", "to delete a row" + ofTable);
-    procedures.Add(base + "C", "to insert a row" + ofTable);
-    procedures.Add(base + "U", "to update a row" + ofTable);
+    for (const auto& [suffix, what] :
+         {std::pair("AR", "to read all rows"), std::pair("AD", "to delete all rows"),
+          std::pair("R", "to read a row"), std::pair("D", "to delete a row"),
+          std::pair("C", "to insert a row"), std::pair("U", "to update a row")})
+        procedures.Add(ProcedureName(table.name, suffix), what + ofTable);
     for (const PlannedColumn& column : table.columns) {
         if (column.parentID == 0) continue;
-        const std::string group = LimitNameLength(table.name + "_" + column.name, 1);
+        const std::string group = scriptgen::GroupBase(table.name, column.name);
         const std::string by = " by " + column.name + ofTable;
-        procedures.Add(group + "R", "to read rows" + by);
-        procedures.Add(group + "D", "to delete rows" + by);
+        procedures.Add(ProcedureName(group, "R"), "to read rows" + by);
+        procedures.Add(ProcedureName(group, "D"), "to delete rows" + by);
     }
 }
 
@@ -64,7 +62,7 @@ void AddProcedures(const PlannedTable& table, UniqueNames& procedures) {
 void AddConstraint(const PlannedTable& table, const std::string& owner, UniqueNames& constraints,
                    Findings& findings) {
     if (table.parents.empty()) return;
-    const std::string name = LimitNameLength("FK_" + table.name + "_", 2) + "1";
+    const std::string name = scriptgen::ForeignKeyName(table.name);
     constraints.Add(name, "of table " + table.name);
     if (table.parents.size() > 1) {
         findings.Warning(owner + " refers to " + std::to_string(table.parents.size()) +

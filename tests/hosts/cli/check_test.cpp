@@ -45,6 +45,36 @@ void ExpectFindings(const RepositoryFile& repository, const std::vector<std::str
     EXPECT_EQ(result.exitCode, hasErrors ? 1 : 0);
 }
 
+TEST(Check, NamesWhatAnEngineWillNotTake) {
+    const RepositoryFile repository(Values(
+        R"({"name":"Order","type":"long"},{"name":"MaxValue","type":"long","default":"many"},{"name":"a-b","type":"long"})"));
+    const auto errors = [&](const char* dialect) {
+        const CommandResult result =
+            RunKorvex({"repository", "check", repository.Path(), "--dialect", dialect});
+        EXPECT_EQ(result.exitCode, 1) << result.messages;
+        std::vector<std::string> lines = Lines(result.output);
+        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("error: definition "); });
+        return lines;
+    };
+    const auto expected = [](const std::string& dialect) {
+        const std::string place = "error: definition S: column tA.";
+        std::vector<std::string> lines = {
+            place + "Order is a reserved word of " + dialect,
+            "error: definition S: tA.MaxValue: the default \"many\" is no value that the column can hold. "
+            "Change the default of the value.",
+            place + "a-b is no name that can stand unquoted in " + dialect};
+        if (dialect == "mariadb")
+            lines.insert(lines.begin() + 1, place + "MaxValue is a reserved word of " + dialect);
+        return lines;
+    };
+    for (const char* dialect : {"sqlite", "mariadb", "postgresql"})
+        EXPECT_EQ(errors(dialect), expected(dialect));
+    EXPECT_EQ(errors("all-engines").size(), 8U) << "the default is told once";
+    ExpectFailure(RunKorvex({"script", "--repository", repository.Path(), "--dialect", "sqlite", "--out",
+                             repository.Folder().Path("out")}),
+                  "korvex: error 5: tA.MaxValue: the default \"many\"");
+}
+
 TEST(Check, FindsWhatAModelMakesOfItsColumns) {
     const std::string a = "object A (ObjectID 1)";
     const Case cases[] = {
