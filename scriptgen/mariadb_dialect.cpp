@@ -4,6 +4,7 @@
 #include "scriptgen/script_text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace korvex::scriptgen {
 
@@ -54,24 +55,43 @@ constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
                                          .bytes = "longblob",
                                          .longText = "longtext"};
 
-/// What a row may take in bytes, long columns left out of account but for the place that refers to them.
-constexpr std::size_t LongestRow = 65535;
-constexpr std::size_t BytesOfCharacter = 4;
-constexpr std::size_t LargestOther = 13;  ///< any other column, and the bit that tells whether it is Null
-
 constexpr std::string_view Varchar = "varchar(";
+constexpr std::size_t BytesOfCharacter = 4;
 
-/// Bytes that a column takes at most.
-std::size_t SizeOf(std::string_view type) {
-    if (!type.starts_with(Varchar)) return LargestOther;
-    return std::stoul(std::string(type.substr(Varchar.size()))) * BytesOfCharacter + 3;
+std::size_t BytesOf(std::string_view varchar) {
+    return std::stoul(std::string(varchar.substr(Varchar.size()))) * BytesOfCharacter;
 }
 
-std::size_t SizeOf(const std::vector<std::string>& types) {
-    std::size_t size = 0;
-    for (const std::string& type : types)
-        size += SizeOf(type);
-    return size;
+/// A limit on the length of rows, in bytes, and what a column adds to it.
+struct RowLimit {
+    std::size_t most = 0;
+    std::size_t (*sizeOf)(std::string_view type) = nullptr;
+};
+
+/// All columns together, the content of long ones left out of account.
+std::size_t SizeInRow(std::string_view type) { return type.starts_with(Varchar) ? BytesOf(type) + 3 : 13; }
+
+/// What stays in the page of the row: texts of more than 255 bytes may move out, all but a reference.
+std::size_t SizeInPage(std::string_view type) {
+    if (type.starts_with("long")) return 40;
+    if (!type.starts_with(Varchar)) return 10;
+    return BytesOf(type) > 255 ? 40 : BytesOf(type) + 2;
+}
+
+constexpr RowLimit RowLimits[] = {{65535, SizeInRow}, {8086, SizeInPage}};
+
+/// The column that becomes a long text for the row to be short enough; nothing for one that is, or that it
+/// would not help.
+std::optional<std::size_t> ColumnTooMuch(const std::vector<std::string>& types) {
+    for (const auto& [most, sizeOf] : RowLimits) {
+        std::size_t size = 0;
+        for (const std::string& type : types)
+            size += sizeOf(type);
+        const auto longest = std::ranges::max_element(types, {}, sizeOf);
+        if (size > most && sizeOf(*longest) > sizeOf(ColumnTypeTexts.longText))
+            return static_cast<std::size_t>(longest - types.begin());
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -95,15 +115,10 @@ std::string MariaDbDialect::TextLiteral(std::string_view text) const {
 std::vector<std::string> MariaDbDialect::ColumnTypes(const DescribedTable& table,
                                                      std::vector<std::string>& notes) const {
     std::vector<std::string> types = EngineDialect::ColumnTypes(table, notes);
-    while (SizeOf(types) > LongestRow) {
-        const auto longest =
-            std::ranges::max_element(types, {}, [](const std::string& type) { return SizeOf(type); });
-        if (!longest->starts_with(Varchar)) break;
-        notes.push_back(table.Name + "." +
-                        table.Columns[static_cast<std::size_t>(longest - types.begin())].FieldName +
-                        " becomes longtext in place of " + *longest + ": a row takes " +
-                        std::to_string(LongestRow) + " bytes.");
-        *longest = ColumnTypeTexts.longText;
+    while (const auto column = ColumnTooMuch(types)) {
+        notes.push_back(table.Name + "." + table.Columns[*column].FieldName +
+                        " becomes longtext in place of " + types[*column] + ": the row would be too long.");
+        types[*column] = ColumnTypeTexts.longText;
     }
     return types;
 }
