@@ -122,7 +122,6 @@ OdbcDialect PostgreSql() {
     dialect.traits.textsHoldNul = false;
     // An updated row is stored anew, behind the others.
     dialect.rowOrderColumn = "ctid";
-    dialect.commitsWhenLost = true;
     dialect.preparesLate = true;
     dialect.keysQuery =
         "SELECT n.nspname, c.relname, a.attname FROM pg_class c LEFT JOIN pg_index i ON i.indrelid = c.oid "

@@ -29,9 +29,6 @@ struct OdbcDialect {
     /// Preparing costs an answer of the server: a text goes with its values when it is used for the first
     /// time and is prepared for the second.
     bool preparesLate = false;
-    /// The driver says of a lost connection that its transaction was committed: it is asked whether it has
-    /// one, which costs no answer.
-    bool commitsWhenLost = false;
     /// A query for the columns of the primary keys of all tables that are found by their name alone: schema,
     /// table, column (Null for a table without a key), in the order of the columns. Empty: each table is
     /// asked for by the driver's own function.

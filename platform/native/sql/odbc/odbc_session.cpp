@@ -164,17 +164,7 @@ void OdbcSession::DoBegin() {
     m_inTransaction = true;
 }
 
-void OdbcSession::DoCommit() {
-    SQLUINTEGER isDead = SQL_CD_FALSE;
-    if (m_dialect.commitsWhenLost) {
-        SQLGetConnectAttrW(m_connection.Get(), SQL_ATTR_CONNECTION_DEAD, &isDead, SQL_IS_UINTEGER, nullptr);
-    }
-    if (isDead == SQL_CD_TRUE) {
-        throw EngineError(ErrorKind::ConnectionLost, 0,
-                          "The connection to the server was lost, and with it what the transaction wrote");
-    }
-    EndTransaction(SQL_COMMIT);
-}
+void OdbcSession::DoCommit() { EndTransaction(SQL_COMMIT); }
 
 void OdbcSession::DoRollback() { EndTransaction(SQL_ROLLBACK); }
 
