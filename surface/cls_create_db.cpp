@@ -53,6 +53,39 @@ void IgnoreErrors(Action action) noexcept {
     }
 }
 
+/// Passes everything on, and knows whether a message box stands open. A modal box lets the host's calls in.
+class WatchedDesktop final : public platform::Desktop {
+  public:
+    explicit WatchedDesktop(std::shared_ptr<platform::Desktop> desktop) : m_desktop(std::move(desktop)) {}
+
+    void ShowMessage(std::string_view text, std::int32_t style, std::string_view title) override {
+        struct OpenBox {
+            explicit OpenBox(bool& flag) : isOpen(flag) { isOpen = true; }
+            ~OpenBox() { isOpen = false; }
+            bool& isOpen;
+        };
+        const OpenBox box(m_hasOpenBox);
+        m_desktop->ShowMessage(text, style, title);
+    }
+    void OpenEditor(std::string_view path) override { m_desktop->OpenEditor(path); }
+
+    /// The repository and the run belong to the call that shows a box until it is closed.
+    void ExpectNoOpenBox() const {
+        if (!m_hasOpenBox) return;
+        throw automation::Error(automation::InvalidProcedureCall,
+                                "A message box of this object is open; close it before the next call.");
+    }
+
+  private:
+    std::shared_ptr<platform::Desktop> m_desktop;
+    bool m_hasOpenBox = false;
+};
+
+Platform WithDesktop(Platform parts, std::shared_ptr<platform::Desktop> desktop) {
+    parts.desktop = std::move(desktop);
+    return parts;
+}
+
 /// What a host calls a dialect: its number, or its name at a language service.
 std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const ScriptTypeInfo& type) {
     if (!oLanguageSvr) return std::string(type.number);
@@ -62,7 +95,10 @@ std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const Scri
 }  // namespace
 
 struct clsCreateDb::Impl {
-    explicit Impl(Platform parts) : platform(std::move(parts)), repository(platform) {}
+    explicit Impl(const Platform& parts)
+        : desktop(std::make_shared<WatchedDesktop>(parts.desktop)),
+          platform(WithDesktop(parts, desktop)),
+          repository(platform) {}
 
     void DoRun(clsCreateDb& self, ScriptType type, const std::string& FileName,
                const std::string& storageName, const Variant& sFKPrefix);
@@ -70,6 +106,7 @@ struct clsCreateDb::Impl {
                   const Variant& sFKPrefix);
     void ShowScript(const std::string& path, const std::string& text, bool isFirst);
 
+    std::shared_ptr<WatchedDesktop> desktop;
     Platform platform;
     repository::Repository repository;
     scriptgen::RunState run;
@@ -80,6 +117,7 @@ struct clsCreateDb::Impl {
 /// One whole run. An error leaves it where it stands: the repository open, no further file written.
 void clsCreateDb::Impl::DoRun(clsCreateDb& self, ScriptType type, const std::string& FileName,
                               const std::string& storageName, const Variant& sFKPrefix) {
+    desktop->ExpectNoOpenBox();
     repository.OpenRepository(FileName);
     SetupRun(self, *scriptgen::FindScriptType(type), storageName, sFKPrefix);
     self.ShutDown();
@@ -113,7 +151,7 @@ void clsCreateDb::Impl::ShowScript(const std::string& path, const std::string& t
 
 clsCreateDb::clsCreateDb() : clsCreateDb(DefaultPlatform()) {}
 
-clsCreateDb::clsCreateDb(Platform platform) : m_impl(std::make_unique<Impl>(std::move(platform))) {
+clsCreateDb::clsCreateDb(const Platform& platform) : m_impl(std::make_unique<Impl>(platform)) {
     clsCreateDb::ScriptFilePath(m_impl->platform.files->LibraryFolder());
 }
 
@@ -169,12 +207,16 @@ void clsCreateDb::DoSybaseDb(const std::string& FileName, const std::string& sto
 }
 
 void clsCreateDb::CreateRelationship(const std::string& storageName, const Variant& sFKPrefix) {
-    m_impl->m_sFKPrefix =
+    m_impl->desktop->ExpectNoOpenBox();
+    // A host may set the property from a message box of this call.
+    const std::string prefix =
         sFKPrefix.IsMissing() ? std::string(repository::DefaultFKPrefix) : automation::ToString(sFKPrefix);
-    repository::CreateRelationship(m_impl->repository, storageName, m_impl->m_sFKPrefix);
+    m_impl->m_sFKPrefix = prefix;
+    repository::CreateRelationship(m_impl->repository, storageName, prefix);
 }
 
 void clsCreateDb::ShutDown() {
+    m_impl->desktop->ExpectNoOpenBox();
     m_impl->repository.Close();
     m_impl->run.m_colFields.clear();
     ShowLog();
@@ -200,10 +242,12 @@ void clsCreateDb::ShowLog() {
 Variant clsCreateDb::ConnectDB(const std::string& /*sConnection*/) { return {}; }
 
 void clsCreateDb::OpenRepository(const std::string& sConnection) {
+    m_impl->desktop->ExpectNoOpenBox();
     m_impl->repository.OpenRepository(sConnection);
 }
 
-void clsCreateDb::CloseRepository() noexcept {
+void clsCreateDb::CloseRepository() {
+    m_impl->desktop->ExpectNoOpenBox();
     if (m_impl->repository.IsOpen()) IgnoreErrors([&] { m_impl->repository.Close(); });
 }
 

@@ -10,7 +10,9 @@
 
 namespace korvex {
 
-/// Schema script generator. One object serves one job after another; it is used from one thread.
+/// Schema script generator. One object serves one job after another; it is used from one thread. While a
+/// message box of it is open, members that run, or that open or close a repository, raise
+/// InvalidProcedureCall (5).
 ///
 /// The members stand in the slot order of the automation interface and are virtual: calls between members go
 /// through them, so a derived class sees them. Arguments that automation passes by reference are only read.
@@ -19,7 +21,7 @@ class clsCreateDb : public automation::TableObject {
     /// Works with the parts of this build.
     clsCreateDb();
     /// Works with the host's own parts.
-    explicit clsCreateDb(Platform platform);
+    explicit clsCreateDb(const Platform& platform);
     ~clsCreateDb() override;
 
     /// The three dialect identifiers: "90", "92", "94", or with a language service (an object with a member
@@ -78,7 +80,7 @@ class clsCreateDb : public automation::TableObject {
     /// For C++ hosts only, no part of the automation interface: opens a repository for calls of
     /// CreateRelationship on their own, and closes it without writing files (nothing when none is open).
     void OpenRepository(const std::string& sConnection);
-    void CloseRepository() noexcept;
+    void CloseRepository();
 
     /// For C++ hosts only: one whole run for a database engine, as DoMSsqlDb; `sEngine` is "sqlite",
     /// "mariadb" or "postgresql" (InvalidProcedureCall, 5, for any other). There are no procedures, and every

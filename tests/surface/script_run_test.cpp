@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -218,6 +220,53 @@ TEST_F(ScriptRunTest, RelationshipsAreBroughtUpToDateOnTheirOwn) {
 
     scripts->CreateRelationship("Orders");
     EXPECT_THAT(*journal, ElementsAre("message 0 <> <Object variable or With block variable not set>"));
+}
+
+/// A modal box lets the host's calls in; the run that shows it goes on as if there had been none.
+TEST_F(ScriptRunTest, CallsFromAMessageBoxAreRefused) {
+    struct CallingDesktop : tests::RecordingDesktop {
+        using RecordingDesktop::RecordingDesktop;
+        void ShowMessage(std::string_view text, std::int32_t style, std::string_view title) override {
+            RecordingDesktop::ShowMessage(text, style, title);
+            for (const auto& call : calls)
+                outcomes.push_back(OutcomeOf(call));
+        }
+        std::vector<std::function<void()>> calls;
+        Lines outcomes;
+    };
+    repository->Database().Execute("drop table tForeignKeys");
+    scripts->DoMSsqlDb(path, "Orders");  // a key that was just made is looked for in another way
+    journal->clear();
+    scripts->DoMSsqlDb(path, "Orders");
+    const Lines alone = *journal;
+    const std::string text = scripts->DbSQL();
+    const auto boxes =
+        std::ranges::count_if(alone, [](const std::string& line) { return line.starts_with("message"); });
+    ASSERT_GT(boxes, 0);
+
+    const auto calling = std::make_shared<CallingDesktop>(journal);
+    platform.desktop = calling;
+    scripts = std::make_shared<clsCreateDb>(platform);
+    scripts->ScriptFilePath("/out");
+    calling->calls = {[&] { scripts->OpenRepository(path); },
+                      [&] { scripts->CloseRepository(); },
+                      [&] { scripts->ShutDown(); },
+                      [&] { scripts->CreateRelationship("Stock"); },
+                      [&] { scripts->DoScript("90", path, "Stock"); },
+                      [&] { scripts->DoEngineDb("sqlite", path, "Stock"); },
+                      [&] { scripts->DoOracleDb(path, "Stock"); },
+                      [&] { scripts->DoSybaseDb(path, "Stock"); }};
+    const std::size_t refused = calling->calls.size();
+    calling->calls.push_back([&] { scripts->FKPrefix(std::string(100, 'x')); });
+    journal->clear();
+    scripts->DoMSsqlDb(path, "Orders");
+    EXPECT_EQ(*journal, alone);
+    EXPECT_EQ(scripts->DbSQL(), text);
+    EXPECT_EQ(calling->outcomes.size(), static_cast<std::size_t>(boxes) * (refused + 1));
+    EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(calling->outcomes, "error 5")),
+              static_cast<std::size_t>(boxes) * refused);
+    calling->calls.clear();
+    scripts->ShowLog();
 }
 
 /// A host that wraps the class sees the calls between its members, and its own answers count.
