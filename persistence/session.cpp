@@ -12,17 +12,6 @@ namespace korvex::persistence {
 using automation::Error;
 using automation::Variant;
 
-namespace {
-
-/// Stack that a descent may use. The threads of Windows hosts commonly have one megabyte, others eight.
-#ifdef _WIN32
-constexpr std::uintptr_t StackBudget = std::uintptr_t{640} * 1024;
-#else
-constexpr std::uintptr_t StackBudget = std::uintptr_t{6} * 1024 * 1024;
-#endif
-
-}  // namespace
-
 Session::Session(Platform platform, PublicMembers& members)
     : m_platform(std::move(platform)), m_members(members) {}
 
@@ -96,25 +85,24 @@ QORObject::Ref Session::NewDataObject() const {
 }
 
 DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
-    if (m_stackBase != 0) return m_readings.Of(definition);
+    if (m_stack) return m_readings.Of(definition);
     return std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
 }
 
-Descent::Descent(Session& session) : m_session(session), m_outermost(session.m_stackBase == 0) {
-    const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+Descent::Descent(Session& session) : m_session(session), m_outermost(!session.m_stack) {
     if (m_outermost) {
-        session.m_stackBase = here;
+        session.m_stack.emplace();
         session.m_writes = 0;
     }
-    const auto base = session.m_stackBase;
-    if ((here > base ? here - base : base - here) > StackBudget)
-        throw Error(automation::OutOfStackSpace,
-                    "The data objects are nested too deeply; is one of them its own ancestor?");
+    if (session.m_stack->HasRoom()) return;
+    if (m_outermost) session.m_stack.reset();
+    throw Error(automation::OutOfStackSpace,
+                "The data objects are nested too deeply; is one of them its own ancestor?");
 }
 
 Descent::~Descent() {
     if (!m_outermost) return;
-    m_session.m_stackBase = 0;
+    m_session.m_stack.reset();
     m_session.m_readings.Forget();
 }
 

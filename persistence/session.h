@@ -4,10 +4,11 @@
 #include "persistence/definition_reading.h"
 #include "persistence/public_members.h"
 #include "platform/platform.h"
+#include "platform/stack.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -73,13 +74,13 @@ class Session {
     std::size_t m_passedOver = 0;
     std::size_t m_writes = 0;
     bool m_isUpdating = false;
-    std::uintptr_t m_stackBase = 0;  ///< where the outermost call of a descent stands; 0 outside of one
-    DefinitionReadings m_readings;   ///< of the definitions met in a descent
+    std::optional<platform::StackGuard> m_stack;  ///< of a descent; nothing outside of one
+    DefinitionReadings m_readings;                ///< of the definitions met in a descent
 };
 
 /// Stands in every step that goes down a tree of data objects, once per level. Raises OutOfStackSpace (28)
-/// while there still is stack left, so that a tree without end (an object that is its own ancestor) is an
-/// error instead of a crash.
+/// while the thread still has stack left, so that a tree without end (an object that is its own ancestor) is
+/// an error instead of a crash.
 class Descent {
   public:
     explicit Descent(Session& session);

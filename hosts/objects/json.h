@@ -25,7 +25,7 @@ using UnstoredMembers = std::vector<std::string>;
 /// Errors name the place ("Lines.$items[3].Quantity"): InvalidProcedureCall (5) for text that is no JSON,
 /// with line and column; MemberNotFound (438) for a member that the definition does not know, with the
 /// nearest name that it does; TypeMismatch (13) and Overflow (6) for a value that does not fit its type;
-/// OutOfStackSpace (28) for objects nested more than 5,000 levels deep, an array counting as one.
+/// OutOfStackSpace (28) for objects nested deeper than the thread's stack allows.
 std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text,
                                      UnstoredMembers* unstored = nullptr);
 
@@ -41,6 +41,7 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
 void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored = nullptr);
 
 /// The object as text, with members in the order of its definition and two blanks of indentation per level.
+/// OutOfStackSpace (28) as above.
 std::string ToJson(DataObject& object);
 
 }  // namespace korvex::objects

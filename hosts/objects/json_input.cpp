@@ -6,6 +6,7 @@
 #include "hosts/objects/json_document.h"
 #include "hosts/objects/json_state.h"
 #include "hosts/objects/json_value.h"
+#include "platform/stack.h"
 
 #include <algorithm>
 #include <map>
@@ -47,7 +48,7 @@ class Input {
     class Step {
       public:
         Step(Input& input, std::string name) : m_input(input) {
-            if (input.m_way.size() == DeepestNesting) FailTooDeep();
+            if (!input.m_stack.HasRoom()) FailTooDeep();
             input.m_way.push_back(std::move(name));
         }
         Step(const Step&) = delete;
@@ -208,6 +209,7 @@ class Input {
 
     JsonDocument m_document;
     UnstoredMembers* m_unstored;
+    const platform::StackGuard m_stack;
     std::vector<std::string> m_way;
 };
 

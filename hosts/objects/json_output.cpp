@@ -2,6 +2,7 @@
 #include "hosts/objects/json.h"
 #include "hosts/objects/json_state.h"
 #include "hosts/objects/json_value.h"
+#include "platform/stack.h"
 
 #include <utility>
 
@@ -15,7 +16,7 @@ namespace {
 class Output {
   public:
     void WriteObject(DataObject& object) {
-        if (m_indent > 2 * DeepestNesting) FailTooDeep();
+        if (!m_stack.HasRoom()) FailTooDeep();
         Open('{');
         for (const auto& value : object.Type().Values())
             WriteMember(object, *value);
@@ -102,6 +103,7 @@ class Output {
         Close(']');
     }
 
+    const platform::StackGuard m_stack;
     std::string m_text;
     std::size_t m_indent = 0;
     bool m_isFirst = true;

@@ -32,9 +32,7 @@ void SetState(DataObject& object, const State& state, std::int32_t value) {
 }
 
 void FailTooDeep() {
-    throw automation::Error(
-        automation::OutOfStackSpace,
-        "The objects are nested more than " + std::to_string(DeepestNesting) + " levels deep.");
+    throw automation::Error(automation::OutOfStackSpace, "The objects are nested too deeply.");
 }
 
 }  // namespace korvex::objects

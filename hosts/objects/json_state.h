@@ -24,8 +24,7 @@ std::int32_t GetState(DataObject& object, const State& state);
 /// `value` lies within the state's data type.
 void SetState(DataObject& object, const State& state, std::int32_t value);
 
-/// How deep objects and arrays may stand in each other's members, so that no text exhausts the stack.
-inline constexpr std::size_t DeepestNesting = 5000;
+/// Raises OutOfStackSpace (28): objects and arrays stand too deep in each other's members.
 [[noreturn]] void FailTooDeep();
 
 }  // namespace korvex::objects

@@ -1,4 +1,5 @@
 #include "persistence/order_model.h"
+#include "support/small_stack.h"
 
 namespace korvex::tests {
 namespace {
@@ -281,9 +282,15 @@ TEST(Failures, ATreeWithoutEndIsAnErrorAndDeepOnesWork) {
 
     const auto self = KeyedDefinition("Node", "");
     self->AddChild("Next", leaf);
-    EXPECT_EQ(ErrorOf([&] { world.crud->DbSaveData(std::make_shared<Endless>(self)); }),
-              automation::OutOfStackSpace);
-    EXPECT_EQ(world.database.openRecordsets, 0);
+    const auto saveEndless = [&] {
+        EXPECT_EQ(ErrorOf([&] { world.crud->DbSaveData(std::make_shared<Endless>(self)); }),
+                  automation::OutOfStackSpace);
+        EXPECT_EQ(world.database.openRecordsets, 0);
+        EXPECT_GT(table.rows.size(), 5U);
+        table.rows.clear();
+    };
+    saveEndless();
+    RunOnSmallStacks(saveEndless);
 }
 
 }  // namespace
