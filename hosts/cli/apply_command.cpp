@@ -38,15 +38,26 @@ std::vector<ScriptStatement> ReadScripts(const ApplyOptions& options) {
     return statements;
 }
 
+void Print(const ApplyReport& report, Console& console) {
+    for (const std::string& line : report.Lines())
+        console.Results() << line << '\n';
+}
+
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
     const auto connection = Session(console).platform.targetProvider->CreateConnection();
     connection->Open(options.create ? WithCreateMode(options.connection) : options.connection);
-    const ApplyReport report = RunStatements(*connection, statements, console);
-    connection->Close();
-    for (const std::string& line : report.Lines())
-        console.Results() << line << '\n';
+    ApplyReport report;
+    try {
+        RunStatements(*connection, statements, console, report);
+        connection->Close();
+    } catch (...) {
+        // On a server it is there, and the next run meets it.
+        if (!report.IsEmpty()) Print(report, console);
+        throw;
+    }
+    Print(report, console);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "automation/convert.h"
 #include "automation/outcome.h"
+#include "hosts/cli/korvex_command.h"
 #include "hosts/objects/json.h"
 #include "servers/example_target.h"
 #include "support/definition_repository.h"
@@ -199,6 +200,16 @@ TEST_P(ServerFaults, AQueryThatFailsWhenItIsExecutedDoesNotOpen) {
     if (GetParam() != Driver::PostgreSql) return;
     crud->DbConn()->Execute("set role pg_monitor");  // which may read none of our tables
     expectClosed("select * from tNote where NoteID=1");
+}
+
+TEST_P(ServerFaults, AnApplyThatFailsTellsWhatItMadeBefore) {
+    const ServerDatabase database(GetParam());
+    const std::string script = database.Folder().Write(
+        "a.sql", "create table T (A int)\nGO\ninsert into T values (1)\nGO\ninsert into U values (1)\nGO\n");
+    const CommandResult result = RunKorvex({"apply", "--connection", database.ConnectionString(), script});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, "1 table created\n1 other statement run\n");
+    EXPECT_THAT(result.messages, testing::HasSubstr(script + ", line 5: "));
 }
 
 TEST_P(ServerFaults, ABrokenConstraintIsReportedAndTheConnectionWorksOn) {

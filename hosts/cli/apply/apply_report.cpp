@@ -2,6 +2,8 @@
 
 #include "hosts/cli/suggest.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace korvex::cli {
@@ -40,6 +42,10 @@ std::string Counted(std::size_t count, std::string_view one, std::string_view ma
 
 void ApplyReport::Ran(const StatementSubject& subject, std::size_t count) {
     m_ran[static_cast<std::size_t>(subject.kind)] += count;
+}
+
+bool ApplyReport::IsEmpty() const noexcept {
+    return m_repeats + m_procedures == 0 && std::ranges::count(m_ran, 0U) == std::ssize(m_ran);
 }
 
 std::vector<std::string> ApplyReport::Lines() const {

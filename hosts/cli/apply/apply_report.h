@@ -17,6 +17,7 @@ class ApplyReport {
     void SkippedRepeat() noexcept { ++m_repeats; }
     void SkippedProcedure() noexcept { ++m_procedures; }
 
+    bool IsEmpty() const noexcept;
     /// Lines for a person; "nothing to do" for none.
     std::vector<std::string> Lines() const;
 

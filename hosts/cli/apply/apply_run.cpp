@@ -49,15 +49,12 @@ class RebuildMode {
 
 class ApplyRun {
   public:
-    ApplyRun(ado::Connection& connection, std::vector<ApplyStep> steps, Console& console)
-        : m_connection(connection), m_steps(std::move(steps)), m_console(console) {}
+    ApplyRun(ado::Connection& connection, std::vector<ApplyStep> steps, Console& console, ApplyReport& report)
+        : m_connection(connection), m_steps(std::move(steps)), m_console(console), m_report(report) {}
 
-    ApplyReport OnServer() && {
-        RunSteps();
-        return m_report;
-    }
+    void OnServer() { RunSteps(); }
 
-    ApplyReport OnEmbedded() && {
+    void OnEmbedded() {
         const bool rebuilds = std::ranges::any_of(m_steps, [](const ApplyStep& step) {
             return step.action == StepAction::AddKey || step.action == StepAction::DropKeys;
         });
@@ -65,16 +62,15 @@ class ApplyRun {
         if (rebuilds) rebuildMode.emplace(m_connection);
 
         m_connection.BeginTrans();
+        bool commits = false;
         try {
             RunSteps();
             if (rebuilds) CheckAllForeignKeys(m_connection);
+            commits = true;
             m_connection.CommitTrans();
         } catch (const Error& error) {
-            RollBack();
-            throw Error(error.Number(), Join(error.Description(), "The database is as it was."),
-                        error.Source());
+            throw Error(error.Number(), Join(error.Description(), RollBack(commits)), error.Source());
         }
-        return m_report;
     }
 
   private:
@@ -135,28 +131,35 @@ class ApplyRun {
         return {};
     }
 
-    void RollBack() {
+    /// What became of the database, for a person.
+    std::string RollBack(bool afterCommit) {
         try {
             m_connection.RollbackTrans();
-        } catch (const Error&) {
-            // The engine has rolled back already, as it does on a full disk.
+        } catch (const Error& error) {
+            // Without a transaction the engine has rolled back already, as it does on a full disk; a commit
+            // that failed late leaves none, either.
+            if (afterCommit || error.Number() != ado::XactENoTransaction)
+                return "What ran could not be rolled back: " + error.Description();
         }
+        m_report = {};
+        return "The database is as it was.";
     }
 
     ado::Connection& m_connection;
     std::vector<ApplyStep> m_steps;
     Console& m_console;
-    ApplyReport m_report;
+    ApplyReport& m_report;
 };
 
 }  // namespace
 
-ApplyReport RunStatements(ado::Connection& connection, std::span<const ScriptStatement> statements,
-                          Console& console) {
+void RunStatements(ado::Connection& connection, std::span<const ScriptStatement> statements, Console& console,
+                   ApplyReport& report) {
     if (IsEmbedded(connection)) {
-        return ApplyRun(connection, PlanForEmbedded(statements), console).OnEmbedded();
+        ApplyRun(connection, PlanForEmbedded(statements), console, report).OnEmbedded();
+    } else {
+        ApplyRun(connection, PlanStatements(statements), console, report).OnServer();
     }
-    return ApplyRun(connection, PlanStatements(statements), console).OnServer();
 }
 
 }  // namespace korvex::cli

@@ -35,6 +35,20 @@ std::string DroppedConstraint(std::string_view statement) {
     return tokens.TakeName();
 }
 
+/// The run is one transaction, which no statement of a script may end or divide.
+void RefuseTransactionControl(std::string_view statement) {
+    TokenReader tokens(Tokenize(statement));
+    while (tokens.Take(";")) {
+    }
+    for (const std::string_view word : {"commit", "end", "rollback", "savepoint", "release"}) {
+        if (!tokens.Sees(word)) continue;
+        throw Error(automation::InvalidProcedureCall,
+                    ToUpperAscii(word) +
+                        " cannot stand in a script for the embedded engine, where a run is one "
+                        "transaction: take it out.");
+    }
+}
+
 class EmbeddedPlanner {
   public:
     explicit EmbeddedPlanner(std::vector<ApplyStep> steps)
@@ -81,8 +95,11 @@ class EmbeddedPlanner {
         if (subject.kind == StatementKind::CreateIndex)
             step.texts = {m_indexNames.Rename(subject, step.texts.front())};
         if (subject.kind == StatementKind::DropTable) m_makers.erase(ToUpperAscii(subject.name));
-        // What an unknown statement does to a table must find the keys that stood before it, and no others.
-        if (subject.kind == StatementKind::Other) m_makers.clear();
+        if (subject.kind == StatementKind::Other) {
+            RefuseTransactionControl(step.statement->text);
+            // What it does to a table must find the keys that stood before it, and no others.
+            m_makers.clear();
+        }
     }
 
     void CreateTable(std::size_t at) {

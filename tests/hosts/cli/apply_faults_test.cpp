@@ -2,11 +2,13 @@
 #include "hosts/cli/apply/apply_run.h"
 #include "hosts/cli/target_database.h"
 #include "platform/native/native_platform.h"
+#include "support/error_of.h"
 #include "support/test_seam.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -30,7 +32,8 @@ void RunScript(ado::Connection& connection, const std::string& text) {
     std::ostringstream results;
     std::ostringstream messages;
     cli::Console console(results, messages, false);
-    cli::RunStatements(connection, cli::ReadScript("script", text, cli::GuessStyle(text)), console);
+    cli::ApplyReport report;
+    cli::RunStatements(connection, cli::ReadScript("script", text, cli::GuessStyle(text)), console, report);
 }
 
 /// Everything that a database holds.
@@ -78,6 +81,35 @@ TEST(ApplyFaults, ARunSucceedsOrChangesNothing) {
         EXPECT_EQ(target.Execute("insert into C (FK_AID) values (2)"), ado::DbEConstraint);
     }
     EXPECT_GT(failures, 50U);
+}
+
+TEST(ApplyFaults, ARollbackIsOnlyReportedWhenItWorked) {
+    const TargetDatabase target;
+    RunScript(*target.Open(), Before);
+    const auto seam = std::make_shared<TestSeam>();
+    const Platform platform = native::NativePlatform({.seam = seam});
+    int failedRollbacks = 0;
+    bool failed = true;
+    for (std::size_t n = 1; failed; ++n) {
+        const auto connection = platform.targetProvider->CreateConnection();
+        connection->Open(target.Connection());
+        seam->Record();
+        seam->FailAt(n);
+        const Raised raised = ErrorOf([&] { RunScript(*connection, "delete from C\nGO\nfrm\nGO\n"); });
+        failed = seam->HasFailed();
+        seam->FailAt(0);
+        const auto& calls = seam->Calls();
+        const auto refused = [&](native::sql::CallKind kind) { return failed && calls[n - 1].kind == kind; };
+        const bool inRollback = refused(native::sql::CallKind::Rollback);
+        const bool begun = !refused(native::sql::CallKind::Begin) &&
+                           std::ranges::count(calls, native::sql::CallKind::Begin, &TestSeam::Call::kind) > 0;
+        failedRollbacks += inRollback ? 1 : 0;
+        EXPECT_EQ(raised.description.find("The database is as it was.") != std::string::npos,
+                  begun && !inRollback)
+            << raised.description;
+        EXPECT_EQ(raised.description.find("could not be rolled back") != std::string::npos, inRollback);
+    }
+    EXPECT_EQ(failedRollbacks, 1);
 }
 
 }  // namespace

@@ -37,7 +37,9 @@ void MakeTarget(const std::string& connectionString, std::span<char* const> scri
     const auto connection = DefaultPlatform().targetProvider->CreateConnection();
     connection->Open(connectionString);
     cli::Console console(std::cout, std::cerr, false);
-    for (const std::string& line : cli::RunStatements(*connection, statements, console).Lines())
+    cli::ApplyReport report;
+    cli::RunStatements(*connection, statements, console, report);
+    for (const std::string& line : report.Lines())
         std::cout << line << '\n';
     connection->Close();
 }
