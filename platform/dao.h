@@ -115,8 +115,8 @@ class DBEngine {
     /// Opens an existing database file, shared and read-write: FileNotFound (3024), CannotOpenFile (3051),
     /// UnrecognizedFormat (3343).
     virtual std::unique_ptr<Database> OpenDatabase(std::string_view name) = 0;
-    /// Creates a new, empty database file; PathFileAccessError (75) when the name is taken or cannot be
-    /// written.
+    /// Creates a new, empty database file, natively also in place of an empty one; PathFileAccessError (75)
+    /// when the name is taken or cannot be written.
     virtual std::unique_ptr<Database> CreateDatabase(std::string_view name) = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "automation/error.h"
 #include "hosts/cli/apply/apply_run.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/target_options.h"
 #include "hosts/cli/text_file.h"
@@ -14,6 +15,8 @@
 namespace korvex::cli {
 
 namespace {
+
+using automation::Error;
 
 struct ApplyOptions {
     std::string connection;
@@ -38,6 +41,22 @@ std::vector<ScriptStatement> ReadScripts(const ApplyOptions& options) {
     return statements;
 }
 
+/// The file that the connection made for the run; empty for none.
+std::string OpenTarget(ado::Connection& connection, const ApplyOptions& options) {
+    if (!options.create) {
+        connection.Open(options.connection);
+        return {};
+    }
+    const std::string create = WithCreateMode(options.connection);
+    try {
+        connection.Open(options.connection);
+        return {};
+    } catch (const Error&) {
+        connection.Open(create);
+        return DatabaseFile(connection);
+    }
+}
+
 void Print(const ApplyReport& report, Console& console) {
     for (const std::string& line : report.Lines())
         console.Results() << line << '\n';
@@ -46,13 +65,15 @@ void Print(const ApplyReport& report, Console& console) {
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
-    const auto connection = Session(console).platform.targetProvider->CreateConnection();
-    connection->Open(options.create ? WithCreateMode(options.connection) : options.connection);
+    auto connection = Session(console).platform.targetProvider->CreateConnection();
+    const std::string newFile = OpenTarget(*connection, options);
     ApplyReport report;
     try {
         RunStatements(*connection, statements, console, report);
         connection->Close();
     } catch (...) {
+        connection.reset();
+        if (!newFile.empty()) RemoveUnusedDatabase(newFile);
         // On a server it is there, and the next run meets it.
         if (!report.IsEmpty()) Print(report, console);
         throw;

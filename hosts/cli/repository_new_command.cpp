@@ -1,6 +1,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
 #include "repository/schema.h"
 
@@ -8,7 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <system_error>
+#include <string_view>
 
 namespace korvex::cli {
 
@@ -27,10 +28,8 @@ void MakeFile(const Platform& platform, const std::string& file) {
     try {
         MakeTables(*database, repository::SchemaEngine::Embedded);
     } catch (...) {
-        // The file is this command's own; without its tables it would only be in the way of the next try.
         database.reset();
-        std::error_code ignored;
-        std::filesystem::remove(file, ignored);
+        RemoveUnusedDatabase(file);
         throw;
     }
 }
@@ -66,11 +65,23 @@ void MakeInSource(const Platform& platform, const std::string& connection) {
     }
 }
 
+/// Everybody, other engines included, would take the file for what its name says.
+void ExpectOwnName(const std::string& file) {
+    const std::string ending = std::filesystem::path(file).extension().string();
+    for (const std::string_view taken : {".mdb", ".accdb"}) {
+        if (!automation::EqualsIgnoreCase(ending, taken)) continue;
+        throw automation::Error(automation::InvalidProcedureCall,
+                                "Files of the desktop database engine cannot be made here, and " + file +
+                                    " is named like one: choose another ending, such as .db.");
+    }
+}
+
 void RunNew(const std::string& place, Console& console) {
     const Session session(console);
     if (automation::ContainsIgnoreCase(place, "DSN=")) {
         MakeInSource(session.platform, place);
     } else {
+        ExpectOwnName(place);
         MakeFile(session.platform, place);
     }
 }
@@ -83,7 +94,7 @@ void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
     command
         ->add_option(
             "FILE", *place,
-            "File to create, which must not exist yet, or ODBC string with DSN= of an empty database")
+            "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
         ->required();
     command->callback([place, &console] { RunNew(*place, console); });
 }

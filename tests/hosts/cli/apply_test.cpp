@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -264,10 +265,26 @@ const FailureCase Failures[] = {
      "CREATE TABLE D (A int, CONSTRAINT F FOREIGN KEY (A) REFERENCES A(AID))\nGO\ninsert into D values "
      "(1)\nGO\nDROP TABLE A\nGO\n",
      "line 9: FOREIGN KEY constraint failed"},
+    {"Commit", "COMMIT\nGO\n", "line 5: COMMIT cannot stand in a script"},
+    {"End", "-- done\n;end transaction\nGO\n", "line 6: END cannot stand"},
+    {"Rollback", "rollback\nGO\n", "line 5: ROLLBACK cannot stand"},
+    {"Savepoint", "/* a */ savepoint a\nGO\n", "line 5: SAVEPOINT cannot stand"},
+    {"Release", "release a\nGO\n", "line 5: RELEASE cannot stand"},
     {"Oracle", "create sequence SEQ_C increment by 1\nGO\n", "line 5: "},
 };
 INSTANTIATE_TEST_SUITE_P(Scripts, ApplyFailure, testing::ValuesIn(Failures),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Apply, AFileThatTheRunMadeGoesWhenItFails) {
+    const std::string bad = m_target.Folder().Write("b.sql", "create table T (A int)\nGO\nfrm\nGO\n");
+    ExpectFailure(ApplyFiles({bad}), "b.sql, line 3: ");
+    EXPECT_FALSE(std::filesystem::exists(m_target.Path()));
+    m_target.Folder().Write("target.db", "");
+    ExpectFailure(ApplyFiles({bad}), "b.sql, line 3: ");
+    Expect(ApplyText("create table T (A int)\n"), "1 table created\n");
+    ExpectFailure(ApplyFiles({bad}), "b.sql, line 1: ");
+    EXPECT_THAT(m_target.Objects(), ElementsAre("table T"));
+}
 
 TEST_F(Apply, BadInput) {
     const std::string script = m_target.Folder().Write("a.sql", "create table T (A int)\n");

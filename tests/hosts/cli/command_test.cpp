@@ -1,5 +1,6 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/session.h"
+#include "platform/platform.h"
 #include "support/error_of.h"
 
 #include <gtest/gtest.h>
@@ -128,10 +129,47 @@ TEST(CommandLine, StorageNameThatIsNotThereListsThoseThatAre) {
 
 TEST(CommandLine, NewRepositoryLeavesAnExistingFileAlone) {
     const TempFolder folder;
-    const std::string path = folder.Write("notes.txt", "mine");
-    ExpectFailure(RunKorvex({"repository", "new", path}), "korvex: error 75: ");
+    const RepositoryFile repository(SmallModel);
+    const std::pair<std::string, std::string> cases[] = {
+        {folder.Write("notes.txt", "mine"), "error 75: "},
+        {repository.Path(), "error 75: "},
+        {folder.Path("no/where.db"), "error 75: "},
+        {":memory:", "error 75: "},
+        {folder.Path("x.MDB"), "error 5: "},
+    };
+    for (const auto& [path, message] : cases) {
+        const CommandResult result = RunKorvex({"repository", "new", path});
+        ExpectFailure(result, message);
+        ExpectFailure(result, path);
+    }
     EXPECT_EQ(folder.Read("notes.txt"), "mine");
-    EXPECT_EQ(RunKorvex({"repository", "new", folder.Path("no/where.db")}).exitCode, 1);
+    EXPECT_EQ(RunKorvex({"repository", "show", repository.Path()}).exitCode, 0);
+    EXPECT_FALSE(std::filesystem::exists(":memory:") || std::filesystem::exists(folder.Path("x.MDB")));
+}
+
+/// A killed one leaves an empty file, or a database without tables.
+TEST(CommandLine, NewRepositoryTakesWhatAKilledOneLeft) {
+    const TempFolder folder;
+    DefaultPlatform().repositoryEngine->CreateDatabase(folder.Path("bare.db"))->Close();
+    for (const std::string& path : {folder.Write("empty.db", ""), folder.Path("bare.db")}) {
+        EXPECT_EQ(RunKorvex({"repository", "new", path}).messages, "");
+        EXPECT_EQ(RunKorvex({"repository", "import", path, folder.Write("m.json", SmallModel)}).exitCode, 0);
+    }
+}
+
+TEST(CommandLine, AWriteAheadLogInAClosedFolderIsExplained) {
+    const RepositoryFile repository(SmallModel);
+    for (const char* command : {"show", "check"}) {
+        const CommandResult result =
+            RunKorvexAsOrdinaryUser(repository.Folder().Path(), {"repository", command, repository.Path()});
+        ExpectFailure(result, "korvex: error 3051: The file cannot be opened. It keeps a write-ahead log");
+        ExpectFailure(result, "PRAGMA journal_mode = DELETE");
+        ExpectFailure(result, repository.Path());
+    }
+    repository.Execute({"PRAGMA journal_mode = DELETE"});
+    EXPECT_EQ(RunKorvexAsOrdinaryUser(repository.Folder().Path(), {"repository", "show", repository.Path()})
+                  .exitCode,
+              0);
 }
 
 TEST(CommandLine, ResultsThatCannotBeWrittenAreAFailure) {

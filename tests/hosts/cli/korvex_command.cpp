@@ -1,6 +1,8 @@
 #include "hosts/cli/korvex_command.h"
 
+#include "hosts/cli/app.h"
 #include "platform/platform.h"
+#include "support/ordinary_user.h"
 
 #include <gmock/gmock.h>
 
@@ -52,6 +54,19 @@ CommandResult RunKorvex(const std::vector<std::string>& arguments,
     int status = 0;
     waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Read("output"), folder.Read("messages")};
+}
+
+CommandResult RunKorvexAsOrdinaryUser(const std::string& closedFolder,
+                                      const std::vector<std::string>& arguments) {
+    std::vector<std::string> words = {"korvex"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    const std::vector<char*> pointers = Pointers(words);
+    std::ostringstream results;
+    std::ostringstream messages;
+    cli::Console console(results, messages, false);
+    const OrdinaryUser user(closedFolder);
+    const int exitCode = cli::RunCommandLine(static_cast<int>(words.size()), pointers.data(), console);
+    return {exitCode, results.str(), messages.str()};
 }
 
 std::vector<std::string> Words(std::string_view line) {

@@ -22,6 +22,11 @@ CommandResult RunKorvex(const std::vector<std::string>& arguments,
                         const std::vector<std::string>& environment = {}, const std::string& outputFile = {},
                         const std::string& inputFile = "/dev/null");
 
+/// Runs the command in this process, as somebody without root's rights for whom `closedFolder` takes no new
+/// files.
+CommandResult RunKorvexAsOrdinaryUser(const std::string& closedFolder,
+                                      const std::vector<std::string>& arguments);
+
 /// The words of a command line; one in single quotes may hold blanks or nothing.
 std::vector<std::string> Words(std::string_view line);
 

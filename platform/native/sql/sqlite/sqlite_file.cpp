@@ -63,6 +63,10 @@ bool IsDesktopDatabase(std::string_view header) noexcept {
     throw EngineError(ErrorKind::NotADatabase, 0, std::string(why) + ": " + path);
 }
 
+bool IsEmptyFile(const struct stat& status) noexcept {
+    return S_ISREG(status.st_mode) && status.st_size == 0;
+}
+
 }  // namespace
 
 void RequireDatabaseFile(const std::string& path) {
@@ -82,12 +86,19 @@ void RequireDatabaseFile(const std::string& path) {
     if (!header.starts_with(DatabaseHeader)) RaiseNotADatabase(path, "The file is no database");
 }
 
-void MakeDatabaseFile(const std::string& path) {
+bool IsFileFree(const std::string& path) noexcept {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) != 0 || IsEmptyFile(status);
+}
+
+bool MakeDatabaseFile(const std::string& path) {
     constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
     const File file(path, O_RDWR | O_CREAT | O_EXCL, mode);
-    if (file.Handle() < 0) {
-        throw EngineError(ErrorKind::CannotOpen, errno, std::generic_category().message(errno) + ": " + path);
-    }
+    if (file.Handle() >= 0) return true;
+    const int failure = errno;
+    struct stat status {};
+    if (failure == EEXIST && ::stat(path.c_str(), &status) == 0 && IsEmptyFile(status)) return false;
+    throw EngineError(ErrorKind::CannotOpen, failure, std::generic_category().message(failure) + ": " + path);
 }
 
 }  // namespace korvex::native::sql

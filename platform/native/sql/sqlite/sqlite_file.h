@@ -8,8 +8,12 @@ namespace korvex::native::sql {
 /// permission), NotADatabase (empty, a text, a file of the desktop engine).
 void RequireDatabaseFile(const std::string& path);
 
-/// Makes the new, empty file that a database is to be created in; CannotOpen when the name is taken or the
-/// file cannot be made.
-void MakeDatabaseFile(const std::string& path);
+/// Whether nothing is known to stand in the way of a new database: no file can be seen, or one without
+/// content.
+bool IsFileFree(const std::string& path) noexcept;
+
+/// Makes the new, empty file that a database is to be created in; false when there is an empty one already.
+/// CannotOpen when the file cannot be made.
+bool MakeDatabaseFile(const std::string& path);
 
 }  // namespace korvex::native::sql

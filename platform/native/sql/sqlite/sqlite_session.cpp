@@ -6,8 +6,8 @@
 #include "platform/native/sql/sqlite/sqlite_file.h"
 #include "platform/native/sql/sqlite/sqlite_statement.h"
 
+#include <cerrno>
 #include <cstdio>
-#include <filesystem>
 #include <utility>
 
 namespace korvex::native::sql {
@@ -26,7 +26,7 @@ EngineTraits SqliteTraits() {
 /// Removes a file that was made for a new database, unless the database came to be.
 class NewFile {
   public:
-    explicit NewFile(std::string path) : m_path(std::move(path)) { MakeDatabaseFile(m_path); }
+    explicit NewFile(const std::string& path) : m_path(MakeDatabaseFile(path) ? path : "") {}
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile() {
@@ -40,6 +40,13 @@ class NewFile {
 
 /// The failure to open a file, naming it.
 [[noreturn]] void RaiseForFile(const std::string& path, const EngineError& error) {
+    if (error.NativeCode() == SQLITE_READONLY_DIRECTORY) {
+        throw EngineError(ErrorKind::CannotOpen, error.NativeCode(),
+                          "It keeps a write-ahead log beside itself, and no file can be made in its folder; "
+                          "ask for the right to write there, or have its owner do without the log "
+                          "(PRAGMA journal_mode = DELETE): " +
+                              path);
+    }
     const std::string message = error.what();
     const bool named = message.find(path) != std::string::npos;
     const ErrorKind kind = error.Kind() == ErrorKind::Locked ? ErrorKind::CannotOpen : error.Kind();
@@ -65,12 +72,17 @@ void SqliteSession::OpenFile(const std::string& file, const SqliteOptions& optio
         Configure(options, false);
         return;
     }
-    const bool create = options.mode == SqliteMode::CreateNew ||
-                        (options.mode == SqliteMode::Create && !std::filesystem::exists(file));
-    if (!create) {
+    if (file == ":memory:") {
+        throw EngineError(ErrorKind::CannotOpen, 0,
+                          "This names a database in memory, which nobody could open again; name a file");
+    }
+    const bool mayCreate = options.mode == SqliteMode::Create || options.mode == SqliteMode::CreateNew;
+    if (!mayCreate || !IsFileFree(file)) {
         RequireDatabaseFile(file);
         Open(file, options.mode);
         Configure(options, false);
+        if (options.mode == SqliteMode::CreateNew && !IsEmpty())
+            throw EngineError(ErrorKind::CannotOpen, EEXIST, "The file exists, it holds a database");
         return;
     }
     NewFile newFile(file);
@@ -113,6 +125,13 @@ void SqliteSession::Configure(const SqliteOptions& options, bool created) {
 
 void SqliteSession::Run(const char* text) {
     CheckSqlite(m_database.get(), sqlite3_exec(m_database.get(), text, nullptr, nullptr, nullptr));
+}
+
+/// Whether the database holds nothing at all.
+bool SqliteSession::IsEmpty() {
+    SqliteStatement query(m_database.get(), m_shapes, "SELECT 1 FROM sqlite_schema LIMIT 1");
+    query.Execute();
+    return !query.Fetch();
 }
 
 bool SqliteSession::InTransaction() const noexcept { return sqlite3_get_autocommit(m_database.get()) == 0; }

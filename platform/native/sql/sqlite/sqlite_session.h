@@ -15,8 +15,9 @@ namespace korvex::native::sql {
 enum class SqliteMode : std::uint8_t {
     ReadWrite,  ///< an existing database
     ReadOnly,
-    Create,     ///< an existing database, or a new one
-    CreateNew,  ///< a new database; CannotOpen when the name is taken
+    Create,     ///< an existing database, or a new one; an empty file is none yet
+    CreateNew,  ///< a new database, also in the place of one without tables, as killed programs leave; else
+                ///< CannotOpen when the name is taken
     Memory,     ///< a private database without a file
 };
 
@@ -55,6 +56,7 @@ class SqliteSession final : public Session {
     void Open(const std::string& path, SqliteMode mode);
     void Configure(const SqliteOptions& options, bool created);
     void Run(const char* text);
+    bool IsEmpty();
     void MarkNumberedColumn(TableInfo& table);
 
     std::unique_ptr<sqlite3, Closer> m_database;
