@@ -2,9 +2,10 @@
 
 #include "automation/error.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <optional>
+#include <iterator>
 #include <spawn.h>
 #include <sstream>
 #include <sys/wait.h>
@@ -35,6 +36,11 @@ std::vector<std::string> NamedEditor() {
         }
     }
     return {};
+}
+
+/// A path that no program takes for an option or an address.
+std::string PlainPath(const std::string& path) {
+    return path.starts_with('/') || path.starts_with('.') ? path : "./" + path;
 }
 
 /// Starts a program without a shell, so that no character of a path is special.
@@ -69,12 +75,12 @@ void OpenInEditor(const std::vector<std::string>& paths) {
     std::vector<std::string> words = NamedEditor();
     if (words.empty()) {
         for (const std::string& path : paths) {
-            Start({"xdg-open", path});
+            Start({"xdg-open", PlainPath(path)});
         }
         return;
     }
     const std::string program = words.front();
-    words.insert(words.end(), paths.begin(), paths.end());
+    std::ranges::transform(paths, std::back_inserter(words), PlainPath);
     const pid_t child = Start(std::move(words));
     const bool onTerminal = isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1;
     if (onTerminal) Wait(child, program);

@@ -58,7 +58,8 @@ void CreateFolder(const std::string& folder) {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     // An existing link to a folder counts as a failure above on some systems.
-    if (!failure || std::filesystem::is_directory(folder)) return;
+    std::error_code ignored;
+    if (!failure || std::filesystem::is_directory(folder, ignored)) return;
     throw Error(automation::PathFileAccessError,
                 "The folder cannot be created: " + folder + " (" + failure.message() + ")");
 }

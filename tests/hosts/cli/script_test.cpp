@@ -1,8 +1,10 @@
+#include "hosts/cli/editor.h"
 #include "hosts/cli/korvex_command.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -83,6 +85,22 @@ TEST_F(Script, OutputFolderThatCannotBeMadeIsOneMessage) {
     ExpectFailure(Run({"--dialect", "mssql"}),
                   "korvex: error 75: The folder cannot be created: " + Out() + " (Not a directory)\n");
     EXPECT_EQ(m_repository.Folder().Read("out"), "a file");
+
+    const std::string longName(300, 'x');
+    ExpectFailure(
+        RunKorvex({"script", "--repository", m_repository.Path(), "--dialect", "all", "--out", longName}),
+        "korvex: error 75: The folder cannot be created: " + longName + " (File name too long)\n");
+    const std::string closed = m_repository.Folder().Path("closed");
+    std::filesystem::create_directory(closed);
+    std::filesystem::permissions(m_repository.Folder().Path(), std::filesystem::perms::all);
+    std::filesystem::permissions(m_repository.Path(), std::filesystem::perms::all);
+    for (const bool isSearchable : {true, false}) {
+        if (!isSearchable) std::filesystem::permissions(closed, std::filesystem::perms::owner_write);
+        ExpectFailure(
+            RunKorvexAsOrdinaryUser(closed, {"script", "--repository", m_repository.Path(), "--dialect",
+                                             "all", "--out", closed + "/deep/er"}),
+            "korvex: error 75: The folder cannot be created: " + closed + "/deep/er (Permission denied)\n");
+    }
 }
 
 TEST_F(Script, GenerationThatFailsKeepsTheFilesOfTheRunBefore) {
@@ -115,6 +133,17 @@ TEST_F(Script, OpensTheFilesInTheEditorOfTheEnvironment) {
     for (int i = 0; i < 1000 && !std::filesystem::exists(edited); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(m_repository.Folder().Read("edited"), "--wait\n" + result.output);
+
+    // No path is an option, a command or an address.
+    std::filesystem::remove(edited);
+    ::setenv("VISUAL", editor.c_str(), 1);
+    ::setenv("EDITED", edited.c_str(), 1);
+    cli::OpenInEditor({"-c!sh/a.sql", "+1/b.sql", "../c.sql", "/d.sql"});
+    ::unsetenv("VISUAL");
+    ::unsetenv("EDITED");
+    for (int i = 0; i < 1000 && !std::filesystem::exists(edited); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(m_repository.Folder().Read("edited"), "./-c!sh/a.sql\n./+1/b.sql\n../c.sql\n/d.sql\n");
 
     const CommandResult missing = Run({"--dialect", "mssql", "--open"}, {"VISUAL=", "EDITOR=/no/editor"});
     EXPECT_EQ(missing.exitCode, 1);
