@@ -10,10 +10,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace korvex::native::sql {
@@ -314,6 +317,28 @@ TEST_F(SessionTest, ClosingTheSessionClosesItsCursors) {
     EXPECT_EQ(m_seam->OpenStatements(), 0);
     EXPECT_EQ(KindOf([&] { half.Eof(); }), ErrorKind::Closed);
     EXPECT_EQ(KindOf([&] { idle.AddNew(); }), ErrorKind::Closed);
+}
+
+/// Whether a process of its own finds the file locked.
+bool IsLockedForOthers(const std::string& path) {
+    const pid_t other = ::fork();
+    if (other == 0) {
+        struct flock whole {};
+        whole.l_type = F_WRLCK;
+        whole.l_whence = SEEK_SET;
+        const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+        ::_exit(::fcntl(file, F_GETLK, &whole) == 0 && whole.l_type != F_UNLCK ? 1 : 0);
+    }
+    int status = 0;
+    EXPECT_EQ(::waitpid(other, &status, 0), other);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+/// Without its lock on the file, another process that leaves takes the log away from under a connection.
+TEST_F(SessionTest, AnotherConnectionOfTheProcessCostsNoLock) {
+    ASSERT_TRUE(IsLockedForOthers(m_file));
+    { const SqliteSession other(m_file, Options()); }
+    EXPECT_TRUE(IsLockedForOthers(m_file));
 }
 
 TEST_F(SessionTest, AnotherConnectionsLockIsReportedAndPasses) {

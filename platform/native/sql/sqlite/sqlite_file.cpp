@@ -1,6 +1,7 @@
 #include "platform/native/sql/sqlite/sqlite_file.h"
 
 #include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/sqlite/sqlite_error.h"
 
 #include <array>
 #include <cerrno>
@@ -43,13 +44,16 @@ class File {
     throw EngineError(kind, error, reason + ": " + path);
 }
 
-std::string ReadHeader(const std::string& path) {
-    const File file(path, O_RDONLY);
-    if (file.Handle() < 0) RaiseSystemError(path, errno);
+/// Read through the engine's own handle: closing another one of the same file would drop every lock that this
+/// process holds on it, under whatever connection.
+std::string ReadHeader(sqlite3* database) {
+    sqlite3_file* file = nullptr;
+    CheckSqlite(database, sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file));
     std::array<char, 64> buffer{};
-    const ssize_t length = ::read(file.Handle(), buffer.data(), buffer.size());
-    if (length < 0) RaiseSystemError(path, errno);
-    return {buffer.data(), static_cast<std::size_t>(length)};
+    const int code = file->pMethods->xRead(file, buffer.data(), static_cast<int>(buffer.size()), 0);
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+        throw EngineError(ErrorKind::CannotOpen, code, sqlite3_errstr(code));
+    return {buffer.data(), buffer.size()};
 }
 
 bool IsDesktopDatabase(std::string_view header) noexcept {
@@ -74,8 +78,12 @@ void RequireDatabaseFile(const std::string& path) {
     if (::stat(path.c_str(), &status) != 0) RaiseSystemError(path, errno);
     if (S_ISDIR(status.st_mode)) RaiseSystemError(path, EISDIR);
     if (!S_ISREG(status.st_mode)) RaiseNotADatabase(path, "This is no regular file");
-    const std::string header = ReadHeader(path);
-    if (header.empty()) RaiseNotADatabase(path, "The file is empty, it holds no database");
+    if (IsEmptyFile(status)) RaiseNotADatabase(path, "The file is empty, it holds no database");
+    if (::access(path.c_str(), R_OK) != 0) RaiseSystemError(path, errno);
+}
+
+void RequireDatabaseHeader(sqlite3* database, const std::string& path) {
+    const std::string header = ReadHeader(database);
     if (IsDesktopDatabase(header)) {
         RaiseNotADatabase(
             path,

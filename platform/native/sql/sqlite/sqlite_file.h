@@ -1,12 +1,17 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <string>
 
 namespace korvex::native::sql {
 
-/// Raises what is wrong with a file that should be a database: FileNotFound, CannotOpen (a folder, no
-/// permission), NotADatabase (empty, a text, a file of the desktop engine).
+/// Raises what is wrong with a file that should be a database before it is opened: FileNotFound, CannotOpen
+/// (a folder, no permission), NotADatabase (empty, no regular file).
 void RequireDatabaseFile(const std::string& path);
+
+/// The same once a connection has it open: NotADatabase for a text, a file of the desktop engine.
+void RequireDatabaseHeader(sqlite3* database, const std::string& path);
 
 /// Whether nothing is known to stand in the way of a new database: no file can be seen, or one without
 /// content.

@@ -80,6 +80,7 @@ void SqliteSession::OpenFile(const std::string& file, const SqliteOptions& optio
     if (!mayCreate || !IsFileFree(file)) {
         RequireDatabaseFile(file);
         Open(file, options.mode);
+        RequireDatabaseHeader(m_database.get(), file);
         Configure(options, false);
         if (options.mode == SqliteMode::CreateNew && !IsEmpty())
             throw EngineError(ErrorKind::CannotOpen, EEXIST, "The file exists, it holds a database");
