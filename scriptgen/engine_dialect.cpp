@@ -122,10 +122,10 @@ std::string ColumnThingName(std::string_view kind, std::string_view table, std::
     return name + hash;
 }
 
-std::string ScriptText(std::span<const std::string> statements) {
+std::string ScriptText(std::span<const EngineStatement> statements) {
     std::string text;
-    for (const std::string& statement : statements)
-        Append(text, statement, ";\r\n");
+    for (const EngineStatement& statement : statements)
+        Append(text, statement.text, ";\r\n");
     return text;
 }
 
@@ -230,8 +230,7 @@ std::string EngineDialect::DefaultLiteral(const DescribedTable& table, const Col
     }
 }
 
-std::string EngineDialect::TableText(const DescribedTable& table, std::vector<std::string>& notes) const {
-    const std::vector<std::string> types = ColumnTypes(table, notes);
+std::string EngineDialect::TableText(const DescribedTable& table) const {
     std::string text;
     Append(text, "CREATE TABLE ", table.Name, " (");
     for (std::size_t i = 0; i < table.Columns.size(); ++i) {
@@ -241,7 +240,7 @@ std::string EngineDialect::TableText(const DescribedTable& table, std::vector<st
             Append(text, NumberedColumn(table));
             continue;
         }
-        Append(text, types[i]);
+        Append(text, column.TypeSize);
         const std::string literal = DefaultLiteral(table, column);
         if (column.IsPrimaryKey) {
             Append(text, " NOT NULL");
@@ -271,39 +270,56 @@ std::string EngineDialect::ForeignKeyText(const DescribedTable& table, const For
 
 void EngineDialect::AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
                                   const ForeignKey& key) const {
-    scripts.addKeys.push_back("ALTER TABLE " + table.Name + " ADD " + ForeignKeyText(table, key));
+    scripts.addKeys.push_back({"ALTER TABLE " + table.Name + " ADD " + ForeignKeyText(table, key),
+                               EngineThing::ForeignKey, table.Name, key.FieldName});
 }
 
 void EngineDialect::AddDropTable(EngineScripts& scripts, const DescribedTable& table) const {
-    scripts.drop.push_back("DROP TABLE IF EXISTS " + table.Name);
+    scripts.drop.push_back({"DROP TABLE IF EXISTS " + table.Name, EngineThing::Table, table.Name, ""});
 }
 
 void EngineDialect::AddTable(EngineScripts& scripts, const DescribedTable& table) const {
-    scripts.create.push_back(TableText(table, scripts.notes));
+    scripts.create.push_back({TableText(table), EngineThing::Table, table.Name, ""});
     std::vector<std::string> columns;
-    for (const ForeignKey& key : table.ForeignKeys) {
-        scripts.create.push_back("CREATE INDEX " + ColumnThingName("IX_", table.Name, key.FieldName) +
-                                 " ON " + table.Name + " (" + key.FieldName + ")");
-        columns.push_back(key.FieldName);
+    for (const TableIndex& index : table.Indexes) {
+        const std::string& column = index.Columns.front();
+        scripts.create.push_back({"CREATE INDEX " + index.Name + " ON " + table.Name + " (" + column + ")",
+                                  EngineThing::Index, table.Name, index.Name});
+        columns.push_back(column);
     }
     if (!columns.empty()) AddNoParent(scripts, table, columns);
 }
 
-EngineScripts EngineDialect::Write(std::span<const DescribedTable> tables) const {
-    EngineScripts scripts;
-    std::vector<DescribedTable> kept(tables.begin(), tables.end());
-    for (DescribedTable& table : kept) {
+std::vector<DescribedTable> EngineDialect::Resolve(std::span<const DescribedTable> tables,
+                                                   std::vector<std::string>& notes) const {
+    std::vector<DescribedTable> resolved(tables.begin(), tables.end());
+    for (DescribedTable& table : resolved) {
+        const std::vector<std::string> types = ColumnTypes(table, notes);
+        for (std::size_t i = 0; i < types.size(); ++i)
+            table.Columns[i].TypeSize = types[i];
         for (ForeignKey& key : table.ForeignKeys) {
+            table.Indexes.push_back({ColumnThingName("IX_", table.Name, key.FieldName), {key.FieldName}});
             if (CanBeKept(key, tables)) continue;
-            scripts.notes.push_back(
-                Place(table, key.FieldName) + " refers to " +
-                (key.Table.empty() ? "the object with ObjectID " + std::to_string(key.FKObjectID)
-                                   : key.Table) +
-                (key.IsInRun ? ", but not to its key" : ", which is none of these tables") +
-                ": it gets an index, but no constraint.");
+            notes.push_back(Place(table, key.FieldName) + " refers to " +
+                            (key.Table.empty() ? "the object with ObjectID " + std::to_string(key.FKObjectID)
+                                               : key.Table) +
+                            (key.IsInRun ? ", but not to its key" : ", which is none of these tables") +
+                            ": it gets an index, but no constraint.");
             key.IsInRun = false;
         }
+        if (!table.ForeignKeys.empty()) table.Triggers = TriggerNames(table);
     }
+    return resolved;
+}
+
+std::vector<DescribedTable> EngineDialect::Tables(std::span<const DescribedTable> tables) const {
+    std::vector<std::string> notes;
+    return Resolve(tables, notes);
+}
+
+EngineScripts EngineDialect::Write(std::span<const DescribedTable> tables) const {
+    EngineScripts scripts;
+    const std::vector<DescribedTable> kept = Resolve(tables, scripts.notes);
     for (const DescribedTable& table : kept) {
         AddTable(scripts, table);
         for (const ForeignKey& key : table.ForeignKeys)

@@ -13,19 +13,30 @@
 /// persistence needs none.
 namespace korvex::scriptgen {
 
-/// The statements that make and remove tables on one engine, each without what ends it.
+/// What a statement makes or removes.
+enum class EngineThing : std::uint8_t { Table, Index, Trigger, ForeignKey };
+
+/// A statement, without what ends it, and what it is for.
+struct EngineStatement {
+    std::string text;
+    EngineThing thing = EngineThing::Table;
+    std::string table;
+    std::string name;  ///< of an index or a trigger (its function included); of a foreign key, its column
+};
+
+/// The statements that make and remove tables on one engine.
 struct EngineScripts {
-    std::vector<std::string> create;    ///< tables, indexes, triggers
-    std::vector<std::string> drop;      ///< leaves nothing of it, also of what was made in part
-    std::vector<std::string> addKeys;   ///< foreign keys; none where `create` holds them
-    std::vector<std::string> dropKeys;  ///< runs before `drop`
-    std::vector<std::string> notes;     ///< for people: what is left out, or is not as the definition has it
+    std::vector<EngineStatement> create;    ///< tables, indexes, triggers
+    std::vector<EngineStatement> drop;      ///< leaves nothing of it, also of what was made in part
+    std::vector<EngineStatement> addKeys;   ///< foreign keys; none where `create` holds them
+    std::vector<EngineStatement> dropKeys;  ///< runs before `drop`
+    std::vector<std::string> notes;  ///< for people: what is left out, or is not as the definition has it
 };
 
 /// A script file of an engine and the statements that it holds.
 struct EngineFile {
     std::string_view name;
-    std::vector<std::string> EngineScripts::*statements = nullptr;
+    std::vector<EngineStatement> EngineScripts::*statements = nullptr;
 };
 
 /// Column types of an engine; text is varchar(n) on all of them.
@@ -37,6 +48,14 @@ struct EngineTypes {
 struct EngineLimits {
     std::size_t columns = 0;
     std::size_t indexes = 0;  ///< the primary key's included
+};
+
+/// Queries by which an engine tells what is there. Each row begins with the name of the table.
+struct CatalogueQueries {
+    std::string_view columns;      ///< column, its type, 1 for a numbered one, 1 for one of the primary key
+    std::string_view indexes;      ///< index, one of its columns; in their order
+    std::string_view foreignKeys;  ///< column, table and column referred to (Null for that table's key)
+    std::string_view triggers;     ///< trigger
 };
 
 /// How tables are made on one engine. What most engines agree on stands here; each overrides the rest.
@@ -51,6 +70,22 @@ class EngineDialect {
     /// The scripts of these tables. InvalidProcedureCall (5) for a default that is no value of its column's
     /// type, TypeMismatch (13) for a length that is no number, both naming table and column.
     EngineScripts Write(std::span<const DescribedTable> tables) const;
+
+    /// The tables as the engine will tell of them once they are made: column types, indexes, triggers, and
+    /// only such references in the run as it can keep. Errors as above.
+    std::vector<DescribedTable> Tables(std::span<const DescribedTable> tables) const;
+    /// What makes a table alone, as Tables() gives it.
+    std::string TableText(const DescribedTable& table) const;
+
+    virtual const CatalogueQueries& Catalogue() const noexcept = 0;
+    /// A column type that the engine tells, as the scripts write it.
+    virtual std::string TypeAsWritten(std::string type) const { return type; }
+    /// Whether what was made in a transaction goes when that is rolled back.
+    virtual bool DefinitionsRollBack() const noexcept { return true; }
+    /// Whether references can be added to a table that is there, and removed.
+    virtual bool AltersForeignKeys() const noexcept { return true; }
+    /// Whether names of tables are the same in any case.
+    virtual bool FoldsTableNames() const noexcept { return true; }
 
     /// What the engine will not take, a line each: names that are reserved or no identifiers, defaults that
     /// are no values of their columns, numbered columns beside the key, more columns or indexes than a table
@@ -82,6 +117,9 @@ class EngineDialect {
     virtual void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
                              std::span<const std::string> columns) const = 0;
     virtual void AddDropTable(EngineScripts& scripts, const DescribedTable& table) const;
+    virtual std::vector<std::string> TriggerNames(const DescribedTable& table) const {
+        return {table.Name + "_I", table.Name + "_U"};
+    }
 
     bool IsNumbered(const DescribedTable& table, const Column& column) const;
     /// "CONSTRAINT n FOREIGN KEY (c) REFERENCES t (k)"
@@ -89,7 +127,8 @@ class EngineDialect {
 
   private:
     std::string TypeText(const DescribedTable& table, const Column& column) const;
-    std::string TableText(const DescribedTable& table, std::vector<std::string>& notes) const;
+    std::vector<DescribedTable> Resolve(std::span<const DescribedTable> tables,
+                                        std::vector<std::string>& notes) const;
     std::string DefaultLiteral(const DescribedTable& table, const Column& column) const;
     std::string Literal(const DescribedTable& table, const Column& column) const;
     void AddTable(EngineScripts& scripts, const DescribedTable& table) const;
@@ -101,7 +140,7 @@ const EngineDialect& EngineDialectOf(std::string_view name);
 std::span<const EngineDialect* const> AllEngineDialects() noexcept;
 
 /// The statements as the engine's own client reads them.
-std::string ScriptText(std::span<const std::string> statements);
+std::string ScriptText(std::span<const EngineStatement> statements);
 
 /// Longest text that engines keep in a column of variable length; longer ones are long texts.
 inline constexpr int LongestVarchar = 4000;

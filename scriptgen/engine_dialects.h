@@ -9,6 +9,9 @@ class SqliteDialect final : public EngineDialect {
   public:
     std::string_view Name() const noexcept override { return "sqlite"; }
     std::span<const EngineFile> Files() const noexcept override;
+    const CatalogueQueries& Catalogue() const noexcept override;
+    std::string TypeAsWritten(std::string type) const override;
+    bool AltersForeignKeys() const noexcept override { return false; }
 
   protected:
     const EngineTypes& Types() const noexcept override;
@@ -26,6 +29,10 @@ class MariaDbDialect final : public EngineDialect {
   public:
     std::string_view Name() const noexcept override { return "mariadb"; }
     std::span<const EngineFile> Files() const noexcept override;
+    const CatalogueQueries& Catalogue() const noexcept override;
+    std::string TypeAsWritten(std::string type) const override;
+    bool DefinitionsRollBack() const noexcept override { return false; }
+    bool FoldsTableNames() const noexcept override { return false; }
 
   protected:
     const EngineTypes& Types() const noexcept override;
@@ -50,6 +57,8 @@ class PostgreSqlDialect final : public EngineDialect {
   public:
     std::string_view Name() const noexcept override { return "postgresql"; }
     std::span<const EngineFile> Files() const noexcept override;
+    const CatalogueQueries& Catalogue() const noexcept override;
+    std::string TypeAsWritten(std::string type) const override;
 
   protected:
     const EngineTypes& Types() const noexcept override;
@@ -58,6 +67,7 @@ class PostgreSqlDialect final : public EngineDialect {
     std::string NumberedColumn(const DescribedTable& table) const override;
     void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
                      std::span<const std::string> columns) const override;
+    std::vector<std::string> TriggerNames(const DescribedTable& table) const override;
     void AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
                        const ForeignKey& key) const override;
     bool NumbersTheKeyOnly() const noexcept override { return false; }

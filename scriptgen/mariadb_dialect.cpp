@@ -55,6 +55,23 @@ constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
                                          .bytes = "longblob",
                                          .longText = "longtext"};
 
+constexpr CatalogueQueries Queries = {
+    .columns =
+        "select table_name, column_name, column_type, extra = 'auto_increment', column_key = 'PRI' "
+        "from information_schema.columns where table_schema = database() order by table_name, "
+        "ordinal_position",
+    .indexes =
+        "select table_name, index_name, column_name from information_schema.statistics where "
+        "table_schema = database() and index_name <> 'PRIMARY' order by table_name, index_name, "
+        "seq_in_index",
+    .foreignKeys =
+        "select table_name, column_name, referenced_table_name, referenced_column_name from "
+        "information_schema.key_column_usage where constraint_schema = database() and "
+        "referenced_table_name is not null",
+    .triggers =
+        "select event_object_table, trigger_name from information_schema.triggers where "
+        "trigger_schema = database()"};
+
 constexpr std::string_view Varchar = "varchar(";
 constexpr std::size_t BytesOfCharacter = 4;
 
@@ -100,6 +117,17 @@ std::span<const EngineFile> MariaDbDialect::Files() const noexcept { return Scri
 const EngineTypes& MariaDbDialect::Types() const noexcept { return ColumnTypeTexts; }
 std::string_view MariaDbDialect::ReservedWords() const noexcept { return Words; }
 
+const CatalogueQueries& MariaDbDialect::Catalogue() const noexcept { return Queries; }
+
+/// The engine tells how many digits it would show of a whole number.
+std::string MariaDbDialect::TypeAsWritten(std::string type) const {
+    const std::size_t begin = type.find('(');
+    const std::string name = type.substr(0, begin);
+    if (begin != std::string::npos && (name.ends_with("int") || name == "bit"))
+        type.erase(begin, type.find(')') + 1 - begin);
+    return type;
+}
+
 /// A backslash is an escape or none, as the server is set; digits mean the same on each.
 std::string MariaDbDialect::TextLiteral(std::string_view text) const {
     if (text.find('\\') == std::string_view::npos) return EngineDialect::TextLiteral(text);
@@ -130,8 +158,9 @@ std::string MariaDbDialect::NumberedColumn(const DescribedTable& /*table*/) cons
 void MariaDbDialect::AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
                                    const ForeignKey& key) const {
     EngineDialect::AddForeignKey(scripts, table, key);
-    scripts.dropKeys.push_back("ALTER TABLE IF EXISTS " + table.Name + " DROP FOREIGN KEY IF EXISTS " +
-                               ColumnThingName("FK_", table.Name, key.FieldName));
+    scripts.dropKeys.push_back({"ALTER TABLE IF EXISTS " + table.Name + " DROP FOREIGN KEY IF EXISTS " +
+                                    ColumnThingName("FK_", table.Name, key.FieldName),
+                                EngineThing::ForeignKey, table.Name, key.FieldName});
 }
 
 void MariaDbDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
@@ -143,7 +172,8 @@ void MariaDbDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& t
         std::string text;
         Append(text, "CREATE TRIGGER ", table.Name, "_", event.substr(0, 1), " BEFORE ", event, " ON ");
         Append(text, table.Name, " FOR EACH ROW SET ", assignments.Text());
-        scripts.create.push_back(std::move(text));
+        scripts.create.push_back(
+            {std::move(text), EngineThing::Trigger, table.Name, table.Name + "_" + std::string(event, 0, 1)});
     }
 }
 

@@ -1,3 +1,4 @@
+#include "automation/text.h"
 #include "scriptgen/engine_dialects.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
@@ -32,7 +33,27 @@ constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
                                          .bytes = "blob",
                                          .longText = "text"};
 
+constexpr CatalogueQueries Queries = {
+    .columns =
+        "select t.name, c.name as col, c.type, "
+        "case when c.pk = 1 and instr(upper(t.sql), 'AUTOINCREMENT') > 0 then 1 else 0 end, "
+        "case when c.pk > 0 then 1 else 0 end from sqlite_master t, pragma_table_info(t.name) c "
+        "where t.type = 'table' and substr(t.name, 1, 7) <> 'sqlite_'",
+    .indexes =
+        "select t.name, i.name as ind, c.name as col from sqlite_master t, pragma_index_list(t.name) i, "
+        "pragma_index_info(i.name) c where t.type = 'table' and i.origin <> 'pk'",
+    .foreignKeys =
+        "select t.name, f.\"from\", f.\"table\", f.\"to\" from sqlite_master t, "
+        "pragma_foreign_key_list(t.name) f where t.type = 'table'",
+    .triggers = "select tbl_name, name from sqlite_master where type = 'trigger'"};
+
 }  // namespace
+
+const CatalogueQueries& SqliteDialect::Catalogue() const noexcept { return Queries; }
+
+std::string SqliteDialect::TypeAsWritten(std::string type) const {
+    return automation::EqualsIgnoreCase(type, "INTEGER") ? std::string(ColumnTypeTexts.integer32) : type;
+}
 
 std::span<const EngineFile> SqliteDialect::Files() const noexcept { return ScriptFiles; }
 const EngineTypes& SqliteDialect::Types() const noexcept { return ColumnTypeTexts; }
@@ -67,7 +88,8 @@ void SqliteDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& ta
         Append(text, "CREATE TRIGGER ", table.Name, suffix, " AFTER ", event, " ON ", table.Name);
         Append(text, " WHEN 0 IN (", values.Text(), ") BEGIN\r\n\tUPDATE ", table.Name, " SET ");
         Append(text, assignments.Text(), " WHERE ", key, " = NEW.", key, ";\r\nEND");
-        scripts.create.push_back(std::move(text));
+        scripts.create.push_back(
+            {std::move(text), EngineThing::Trigger, table.Name, table.Name + std::string(suffix)});
     };
     add("_I", "INSERT");
     add("_U", "UPDATE OF " + Joined(columns));

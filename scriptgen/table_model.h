@@ -20,14 +20,21 @@ struct ForeignKey {
     bool IsInRun = false;  ///< the table referred to is among those described
 };
 
+struct TableIndex {
+    std::string Name;
+    std::vector<std::string> Columns;
+};
+
 struct DescribedTable {
     std::int32_t ObjectID = 0;  ///< the object whose records the table holds
     std::string Name;
-    std::vector<Column> Columns;          ///< as the published scripts have them, TypeSize empty
+    std::vector<Column> Columns;  ///< as the published scripts have them; TypeSize is for the engine's
     std::vector<std::string> PrimaryKey;  ///< its columns in key order
     std::vector<ForeignKey> ForeignKeys;  ///< in column order
     /// The objects that hold this one, in the order of the walk, each once; none for a root.
     std::vector<std::int32_t> Parents;
+    std::vector<TableIndex> Indexes;    ///< on an engine: but for that of the primary key
+    std::vector<std::string> Triggers;  ///< on an engine: their names
 };
 
 /// The tables of every data definition of that storage name (of all when it is empty), in the order of the

@@ -36,6 +36,10 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryShowCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);
+    CLI::App* database =
+        app.add_subcommand("database", "Make, remove and check the tables of a target database");
+    AddDatabaseCommands(*database, console);
+    RequireSubcommand(*database);
     AddApplyCommand(app, console);
     AddSaveCommand(app, console);
     AddLoadCommand(app, console);

@@ -14,6 +14,8 @@ void AddRepositoryNewCommand(CLI::App& parent, Console& console);
 void AddRepositoryImportCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
+/// create, drop and check.
+void AddDatabaseCommands(CLI::App& parent, Console& console);
 void AddApplyCommand(CLI::App& parent, Console& console);
 void AddSaveCommand(CLI::App& parent, Console& console);
 void AddLoadCommand(CLI::App& parent, Console& console);

@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
+#include "platform/ado_transaction.h"
 
 #include <memory>
 #include <string>
@@ -19,7 +20,7 @@ void RunDelete(const DeleteOptions& options, Console& console) {
         std::make_shared<objects::DataObject>(OpenDefinitionForWriting(options.data, console));
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     clsCRUD& crud = session.Crud();
-    Transaction transaction(crud);
+    ado::Transaction transaction(crud.DbConn());
     // Afterwards a missing record could not be told from one without a child: both leave the same code.
     const bool exists = crud.DbDataExists(object, key);
     session.ExpectAllOpened();

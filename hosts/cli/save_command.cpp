@@ -2,6 +2,7 @@
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
 #include "hosts/objects/json.h"
+#include "platform/ado_transaction.h"
 
 #include <memory>
 #include <string>
@@ -21,7 +22,7 @@ using DataObjects = std::vector<std::shared_ptr<objects::DataObject>>;
 /// Saves the objects in one transaction; their keys.
 std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects& objects, Console& console) {
     std::vector<std::int32_t> keys;
-    Transaction transaction(session.Crud());
+    ado::Transaction transaction(session.Crud().DbConn());
     for (const auto& object : objects) {
         console.Progress("saving " + std::to_string(keys.size() + 1) + "/" + std::to_string(objects.size()));
         const std::int32_t key = session.Crud().DbSaveData(object);

@@ -20,6 +20,8 @@ bool NamesEmbeddedEngine(std::string_view part) {
            automation::EqualsIgnoreCase(value.substr(0, value.find('.')), "SQLite");
 }
 
+}  // namespace
+
 bool IsForEmbeddedEngine(std::string_view connection) {
     for (std::size_t at = 0; at < connection.size();) {
         const std::size_t end = std::min(connection.find(';', at), connection.size());
@@ -28,8 +30,6 @@ bool IsForEmbeddedEngine(std::string_view connection) {
     }
     return false;
 }
-
-}  // namespace
 
 void AddConnectionOption(CLI::App& command, std::string& connection) {
     command

@@ -3,11 +3,15 @@
 #include <CLI/CLI.hpp>
 
 #include <string>
+#include <string_view>
 
 namespace korvex::cli {
 
 /// --connection, which is required.
 void AddConnectionOption(CLI::App& command, std::string& connection);
+
+/// Whether a connection string says Provider=SQLite.
+bool IsForEmbeddedEngine(std::string_view connection);
 
 /// The connection string with Mode=Create. Raises InvalidProcedureCall (5) for a connection that does not
 /// name the embedded engine, which alone makes databases.

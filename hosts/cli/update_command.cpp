@@ -5,6 +5,7 @@
 #include "hosts/cli/data/json_input.h"
 #include "hosts/cli/data/result_text.h"
 #include "hosts/objects/json.h"
+#include "platform/ado_transaction.h"
 
 #include <memory>
 #include <string>
@@ -70,7 +71,7 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
     const auto definition = OpenDefinitionForWriting(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
-    Transaction transaction(session.Crud());
+    ado::Transaction transaction(session.Crud().DbConn());
     const std::int32_t updated =
         options.retainRoot
             ? Replace(session, options, definition, key, console)

@@ -16,3 +16,4 @@
 #include "surface/cls_crud.h"
 #include "surface/cls_field.h"
 #include "surface/create_object.h"
+#include "surface/target_tables.h"

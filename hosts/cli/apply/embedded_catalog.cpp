@@ -15,15 +15,6 @@ bool IsEmbedded(ado::Connection& connection) {
     }
 }
 
-std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query) {
-    std::vector<std::string> texts;
-    const auto rows = connection.Execute(query);
-    for (; !rows->Eof(); rows->MoveNext())
-        texts.push_back(automation::ToString(rows->Fields(0)->Value()));
-    rows->Close();
-    return texts;
-}
-
 std::optional<StoredTable> FindTable(ado::Connection& connection, std::string_view name) {
     const auto rows = connection.Execute(
         "select name, sql from sqlite_master where type = 'table' and name = " + QuoteText(name) +
@@ -33,15 +24,6 @@ std::optional<StoredTable> FindTable(ado::Connection& connection, std::string_vi
                       automation::ToString(rows->Fields("sql")->Value())};
     rows->Close();
     return table;
-}
-
-std::string QuoteText(std::string_view text) {
-    std::string quoted = "'";
-    for (const char c : text) {
-        quoted += c;
-        if (c == '\'') quoted += c;
-    }
-    return quoted + "'";
 }
 
 }  // namespace korvex::cli

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/ado.h"
+#include "scriptgen/migration/live_tables.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// What the embedded engine knows of its tables.
 namespace korvex::cli {
@@ -13,8 +13,8 @@ namespace korvex::cli {
 /// Whether the connection leads to the embedded engine, directly or through its ODBC driver.
 bool IsEmbedded(ado::Connection& connection);
 
-/// The first column of every row, as text.
-std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query);
+using scriptgen::QuoteText;
+using scriptgen::ReadTexts;
 
 /// A table as it was made.
 struct StoredTable {
@@ -24,8 +24,5 @@ struct StoredTable {
 
 /// In any case; nothing when it is not there.
 std::optional<StoredTable> FindTable(ado::Connection& connection, std::string_view name);
-
-/// A text literal.
-std::string QuoteText(std::string_view text);
 
 }  // namespace korvex::cli

@@ -112,18 +112,4 @@ std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions&
     return definition;
 }
 
-Transaction::~Transaction() {
-    if (m_connection == nullptr) return;
-    try {
-        m_connection->RollbackTrans();
-    } catch (const Error&) {
-        // The engine has taken it back already, as it does on a full disk.
-    }
-}
-
-void Transaction::Commit() {
-    m_connection->CommitTrans();
-    m_connection = nullptr;
-}
-
 }  // namespace korvex::cli

@@ -58,17 +58,4 @@ std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, 
 /// definition with which data would be mixed up or lost.
 std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions& options, Console& console);
 
-/// A transaction of the session's connection, taken back unless it is committed.
-class Transaction {
-  public:
-    explicit Transaction(clsCRUD& crud) : m_connection(crud.DbConn()) { m_connection->BeginTrans(); }
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-    ~Transaction();
-    void Commit();
-
-  private:
-    std::shared_ptr<ado::Connection> m_connection;
-};
-
 }  // namespace korvex::cli

@@ -24,7 +24,7 @@ constexpr std::array Texts = {
                "Give --table, --key-field and --field."},
     ResultText{dbNoMatchingRecord, "dbNoMatchingRecord", "No record has that key.", "Check --key."},
     ResultText{dbCannotOpenRecordset, "dbCannotOpenRecordset", "A table cannot be opened.",
-               "Make the tables of the definition (korvex script, korvex apply)."},
+               "Make the tables of the definition (korvex database create)."},
     ResultText{dbParentNotInDatabase, "dbParentNotInDatabase",
                "The object's foreign key does not name the key of its parent.", "Check --fk-prefix."},
     ResultText{dbObjectNotModified, "dbObjectNotModified", "Nothing differs from what is stored.", ""},

@@ -1,0 +1,206 @@
+#include "automation/error.h"
+#include "hosts/cli/app.h"
+#include "hosts/cli/apply/apply_run.h"
+#include "hosts/cli/check/check.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/session.h"
+#include "hosts/cli/suggest.h"
+#include "hosts/cli/target_options.h"
+#include "repository/private_copy.h"
+#include "scriptgen/generator.h"
+#include "scriptgen/migration/live_tables.h"
+#include "scriptgen/script_types.h"
+#include "surface/target_tables.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace korvex::cli {
+
+namespace {
+
+using Connection = std::shared_ptr<ado::Connection>;
+
+struct DatabaseOptions {
+    std::string repository;
+    std::string storage;
+    std::string connection;
+    std::string fkPrefix = "FK_";
+    bool yes = false;
+};
+
+/// Refuses a definition with which data would be mixed up, before anything else happens.
+void CheckDefinition(const DatabaseOptions& options, Console& console) {
+    repository::Repository repository(Session(console).platform);
+    OpenComplete(repository, options.repository);
+    ExpectStorage(repository, options.storage);
+    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    repository.Close();
+    Findings findings;
+    // An object that is its own ancestor is an error of its own when the tables are described.
+    if (CheckCycles(catalog, findings))
+        CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
+    RefuseDanger(findings);
+}
+
+TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
+    CheckDefinition(options, console);
+    return {Session(console).platform, options.repository, options.storage, options.fkPrefix};
+}
+
+Connection Connect(const std::string& connectionString, Console& console) {
+    const auto connection = Session(console).platform.targetProvider->CreateConnection();
+    connection->Open(connectionString);
+    return connection;
+}
+
+void Print(const TargetReport& report, Console& console) {
+    for (const std::string& line : report.Lines)
+        console.Results() << line << '\n';
+    for (const std::string& note : report.Notes)
+        console.Message(note);
+}
+
+/// The published dialect of an engine; nullptr for one that has a dialect of its own.
+const scriptgen::ScriptTypeInfo* PublishedDialect(std::string_view engine) {
+    constexpr std::pair<std::string_view, scriptgen::ScriptType> Engines[] = {
+        {"mssql", scriptgen::ScriptType::SqlServer},
+        {"oracle", scriptgen::ScriptType::Oracle},
+        {"sybase", scriptgen::ScriptType::Sybase}};
+    for (const auto& [name, type] : Engines)
+        if (name == engine) return scriptgen::FindScriptType(type);
+    return nullptr;
+}
+
+/// Runs the published scripts as korvex apply does.
+void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& options,
+                  ado::Connection& connection, bool creates, Console& console) {
+    console.Message("Nobody has verified this on " + std::string(type.displayName) +
+                    ": the published scripts run as they are.");
+    repository::Repository source(Session(console).platform);
+    source.OpenRepository(options.repository);
+    repository::Repository copy = repository::PrivateRelatedCopy(source, options.storage, options.fkPrefix);
+    scriptgen::RunState run;
+    run.m_nScriptType = type.type;
+    run.m_nMaxCharLen = type.maxCharLen;
+    scriptgen::GenerateForStorage(run, copy, options.storage);
+    const std::pair<std::string_view, std::string*> created[] = {
+        {type.fileNames[0], &run.m_sDbSQL},
+        {type.fileNames[2], &run.m_sStoredProcSQL},
+        {type.fileNames[3], &run.m_sFkConstraintSQL}};
+    const std::pair<std::string_view, std::string*> dropped[] = {
+        {type.fileNames[4], &run.m_sDropFkConstraintSQL}, {type.fileNames[1], &run.m_sDropSQL}};
+    std::vector<ScriptStatement> statements;
+    const auto add = [&](const auto& scripts) {
+        for (const auto& [name, text] : scripts)
+            for (ScriptStatement& statement : ReadScript(std::string(name), *text, GuessStyle(*text)))
+                statements.push_back(std::move(statement));
+    };
+    creates ? add(created) : add(dropped);
+    ApplyReport report;
+    const auto print = [&] {
+        for (const std::string& line : report.Lines())
+            console.Results() << line << '\n';
+    };
+    try {
+        RunStatements(connection, statements, console, report);
+    } catch (const automation::Error&) {
+        print();  // what was done stays
+        throw;
+    }
+    print();
+}
+
+void RunCreate(const DatabaseOptions& options, Console& console) {
+    const TargetTables tables = OpenTables(options, console);
+    std::string place = options.connection;
+    if (IsForEmbeddedEngine(place)) {
+        // Before a file is made.
+        tables.ExpectTakenBy("sqlite");
+        place = WithCreateMode(place);
+    }
+    const Connection connection = Connect(place, console);
+    if (const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection))) {
+        RunPublished(*type, options, *connection, true, console);
+    } else {
+        Print(tables.Create(connection), console);
+    }
+}
+
+/// Asks whoever sits at the terminal.
+void ExpectConsent(const std::string& question, Console& console) {
+    if (isatty(STDIN_FILENO) != 1) {
+        throw automation::Error(automation::InvalidProcedureCall,
+                                question + " Nobody can be asked here: say so with --yes.");
+    }
+    console.Text(question + " [y/N]");
+    std::string answer;
+    std::getline(std::cin, answer);
+    if (answer != "y" && answer != "yes")
+        throw automation::Error(automation::InvalidProcedureCall, "Nothing was dropped.");
+}
+
+void RunDrop(const DatabaseOptions& options, Console& console) {
+    const TargetTables tables = OpenTables(options, console);
+    const Connection connection = Connect(options.connection, console);
+    const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection));
+    if (!options.yes) {
+        const std::vector<std::string> names =
+            type == nullptr ? tables.TablesToDrop(*connection) : std::vector<std::string>();
+        const std::string what = type != nullptr ? "All tables of the definition are"
+                                 : names.empty() ? "No table is"
+                                                 : JoinNames(names) + (names.size() == 1 ? " is" : " are");
+        ExpectConsent(what + " to be dropped, with all records.", console);
+    }
+    if (type != nullptr) {
+        RunPublished(*type, options, *connection, false, console);
+    } else {
+        Print(tables.Drop(connection), console);
+    }
+}
+
+void RunCheck(const DatabaseOptions& options, Console& console) {
+    const TargetTables tables = OpenTables(options, console);
+    const Connection connection = Connect(options.connection, console);
+    const std::vector<std::string> lines = tables.Check(*connection);
+    for (const std::string& line : lines)
+        console.Results() << line << '\n';
+    if (!lines.empty()) throw CLI::RuntimeError(ExitFailed);
+    console.Results() << "the tables are those of the definition\n";
+}
+
+CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
+    command->add_option("--repository", options.repository, "Repository file, or ODBC string with DSN=")
+        ->required()
+        ->type_name("R");
+    command
+        ->add_option("--storage", options.storage,
+                     "Storage name of the definition; without it all definitions, as one run")
+        ->type_name("NAME");
+    AddConnectionOption(*command, options.connection);
+    command->add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
+        ->type_name("P");
+    return command;
+}
+
+}  // namespace
+
+void AddDatabaseCommands(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<DatabaseOptions>();
+    const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&)) {
+        CLI::App* command = AddDatabaseOptions(parent.add_subcommand(name, text), *options);
+        command->callback([options, &console, run] { run(*options, console); });
+        return command;
+    };
+    add("create", "Make the tables of a definition in its target database", RunCreate);
+    add("drop", "Remove the tables of a definition, with their records", RunDrop)
+        ->add_flag("--yes", options->yes, "Do not ask");
+    add("check", "Compare the tables of a target database with the definition", RunCheck);
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/ado.h"
+#include "scriptgen/engine_dialect.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What stands in a target database.
+namespace korvex::scriptgen {
+
+/// What the engine behind an open connection is called: the name of its dialect, also that of a published one
+/// ("mssql", "sybase", "oracle"). adErrFeatureNotAvailable for an engine that has none.
+std::string EngineBehind(ado::Connection& connection);
+
+/// The tables of the database, described as the dialect describes those of a definition: names, columns with
+/// their types, keys, indexes, references and triggers. What only a definition knows (objects, values, data
+/// types, defaults) is left empty. Engine errors reach the caller.
+std::vector<DescribedTable> ReadLiveTables(ado::Connection& connection, const EngineDialect& dialect);
+
+/// The first column of every row, as text.
+std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query);
+
+/// A text literal, and a name between double quotes.
+std::string QuoteText(std::string_view text);
+std::string QuoteName(std::string_view name);
+
+}  // namespace korvex::scriptgen

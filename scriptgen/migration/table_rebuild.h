@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/ado.h"
+#include "scriptgen/table_model.h"
+
+#include <string>
+
+/// Tables of the embedded engine, which cannot add references to a table that is there nor take them away.
+namespace korvex::scriptgen {
+
+/// While this lives references are not kept, so that a table can go that others refer to. Made before a
+/// transaction: inside one the engine does not switch.
+class ReferencesOff {
+  public:
+    explicit ReferencesOff(ado::Connection& connection);
+    ReferencesOff(const ReferencesOff&) = delete;
+    ReferencesOff& operator=(const ReferencesOff&) = delete;
+    ~ReferencesOff();
+
+    /// Makes sure that no record refers to one that is not there (DbEConstraint).
+    void CheckReferences();
+
+  private:
+    ado::Connection& m_connection;
+    bool m_wereOn;
+};
+
+/// Makes a table anew with `statement`, with its records, other indexes, triggers and counter. Its columns
+/// stay as they are; 0 in a column that refers to another table becomes Null. References must be off and a
+/// transaction open. Engine errors reach the caller.
+void RebuildTable(ado::Connection& connection, const DescribedTable& table, const std::string& statement);
+
+}  // namespace korvex::scriptgen

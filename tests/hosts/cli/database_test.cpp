@@ -1,0 +1,231 @@
+#include "hosts/cli/korvex_command.h"
+#include "hosts/cli/target_database.h"
+#include "support/driver.h"
+#include "support/text_files.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+namespace korvex::tests {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// What the engines do differently.
+struct Engine {
+    std::string dialect;
+    std::string things;       ///< that the example's definition makes beside tables and indexes
+    std::string dropTrigger;  ///< a statement that removes one
+    std::string trigger;      ///< its name
+    /// Statements that are in the way of something late in a run, and that take it away again.
+    std::vector<std::string> obstacle;
+    std::string clearance;
+};
+
+Engine EngineOf(Driver driver) {
+    switch (driver) {
+        case Driver::MariaDb:
+            return {"mariadb",
+                    "30 triggers and 16 foreign keys",
+                    "drop trigger tParcel_I",
+                    "tParcel_I",
+                    {"create table other (ID int primary key, Up int, constraint FK_tPayment_FK_PaymentsID "
+                     "foreign key (Up) references other (ID))"},
+                    "drop table other"};
+        case Driver::PostgreSql:
+            return {"postgresql",
+                    "15 triggers and 16 foreign keys",
+                    "drop trigger tParcel_noparent on tParcel",
+                    "tParcel_noparent",
+                    {"create table IX_tPayment_FK_PaymentsID (A int)"},
+                    "drop table IX_tPayment_FK_PaymentsID"};
+        default:
+            return {"sqlite",
+                    "30 triggers and 16 foreign keys",
+                    "drop trigger tParcel_I",
+                    "tParcel_I",
+                    {"create table other (A int)", "create index IX_tPayment_FK_PaymentsID on other (A)"},
+                    "drop table other"};
+    }
+}
+
+class DatabaseCommand : public testing::TestWithParam<Driver> {
+  protected:
+    std::string Target() const {
+        const Driver driver = GetParam();
+        if (driver == Driver::Sqlite) return "Provider=SQLite;Data Source=" + m_place;
+        return m_places.Connection(m_place) + (driver == Driver::OdbcSqlite ? ";FKSupport=1" : "");
+    }
+    CommandResult Run(const RepositoryFile& repository, const std::string& what, const std::string& storage,
+                      const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> arguments = {"database",        what,           "--repository",
+                                              repository.Path(), "--connection", Target()};
+        if (!storage.empty()) arguments.insert(arguments.end(), {"--storage", storage});
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return RunKorvex(arguments);
+    }
+    void Expect(const CommandResult& result, const std::string& output, int exitCode = 0) const {
+        EXPECT_EQ(result.output, output);
+        EXPECT_EQ(result.messages, "");
+        EXPECT_EQ(result.exitCode, exitCode);
+    }
+    void Execute(const std::vector<std::string>& statements) const {
+        const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+        connection->Open(Target());
+        for (const std::string& statement : statements)
+            connection->Execute(statement);
+    }
+    std::string Value(const std::string& query) const {
+        const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+        connection->Open(Target());
+        const automation::Variant value = connection->Execute(query)->Fields(0)->Value();
+        return value.IsNull() ? "-" : automation::ToString(value);
+    }
+    std::string Made(const std::string& things) const {
+        return things + " made (" + m_engine.dialect + ")\n";
+    }
+
+    const Engine m_engine = EngineOf(GetParam());
+    const bool m_rollsBack = DefinitionsRollBack(GetParam());
+    TempFolder m_folder;
+    Places m_places{GetParam(), m_folder};
+    const std::string m_place = m_places.New("target");
+};
+
+constexpr const char* Equal = "the tables are those of the definition\n";
+
+TEST_P(DatabaseCommand, MakesChecksCompletesAndRemovesTheTablesOfADefinition) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const auto run = [&](const std::string& what, const std::vector<std::string>& more = {}) {
+        return Run(repository, what, "Orders", more);
+    };
+    Expect(run("create"), Made("16 tables, 16 indexes, " + m_engine.things));
+    Expect(run("check"), Equal);
+    Expect(run("create"), Made("nothing"));
+
+    Execute({m_engine.dropTrigger, "drop table tPayment"});
+    Expect(run("check"), "tParcel has no trigger " + m_engine.trigger + "\ntPayment is missing\n", 1);
+    Execute({"alter table tParcel add extra int"});
+    ExpectFailure(run("create"), "tParcel.extra is not in the definition. Nothing was done.");
+    EXPECT_THAT(run("check").output, HasSubstr("tPayment is missing\n"));
+    Execute({"alter table tParcel drop column extra"});
+
+    Execute(m_engine.obstacle);
+    const CommandResult failed = run("create");
+    ExpectFailure(failed, m_rollsBack ? "The database is as it was."
+                                      : "Done before that, and kept: 1 table, 1 index and 3 triggers. The "
+                                        "same command goes on from there.");
+    Execute({m_engine.clearance});
+    const std::string triggers = GetParam() == Driver::PostgreSql ? "2" : "3";
+    Expect(run("create"), m_rollsBack ? Made("1 table, 1 index, " + triggers + " triggers and 1 foreign key")
+                                      : Made("1 foreign key"));
+    Expect(run("check"), Equal);
+
+    ExpectFailure(run("drop"), "with all records. Nobody can be asked here: say so with --yes.");
+    EXPECT_THAT(run("drop", {"--yes"}).output, StartsWith("16 tables"));
+    EXPECT_THAT(run("check").output, StartsWith("tOrder is missing\ntCustomer is missing\n"));
+    Expect(run("create"), Made("16 tables, 16 indexes, " + m_engine.things));
+}
+
+TEST_P(DatabaseCommand, DefinitionsShareTables) {
+    const RepositoryFile repository(R"({
+      "definitions": [ { "storage": "A", "root": "Alpha" }, { "storage": "B", "root": "Beta" } ],
+      "objects": [ { "name": "Alpha", "values": [ { "name": "V", "child": "Shared" } ] },
+                   { "name": "Beta", "values": [ { "name": "V", "child": "Shared" } ] },
+                   { "name": "Shared", "values": [ { "name": "W", "type": "string", "maxLength": 9 } ] } ] })");
+    const std::string two = GetParam() == Driver::PostgreSql ? "1 trigger" : "2 triggers";
+    const CommandResult made = Run(repository, "create", "A");
+    EXPECT_EQ(made.output, Made("2 tables, 2 indexes, " + two + " and 1 foreign key"));
+    EXPECT_THAT(made.messages, HasSubstr("tShared.FK_BetaID refers to tBeta, which is none of these tables"));
+    Execute({"insert into tAlpha (QORCounter) values (1)",
+             "insert into tShared (W, FK_AlphaID, FK_BetaID) values ('x', 1, 0)",
+             "insert into tShared (W, FK_AlphaID) values ('gone', 1)", "delete from tShared where W = 'gone'",
+             "create index Own on tShared (W)"});
+    EXPECT_EQ(Run(repository, "create", "B").output, Made("1 table and 1 foreign key"));
+    Expect(Run(repository, "check", "A"), Equal);
+    EXPECT_ANY_THROW(Execute({"insert into tShared (FK_BetaID) values (7)"}));
+    Execute({"insert into tShared (W, FK_BetaID) values ('y', 0)",
+             "drop index Own" + std::string(GetParam() == Driver::MariaDb ? " on tShared" : "")});
+    if (!IsServer(GetParam())) {
+        EXPECT_EQ(Value("select SharedID from tShared where W = 'y'"), "3") << "numbers go on";
+    }
+
+    const CommandResult dropped = Run(repository, "drop", "A", {"--yes"});
+    EXPECT_THAT(dropped.output, StartsWith("1 table"));
+    EXPECT_THAT(dropped.messages, HasSubstr("tShared stays: the definition B uses it."));
+    Expect(Run(repository, "check", "B"), Equal);
+    Execute({"insert into tShared (W, FK_AlphaID) values ('z', 7)"});
+    EXPECT_EQ(Value("select count(*) from tShared"), "3");
+    EXPECT_EQ(Run(repository, "drop", "B", {"--yes"}).exitCode, 0);
+    EXPECT_EQ(Run(repository, "check", "B").output, "tBeta is missing\ntShared is missing\n")
+        << "A was gone already";
+
+    EXPECT_EQ(Run(repository, "create", "").output,
+              Made("3 tables, 2 indexes, " + two + " and 2 foreign keys"));
+    Expect(Run(repository, "check", ""), Equal);
+    EXPECT_THAT(Run(repository, "drop", "", {"--yes"}).output, StartsWith("3 tables"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Drivers, DatabaseCommand, AllDrivers(), DriverName);
+
+TEST(DatabaseFile, IsNotMadeForADefinitionThatTheEngineDoesNotTake) {
+    const struct {
+        const char* values;
+        const char* message;
+    } cases[] = {
+        {R"({"name":"Select","type":"long"},{"name":"N","type":"long","default":"x"})",
+         "sqlite does not take the definition: column tA.Select is a reserved word of sqlite; tA.N: the "
+         "default"},
+        {R"({"name":"Total","type":"long"},{"name":"total","type":"long"})",
+         "Nothing was done, because data would be mixed up or lost"},
+    };
+    for (const auto& c : cases) {
+        const RepositoryFile repository(
+            R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A","values":[)" +
+            std::string(c.values) + "]}]}");
+        const TargetDatabase target;
+        ExpectFailure(RunKorvex({"database", "create", "--repository", repository.Path(), "--connection",
+                                 target.Connection()}),
+                      c.message);
+        EXPECT_FALSE(std::filesystem::exists(target.Path()));
+    }
+}
+
+TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
+    const TargetDatabase target;
+    std::string script = ReadFile(KORVEX_EXPECTED "/target_0.1.sql");
+    for (std::size_t end = 0; (end = script.find(";\n")) != std::string::npos; script.erase(0, end + 2))
+        ASSERT_EQ(target.Execute(script.substr(0, end)), 0) << script.substr(0, end);
+    const auto run = [&](std::vector<std::string> words, const std::vector<std::string>& more = {}) {
+        words.insert(words.end(), {"--repository", repository.Path(), "--storage", "Orders", "--connection",
+                                   target.Connection()});
+        words.insert(words.end(), more.begin(), more.end());
+        return RunKorvex(words);
+    };
+    const CommandResult checked = run({"database", "check"});
+    EXPECT_EQ(checked.exitCode, 1);
+    EXPECT_THAT(checked.output, StartsWith("made by 0.1\n"));
+    EXPECT_THAT(checked.output, HasSubstr("\ntOrder.Total is float, not decimal(19,4)\n"));
+    ExpectFailure(run({"database", "create"}), "Tables are there that differ from the definition");
+
+    EXPECT_EQ(run({"save"}, {KORVEX_EXAMPLES "/order.json"}).output, "1\n");
+    const CommandResult loaded = run({"load"}, {"--key", "1"});
+    EXPECT_THAT(loaded.output, HasSubstr("\"OrderNumber\""));
+    EXPECT_EQ(RunKorvex({"update", "--repository", repository.Path(), "--storage", "Orders", "--connection",
+                         target.Connection(), "--key", "1"},
+                        {}, {}, target.Folder().Write("update.json", R"({"State": 4})"))
+                  .messages,
+              "");
+    EXPECT_EQ(target.Query("select State from tOrder"), std::vector<std::string>{"4"});
+    EXPECT_EQ(run({"delete"}, {"--key", "1"}).exitCode, 0);
+    EXPECT_EQ(target.Query("select count(*) from tOrderLine"), std::vector<std::string>{"0"});
+    target.Execute("alter table tPayment add More int");
+    EXPECT_THAT(run({"database", "check"}).output, HasSubstr("tPayment.More is not in the definition"));
+}
+
+}  // namespace
+}  // namespace korvex::tests
