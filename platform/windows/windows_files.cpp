@@ -3,6 +3,7 @@
 #include "automation/com/bstr.h"
 #include "automation/com/com_error.h"
 #include "automation/com/module.h"
+#include "platform/replace_file.h"
 
 #include <windows.h>
 
@@ -53,13 +54,15 @@ std::string ToAnsi(std::string_view utf8) {
     return ansi;
 }
 
-/// A handle of a file that is being written; failures name `target`.
+HANDLE OpenForOutput(const std::wstring& path, DWORD sharing, DWORD disposition) noexcept {
+    return CreateFileW(path.c_str(), GENERIC_WRITE, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+}
+
+/// A file that was opened to be written; failures name `target`.
 class OutputFile {
   public:
-    OutputFile(const std::wstring& path, std::string_view target, DWORD sharing, DWORD disposition)
-        : m_target(target),
-          m_file(CreateFileW(path.c_str(), GENERIC_WRITE, sharing, nullptr, disposition,
-                             FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    OutputFile(HANDLE file, std::string_view target) : m_target(target), m_file(file) {
         if (m_file == INVALID_HANDLE_VALUE) Fail();
     }
     OutputFile(const OutputFile&) = delete;
@@ -85,10 +88,6 @@ class OutputFile {
     HANDLE m_file;
 };
 
-bool IsRefusal(DWORD failure) noexcept {
-    return failure == ERROR_ACCESS_DENIED || failure == ERROR_SHARING_VIOLATION;
-}
-
 /// A name in the folder of a target that nobody else has; its file is deleted unless it was moved away.
 struct TemporaryName {
     std::wstring path;
@@ -97,23 +96,27 @@ struct TemporaryName {
     }
 };
 
-/// Puts `bytes` under a temporary name and renames that. False, and nothing done, where the system refuses
-/// it: a folder that takes no new files, a target that somebody has open.
-bool Replace(const std::wstring& target, std::string_view path, std::string_view bytes) {
+/// Puts `bytes` under a temporary name and renames that. The system may refuse it: a folder that takes no
+/// new files, a target that somebody has open.
+void Replace(const std::wstring& target, std::string_view path, std::string_view bytes) {
     const std::size_t name = target.find_last_of(L"\\/:");
     const std::wstring folder = name == std::wstring::npos ? L"." : target.substr(0, name + 1);
     wchar_t buffer[MAX_PATH];
-    if (GetTempFileNameW(folder.c_str(), L"krv", 0, buffer) == 0) {
-        if (IsRefusal(GetLastError())) return false;
-        RaiseFileError(path, GetLastError());
-    }
+    if (GetTempFileNameW(folder.c_str(), L"krv", 0, buffer) == 0) RaiseFileError(path, GetLastError());
     TemporaryName temporary{buffer};
-    OutputFile(temporary.path, path, 0, CREATE_ALWAYS).Fill(bytes);
-    if (MoveFileExW(buffer, target.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-        if (IsRefusal(GetLastError())) return false;
+    OutputFile(OpenForOutput(temporary.path, 0, CREATE_ALWAYS), path).Fill(bytes);
+    if (MoveFileExW(buffer, target.c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
         RaiseFileError(path, GetLastError());
-    }
     temporary.path.clear();
+}
+
+/// As a plain open for output writes: beside readers, not beside somebody who lets nobody write. False when
+/// there is no file that may be written.
+bool Overwrite(const std::wstring& target, std::string_view path, std::string_view bytes) {
+    constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = OpenForOutput(target, anybody, OPEN_EXISTING);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    OutputFile(file, path).Fill(bytes);
     return true;
 }
 
@@ -122,10 +125,8 @@ class FileSystem final : public platform::Files {
     void WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) override {
         const std::wstring target = com::ToWide(path);
         const std::string bytes = ToAnsi(text) + ToAnsi(lineEnd);
-        if (Replace(target, path, bytes)) return;
-        // As a plain open for output does: beside readers, not beside somebody who lets nobody write.
-        constexpr DWORD anybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-        OutputFile(target, path, anybody, OPEN_ALWAYS).Fill(bytes);
+        platform::ReplaceOrOverwrite([&] { Replace(target, path, bytes); },
+                                     [&] { return Overwrite(target, path, bytes); });
     }
 
     std::string LibraryFolder() override {
