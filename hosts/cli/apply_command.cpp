@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "hosts/cli/apply/apply_run.h"
+#include "hosts/cli/apply/embedded_catalog.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
@@ -7,6 +8,7 @@
 #include "hosts/cli/text_file.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,6 +23,7 @@ using automation::Error;
 struct ApplyOptions {
     std::string connection;
     bool create = false;
+    bool dryRun = false;
     std::string style = "auto";
     std::vector<std::string> files;
 };
@@ -28,6 +31,7 @@ struct ApplyOptions {
 ScriptStyle StyleOf(const std::string& name, std::string_view text) {
     if (name == "go") return ScriptStyle::Batches;
     if (name == "sqlplus") return ScriptStyle::SqlPlus;
+    if (name == "plain") return ScriptStyle::Plain;
     return GuessStyle(text);
 }
 
@@ -62,10 +66,27 @@ void Print(const ApplyReport& report, Console& console) {
         console.Results() << line << '\n';
 }
 
+/// A file that is to be made is not opened.
+void PrintPlan(ado::Connection& connection, const ApplyOptions& options,
+               std::span<const ScriptStatement> statements, Console& console) {
+    if (options.create) {
+        WithCreateMode(options.connection);
+    } else {
+        connection.Open(options.connection);
+    }
+    const bool isEmbedded = options.create || IsEmbedded(connection);
+    for (const ApplyStep& step : isEmbedded ? PlanForEmbedded(statements) : PlanStatements(statements))
+        console.Results() << PlanLine(step) << '\n';
+}
+
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
     auto connection = Session(console).platform.targetProvider->CreateConnection();
+    if (options.dryRun) {
+        PrintPlan(*connection, options, statements, console);
+        return;
+    }
     const std::string newFile = OpenTarget(*connection, options);
     ApplyReport report;
     try {
@@ -88,11 +109,12 @@ void AddApplyCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand("apply", "Run script files on a target database");
     AddConnectionOption(*command, options->connection);
     command->add_flag("--create", options->create, "Make the database file when it is missing");
+    command->add_flag("--dry-run", options->dryRun, "Print what would be done, and change nothing");
     command
         ->add_option("--style", options->style,
-                     "How statements end: go, sqlplus, or as each file looks (auto)")
+                     "How statements end: go, sqlplus, plain, or as each file looks (auto)")
         ->type_name("STYLE")
-        ->check(CLI::IsMember({"auto", "go", "sqlplus"}));
+        ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
     command->add_option("FILE", options->files, "Script files, run in this order")->required();
     command->callback([options, &console] { RunApply(*options, console); });
 }

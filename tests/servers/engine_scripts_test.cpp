@@ -1,4 +1,4 @@
-// The scripts for engines, run unchanged by each engine's own client.
+// The scripts for engines, run unchanged by each engine's own client and by the command.
 
 #include "hosts/cli/korvex_command.h"
 #include "hosts/objects/json.h"
@@ -84,6 +84,13 @@ class EngineScripts : public testing::TestWithParam<Engine> {
         }
         return std::system((command + " < " + file + " > " + m_folder.Path("log") + " 2>&1").c_str()) == 0;
     }
+    /// Runs scripts with the command, which is to have nothing to say but what it did.
+    void Apply(const std::vector<std::string>& names) const {
+        std::vector<std::string> arguments = {"apply", "--connection", Target()};
+        for (const std::string& name : names)
+            arguments.push_back(m_folder.Path("scripts/" + GetParam().prefix + name + ".sql"));
+        EXPECT_EQ(RunKorvex(arguments).messages, "");
+    }
     std::string Log() const { return m_folder.Read("log"); }
     static std::string Place() {
         std::string place = ReadFile(ServersFolder() + "/place");
@@ -132,6 +139,20 @@ TEST_P(EngineScripts, MakeTheTablesThatKeepAnOrderAndRemoveThem) {
         ASSERT_TRUE(RunInClient(Script("FKdel"))) << Log();
     }
     ASSERT_TRUE(RunInClient(Script("Del"))) << Log();
+    EXPECT_THAT(Objects(), IsEmpty());
+
+    using Names = std::vector<std::string>;
+    Apply(hasKeyFiles ? Names{"Create", "FKCr"} : Names{"Create"});
+    EXPECT_EQ(Objects(), made);
+    if (GetParam().driver == Driver::MariaDb) {
+        const std::string bodies =
+            "DELIMITER $$\nCREATE TRIGGER Twice AFTER INSERT ON tOrder FOR EACH ROW BEGIN\n SET @a = 1;\n"
+            " SET @b = 2;\nEND$$\nDELIMITER ;\nDROP TRIGGER Twice;\n";
+        ASSERT_TRUE(RunInClient(bodies)) << Log();
+        m_folder.Write("scripts/MariaBodies.sql", bodies);
+        Apply({"Bodies"});
+    }
+    Apply(hasKeyFiles ? Names{"FKdel", "Del"} : Names{"Del"});
     EXPECT_THAT(Objects(), IsEmpty());
 }
 

@@ -35,9 +35,9 @@ struct ApplyStep {
 /// makes or drops something are skipped.
 std::vector<ApplyStep> PlanStatements(std::span<const ScriptStatement> statements);
 
-/// The same for the embedded engine: statements are rewritten, procedures skipped, foreign keys put into the
-/// CREATE TABLE where the run has it. Raises InvalidProcedureCall (5), naming file and line, for a statement
-/// that the engine cannot take.
+/// The same for the embedded engine. Statements of plain scripts run as they stand; those of others are
+/// rewritten, procedures skipped, foreign keys put into the CREATE TABLE where the run has it. Raises
+/// InvalidProcedureCall (5), naming file and line, for a statement that the engine cannot take.
 std::vector<ApplyStep> PlanForEmbedded(std::span<const ScriptStatement> statements);
 
 /// "FILE, line 12".

@@ -1,5 +1,6 @@
 #include "hosts/cli/apply/apply_report.h"
 
+#include "automation/text.h"
 #include "hosts/cli/suggest.h"
 
 #include <algorithm>
@@ -22,12 +23,14 @@ constexpr Noun Made[] = {
     {StatementKind::CreateIndex, "index", "indexes"},
     {StatementKind::CreateTrigger, "trigger", "triggers"},
     {StatementKind::CreateProcedure, "procedure", "procedures"},
+    {StatementKind::CreateFunction, "function", "functions"},
     {StatementKind::AddConstraint, "constraint", "constraints"},
 };
 constexpr Noun Dropped[] = {
     {StatementKind::DropConstraint, "constraint", "constraints"},
     {StatementKind::DropTrigger, "trigger", "triggers"},
     {StatementKind::DropProcedure, "procedure", "procedures"},
+    {StatementKind::DropFunction, "function", "functions"},
     {StatementKind::DropIndex, "index", "indexes"},
     {StatementKind::DropTable, "table", "tables"},
     {StatementKind::DropSequence, "sequence", "sequences"},
@@ -36,6 +39,24 @@ constexpr Noun Others[] = {{StatementKind::Other, "other statement", "other stat
 
 std::string Counted(std::size_t count, std::string_view one, std::string_view many) {
     return std::to_string(count) + " " + std::string(count == 1 ? one : many);
+}
+
+constexpr std::string_view NoProcedures = ": the embedded engine has none";
+
+/// What a statement makes or drops; its own beginning for one that does neither.
+std::string Deed(const ApplyStep& step) {
+    const StatementKind kind = step.subject.kind;
+    const bool isConstraint = kind == StatementKind::AddConstraint || kind == StatementKind::DropConstraint;
+    for (const std::span<const Noun> nouns : {std::span<const Noun>(Made), std::span<const Noun>(Dropped)}) {
+        const auto noun = std::ranges::find(nouns, kind, &Noun::kind);
+        if (noun == nouns.end()) continue;
+        return std::string(Makes(kind) ? "create " : "drop ") + std::string(noun->one) +
+               (isConstraint ? " of " : " ") + step.subject.name;
+    }
+    constexpr std::size_t Most = 60;
+    const std::string_view text = step.statement->text;
+    const std::string_view beginning = automation::Left(text.substr(0, text.find_first_of("\r\n")), Most);
+    return "run " + std::string(beginning) + (beginning.size() < text.size() ? " ..." : "");
 }
 
 }  // namespace
@@ -62,13 +83,21 @@ std::vector<std::string> ApplyReport::Lines() const {
     add(Dropped, " dropped");
     add(Others, " run");
     if (m_procedures > 0) {
-        lines.push_back(Counted(m_procedures, "procedure", "procedures") +
-                        " skipped: the embedded engine has none");
+        lines.push_back(Counted(m_procedures, "procedure", "procedures") + " skipped" +
+                        std::string(NoProcedures));
     }
     if (m_repeats > 0)
         lines.push_back(Counted(m_repeats, "repeated statement", "repeated statements") + " skipped");
     if (lines.empty()) lines.emplace_back("nothing to do");
     return lines;
+}
+
+std::string PlanLine(const ApplyStep& step) {
+    std::string line = PlaceOf(*step.statement) + ": ";
+    if (step.action == StepAction::SkipRepeat) return line + "skip the repetition: " + Deed(step);
+    if (step.action == StepAction::SkipProcedure)
+        return line + "skip " + Deed(step) + std::string(NoProcedures);
+    return line + Deed(step);
 }
 
 }  // namespace korvex::cli

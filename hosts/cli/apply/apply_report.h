@@ -27,4 +27,7 @@ class ApplyReport {
     std::size_t m_procedures = 0;
 };
 
+/// What a step is going to do, in one line: "FILE, line 12: create table T".
+std::string PlanLine(const ApplyStep& step);
+
 }  // namespace korvex::cli

@@ -73,6 +73,12 @@ class EmbeddedPlanner {
     void Plan(std::size_t at) {
         ApplyStep& step = m_steps[at];
         const StatementSubject& subject = step.subject;
+        if (subject.kind == StatementKind::Other || step.statement->style == ScriptStyle::Plain) {
+            // What it does to a table must find the keys that stood before it, and no others.
+            m_makers.clear();
+        }
+        if (subject.kind == StatementKind::Other) RefuseTransactionControl(step.statement->text);
+        if (step.statement->style == ScriptStyle::Plain) return;
         switch (subject.kind) {
             case StatementKind::CreateProcedure:
             case StatementKind::DropProcedure:
@@ -95,11 +101,6 @@ class EmbeddedPlanner {
         if (subject.kind == StatementKind::CreateIndex)
             step.texts = {m_indexNames.Rename(subject, step.texts.front())};
         if (subject.kind == StatementKind::DropTable) m_makers.erase(ToUpperAscii(subject.name));
-        if (subject.kind == StatementKind::Other) {
-            RefuseTransactionControl(step.statement->text);
-            // What it does to a table must find the keys that stood before it, and no others.
-            m_makers.clear();
-        }
     }
 
     void CreateTable(std::size_t at) {

@@ -4,6 +4,7 @@
 #include "automation/text.h"
 #include "hosts/cli/apply/sql_tokens.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -11,7 +12,7 @@ namespace korvex::cli {
 
 namespace {
 
-using automation::EqualsIgnoreCase;
+using automation::Error;
 
 constexpr std::string_view Blanks = " \t\r\n\f\v";
 
@@ -21,216 +22,214 @@ std::string_view TrimBlanks(std::string_view text) noexcept {
     return text.substr(first, text.find_last_not_of(Blanks) + 1 - first);
 }
 
-bool IsRemark(std::string_view line) noexcept {
-    const std::string_view word = line.substr(0, line.find_first_of(Blanks));
-    return EqualsIgnoreCase(word, "rem") || EqualsIgnoreCase(word, "remark");
+std::string_view WithoutByteOrderMark(std::string_view text) noexcept {
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    return text.substr(text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0);
 }
 
-/// Cuts a script into lines and knows where each stands with regard to quotes and comments.
-class LineScanner {
+/// Where the pieces of a script stand in its lines.
+class ScriptLines {
   public:
-    explicit LineScanner(std::string_view text) : m_text(text) {
-        constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-        if (m_text.starts_with(ByteOrderMark)) m_at = ByteOrderMark.size();
+    explicit ScriptLines(std::string_view script) : m_script(script) {}
+
+    bool IsFirst(const Token& token) const noexcept {
+        const std::string_view before = m_script.substr(0, token.at);
+        const std::size_t last = before.find_last_not_of(" \t\r\f\v");
+        return last == std::string_view::npos || before[last] == '\n';
     }
-
-    struct Line {
-        std::size_t at = 0;               ///< of the line in the script
-        std::string_view text;            ///< with its line end
-        bool startsOutside = true;        ///< no quote or comment goes on from the lines before
-        bool isRemark = false;            ///< a SQL*Plus comment: no quote in it begins anything
-        std::optional<std::size_t> code;  ///< first character that is neither blank nor comment
-        bool endsInSemicolon = false;     ///< the last such character is a semicolon outside of quotes
-    };
-
-    /// False behind the last line. `mayBeRemark`: the line stands between statements.
-    bool Next(Line& line, bool mayBeRemark) {
-        if (m_at >= m_text.size()) return false;
-        const std::size_t end = m_text.find('\n', m_at);
-        line = {};
-        line.at = m_at;
-        line.text = m_text.substr(m_at, end == std::string_view::npos ? end : end + 1 - m_at);
-        line.startsOutside = m_open == Open::None;
-        line.isRemark = mayBeRemark && line.startsOutside && IsRemark(TrimBlanks(line.text));
-        ++m_number;
-        if (!line.isRemark) Scan(line);
-        m_at += line.text.size();
-        return true;
+    /// The line holds nothing else.
+    bool IsAlone(const Token& token) const noexcept {
+        return TrimBlanks(RestOf(token)).empty() && IsFirst(token);
     }
-
-    std::size_t Number() const noexcept { return m_number; }
-
-    /// Where a quote or comment began that was not closed; 0 for none.
-    std::size_t OpenSince() const noexcept { return m_open == Open::None ? 0 : m_openSince; }
-    bool IsInComment() const noexcept { return m_open == Open::Comment; }
+    /// The line begins with that word.
+    bool IsCommand(const Token& token, std::string_view word) const noexcept {
+        const std::string_view next = m_script.substr(token.End(), 1);
+        return Is(token, word) && TrimBlanks(next).empty() && IsFirst(token);
+    }
+    bool IsRemark(const Token& token) const noexcept {
+        return IsCommand(token, "rem") || IsCommand(token, "remark");
+    }
+    /// What stands behind a piece in its last line.
+    std::string_view RestOf(const Token& token) const noexcept {
+        return m_script.substr(token.End(), m_script.find('\n', token.End()) - token.End());
+    }
+    bool IsOnALaterLine(const Token& token, const Token& earlier) const noexcept {
+        return m_script.substr(earlier.End(), token.at - earlier.End()).find('\n') != std::string_view::npos;
+    }
+    /// The number of lines that begin in a part of the script.
+    std::size_t Count(std::size_t begin, std::size_t end) const noexcept {
+        return static_cast<std::size_t>(std::ranges::count(m_script.substr(begin, end - begin), '\n'));
+    }
 
   private:
-    enum class Open : char {
-        None = 0,
-        Text = '\'',
-        Name = '"',
-        Backtick = '`',
-        Bracket = ']',
-        Comment = '*'
-    };
-
-    void Scan(Line& line) {
-        for (std::size_t i = 0; i < line.text.size(); ++i) {
-            const char c = line.text[i];
-            if (m_open == Open::Comment) {
-                if (c == '*' && line.text.substr(i, 2) == "*/") {
-                    m_open = Open::None;
-                    ++i;
-                }
-            } else if (m_open != Open::None) {
-                Note(line, i, false);
-                if (c == static_cast<char>(m_open)) m_open = Open::None;
-            } else if (line.text.substr(i, 2) == "--") {
-                return;
-            } else if (line.text.substr(i, 2) == "/*") {
-                Begin(Open::Comment);
-                ++i;
-            } else if (Blanks.find(c) == std::string_view::npos) {
-                Note(line, i, c == ';');
-                if (c == '\'' || c == '"' || c == '`') Begin(static_cast<Open>(c));
-                if (c == '[') Begin(Open::Bracket);
-            }
-        }
-    }
-
-    static void Note(Line& line, std::size_t at, bool isSemicolon) noexcept {
-        if (!line.code) line.code = at;
-        line.endsInSemicolon = isSemicolon;
-    }
-
-    void Begin(Open open) noexcept {
-        m_open = open;
-        m_openSince = m_number;
-    }
-
-    std::string_view m_text;
-    std::size_t m_at = 0;
-    std::size_t m_number = 0;
-    Open m_open = Open::None;
-    std::size_t m_openSince = 0;
+    std::string_view m_script;
 };
 
-/// Whether a statement holds statements of its own, so that only "/" ends it.
-bool IsBlock(std::string_view statement) {
+/// Reads the beginning of a statement.
+TokenReader BeginningOf(std::string_view statement) {
     constexpr std::size_t Beginning = 200;
-    TokenReader words(Tokenize(statement.substr(0, Beginning)));
-    if (words.Take("declare")) return true;
-    if (words.Take("begin")) return !words.Sees(";") && !words.Sees("transaction");
+    return TokenReader(Tokenize(statement.substr(0, Beginning)));
+}
+
+/// Whether a statement makes something that holds statements of its own.
+bool CreatesRoutine(TokenReader words) {
     if (!words.Take("create")) return false;
     words.Take("or replace");
-    if (!words.Take("editionable")) words.Take("noneditionable");
+    for (const std::string_view word : {"editionable", "noneditionable", "temp", "temporary"})
+        words.Take(word);
     for (const std::string_view kind : {"procedure", "function", "trigger", "package", "type"})
         if (words.Sees(kind)) return true;
     return false;
 }
 
-/// Gathers the lines of statements.
-class StatementBuilder {
+/// Whether a SQL*Plus statement holds statements of its own, so that only "/" ends it.
+bool IsBlock(std::string_view statement) {
+    TokenReader words = BeginningOf(statement);
+    if (words.Take("declare")) return true;
+    if (words.Take("begin")) return !words.Sees(";") && !words.Sees("transaction");
+    return CreatesRoutine(std::move(words));
+}
+
+/// Divides a script into statements.
+class ScriptDivider {
   public:
-    StatementBuilder(std::string file, std::string_view script) : m_file(std::move(file)), m_script(script) {}
+    ScriptDivider(const std::string& file, std::string_view script, ScriptStyle style)
+        : m_file(file), m_script(script), m_style(style), m_lines(script), m_scanner(script) {}
 
-    bool IsEmpty() const noexcept { return !m_start; }
-
-    void Add(const LineScanner::Line& line, std::size_t number) {
-        if (!m_start && line.code) {
-            m_start = line.at + *line.code;
-            m_line = number;
+    std::vector<ScriptStatement> Run() && {
+        Token token = m_scanner.Next();
+        for (; !token.text.empty(); token = m_scanner.Next()) {
+            const bool isTaken = m_style == ScriptStyle::Batches   ? TakeInBatch(token)
+                                 : m_style == ScriptStyle::SqlPlus ? TakeInSqlPlus(token)
+                                                                   : TakeInPlain(token);
+            if (!isTaken && !m_start) m_start = token.at;
+            m_before = std::exchange(m_last, token);
         }
-        m_end = line.at + line.text.size();
+        if (const std::size_t open = m_scanner.Unclosed(); open != std::string_view::npos) {
+            const bool isComment = m_script.substr(open).starts_with("/*");
+            Raise(open, std::string("The ") + (isComment ? "comment" : "quote") +
+                            " that begins here is never closed.");
+        }
+        EndOfSqlPlusLine(token);
+        Finish(m_script.size());
+        return std::move(m_statements);
     }
-
-    /// The text gathered so far.
-    std::string_view Text() const noexcept {
-        return m_start ? TrimBlanks(m_script.substr(*m_start, m_end - *m_start)) : std::string_view();
-    }
-
-    void Finish(bool dropSemicolon = false) {
-        std::string_view text = Text();
-        if (dropSemicolon) text = TrimBlanks(text.substr(0, text.rfind(';')));
-        if (!text.empty()) m_statements.push_back({m_file, m_line, std::string(text)});
-        m_start.reset();
-    }
-
-    std::vector<ScriptStatement> Statements() && { return std::move(m_statements); }
 
   private:
-    std::string m_file;
+    /// Each of these takes what divides statements and is no part of any.
+    bool TakeInBatch(const Token& token) {
+        if (Is(token, "go") && m_lines.IsAlone(token)) {
+            Finish(token.at);
+            return true;
+        }
+        // Sybase's foreign-key scripts have nothing between their statements.
+        if (m_start && Is(token, "alter") && m_lines.IsFirst(token) &&
+            BeginningOf(m_script.substr(token.at)).Sees("alter table") &&
+            BeginningOf(m_script.substr(*m_start)).Sees("alter table")) {
+            Finish(token.at);
+        }
+        return false;
+    }
+
+    bool TakeInSqlPlus(const Token& token) {
+        if (m_lines.IsOnALaterLine(token, m_last)) EndOfSqlPlusLine(token);
+        if (Is(token, "/") && m_lines.IsAlone(token)) {
+            Finish(token.at);
+            return true;
+        }
+        return TakeCommand(m_lines.IsRemark(token));
+    }
+
+    /// A semicolon that was the last piece of its line ends a statement that is no block.
+    void EndOfSqlPlusLine(const Token& next) {
+        if (m_style != ScriptStyle::SqlPlus || !m_start || !Is(m_last, ";")) return;
+        if (!IsBlock(m_script.substr(*m_start, next.at - *m_start))) Finish(m_last.at);
+    }
+
+    bool TakeInPlain(const Token& token) {
+        if (!m_start && m_lines.IsCommand(token, "delimiter")) {
+            const std::string_view rest = TrimBlanks(m_lines.RestOf(token));
+            if (rest.empty()) Raise(token.at, "DELIMITER must name the mark that ends statements.");
+            m_mark = rest.substr(0, rest.find_first_of(Blanks));
+            m_scanner.SetMark(m_mark);
+            return TakeCommand(true);
+        }
+        if (token.kind == TokenKind::Symbol && token.text == m_mark) {
+            const bool endsBody = Is(m_last, "end") && (Is(m_before, ";") || Is(m_before, "begin"));
+            if (m_isInBody && m_mark == ";" && !endsBody) return false;
+            Finish(token.at);
+            return true;
+        }
+        if (m_start && !m_isInBody && Is(token, "begin"))
+            m_isInBody = CreatesRoutine(BeginningOf(m_script.substr(*m_start, token.at - *m_start)));
+        return false;
+    }
+
+    /// Takes the rest of a line between statements that is meant for the client.
+    bool TakeCommand(bool isCommand) noexcept {
+        if (m_start || !isCommand) return false;
+        m_scanner.SkipLine();
+        return true;
+    }
+
+    void Finish(std::size_t end) {
+        if (!m_start) return;
+        const std::string_view text = TrimBlanks(m_script.substr(*m_start, end - *m_start));
+        if (!text.empty()) {
+            m_line += m_lines.Count(m_counted, *m_start);
+            m_counted = *m_start;
+            m_statements.push_back({m_file, m_line, std::string(text), m_style});
+        }
+        m_start.reset();
+        m_isInBody = false;
+    }
+
+    [[noreturn]] void Raise(std::size_t at, const std::string& description) const {
+        throw Error(automation::InvalidProcedureCall,
+                    m_file + ", line " + std::to_string(1 + m_lines.Count(0, at)) + ": " + description);
+    }
+
+    const std::string& m_file;
     std::string_view m_script;
-    std::optional<std::size_t> m_start;
-    std::size_t m_end = 0;
-    std::size_t m_line = 0;
+    ScriptStyle m_style;
+    ScriptLines m_lines;
+    TokenScanner m_scanner;
+    std::string_view m_mark = ";";
+    std::size_t m_counted = 0;  ///< where line m_line was counted to
+    std::size_t m_line = 1;
+    std::optional<std::size_t> m_start;  ///< of the statement that is read
+    bool m_isInBody = false;             ///< of a routine, where semicolons end other statements
+    Token m_last{};
+    Token m_before{};  ///< the one before the last
     std::vector<ScriptStatement> m_statements;
 };
-
-bool StartsAlterTable(std::string_view text) {
-    constexpr std::size_t Beginning = 80;
-    return TokenReader(Tokenize(text.substr(0, Beginning))).Sees("alter table");
-}
-
-void AddBatchLine(StatementBuilder& builder, const LineScanner::Line& line, std::size_t number) {
-    if (line.startsOutside && EqualsIgnoreCase(TrimBlanks(line.text), "GO")) {
-        builder.Finish();
-        return;
-    }
-    // Sybase's foreign-key scripts have nothing between their statements.
-    if (line.startsOutside && !builder.IsEmpty() && StartsAlterTable(line.text) &&
-        StartsAlterTable(builder.Text())) {
-        builder.Finish();
-    }
-    builder.Add(line, number);
-}
-
-void AddSqlPlusLine(StatementBuilder& builder, const LineScanner::Line& line, std::size_t number) {
-    if (line.startsOutside && TrimBlanks(line.text) == "/") {
-        builder.Finish();
-        return;
-    }
-    if (!line.isRemark) builder.Add(line, number);
-    if (line.endsInSemicolon && !IsBlock(builder.Text())) builder.Finish(true);
-}
 
 }  // namespace
 
 ScriptStyle GuessStyle(std::string_view text) {
-    LineScanner lines(text);
-    LineScanner::Line line;
+    const std::string_view script = WithoutByteOrderMark(text);
+    const ScriptLines lines(script);
+    TokenScanner scanner(script);
     bool isSqlPlus = false;
+    bool isPlain = false;
     bool isBetween = true;
-    while (lines.Next(line, isBetween)) {
-        const std::string_view content = TrimBlanks(line.text);
-        if (line.startsOutside && EqualsIgnoreCase(content, "GO")) return ScriptStyle::Batches;
-        const bool ends = line.endsInSemicolon || (line.startsOutside && content == "/");
-        isSqlPlus = isSqlPlus || ends || line.isRemark;
-        if (line.code) isBetween = ends;
+    Token last{};
+    for (Token token = scanner.Next(); !token.text.empty(); last = token, token = scanner.Next()) {
+        if (Is(last, ";") && lines.IsOnALaterLine(token, last)) isPlain = isBetween = true;
+        if (Is(token, "go") && lines.IsAlone(token)) return ScriptStyle::Batches;
+        if (isBetween && lines.IsCommand(token, "delimiter")) return ScriptStyle::Plain;
+        const bool isSlash = Is(token, "/") && lines.IsAlone(token);
+        const bool isRemark = isBetween && lines.IsRemark(token);
+        if (isRemark) scanner.SkipLine();
+        isSqlPlus = isSqlPlus || isSlash || isRemark;
+        isBetween = isSlash || isRemark;
     }
-    return isSqlPlus ? ScriptStyle::SqlPlus : ScriptStyle::Batches;
+    isPlain = isPlain || Is(last, ";");
+    return isSqlPlus ? ScriptStyle::SqlPlus : isPlain ? ScriptStyle::Plain : ScriptStyle::Batches;
 }
 
 std::vector<ScriptStatement> ReadScript(const std::string& file, std::string_view text, ScriptStyle style) {
-    LineScanner lines(text);
-    LineScanner::Line line;
-    StatementBuilder builder(file, text);
-    const bool isSqlPlus = style == ScriptStyle::SqlPlus;
-    while (lines.Next(line, isSqlPlus && builder.IsEmpty())) {
-        if (isSqlPlus) {
-            AddSqlPlusLine(builder, line, lines.Number());
-        } else {
-            AddBatchLine(builder, line, lines.Number());
-        }
-    }
-    if (lines.OpenSince() > 0) {
-        throw automation::Error(automation::InvalidProcedureCall,
-                                file + ", line " + std::to_string(lines.OpenSince()) + ": The " +
-                                    (lines.IsInComment() ? "comment" : "quote") +
-                                    " that begins here is never closed.");
-    }
-    builder.Finish();
-    return std::move(builder).Statements();
+    return ScriptDivider(file, WithoutByteOrderMark(text), style).Run();
 }
 
 }  // namespace korvex::cli

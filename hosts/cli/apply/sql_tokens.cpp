@@ -15,80 +15,106 @@ constexpr bool IsWordPart(char c) noexcept {
            c == '#' || c == '@' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-class Tokenizer {
-  public:
-    explicit Tokenizer(std::string_view sql) : m_sql(sql) {}
-
-    std::vector<Token> Run() {
-        std::vector<Token> tokens;
-        for (SkipBlanks(); m_at < m_sql.size(); SkipBlanks()) {
-            const std::size_t start = m_at;
-            const TokenKind kind = Step();
-            tokens.push_back({kind, m_sql.substr(start, m_at - start), start});
-        }
-        return tokens;
-    }
-
-  private:
-    void SkipBlanks() noexcept {
-        while (m_at < m_sql.size()) {
-            const std::string_view opening = m_sql.substr(m_at, 2);
-            if (IsBlank(m_sql[m_at])) {
-                ++m_at;
-            } else if (opening == "--") {
-                m_at = std::min(m_sql.find('\n', m_at), m_sql.size());
-            } else if (opening == "/*") {
-                SkipTo("*/", 2);
-            } else {
-                return;
-            }
-        }
-    }
-
-    TokenKind Step() noexcept {
-        const char c = m_sql[m_at];
-        switch (c) {
-            case '\'':
-                SkipQuoted(c);
-                return TokenKind::Text;
-            case '"':
-            case '`':
-                SkipQuoted(c);
-                return TokenKind::Quoted;
-            case '[':
-                SkipQuoted(']');
-                return TokenKind::Quoted;
-            default:
-                break;
-        }
-        if (!IsWordPart(c)) {
-            ++m_at;
-            return TokenKind::Symbol;
-        }
-        while (m_at < m_sql.size() && (IsWordPart(m_sql[m_at]) || (IsDigit(c) && m_sql[m_at] == '.')))
-            ++m_at;
-        return IsDigit(c) ? TokenKind::Number : TokenKind::Word;
-    }
-
-    void SkipTo(std::string_view end, std::size_t opening) noexcept {
-        const std::size_t found = m_sql.find(end, m_at + opening);
-        m_at = found == std::string_view::npos ? m_sql.size() : found + end.size();
-    }
-
-    /// A doubled closing quote stands for one.
-    void SkipQuoted(char close) noexcept {
-        do {
-            SkipTo(std::string_view(&close, 1), 1);
-        } while (m_at < m_sql.size() && m_sql[m_at] == close);
-    }
-
-    std::string_view m_sql;
-    std::size_t m_at = 0;
-};
-
 }  // namespace
 
-std::vector<Token> Tokenize(std::string_view sql) { return Tokenizer(sql).Run(); }
+Token TokenScanner::Next() noexcept {
+    SkipBlanks();
+    const std::size_t start = m_at;
+    const TokenKind kind = m_at < m_sql.size() ? Step() : TokenKind::Symbol;
+    return {kind, m_sql.substr(start, m_at - start), start};
+}
+
+void TokenScanner::SkipLine() noexcept { m_at = std::min(m_sql.find('\n', m_at), m_sql.size()); }
+
+void TokenScanner::SkipBlanks() noexcept {
+    while (m_at < m_sql.size()) {
+        const std::string_view opening = m_sql.substr(m_at, 2);
+        if (IsBlank(m_sql[m_at])) {
+            ++m_at;
+        } else if (opening == "--") {
+            SkipLine();
+        } else if (opening == "/*") {
+            SkipTo("*/", 2);
+        } else {
+            return;
+        }
+    }
+}
+
+TokenKind TokenScanner::Step() noexcept {
+    if (IsAtMark()) {
+        m_at += m_mark.size();
+        return TokenKind::Symbol;
+    }
+    const char c = m_sql[m_at];
+    switch (c) {
+        case '\'':
+            SkipQuoted(c);
+            return TokenKind::Text;
+        case '"':
+        case '`':
+            SkipQuoted(c);
+            return TokenKind::Quoted;
+        case '[': {
+            // Behind a name it is an array's.
+            const char before = m_at == 0 ? ' ' : m_sql[m_at - 1];
+            if (IsWordPart(before) || before == '[' || before == ']') break;
+            SkipQuoted(']');
+            return TokenKind::Quoted;
+        }
+        default:
+            break;
+    }
+    if (const std::size_t opening = DollarQuote(); opening > 0) {
+        SkipTo(m_sql.substr(m_at, opening), opening);
+        return TokenKind::Text;
+    }
+    if (!IsWordPart(c)) {
+        ++m_at;
+        return TokenKind::Symbol;
+    }
+    while (m_at < m_sql.size() && (IsWordPart(m_sql[m_at]) || (IsDigit(c) && m_sql[m_at] == '.')) &&
+           !IsAtMark())
+        ++m_at;
+    return IsDigit(c) ? TokenKind::Number : TokenKind::Word;
+}
+
+void TokenScanner::SkipTo(std::string_view end, std::size_t opening) noexcept {
+    const std::size_t found = m_sql.find(end, m_at + opening);
+    if (found == std::string_view::npos) m_unclosed = m_at;
+    m_at = found == std::string_view::npos ? m_sql.size() : found + end.size();
+}
+
+/// A doubled closing quote stands for one.
+void TokenScanner::SkipQuoted(char close) noexcept {
+    const std::size_t start = m_at;
+    do {
+        SkipTo(std::string_view(&close, 1), 1);
+    } while (m_at < m_sql.size() && m_sql[m_at] == close);
+    if (m_unclosed != std::string_view::npos) m_unclosed = start;
+}
+
+bool TokenScanner::IsAtMark() const noexcept {
+    return !m_mark.empty() && m_sql.substr(m_at).starts_with(m_mark);
+}
+
+/// The length of "$$" or "$word$" that begins here; 0 for none.
+std::size_t TokenScanner::DollarQuote() const noexcept {
+    if (m_sql[m_at] != '$') return 0;
+    std::size_t end = m_at + 1;
+    while (end < m_sql.size() && IsWordPart(m_sql[end]) && m_sql[end] != '$')
+        ++end;
+    const bool isQuote = end < m_sql.size() && m_sql[end] == '$' && !IsDigit(m_sql[m_at + 1]);
+    return isQuote ? end + 1 - m_at : 0;
+}
+
+std::vector<Token> Tokenize(std::string_view sql) {
+    std::vector<Token> tokens;
+    TokenScanner scanner(sql);
+    for (Token token = scanner.Next(); !token.text.empty(); token = scanner.Next())
+        tokens.push_back(token);
+    return tokens;
+}
 
 const Token& TokenReader::Peek(std::size_t ahead) const noexcept {
     static constexpr Token Nothing{TokenKind::Symbol, {}, 0};

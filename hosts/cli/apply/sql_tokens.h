@@ -11,7 +11,7 @@ namespace korvex::cli {
 enum class TokenKind : std::uint8_t {
     Word,    ///< a name or keyword
     Number,  ///< digits with anything that belongs to them
-    Text,    ///< a text literal, quotes included
+    Text,    ///< a text literal, quotes included; also what stands between $$ or $word$
     Quoted,  ///< a name in double quotes, brackets or backticks, these included
     Symbol,  ///< one other character
 };
@@ -25,8 +25,37 @@ struct Token {
     std::size_t End() const noexcept { return at + text.size(); }
 };
 
-/// The pieces of a SQL text in their order, without blanks and comments. A quote that is never closed goes to
+/// Goes through a SQL text piece by piece; blanks and comments are none. A quote that is never closed goes to
 /// the end of the text.
+class TokenScanner {
+  public:
+    explicit TokenScanner(std::string_view sql) : m_sql(sql) {}
+
+    /// The next piece; an empty symbol behind the last one.
+    Token Next() noexcept;
+    /// Leaves out what is left of the line.
+    void SkipLine() noexcept;
+    /// From here on `mark` is a symbol, also where it touches a word or begins like a quote.
+    void SetMark(std::string_view mark) noexcept { m_mark = mark; }
+
+    /// Where the quote or comment begins that is never closed; npos for none.
+    std::size_t Unclosed() const noexcept { return m_unclosed; }
+
+  private:
+    void SkipBlanks() noexcept;
+    TokenKind Step() noexcept;
+    void SkipTo(std::string_view end, std::size_t opening) noexcept;
+    void SkipQuoted(char close) noexcept;
+    bool IsAtMark() const noexcept;
+    std::size_t DollarQuote() const noexcept;
+
+    std::string_view m_sql;
+    std::string_view m_mark;
+    std::size_t m_at = 0;
+    std::size_t m_unclosed = std::string_view::npos;
+};
+
+/// All pieces of a SQL text.
 std::vector<Token> Tokenize(std::string_view sql);
 
 /// Reads a statement piece by piece. Behind the last piece it stands on an empty symbol.

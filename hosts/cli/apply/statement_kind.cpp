@@ -17,6 +17,7 @@ constexpr ObjectWord ObjectWords[] = {
     {"index", StatementKind::CreateIndex, StatementKind::DropIndex},
     {"procedure", StatementKind::CreateProcedure, StatementKind::DropProcedure},
     {"proc", StatementKind::CreateProcedure, StatementKind::DropProcedure},
+    {"function", StatementKind::CreateFunction, StatementKind::DropFunction},
     {"trigger", StatementKind::CreateTrigger, StatementKind::DropTrigger},
     {"sequence", StatementKind::CreateSequence, StatementKind::DropSequence},
 };
@@ -34,9 +35,11 @@ bool TakeGuard(TokenReader& words) {
 
 StatementSubject SubjectOfAlterTable(TokenReader& words) {
     StatementSubject subject;
+    words.Take("if exists");
     subject.name = words.TakeName();
     if (words.Take("add constraint")) subject.kind = StatementKind::AddConstraint;
-    if (words.Take("drop constraint")) subject.kind = StatementKind::DropConstraint;
+    if (words.Take("drop constraint") || words.Take("drop foreign key"))
+        subject.kind = StatementKind::DropConstraint;
     return subject;
 }
 
@@ -50,11 +53,12 @@ StatementSubject SubjectOf(std::string_view statement) {
     const bool isCreate = words.Take("create");
     if (!isCreate && !words.Take("drop")) return subject;
     words.Take("or replace");
-    for (const std::string_view word : {"unique", "clustered", "nonclustered"})
+    for (const std::string_view word : {"unique", "clustered", "nonclustered", "temp", "temporary"})
         words.Take(word);
     for (const ObjectWord& object : ObjectWords) {
         if (!words.Take(object.word)) continue;
         subject.kind = isCreate ? object.create : object.drop;
+        if (!words.Take("if exists")) words.Take("if not exists");
         subject.name = words.TakeName();
         break;
     }

@@ -1,5 +1,6 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
+#include "support/text_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,8 +13,11 @@ namespace korvex::tests {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
+using testing::StartsWith;
 
 using Lines = std::vector<std::string>;
 
@@ -190,6 +194,44 @@ TEST_F(Apply, IndexesOfTwoTablesMayShareAName) {
            "3 tables and 3 indexes created\n");
     EXPECT_THAT(m_target.Objects(),
                 ElementsAre("index T1_T", "index X", "index X_T", "table T", "table T1", "table U"));
+}
+
+// Nothing is rewritten, nothing is left out; a plan is only printed.
+TEST_F(Apply, PlainScriptsRunAsTheyStand) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const std::string folder = m_target.Folder().Path("scripts");
+    RunKorvex({"script", "--repository", repository.Path(), "--dialect", "sqlite", "--out", folder});
+    const std::string create = folder + "/LiteCreate.sql";
+    const std::string remove = folder + "/LiteDel.sql";
+    const std::string own =
+        m_target.Folder().Write("own.sql",
+                                "insert into tOrder (State)\n values (1);\ndrop table if exists X;\n"
+                                "drop table if exists X;\n");
+    const CommandResult plan = ApplyFiles({create, own}, {"--create", "--dry-run"});
+    EXPECT_THAT(plan.output, StartsWith(create + ", line 1: create table tOrder\n" + create +
+                                        ", line 23: create table tCustomer\n" + create +
+                                        ", line 40: create index IX_tCustomer_FK_OrderID\n" + create +
+                                        ", line 41: create trigger tCustomer_I\n"));
+    EXPECT_THAT(plan.output,
+                EndsWith("\n" + own + ", line 1: run insert into tOrder (State) ...\n" + own +
+                         ", line 3: drop table X\n" + own + ", line 4: skip the repetition: drop table X\n"));
+    EXPECT_FALSE(std::filesystem::exists(m_target.Path()));
+
+    Expect(ApplyFiles({create}), "16 tables, 16 indexes and 30 triggers created\n");
+    EXPECT_EQ(m_target.ForeignKeys(), ExampleKeys);
+    const std::string script = ReadFile(create);
+    for (const std::string& made :
+         m_target.Query("select sql from sqlite_master where name not like 'sqlite_%'"))
+        EXPECT_THAT(script, HasSubstr(made + ";\r\n"));
+    ExpectFailure(ApplyFiles({own, create}), create + ", line 1: table tOrder already exists (");
+    EXPECT_THAT(m_target.Query("select count(*) from tOrder"), ElementsAre("0"));
+    EXPECT_EQ(ApplyFiles({remove}, {"--dry-run"}).exitCode, 0);
+    Expect(ApplyFiles({own}), "1 table dropped\n1 other statement run\n1 repeated statement skipped\n");
+    Expect(ApplyFiles({remove}), "16 tables dropped\n");
+    EXPECT_THAT(m_target.Objects(), IsEmpty());
+    for (const char* end : {"commit", "end", "begin"})
+        ExpectFailure(ApplyText("create table T (A int);\n" + std::string(end) + ";\n"), "line 2: ");
+    EXPECT_THAT(m_target.Objects(), IsEmpty());
 }
 
 TEST_F(Apply, StatementsOfAnyKindRunInOrder) {
