@@ -5,6 +5,9 @@
 #include "persistence/definition_walk.h"
 #include "persistence/record_lookup.h"
 #include "persistence/special_state.h"
+#include "persistence/update_tree.h"
+
+#include <unordered_set>
 
 namespace korvex::persistence {
 
@@ -60,6 +63,14 @@ std::optional<std::int32_t> FindParentKey(Session& session, QORObject& coData, c
     return std::nullopt;
 }
 
+/// An update stores no element twice that its collection, being loaded twice, holds twice. Elements without a
+/// key are new ones. The key is the one that the element has before it is saved.
+bool IsFirstOfItsKey(Session& session, QORObject& element, std::unordered_set<std::int32_t>& seen) {
+    const std::string ownKey = session.Members().GetPrimaryKeyFieldName(element.DataDef());
+    const std::int32_t key = ownKey.empty() ? 0 : ToKey(ColumnValue(element, ownKey));
+    return key < 1 || seen.insert(key).second;
+}
+
 }  // namespace
 
 std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent) {
@@ -89,7 +100,14 @@ void SaveBeneath(Session& session, QORObject& coData, const QORObject::Ref& defi
     const ParentLink link{session.ForeignKeyColumn(ownKey), key};
     const auto save = [&](const QORObject::Ref& object) { SaveRecord(session, object, link); };
     ForEachChild(coData, session.Read(definition)->childNames, save);
-    if (IsCollection(*definition)) ForEach(&coData, save);
+    if (!IsCollection(*definition)) return;
+    std::unordered_set<std::int32_t> seen;
+    ForEach(&coData, [&](const QORObject::Ref& element) {
+        if (!session.IsUpdating() || IsFirstOfItsKey(session, *element, seen))
+            save(element);
+        else if (TreeModified(session, element))
+            session.NotePassedOver();
+    });
 }
 
 std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {

@@ -61,7 +61,9 @@ std::int32_t Replace(const DataSession& session, const UpdateOptions& options,
                      const std::shared_ptr<objects::Definition>& definition, std::int32_t key,
                      Console& console) {
     const auto object = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
-        return objects::FromJson(definition, text, &unstored);
+        auto whole = std::make_shared<objects::DataObject>(definition);
+        objects::ApplyJson(*whole, text, &unstored);
+        return whole;
     });
     KeepKey(*object, key, options.file, console);
     return session.Crud().DbUpdateDataRetainRoot(object, key);

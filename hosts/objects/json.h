@@ -36,8 +36,8 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
 
 /// Puts what the text says into an object; values and child objects that it does not mention stay. "$items"
 /// gives all elements: an item with the key of an element is put into that one, any other is a new element,
-/// and elements without an item leave the collection. KeyAlreadyUsed (457) for two items with the key of one
-/// element. After an error the object is partly changed.
+/// and elements without an item leave the collection. KeyAlreadyUsed (457) for two items with one key. After
+/// an error the object is partly changed.
 void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored = nullptr);
 
 /// The object as text, with members in the order of its definition and two blanks of indentation per level.

@@ -6,6 +6,7 @@
 #include "hosts/objects/json_document.h"
 #include "hosts/objects/json_state.h"
 #include "hosts/objects/json_value.h"
+#include "persistence/definition_walk.h"
 #include "platform/stack.h"
 
 #include <algorithm>
@@ -25,7 +26,11 @@ namespace {
 /// Puts the values of a document into data objects.
 class Input {
   public:
-    Input(std::string_view text, UnstoredMembers* unstored) : m_document(text), m_unstored(unstored) {}
+    /// Whether the keys of elements count, or the elements are new ones, whatever keys they come with.
+    enum class Keys { Count, PassedOver };
+
+    Input(std::string_view text, UnstoredMembers* unstored, Keys keys)
+        : m_document(text), m_unstored(unstored), m_keys(keys) {}
 
     const JsonDocument& Document() const noexcept { return m_document; }
 
@@ -136,55 +141,49 @@ class Input {
         if (value.kind != Kind::Array) Fail(Mismatch(value, "an array"));
         const auto elementType = collection.Type().ElementDefinition();
         if (!elementType->BooleanAttribute(attIsIncluded)) NoteUnstored(value);
-        std::set<std::string> taken;
+        std::set<std::int32_t> taken;
         auto elements = ElementsByKey(collection);
         std::vector<DataObject::Shared> items;
         for (std::size_t i = 0; i < value.children.size(); ++i) {
             const auto& item = m_document.At(value.children[i]);
-            const std::string keyText = KeyTextOf(item, elementType->KeyValue());
-            auto element = Take(elements, keyText);
-            if (element != nullptr) {
-                taken.insert(keyText);
-            } else if (taken.contains(keyText)) {
-                const Step step(*this, "[" + std::to_string(i) + "]");
-                Fail(Error(automation::KeyAlreadyUsed, "an item before it has the same key, " + keyText));
-            }
+            const Step step(*this, "[" + std::to_string(i) + "]");
+            const std::int32_t key = m_keys == Keys::Count ? KeyOf(item, elementType->KeyValue()) : 0;
+            if (key > 0 && !taken.insert(key).second)
+                Fail(Error(automation::KeyAlreadyUsed,
+                           "an item before it has the same key, " + std::to_string(key)));
+            auto element = Take(elements, key);
             if (element == nullptr) element = collection.Add();
             items.push_back(element);
-            PutItem(i, item, *element);
+            PutObject(item, *element);
         }
         collection.Replace(std::move(items));
     }
 
-    using Elements = std::multimap<std::string, DataObject::Shared>;
+    using Elements = std::multimap<std::int32_t, DataObject::Shared>;
 
-    /// The elements that have a key, by its text.
+    /// The elements that have a key, by it.
     static Elements ElementsByKey(const DataObject& collection) {
         Elements elements;
         const auto* key = collection.Type().ElementDefinition()->KeyValue();
         if (key == nullptr) return elements;
-        for (const auto& element : collection.Items()) {
-            const Variant value = element->Value(key->Index());
-            if (value.IsEmpty() || value.IsNull()) continue;
-            std::string text;
-            WriteValue(text, value);
-            elements.emplace(std::move(text), element);
-        }
+        for (const auto& element : collection.Items())
+            elements.emplace(persistence::ToKey(element->Value(key->Index())), element);
         return elements;
     }
 
-    /// The key that an item gives, as text; "" for none.
-    std::string KeyTextOf(const Value& item, const ValueDefinition* key) const {
-        if (key == nullptr) return {};
+    /// The key that an item gives, however its number is written; 0 for none.
+    std::int32_t KeyOf(const Value& item, const ValueDefinition* key) {
+        if (key == nullptr) return 0;
         const auto name = std::find(item.names.begin(), item.names.end(), key->Info().name);
-        if (name == item.names.end()) return {};
+        if (name == item.names.end()) return 0;
+        const Step step(*this, *name);
         const auto position = static_cast<std::size_t>(name - item.names.begin());
-        return m_document.At(item.children[position]).text;
+        return persistence::ToKey(Read(m_document.At(item.children[position]), key->Info().dataType));
     }
 
     /// The element with that key, taken out of `elements`; nullptr for none.
-    static DataObject::Shared Take(Elements& elements, const std::string& keyText) {
-        const auto found = elements.find(keyText);
+    static DataObject::Shared Take(Elements& elements, std::int32_t key) {
+        const auto found = key > 0 ? elements.find(key) : elements.end();
         if (found == elements.end()) return nullptr;
         auto element = found->second;
         elements.erase(found);
@@ -209,6 +208,7 @@ class Input {
 
     JsonDocument m_document;
     UnstoredMembers* m_unstored;
+    Keys m_keys;
     const platform::StackGuard m_stack;
     std::vector<std::string> m_way;
 };
@@ -217,7 +217,7 @@ class Input {
 
 std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text,
                                      UnstoredMembers* unstored) {
-    Input input(text, unstored);
+    Input input(text, unstored, Input::Keys::PassedOver);
     auto object = std::make_shared<DataObject>(definition);
     input.PutObject(input.Document().Root(), *object);
     return object;
@@ -225,7 +225,7 @@ std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definiti
 
 std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Definition>& definition,
                                                       std::string_view text, UnstoredMembers* unstored) {
-    Input input(text, unstored);
+    Input input(text, unstored, Input::Keys::PassedOver);
     const auto& root = input.Document().Root();
     std::vector<std::shared_ptr<DataObject>> objects;
     if (root.kind != Kind::Array) {
@@ -241,7 +241,7 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
 }
 
 void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored) {
-    Input input(text, unstored);
+    Input input(text, unstored, Input::Keys::Count);
     input.PutObject(input.Document().Root(), object);
 }
 

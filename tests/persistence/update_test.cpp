@@ -1,6 +1,7 @@
 #include "persistence/host_objects.h"
 #include "persistence/order_model.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace korvex::tests {
@@ -239,6 +240,11 @@ TEST_F(Updates, ElementsThatWereLoadedTwiceAreStoredOnce) {
         EXPECT_EQ(world.crud->DbUpdateData(order), 1);
         EXPECT_EQ(world.crud->LastResult(), dbNoError);
         EXPECT_EQ(world.LineTexts(), test.lines);
+
+        world.crud->DbGetData(order, 1);
+        EXPECT_EQ(world.crud->DbUpdateDataRetainRoot(order, 1), 1);
+        EXPECT_EQ(std::ranges::count(world.LineTexts(), ','),
+                  std::ranges::count(std::string(test.lines), ','));
     }
 }
 

@@ -215,10 +215,13 @@ TEST(Json, AppliedToAnObjectItChangesWhatItMentions) {
     ApplyJson(*object, R"({"Lines": {"$items": [{"Quantity": 9}, {"LineID": 1}]}})");
     EXPECT_EQ(lines->Items().size(), 2U);  // the element without a key is a new one again
     EXPECT_TRUE(lines->Modified());
-    EXPECT_EQ(tests::ErrorOf([&] {
-                  ApplyJson(*object, R"({"Lines": {"$items": [{"LineID": 1}, {"LineID": 1}]}})");
-              }).Text(),
-              "457: Lines.$items[1]: an item before it has the same key, 1.");
+    ApplyJson(*object, R"({"Lines": {"$items": [{"LineID": 1.0}, {"LineID": 0}, {"LineID": 0}]}})");
+    EXPECT_EQ(lines->Items().size(), 3U);
+    EXPECT_EQ(lines->Items().at(0), first);  // however its number is written; and 0 is the key of none
+    for (const std::string items : {R"({"LineID": 1}, {"LineID": 1.0})", R"({"LineID": 7}, {"LineID": 7})"})
+        EXPECT_THAT(
+            tests::ErrorOf([&] { ApplyJson(*object, R"({"Lines": {"$items": [)" + items + "]}}"); }).Text(),
+            testing::StartsWith("457: Lines.$items[1]: an item before it has the same key, "));
 }
 
 TEST(Json, NamesWhatIsNotStored) {
