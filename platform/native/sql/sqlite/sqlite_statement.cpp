@@ -128,10 +128,9 @@ bool SqliteStatement::Step() {
         }
         return true;
     }
-    m_finished = true;
     if (code == SQLITE_DONE) {
         if (m_writes) m_affectedRows = sqlite3_changes64(m_database);
-        sqlite3_reset(m_statement.get());
+        Reset();
         return false;
     }
     try {
@@ -172,8 +171,8 @@ Variant SqliteStatement::Value(std::size_t index) {
 }
 
 void SqliteStatement::Reset() noexcept {
-    m_finished = true;
     m_firstRowReady = false;
+    if (std::exchange(m_finished, true)) return;
     sqlite3_reset(m_statement.get());
 }
 
