@@ -38,4 +38,17 @@ NearName NearestName(std::string_view text, std::span<const std::string_view> ca
     return best;
 }
 
+std::string DidYouMean(std::string_view text, std::span<const std::string_view> candidates) {
+    const auto mostChanges = [](std::string_view candidate) { return (candidate.size() + 2) / 3; };
+    std::vector<std::string_view> near;
+    for (const std::string_view candidate : candidates) {
+        const std::size_t difference =
+            std::max(text.size(), candidate.size()) - std::min(text.size(), candidate.size());
+        if (difference <= mostChanges(candidate)) near.push_back(candidate);
+    }
+    const NearName nearest = NearestName(text, near);
+    if (nearest.name.empty() || nearest.distance > mostChanges(nearest.name)) return {};
+    return "; did you mean " + Quoted(nearest.name) + "?";
+}
+
 }  // namespace korvex::automation

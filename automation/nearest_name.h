@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace korvex::automation {
@@ -13,5 +14,9 @@ struct NearName {
 
 /// The candidate that differs least from `text`, case left aside; the first of several.
 NearName NearestName(std::string_view text, std::span<const std::string_view> candidates);
+
+/// "; did you mean "NAME"?" for the candidate that `text` was probably meant to be: the nearest, when at most
+/// a third of its letters differ. Empty when none is near.
+std::string DidYouMean(std::string_view text, std::span<const std::string_view> candidates);
 
 }  // namespace korvex::automation

@@ -225,10 +225,40 @@ std::string ToUpperAscii(std::string_view text) {
     return result;
 }
 
+std::string Readable(std::string_view text, std::size_t units) {
+    constexpr std::string_view omission = "...";
+    if (Length(text) > units) {
+        const std::size_t kept = units - std::min(units, omission.size());
+        const std::string_view end = Right(text, kept / 3);
+        return Readable(Left(text, kept - kept / 3), units).append(omission).append(Readable(end, units));
+    }
+    std::string shown;
+    shown.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\r' || c == '\n' || c == '\t') {
+            if (!shown.empty() && !shown.ends_with(' ') && i + 1 < text.size()) shown += ' ';
+        } else if (static_cast<unsigned char>(c) < 0x20 || c == '\x7F') {
+            constexpr std::string_view digits = "0123456789abcdef";
+            shown.append("\\u00");
+            shown += digits[static_cast<unsigned char>(c) >> 4U];
+            shown += digits[static_cast<unsigned char>(c) & 0xFU];
+        } else if (c != ' ' || i == 0 || (text[i - 1] != '\n' && text[i - 1] != '\t')) {
+            shown += c;
+        }
+    }
+    return shown;
+}
+
 std::string Quoted(std::string_view text) {
     constexpr std::size_t shownUnits = 40;
-    const std::string_view shown = Left(text, shownUnits);
-    return std::string("\"").append(shown).append(shown.size() < text.size() ? "...\"" : "\"");
+    return '"' + Readable(text, shownUnits) + '"';
+}
+
+std::string AddSentence(std::string text, std::string_view sentence) {
+    if (text.empty() || sentence.empty()) return text.append(sentence);
+    const bool ended = text.ends_with('.') || text.ends_with('!') || text.ends_with('?');
+    return text.append(ended ? " " : ". ").append(sentence);
 }
 
 }  // namespace korvex::automation

@@ -29,7 +29,12 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept;
 bool ContainsIgnoreCase(std::string_view text, std::string_view part) noexcept;
 std::string ToUpperAscii(std::string_view text);
 
-/// The text in double quotes, for an error description; what goes beyond 40 units is left out as "...".
+/// The text as a message shows it, in one line: a line break with the blanks around it is one blank, other
+/// control characters are escaped as in JSON, and "..." stands for the middle of what is longer than `units`.
+std::string Readable(std::string_view text, std::size_t units);
+/// A name or value in double quotes, for an error description: readable, at most 40 units.
 std::string Quoted(std::string_view text);
+/// `text` and a further sentence behind it; either may be empty.
+std::string AddSentence(std::string text, std::string_view sentence);
 
 }  // namespace korvex::automation

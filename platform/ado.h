@@ -63,7 +63,9 @@ enum ErrorNumber : std::int32_t {
     adErrObjectClosed = -2146824584,         ///< 0x800A0E78
     adErrObjectOpen = -2146824583,           ///< 0x800A0E79
     adErrProviderNotFound = -2146824582,     ///< 0x800A0E7A
-    DbEPermissionDenied = -2147217911,       ///< 0x80040E09: a read-only database
+    DbEPermissionDenied = -2147217911,       ///< 0x80040E09: a read-only database, a missing right
+    DbELoginRefused = -2147217843,           ///< 0x80040E4D: authentication failed
+    DbETableExists = -2147217857,            ///< 0x80040E3F: the table to create exists already
     DbEConstraint = -2147217873,             ///< 0x80040E2F: integrity violation
     DbENoTable = -2147217865,                ///< 0x80040E37: table does not exist
     DbEStatement = -2147217900,              ///< 0x80040E14: errors in the statement, unknown column

@@ -24,9 +24,11 @@ enum ErrorNumber : std::int32_t {
     NoCurrentRecord = 3021,
     UpdateWithoutEdit = 3020,  ///< Update without AddNew or Edit
     DuplicateKey = 3022,
+    TableExists = 3010,
     FileNotFound = 3024,
     DiskIsFull = 3026,
     ReadOnlyDatabase = 3027,
+    NoPermission = 3033,          ///< the engine refuses this to its user
     FieldNotFoundInQuery = 3061,  ///< "Too few parameters": an unknown column name in a statement
     CannotOpenFile = 3051,        ///< no permission, a directory, opened exclusively by another
     SyntaxError = 3075,

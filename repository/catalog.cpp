@@ -1,8 +1,7 @@
 #include "repository/catalog.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
-#include "repository/repository.h"
+#include "repository/read_value.h"
 
 #include <memory>
 
@@ -14,13 +13,8 @@ namespace {
 class RowReader {
     template <class Conversion>
     auto Convert(std::string_view column, Conversion conversion) const {
-        const automation::Variant value = Repository::FieldValue(m_recordset.Fields(column));
-        try {
-            return conversion(value);
-        } catch (const automation::Error& error) {
-            throw automation::Error(error.Number(), "column " + std::string(m_table) + "." +
-                                                        std::string(column) + ": " + error.Description());
-        }
+        return repository::ReadValue(m_recordset.Fields(column), conversion,
+                                     [this] { return DescribeRow(m_table, m_recordset); });
     }
 
   public:
@@ -81,7 +75,7 @@ ObjectInterfaceRow ReadObjectInterface(const RowReader& row) {
     return {.ObjectID = row.Long("ObjectID"), .InterfaceID = row.Long("InterfaceID")};
 }
 
-ValueRow ReadValue(const RowReader& row) {
+ValueRow ReadValueRow(const RowReader& row) {
     return {.ValueID = row.Long("ValueID"),
             .InterfaceID = row.Long("InterfaceID"),
             .ChildObjectID = row.Long("ChildObjectID"),
@@ -153,7 +147,7 @@ Catalog Catalog::Read(dao::Database& database) {
     catalog.m_interfaces = ReadTable<InterfaceRow>(database, "tInterfaces", "InterfaceID", ReadInterface);
     catalog.m_objectInterfaces =
         ReadTable<ObjectInterfaceRow>(database, "tObjectInterfaces", "", ReadObjectInterface);
-    catalog.m_values = ReadTable<ValueRow>(database, "tValues", "ValueID", ReadValue);
+    catalog.m_values = ReadTable<ValueRow>(database, "tValues", "ValueID", ReadValueRow);
     catalog.m_primaryKeys =
         ReadTable<PrimaryKeyRow>(database, "tPrimaryKeys", "ObjectID, Seq, ValueID", ReadPrimaryKey);
     catalog.m_foreignKeys = ReadTable<ForeignKeyRow>(database, "tForeignKeys", "", ReadForeignKey);

@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "repository/read_value.h"
 
 namespace korvex::repository {
@@ -10,13 +11,14 @@ namespace {
 
 /// One column of every row, as 32-bit integers.
 std::vector<std::int32_t> ReadIdentifiers(Repository& repository, std::string_view sSQL,
-                                          std::string_view column) {
+                                          std::string_view table, std::string_view column) {
     std::vector<std::int32_t> identifiers;
     const auto rows = repository.OpenSnapshot(sSQL);
     if (!rows) return identifiers;
     dao::Field& field = rows->Fields(column);
     for (; !rows->Eof(); rows->MoveNext()) {
-        identifiers.push_back(ReadValue(field, automation::ToLong, sSQL));
+        identifiers.push_back(
+            ReadValue(field, automation::ToLong, [&] { return DescribeRow(table, *rows, sSQL); }));
     }
     rows->Close();
     return identifiers;
@@ -37,7 +39,7 @@ std::string ReadText(Repository& repository, std::string_view sSQL, std::string_
 std::vector<std::int32_t> GetObjectInterfaces(Repository& repository, std::int32_t lObjectID) {
     return ReadIdentifiers(
         repository, "select InterfaceID from tObjectInterfaces where ObjectID= " + std::to_string(lObjectID),
-        "InterfaceID");
+        "tObjectInterfaces", "InterfaceID");
 }
 
 std::int32_t FindObjectInterface(Repository& repository, std::int32_t lObjectID,
@@ -61,7 +63,7 @@ std::vector<std::int32_t> GetChildObjects(Repository& repository, std::int32_t l
     return ReadIdentifiers(repository,
                            "SELECT ChildObjectID FROM tValues WHERE ChildObjectID > 0 and InterfaceID = " +
                                std::to_string(lInterfaceID),
-                           "ChildObjectID");
+                           "tValues", "ChildObjectID");
 }
 
 std::string GetFieldName(Repository& repository, std::int32_t lValueID) {
@@ -79,12 +81,12 @@ std::vector<std::int32_t> GetRootObjects(Repository& repository, std::string_vie
     if (!storageName.empty()) {
         if (storageName.find('\'') != std::string_view::npos) {
             throw automation::Error(automation::InvalidProcedureCall,
-                                    "The storage name \"" + std::string(storageName) +
-                                        "\" holds a single quote; storage names must not.");
+                                    "The storage name " + automation::Quoted(storageName) +
+                                        " holds a single quote; storage names must not.");
         }
         sSQL.append(" where Storage='").append(storageName).append("'");
     }
-    return ReadIdentifiers(repository, sSQL, "RootObjectID");
+    return ReadIdentifiers(repository, sSQL, "tDataDefs", "RootObjectID");
 }
 
 }  // namespace korvex::repository

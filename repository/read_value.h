@@ -7,19 +7,30 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace korvex::repository {
 
+/// The current record of one of the repository's tables, by what tells it from the others: "the tValues row
+/// with ValueID = 7, Name = "City"". `sql` stands in for a statement that gives nothing of that.
+std::string DescribeRow(std::string_view table, dao::Recordset& rows, std::string_view sql = {});
+
 /// A column value of the repository through one of the automation conversions. The error of a value that
-/// does not convert names the repository's column and `what` the row describes.
-template <class Convert>
-auto ReadValue(dao::Field& field, Convert convert, std::string_view what) {
+/// does not convert names the repository's column and `what` the row describes: a text, or what gives one.
+template <class Convert, class What>
+auto ReadValue(dao::Field& field, Convert convert, const What& what) {
     const automation::Variant value = Repository::FieldValue(field);
     try {
         return convert(value);
     } catch (const automation::Error& error) {
-        throw automation::Error(error.Number(), std::string(field.Name()) + " of " + std::string(what) +
-                                                    ": " + error.Description());
+        std::string row;
+        if constexpr (std::is_invocable_v<What>) {
+            row = what();
+        } else {
+            row = what;
+        }
+        throw automation::Error(error.Number(),
+                                std::string(field.Name()) + " of " + row + ": " + error.Description());
     }
 }
 

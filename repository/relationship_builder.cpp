@@ -67,7 +67,7 @@ std::optional<RelationshipBuilder::ObjectRow> RelationshipBuilder::NameTable(std
     const auto rows = m_repository.OpenDynaset("SELECT * FROM tObjects WHERE ObjectID = " + number);
     if (!rows || rows->Eof()) return std::nullopt;
 
-    const std::string what = "object " + number;
+    const auto what = [&rows] { return DescribeRow("tObjects", *rows); };
     ObjectRow row;
     KeyedObject& object = row.object;
     object.objectID = lObjectID;

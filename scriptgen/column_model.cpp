@@ -57,10 +57,10 @@ void AddColumn(Columns& columns, Column column) {
     columns.push_back(std::move(column));
 }
 
-/// Adds the stored values of one interface; `what` names the table. False when the repository could not be
+/// Adds the stored values of one interface; `table` names the table. False when the repository could not be
 /// asked.
 bool AddInterfaceFields(Columns& columns, Repository& repository, std::int32_t lInterfaceID,
-                        const std::string& what) {
+                        const std::string& table) {
     const auto rows = OpenFor(repository,
                               "SELECT ValueID, MaxLength, DataType, FieldName, IsAutoNumber, DefaultVal "
                               "FROM tValues where ChildObjectID = 0 and FieldName is not null "
@@ -73,6 +73,7 @@ bool AddInterfaceFields(Columns& columns, Repository& repository, std::int32_t l
     dao::Field& isAutoNumber = rows->Fields("IsAutoNumber");
     dao::Field& defaultVal = rows->Fields("DefaultVal");
     dao::Field& maxLength = rows->Fields("MaxLength");
+    const auto what = [&] { return repository::DescribeRow("tValues", *rows) + ", " + table; };
     for (; !rows->Eof(); rows->MoveNext()) {
         Column column;
         column.ValueID = ReadValue(valueID, ToLong, what);

@@ -23,7 +23,7 @@ std::optional<std::int32_t> TableVisitor::Enter(std::int32_t lObjectID) {
         number);
     if (object == nullptr || object->Eof()) return std::nullopt;
 
-    const std::string what = "object " + number;
+    const std::string what = "the tObjects row with ObjectID = " + number;
     const std::int32_t lCollectionObjectID =
         ReadValue(object->Fields("CollectionObjectID"), automation::ToLong, what);
     const std::string table = ReadValue(object->Fields("TableName"), automation::ToString, what);

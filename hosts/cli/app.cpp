@@ -1,6 +1,8 @@
 #include "hosts/cli/app.h"
 
 #include "automation/error.h"
+#include "automation/nearest_name.h"
+#include "automation/text.h"
 #include "hosts/cli/commands.h"
 
 #include <cstdint>
@@ -8,6 +10,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #ifndef KORVEX_VERSION
 #error "the build passes KORVEX_VERSION"
@@ -63,6 +66,47 @@ void AddVersion(CLI::App& app) {
     }
 }
 
+std::vector<const CLI::App*> CommandsOf(const CLI::App& app) {
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+/// The command that `word` was probably meant to be: one that it begins, one spelt much like it, or one of
+/// another level.
+std::string NearCommand(const CLI::App& level, const std::string& word) {
+    std::vector<std::string> names;
+    std::vector<std::string_view> spellings;
+    for (const CLI::App* command : CommandsOf(level))
+        names.push_back(command->get_name());
+    for (const std::string& name : names) {
+        if (name.starts_with(word)) return "; did you mean " + automation::Quoted(name) + "?";
+        spellings.emplace_back(name);
+    }
+    if (std::string near = automation::DidYouMean(word, spellings); !near.empty()) return near;
+    for (const CLI::App* command : CommandsOf(level)) {
+        for (const CLI::App* nested : CommandsOf(*command)) {
+            if (nested->get_name() != word) continue;
+            return "; did you mean " + automation::Quoted(command->get_name() + " " + word) + "?";
+        }
+    }
+    return {};
+}
+
+/// Says which words of the command line nobody takes, in their order.
+std::string DescribeExtras(const CLI::App& app) {
+    const CLI::App* level = &app;
+    while (level->remaining().empty() && !level->get_subcommands().empty())
+        level = level->get_subcommands().front();
+    const std::vector<std::string> words = level->remaining();
+    if (words.empty()) return "There are words too many.";
+    constexpr std::size_t longest = 200;
+    if (!words.front().starts_with('-') && !CommandsOf(*level).empty() && level->get_subcommands().empty()) {
+        return "There is no command " + automation::Quoted(words.front()) +
+               NearCommand(*level, words.front());
+    }
+    return (words.size() == 1 ? "This argument was not expected: " : "These arguments were not expected: ") +
+           automation::Readable(CLI::detail::join(words, " "), longest);
+}
+
 int Fail(Console& console, std::int32_t number, std::string_view description) {
     console.Message("error " + std::to_string(number) + ": " + std::string(description));
     return ExitFailed;
@@ -83,6 +127,9 @@ int RunCommandLine(int argc, const char* const* argv, Console& console) {
     } catch (const CLI::RuntimeError& error) {
         // A command that has said itself what is wrong.
         return error.get_exit_code();
+    } catch (const CLI::ExtrasError&) {
+        console.Text(DescribeExtras(app) + "\nRun with --help for more information.");
+        return ExitUsage;
     } catch (const CLI::ParseError& error) {
         return app.exit(error, console.Results()) == 0 ? ExitDone : ExitUsage;
     } catch (const automation::Error& error) {

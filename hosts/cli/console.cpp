@@ -1,6 +1,7 @@
 #include "hosts/cli/console.h"
 
 #include "automation/error.h"
+#include "automation/text.h"
 
 #include <string>
 
@@ -12,12 +13,8 @@ std::ostream& Console::Results() {
 }
 
 void Console::Message(std::string_view text) {
-    std::string line;
-    for (const char c : text) {
-        if (c == '\r') continue;
-        line += c == '\n' ? ' ' : c;
-    }
-    Text("korvex: " + line);
+    constexpr std::size_t longest = 2000;
+    Text("korvex: " + automation::Readable(text, longest));
 }
 
 void Console::Text(std::string_view text) {

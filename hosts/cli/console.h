@@ -17,7 +17,7 @@ class Console {
 
     /// The results; a pending progress line is removed first.
     std::ostream& Results();
-    /// One message line, "korvex: ..."; line breaks inside become blanks.
+    /// One message line, "korvex: ...", as automation::Readable shows it.
     void Message(std::string_view text);
     /// A text as it stands, with a line end behind it.
     void Text(std::string_view text);

@@ -24,7 +24,11 @@ void RunDelete(const DeleteOptions& options, Console& console) {
     // Afterwards a missing record could not be told from one without a child: both leave the same code.
     const bool exists = crud.DbDataExists(object, key);
     session.ExpectAllOpened();
-    if (!exists) session.Fail(crud.LastResult() == dbNoError ? dbNoMatchingRecord : crud.LastResult());
+    if (!exists && crud.LastResult() == dbNoError) {
+        session.Fail(dbNoMatchingRecord, "There is no " + RecordText(object->Type(), key) + ".");
+    }
+    if (!exists) session.FailWithLastResult();
+    session.ExpectUsableKey(object, key);
     const std::int32_t deleted = crud.DbDeleteData(object, key);
     session.ExpectAllOpened();
     if (deleted < 1) session.FailWithLastResult();

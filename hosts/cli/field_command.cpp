@@ -35,10 +35,10 @@ std::string LineOf(const Variant& value) {
 }
 
 /// A failure that left no code has its reason in the engine's error.
-[[noreturn]] void FailField(const DataSession& session) {
+[[noreturn]] void FailField(const DataSession& session, const FieldOptions& options) {
     if (session.Crud().LastResult() == dbNoError && session.Failures().Last())
         throw *session.Failures().Last();
-    session.FailWithLastResult();
+    session.FailWithLastResult(RecordText(options.table, options.keyField, ReadKey(options.key)));
 }
 
 void RunGet(const FieldOptions& options, Console& console) {
@@ -46,7 +46,7 @@ void RunGet(const FieldOptions& options, Console& console) {
     const DataSession session(options.connection, "", console);
     Variant value;
     if (!session.Crud().DbGetField(key, options.keyField, options.table, options.field, value)) {
-        FailField(session);
+        FailField(session, options);
     }
     console.Results() << LineOf(value) << '\n';
 }
@@ -77,7 +77,7 @@ void RunSet(const FieldOptions& options, Console& console) {
     const Variant value = NewValue(session.Crud(), options);
     const bool isSet = session.Crud().DbSaveField(key, options.keyField, options.table, options.field, value);
     // A write that the database refuses does not show in the answer.
-    if (!isSet || session.Failures().Last()) FailField(session);
+    if (!isSet || session.Failures().Last()) FailField(session, options);
 }
 
 void AddFieldOptions(CLI::App& command, FieldOptions& options) {

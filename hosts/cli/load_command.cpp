@@ -18,9 +18,10 @@ void RunLoad(const LoadOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
     const auto object = std::make_shared<objects::DataObject>(OpenDefinition(options.data, console));
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    session.ExpectUsableKey(object, key);
     const std::int32_t loaded = session.Crud().DbGetData(object, key);
     session.ExpectAllOpened();
-    if (loaded < 1) session.FailWithLastResult();
+    if (loaded < 1) session.FailWithLastResult(RecordText(object->Type(), key));
     console.Results() << objects::ToJson(*object) << '\n';
 }
 

@@ -1,3 +1,4 @@
+#include "automation/text.h"
 #include "hosts/cli/app.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
@@ -32,8 +33,9 @@ void RunCheck(const CheckOptions& options, Console& console) {
     }
     repository.Close();
     for (const Finding& finding : findings.All()) {
-        console.Results() << (finding.severity == Severity::Error ? "error: " : "warning: ") << finding.text
-                          << '\n';
+        constexpr std::size_t longest = 1000;
+        console.Results() << (finding.severity == Severity::Error ? "error: " : "warning: ")
+                          << automation::Readable(finding.text, longest) << '\n';
     }
     const std::size_t errors = findings.Count(Severity::Error);
     console.Message(CountText(errors, "error") + ", " +

@@ -77,17 +77,17 @@ void OpenComplete(repository::Repository& repository, const std::string& connect
 
 void ExpectStorage(repository::Repository& repository, const std::string& storage) {
     if (storage.find('\'') != std::string::npos) {
-        throw Error(automation::InvalidProcedureCall,
-                    "The storage name \"" + storage + "\" holds a single quote; storage names must not.");
+        throw Error(automation::InvalidProcedureCall, "The storage name " + automation::Quoted(storage) +
+                                                          " holds a single quote; storage names must not.");
     }
     std::vector<std::string> names = StorageNames(repository);
     if (names.empty()) {
         throw Error(automation::InvalidProcedureCall, "The repository holds no definition.");
     }
     if (storage.empty() || std::find(names.begin(), names.end(), storage) != names.end()) return;
-    throw Error(automation::InvalidProcedureCall, "No definition has the storage name \"" + storage +
-                                                      "\"; there " + (names.size() == 1 ? "is " : "are ") +
-                                                      JoinNames(names) + ".");
+    throw Error(automation::InvalidProcedureCall,
+                "No definition has the storage name " + automation::Quoted(storage) + "; there " +
+                    (names.size() == 1 ? "is " : "are ") + JoinNames(names) + ".");
 }
 
 void CheckBeforeRun(const std::string& connection, const std::string& storage, std::string_view fkPrefix,

@@ -37,9 +37,10 @@ void KeepKey(objects::DataObject& object, std::int32_t key, const std::string& f
 std::int32_t Update(const DataSession& session, const UpdateOptions& options,
                     objects::DataObject::Shared object, std::int32_t key, Console& console) {
     clsCRUD& crud = session.Crud();
+    session.ExpectUsableKey(object, key);
     const std::int32_t loaded = crud.DbGetData(object, key);
     session.ExpectAllOpened();
-    if (loaded < 1) session.FailWithLastResult();
+    if (loaded < 1) session.FailWithLastResult(RecordText(object->Type(), key));
     WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
         objects::ApplyJson(*object, text, &unstored);
         return true;
@@ -78,9 +79,8 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
         options.retainRoot
             ? Replace(session, options, definition, key, console)
             : Update(session, options, std::make_shared<objects::DataObject>(definition), key, console);
-    const dbResults result = session.Crud().LastResult();
     session.ExpectAllOpened();
-    if (updated < 1) session.Fail(result);
+    if (updated < 1) session.FailWithLastResult(RecordText(*definition, key));
     const ResultText& unchanged = TextOf(dbObjectNotModified);
     if (session.Crud().Writes() == 0)
         console.Message(std::string(unchanged.name) + ": " + std::string(unchanged.meaning));

@@ -125,7 +125,9 @@ void Definition::Append(std::shared_ptr<ValueDefinition> value) {
     const auto& info = value->Info();
     if (!m_byName.emplace(info.name, value.get()).second)
         throw Error(automation::KeyAlreadyUsed,
-                    "The object " + m_name + " has two values named " + automation::Quoted(info.name) + ".");
+                    "The object " + automation::Quoted(m_name) + " has two values " +
+                        (info.name.empty() ? "without a name" : "named " + automation::Quoted(info.name)) +
+                        "; rename one of them.");
     if (!info.column.empty()) m_byColumn.emplace(info.column, value.get());
     m_valueList->Add(value);
     m_values.push_back(std::move(value));

@@ -276,7 +276,7 @@ TEST(Conversion, ErrorsSayWhatDidNotConvert) {
     };
     EXPECT_EQ(description("12 apples"), "Type mismatch: \"12 apples\" is not a number");
     EXPECT_EQ(description("a text of more than forty characters, much more"),
-              "Type mismatch: \"a text of more than forty characters, mu...\" is not a number");
+              "Type mismatch: \"a text of more than forty...s, much more\" is not a number");
 }
 
 /// Writing with 15 digits and reading again keeps every number that has no more digits than that.

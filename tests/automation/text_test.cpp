@@ -31,6 +31,29 @@ TEST(Text, ConvertsBetweenTheEncodings) {
     }
 }
 
+TEST(Text, MessagesShowTextsInOneReadableLine) {
+    const struct {
+        std::string text;
+        std::size_t units;
+        std::string shown;
+    } cases[] = {
+        {"", 10, ""},
+        {"a\r\n\t b\n", 10, "a b"},
+        {"select  *", 10, "select  *"},
+        {"a\x1b[31m\x07 \x7f", 20, "a\\u001b[31m\\u0007 \\u007f"},
+        {std::string("a\0b", 3), 10, "a\\u0000b"},
+        {"0123456789abc", 13, "0123456789abc"},
+        {"0123456789abcd", 13, "0123456...bcd"},
+        {std::string(10'000'000, 'x') + "y", 12, "xxxxxx...xxy"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(Readable(each.text, each.units), each.shown);
+    EXPECT_EQ(AddSentence("One", "Two."), "One. Two.");
+    EXPECT_EQ(AddSentence("One?", "Two."), "One? Two.");
+    EXPECT_EQ(AddSentence("", "Two."), "Two.");
+    EXPECT_EQ(AddSentence("One.", ""), "One.");
+}
+
 TEST(Text, IllFormedInputBecomesReplacementCharacters) {
     const EncodedText texts[] = {
         {"a\x80z", u"a\uFFFDz"},                            // a continuation alone

@@ -282,8 +282,8 @@ TEST_F(TableWalk, ValueThatDoesNotConvertEndsTheRunAndNamesItsTable) {
         std::string named;
     } cases[] = {
         {"'Note', 8, 'long', 0, NULL, 1, 0", automation::TypeMismatch, "tLine.Note"},
-        {"'Note', 'text', '0', 0, NULL, 1, 0", automation::TypeMismatch, "DataType of table tLine"},
-        {"'Note', 4294967296, '0', 0, NULL, 1, 0", automation::Overflow, "DataType of table tLine"},
+        {"'Note', 'text', '0', 0, NULL, 1, 0", automation::TypeMismatch, "DataType of the tValues row with"},
+        {"'Note', 4294967296, '0', 0, NULL, 1, 0", automation::Overflow, "DataType of the tValues row with"},
     };
     for (const auto& c : cases) {
         m_run = {};

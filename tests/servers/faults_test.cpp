@@ -96,7 +96,9 @@ TEST_P(ServerStops, InTheMiddleOfASave) {
     const auto definition = OrdersDefinition();
     const auto crud = Connected(database.ConnectionString());
     StopBefore(7, native::sql::CallKind::Execute);
-    EXPECT_EQ(automation::OutcomeOf([&] { crud->DbSaveData(FullOrder(definition)); }), Failed);
+    const Raised lost = ErrorOf([&] { crud->DbSaveData(FullOrder(definition)); });
+    EXPECT_EQ(lost, ado::DbEFail);
+    EXPECT_THAT(lost.description, testing::StartsWith("The connection was lost, connect again: "));
     EXPECT_EQ(crud->DbDeleteData(FullOrder(definition), 1), 0);
     EXPECT_EQ(crud->LastResult(), dbCannotOpenRecordset);
     EXPECT_FALSE(crud->ConnectDB(database.ConnectionString()));
@@ -210,6 +212,26 @@ TEST_P(ServerFaults, AnApplyThatFailsTellsWhatItMadeBefore) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.output, "1 table created\n1 other statement run\n");
     EXPECT_THAT(result.messages, testing::HasSubstr(script + ", line 5: "));
+}
+
+/// A user of the server who may connect, and nothing else.
+TEST_P(ServerFaults, AMissingRightHasItsNumber) {
+    const ServerDatabase database(GetParam());
+    const auto owner = database.Connect();
+    owner->Execute("create table tNote (NoteID integer primary key)");
+    const std::string guest = "guest" + std::to_string(getpid());
+    owner->Execute("create user " + guest);
+    if (GetParam() == Driver::MariaDb) owner->Execute("grant create on *.* to " + guest);
+    const auto crud = Connected(database.ConnectionString() + ";UID=" + guest);
+    for (const char* statement :
+         {"select * from tNote", "insert into tNote values (1)", "drop table tNote"}) {
+        const Raised raised = ErrorOf([&] { crud->DbConn()->Execute(statement); });
+        EXPECT_EQ(raised, ado::DbEPermissionDenied) << statement;
+        EXPECT_THAT(raised.description, testing::StartsWith("The user lacks the right to do this: "))
+            << statement;
+    }
+    crud->DisconnectDB();
+    owner->Execute("drop user " + guest);
 }
 
 TEST_P(ServerFaults, ABrokenConstraintIsReportedAndTheConnectionWorksOn) {

@@ -1,6 +1,7 @@
 #include "hosts/cli/apply/apply_run.h"
 
 #include "automation/error.h"
+#include "automation/text.h"
 #include "hosts/cli/apply/embedded_catalog.h"
 #include "hosts/cli/apply/table_rebuild.h"
 
@@ -15,13 +16,8 @@ namespace korvex::cli {
 
 namespace {
 
+using automation::AddSentence;
 using automation::Error;
-
-/// A description with a sentence behind it.
-std::string Join(const std::string& description, std::string_view sentence) {
-    if (sentence.empty()) return description;
-    return description + (description.ends_with('.') ? " " : ". ") + std::string(sentence);
-}
 
 /// A table that is rebuilt must be dropped without a thought for its children; what stands at the end is
 /// checked as a whole. Nothing of this can be switched inside a transaction.
@@ -69,7 +65,7 @@ class ApplyRun {
             commits = true;
             m_connection.CommitTrans();
         } catch (const Error& error) {
-            throw Error(error.Number(), Join(error.Description(), RollBack(commits)), error.Source());
+            throw Error(error.Number(), AddSentence(error.Description(), RollBack(commits)), error.Source());
         }
     }
 
@@ -84,7 +80,7 @@ class ApplyRun {
                 Run(step);
             } catch (const Error& error) {
                 throw Error(error.Number(),
-                            PlaceOf(statement) + ": " + Join(error.Description(), Hint(step, error)),
+                            PlaceOf(statement) + ": " + AddSentence(error.Description(), Hint(step, error)),
                             error.Source());
             }
         }
@@ -124,6 +120,9 @@ class ApplyRun {
     static std::string_view Hint(const ApplyStep& step, const Error& error) {
         if (step.subject.kind == StatementKind::CreateSequence && error.Number() == ado::DbEStatement) {
             return "The database has no sequences; the scripts for MS SQL or Sybase need none.";
+        }
+        if (error.Number() == ado::DbETableExists) {
+            return "Run the drop scripts first (foreign keys, then tables) to make the tables anew.";
         }
         if (step.subject.kind == StatementKind::DropTable && error.Number() == ado::DbEConstraint) {
             return "Records of other tables refer to this one: drop the foreign keys first.";

@@ -1,6 +1,7 @@
 #include "hosts/cli/data/data_session.h"
 
 #include "automation/error.h"
+#include "automation/text.h"
 #include "hosts/cli/app.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/data/result_text.h"
@@ -62,12 +63,25 @@ std::int32_t ReadKey(const std::string& text) {
     const char* end = text.data() + text.size();
     const auto [stop, failure] = std::from_chars(text.data(), end, key);
     if (failure == std::errc::result_out_of_range) {
-        throw Error(automation::Overflow, "The key " + text + " does not fit 32 bits.");
+        throw Error(automation::Overflow, "The key " + automation::Quoted(text) + " does not fit 32 bits.");
     }
     if (failure != std::errc() || stop != end) {
-        throw Error(automation::TypeMismatch, "The key \"" + text + "\" is not a whole number.");
+        throw Error(automation::TypeMismatch,
+                    "The key " + automation::Quoted(text) + " is not a whole number.");
     }
     return key;
+}
+
+std::string RecordText(std::string_view table, std::string_view keyColumn, std::int32_t key) {
+    constexpr std::size_t longest = 60;
+    return "record of " + automation::Readable(table, longest) + " with " +
+           automation::Readable(keyColumn, longest) + " = " + std::to_string(key);
+}
+
+std::string RecordText(objects::Definition& definition, std::int32_t key) {
+    const objects::ValueDefinition* value = definition.KeyValue();
+    return RecordText(definition.StringAttribute(attTableName),
+                      value == nullptr ? "its key" : value->Info().column, key);
 }
 
 DataSession::DataSession(const std::string& connection, const std::string& fkPrefix, Console& console)
@@ -80,19 +94,26 @@ DataSession::DataSession(const std::string& connection, const std::string& fkPre
     if (!m_crud->ConnectDB(connection, fkPrefix)) Fail(dbConnectError, messages->Text());
 }
 
-void DataSession::Fail(dbResults code, std::string_view reason) const {
+void DataSession::Fail(dbResults code, std::string reason) const {
     const ResultText& text = TextOf(code);
+    std::string_view remedy = text.remedy;
     if (reason.empty() && code == dbCannotOpenRecordset && m_failures->Opening()) {
-        reason = m_failures->Opening()->Description();
+        const Error& failure = *m_failures->Opening();
+        reason = failure.Description();
+        const bool isMadeOtherwise =
+            failure.Number() == ado::DbENoTable || failure.Number() == ado::DbEStatement;
+        if (!isMadeOtherwise) remedy = {};
     }
-    std::string line = std::string(text.name) + ": " + std::string(text.meaning);
-    for (const std::string_view part : {reason, text.remedy}) {
-        if (part.empty()) continue;
-        if (!line.ends_with('.')) line += '.';
-        line += " " + std::string(part);
-    }
-    m_console.Message(line);
+    if (reason.empty()) reason = text.meaning;
+    m_console.Message(std::string(text.name) + ": " + automation::AddSentence(std::move(reason), remedy));
     throw CLI::RuntimeError(ExitFailed);
+}
+
+void DataSession::ExpectUsableKey(const std::shared_ptr<objects::DataObject>& object,
+                                  std::int32_t key) const {
+    if (key > 0 || !m_crud->DbDataExists(object, key)) return;
+    Fail(dbPrimaryKeyMissing,
+         "The " + RecordText(object->Type(), key) + " is no record of an object: keys are above 0.");
 }
 
 void DataSession::ExpectAllOpened() const {

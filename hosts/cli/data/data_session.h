@@ -27,6 +27,11 @@ void AddDataOptions(CLI::App& command, DataOptions& options);
 /// --key, which is required.
 void AddKeyOption(CLI::App& command, std::string& key);
 
+/// "record of TABLE with COLUMN = KEY".
+std::string RecordText(std::string_view table, std::string_view keyColumn, std::int32_t key);
+/// The same of an object's own record.
+std::string RecordText(objects::Definition& definition, std::int32_t key);
+
 /// A whole number of 32 bits. Raises TypeMismatch (13) or Overflow (6), naming it.
 std::int32_t ReadKey(const std::string& text);
 
@@ -38,10 +43,15 @@ class DataSession {
     clsCRUD& Crud() const noexcept { return *m_crud; }
     const FailureLog& Failures() const noexcept { return *m_failures; }
 
-    /// Ends the command with the code that clsCRUD left.
-    [[noreturn]] void FailWithLastResult() const { Fail(m_crud->LastResult()); }
-    /// Ends the command: "NAME: what is wrong (the engine's reason). What to do."
-    [[noreturn]] void Fail(dbResults code, std::string_view reason = {}) const;
+    /// Ends the command with the code that clsCRUD left; `record` is the one that was looked for.
+    [[noreturn]] void FailWithLastResult(const std::string& record = {}) const {
+        const dbResults code = m_crud->LastResult();
+        Fail(code, code == dbNoMatchingRecord && !record.empty() ? "There is no " + record + "." : "");
+    }
+    /// Ends the command: "NAME: what is wrong. What to do." `reason` says it more closely than the code does.
+    [[noreturn]] void Fail(dbResults code, std::string reason = {}) const;
+    /// Ends the command for a record whose key is 0 or less: nothing beneath it can be found.
+    void ExpectUsableKey(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
     /// Ends the command when a table did not open, wherever in the tree that was.
     void ExpectAllOpened() const;
 

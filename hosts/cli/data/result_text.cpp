@@ -8,7 +8,7 @@ namespace korvex::cli {
 namespace {
 
 constexpr std::array Texts = {
-    ResultText{dbNoError, "dbNoError", "Nothing was done, for no reason that the database gives.",
+    ResultText{dbNoError, "dbNoError", "Nothing was done.",
                "Bring the keys of the definition up to date (korvex relate)."},
     ResultText{dbConnectError, "dbConnectError", "The database cannot be opened.", "Check --connection."},
     ResultText{dbNotConnected, "dbNotConnected", "There is no connection to the database.",
@@ -17,12 +17,12 @@ constexpr std::array Texts = {
                "An object of the definition has no primary key.",
                "Bring the keys of the definition up to date (korvex relate)."},
     ResultText{dbPrimaryKeyMissing, "dbPrimaryKeyMissing", "A record has no key above 0.",
-               "Give --key, or correct the key in the database."},
+               "Correct the key in the database."},
     ResultText{dbTableNameMissing, "dbTableNameMissing", "An object of the definition has no table.",
                "Bring the definition up to date (korvex relate)."},
     ResultText{dbBadParameter, "dbBadParameter", "A name is empty.",
                "Give --table, --key-field and --field."},
-    ResultText{dbNoMatchingRecord, "dbNoMatchingRecord", "No record has that key.", "Check --key."},
+    ResultText{dbNoMatchingRecord, "dbNoMatchingRecord", "No record has that key.", "Check the key."},
     ResultText{dbCannotOpenRecordset, "dbCannotOpenRecordset", "A table cannot be opened.",
                "Make the tables of the definition (korvex database create)."},
     ResultText{dbParentNotInDatabase, "dbParentNotInDatabase",

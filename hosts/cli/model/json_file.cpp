@@ -105,6 +105,12 @@ class DuplicateMembers : public nlohmann::json_sax<json> {
 
 json ReadJsonFile(const std::string& path) {
     const std::string text = ReadTextFile(path);
+    if (text.find('\0') != std::string::npos) {
+        throw Error(automation::InvalidProcedureCall,
+                    path +
+                        ": This is no JSON text, but a binary file; import takes models alone, in the form "
+                        "that korvex repository show --format json prints.");
+    }
     json document;
     try {
         document = json::parse(text, nullptr, true, true);

@@ -1,7 +1,8 @@
 #include "hosts/cli/model/json_node.h"
 
 #include "automation/error.h"
-#include "hosts/cli/suggest.h"
+#include "automation/nearest_name.h"
+#include "automation/text.h"
 
 #include <algorithm>
 #include <span>
@@ -25,10 +26,8 @@ void JsonNode::ExpectMembers(std::initializer_list<std::string_view> known) cons
     if (!IsObject()) Fail(std::string("must be an object, not ") + KindName());
     for (const auto& member : m_value->items()) {
         if (std::find(known.begin(), known.end(), member.key()) != known.end()) continue;
-        const std::string nearest =
-            NearestName(member.key(), std::span<const std::string_view>(known.begin(), known.size()));
-        const std::string hint = nearest.empty() ? "" : "; did you mean \"" + nearest + "\"?";
-        Fail("unknown member \"" + member.key() + "\"" + hint);
+        Fail("unknown member " + automation::Quoted(member.key()) +
+             automation::DidYouMean(member.key(), {known.begin(), known.size()}));
     }
 }
 

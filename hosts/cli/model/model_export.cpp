@@ -1,5 +1,7 @@
 #include "hosts/cli/model/model_export.h"
 
+#include "automation/text.h"
+
 #include <algorithm>
 #include <optional>
 #include <unordered_map>
@@ -45,7 +47,7 @@ class Exporter {
             if (root) {
                 m_result.model.definitions.push_back({row.Storage, *root});
             } else {
-                LeaveOut("definition \"" + row.Storage + "\": its root object " +
+                LeaveOut("definition " + automation::Quoted(row.Storage) + ": its root object " +
                          std::to_string(row.RootObjectID) + " does not exist");
             }
         }

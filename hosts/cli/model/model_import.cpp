@@ -2,12 +2,14 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "repository/catalog.h"
 
 #include <memory>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace korvex::cli {
 
@@ -24,8 +26,8 @@ void RefuseClashes(const Model& model, dao::Database& database) {
     for (const ModelDefinition& definition : model.definitions) {
         if (!storages.contains(definition.storage)) continue;
         throw Error(automation::InvalidProcedureCall,
-                    "The repository already has a definition with the storage name \"" + definition.storage +
-                        "\"; nothing was imported.");
+                    "The repository already has a definition with the storage name " +
+                        automation::Quoted(definition.storage) + "; nothing was imported.");
     }
     std::unordered_map<std::string_view, const repository::ObjectRow*> guids;
     for (const repository::ObjectRow& row : catalog.Objects())
@@ -45,12 +47,20 @@ class TableWriter {
     TableWriter(dao::Database& database, std::string_view table)
         : m_recordset(database.OpenRecordset("select * from " + std::string(table), dao::dbOpenDynaset)) {}
 
-    void Add() { m_recordset->AddNew(); }
-    void Put(std::string_view column, const Variant& value) { m_recordset->Fields(column).Value(value); }
+    /// `item` says where in the model the row comes from, for the errors of its values.
+    void Add(std::string item) {
+        m_item = std::move(item);
+        m_recordset->AddNew();
+    }
+    void Put(std::string_view column, const Variant& value) {
+        Named([&] { m_recordset->Fields(column).Value(value); });
+    }
     void PutText(std::string_view column, const std::string& text) {
         if (!text.empty()) Put(column, text);
     }
-    void Store() { m_recordset->Update(); }
+    void Store() {
+        Named([this] { m_recordset->Update(); });
+    }
 
     /// The number that the engine gave the row stored last.
     std::int32_t StoredID(std::string_view column) {
@@ -59,7 +69,17 @@ class TableWriter {
     }
 
   private:
+    template <class Action>
+    void Named(Action&& action) const {
+        try {
+            action();
+        } catch (const Error& error) {
+            throw Error(error.Number(), m_item + ": " + error.Description(), error.Source());
+        }
+    }
+
     std::unique_ptr<dao::Recordset> m_recordset;
+    std::string m_item;
 };
 
 class Importer {
@@ -74,7 +94,7 @@ class Importer {
         AddKeys();
         TableWriter table(m_database, "tDataDefs");
         for (const ModelDefinition& definition : m_model.definitions) {
-            table.Add();
+            table.Add("definition " + automation::Quoted(definition.storage));
             table.Put("Storage", definition.storage);
             table.Put("RootObjectID", m_objectIDs[definition.root]);
             table.Store();
@@ -85,7 +105,7 @@ class Importer {
     void AddObjects() {
         TableWriter table(m_database, "tObjects");
         for (const ModelObject& object : m_model.objects) {
-            table.Add();
+            table.Add("object " + automation::Quoted(object.name));
             table.Put("Name", object.name);
             table.Put("CollectionObjectID", std::int32_t{0});
             if (object.tableName) table.Put("TableName", *object.tableName);
@@ -110,7 +130,7 @@ class Importer {
     void AddInterfaces() {
         TableWriter table(m_database, "tInterfaces");
         for (const ModelInterface& interface : m_model.interfaces) {
-            table.Add();
+            table.Add("interface " + automation::Quoted(interface.name));
             table.Put("Name", interface.name);
             table.Store();
             m_interfaceIDs.push_back(table.StoredID("InterfaceID"));
@@ -118,7 +138,7 @@ class Importer {
         TableWriter links(m_database, "tObjectInterfaces");
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const std::size_t interface : m_model.objects[i].interfaces) {
-                links.Add();
+                links.Add("object " + automation::Quoted(m_model.objects[i].name));
                 links.Put("ObjectID", m_objectIDs[i]);
                 links.Put("InterfaceID", m_interfaceIDs[interface]);
                 links.Store();
@@ -131,15 +151,16 @@ class Importer {
         m_valueIDs.resize(m_model.interfaces.size());
         for (std::size_t i = 0; i < m_model.interfaces.size(); ++i) {
             for (const ModelValue& value : m_model.interfaces[i].values) {
-                AddValue(table, value, m_interfaceIDs[i]);
+                AddValue(table, value, i);
                 m_valueIDs[i].push_back(table.StoredID("ValueID"));
             }
         }
     }
 
-    void AddValue(TableWriter& table, const ModelValue& value, std::int32_t interfaceID) {
-        table.Add();
-        table.Put("InterfaceID", interfaceID);
+    void AddValue(TableWriter& table, const ModelValue& value, std::size_t interface) {
+        table.Add("value " + automation::Quoted(value.name) + " of interface " +
+                  automation::Quoted(m_model.interfaces[interface].name));
+        table.Put("InterfaceID", m_interfaceIDs[interface]);
         table.Put("ChildObjectID", value.child ? m_objectIDs[*value.child] : std::int32_t{0});
         table.Put("Name", value.name);
         if (value.fieldName) table.Put("FieldName", *value.fieldName);
@@ -166,14 +187,14 @@ class Importer {
         TableWriter foreign(m_database, "tForeignKeys");
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const ModelPrimaryKey& key : m_model.objects[i].primaryKeys) {
-                primary.Add();
+                primary.Add("primary key of object " + automation::Quoted(m_model.objects[i].name));
                 primary.Put("ObjectID", m_objectIDs[i]);
                 primary.Put("ValueID", ValueID(key.value));
                 primary.Put("Seq", key.seq);
                 primary.Store();
             }
             for (const ModelForeignKey& key : m_model.objects[i].foreignKeys) {
-                foreign.Add();
+                foreign.Add("foreign key of object " + automation::Quoted(m_model.objects[i].name));
                 foreign.Put("ObjectID", m_objectIDs[i]);
                 foreign.Put("ValueID", ValueID(key.value));
                 foreign.Put("FKObjectID", m_objectIDs[key.object]);

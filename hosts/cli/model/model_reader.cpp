@@ -2,6 +2,8 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/nearest_name.h"
+#include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
 #include "hosts/cli/model/json_file.h"
 #include "hosts/cli/model/json_node.h"
@@ -61,9 +63,9 @@ std::int32_t ReadDataType(const JsonNode& node) {
         names.push_back(type.name);
         listed.emplace_back(type.name);
     }
-    const std::string nearest = NearestName(name, names);
-    node.Fail("unknown data type \"" + name + "\"; " +
-              (nearest.empty() ? "known are " + JoinNames(listed) : "did you mean \"" + nearest + "\"?"));
+    const std::string near = automation::DidYouMean(name, names);
+    node.Fail("unknown data type " + automation::Quoted(name) +
+              (near.empty() ? "; known are " + JoinNames(listed) : near));
 }
 
 std::string ReadMaxLength(const JsonNode& node) {
@@ -72,7 +74,7 @@ std::string ReadMaxLength(const JsonNode& node) {
     try {
         static_cast<void>(automation::ParseNumber(text));
     } catch (const automation::Error&) {
-        node.Fail("\"" + text + "\" is no number");
+        node.Fail(automation::Quoted(text) + " is no number");
     }
     return text;
 }
@@ -125,7 +127,7 @@ class ModelReader {
         node.ExpectMembers({"storage", "root"});
         const JsonNode storage = node.At("storage");
         const std::string name = ReadName(storage);
-        if (!m_storages.insert(name).second) storage.Fail("\"" + name + "\" stands twice");
+        if (!m_storages.insert(name).second) storage.Fail(automation::Quoted(name) + " stands twice");
         const std::size_t position = m_model.definitions.size();
         m_model.definitions.push_back({name, 0});
         ReadObjectOrName(node.At("root"), 0, m_pendingRoots, position,

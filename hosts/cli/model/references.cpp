@@ -1,6 +1,7 @@
 #include "hosts/cli/model/references.h"
 
-#include "hosts/cli/suggest.h"
+#include "automation/nearest_name.h"
+#include "automation/text.h"
 
 namespace korvex::cli {
 
@@ -12,7 +13,7 @@ void References::Add(const JsonNode& node, const std::string& name, std::size_t 
     const JsonNode id = node.At("id");
     const std::string text = id.NonEmptyText();
     const auto [entry, isNew] = m_ids.emplace(text, node.Path());
-    if (!isNew) id.Fail("\"" + text + "\" is the id of " + entry->second + " as well");
+    if (!isNew) id.Fail(automation::Quoted(text) + " is the id of " + entry->second + " as well");
     m_byName[text].push_back(index);
 }
 
@@ -26,12 +27,12 @@ std::size_t References::Resolve(const JsonNode& node) const {
                 names.emplace_back(item.first);
             return names;
         }();
-        const std::string nearest = NearestName(name, known);
-        node.Fail("no " + std::string(m_kind) + " \"" + name + "\"" +
-                  (nearest.empty() ? "" : "; did you mean \"" + nearest + "\"?"));
+        node.Fail("no " + std::string(m_kind) + " " + automation::Quoted(name) +
+                  automation::DidYouMean(name, known));
     }
     if (entry->second.size() > 1) {
-        node.Fail("several " + std::string(m_kind) + "s \"" + name + "\"; give the one meant an \"id\"");
+        node.Fail("several " + std::string(m_kind) + "s " + automation::Quoted(name) +
+                  "; give the one meant an \"id\"");
     }
     return entry->second.front();
 }

@@ -45,7 +45,7 @@ class Reader {
             }
             key += m_text[m_position];
         }
-        Raise("has no \"=\"");
+        Raise("has no \"=\"", connectionForms);
     }
 
     std::string FinishedKey(std::string_view key) const {
@@ -92,16 +92,16 @@ class Reader {
     char Current() const noexcept { return m_position < m_text.size() ? m_text[m_position] : '\0'; }
 
     /// Names the part by its key only: its value may be a password.
-    [[noreturn]] void Raise(std::string_view what) const {
+    [[noreturn]] void Raise(std::string_view what, std::string_view advice = {}) const {
         const std::size_t end = m_text.find_first_of("=;", m_start);
         std::string description = "The connection string is malformed: the part \"";
-        description.append(TrimAll(m_text.substr(m_start, end - m_start)))
+        description.append(automation::Readable(TrimAll(m_text.substr(m_start, end - m_start)), 100))
             .append("\" at character ")
             .append(std::to_string(automation::Length(m_text.substr(0, m_start)) + 1))
             .append(" ")
             .append(what)
             .append(".");
-        throw automation::Error(ado::DbEInitString, std::move(description));
+        throw automation::Error(ado::DbEInitString, automation::AddSentence(std::move(description), advice));
     }
 
     std::string_view m_text;

@@ -7,6 +7,11 @@
 
 namespace korvex::native::ado_engine {
 
+/// What a message says to somebody who has no connection string of a known form.
+inline constexpr std::string_view connectionForms =
+    "Use \"Provider=SQLite;Data Source=FILE\" for a database file, or \"DSN=NAME\" or \"Driver={NAME};...\", "
+    "with or without \"Provider=MSDASQL\", for an ODBC data source.";
+
 /// One "key=value" of a connection string. The value is without its quotes; one in braces, as ODBC drivers
 /// take them, keeps them.
 struct ConnectionEntry {

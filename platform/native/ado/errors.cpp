@@ -1,9 +1,6 @@
 #include "platform/native/ado/errors.h"
 
-#include "automation/text.h"
 #include "platform/ado.h"
-
-#include <utility>
 
 namespace korvex::native::ado_engine {
 
@@ -27,7 +24,12 @@ std::int32_t AdoNumber(sql::ErrorKind kind) noexcept {
         case ErrorKind::WrongType:
             return ado::adErrDataConversion;
         case ErrorKind::ReadOnly:
+        case ErrorKind::NoRights:
             return ado::DbEPermissionDenied;
+        case ErrorKind::LoginRefused:
+            return ado::DbELoginRefused;
+        case ErrorKind::TableExists:
+            return ado::DbETableExists;
         case ErrorKind::RecordChanged:
             return ado::DbEConcurrencyViolation;
         case ErrorKind::NoCurrentRecord:
@@ -45,6 +47,7 @@ std::int32_t AdoNumber(sql::ErrorKind kind) noexcept {
         case ErrorKind::ConnectFailed:
         case ErrorKind::Locked:
         case ErrorKind::DiskFull:
+        case ErrorKind::DiskFailed:
         case ErrorKind::ConnectionLost:
             return ado::DbEFail;
     }
@@ -54,11 +57,7 @@ std::int32_t AdoNumber(sql::ErrorKind kind) noexcept {
 }  // namespace
 
 automation::Error AdoError(const sql::EngineError& error, std::string_view context) {
-    std::string description = error.what();
-    if (!context.empty() && !automation::ContainsIgnoreCase(description, context)) {
-        description.append(" (").append(context).append(")");
-    }
-    return automation::Error(AdoNumber(error.Kind()), std::move(description));
+    return automation::Error(AdoNumber(error.Kind()), sql::DescribeFailure(error, context));
 }
 
 }  // namespace korvex::native::ado_engine

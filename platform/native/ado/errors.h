@@ -8,8 +8,7 @@
 
 namespace korvex::native::ado_engine {
 
-/// An engine's failure as ADO reports it. `context` (a statement, a column, a file) stands in the description
-/// unless the engine's own text names it already.
+/// An engine's failure as ADO reports it, described by sql::DescribeFailure.
 automation::Error AdoError(const sql::EngineError& error, std::string_view context);
 
 /// Runs `action`; its engine errors leave with ADO's numbers and `context()` in the description.

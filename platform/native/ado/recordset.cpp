@@ -86,7 +86,7 @@ std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
     const std::optional<std::size_t> column = rows.Find(name);
     if (!column) {
         throw Error(ado::adErrItemNotFound,
-                    "The recordset has no field \"" + std::string(name) + "\" (" + rows.Text() + ").");
+                    rows.Shape().DescribeMissing(name) + " (" + sql::ReadableStatement(rows.Text()) + ")");
     }
     return {m_rows, &rows.Field(*column)};
 }
@@ -94,8 +94,8 @@ std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {
     OpenRows& rows = Rows();
     if (index < 0 || index >= FieldCount()) {
-        throw Error(ado::adErrItemNotFound,
-                    "The recordset has no field number " + std::to_string(index) + " (" + rows.Text() + ").");
+        throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) +
+                                                " (" + sql::ReadableStatement(rows.Text()) + ")");
     }
     return {m_rows, &rows.Field(static_cast<std::size_t>(index))};
 }

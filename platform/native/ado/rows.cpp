@@ -58,7 +58,7 @@ void OpenRows::Update() {
         m_cursor.Update();
         if (isAdding) m_cursor.MoveLast();
     };
-    WithAdoErrors(store, [this] { return m_cursor.Text(); });
+    WithAdoErrors(store, [this] { return m_cursor.EditedRecord(); });
 }
 
 void OpenRows::CancelUpdate() {
@@ -126,7 +126,7 @@ NativeField& OpenRows::Field(std::size_t column) {
 void OpenRows::RequireUpdatable() const {
     if (!m_isUpdatable) {
         throw Error(ado::adErrFeatureNotAvailable,
-                    "The recordset was opened read-only (" + m_cursor.Text() + ").");
+                    "The recordset was opened read-only (" + sql::ReadableStatement(m_cursor.Text()) + ").");
     }
 }
 
@@ -178,9 +178,6 @@ Variant OpenRows::NextChunk(std::size_t length) {
     return Variant::Null();
 }
 
-std::string OpenRows::Place(std::size_t column) {
-    const sql::ColumnInfo& info = Column(column);
-    return info.base.table.empty() ? info.name : info.base.table + "." + info.name;
-}
+std::string OpenRows::Place(std::size_t column) { return Column(column).Place(); }
 
 }  // namespace korvex::native::ado_engine

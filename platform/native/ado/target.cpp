@@ -32,10 +32,7 @@ constexpr std::string_view commonWords[] = {"Provider", "Persist Security Info",
 [[noreturn]] void RaiseNoProvider(std::string_view found) {
     std::string description = found.empty() ? std::string("The connection string names no provider.")
                                             : "There is no provider \"" + std::string(found) + "\" here.";
-    description +=
-        " Use \"Provider=SQLite;Data Source=FILE\" for a database file, or \"DSN=NAME\" or "
-        "\"Driver={NAME};...\","
-        " with or without \"Provider=MSDASQL\", for an ODBC data source.";
+    description.append(" ").append(connectionForms);
     throw automation::Error(ado::adErrProviderNotFound, std::move(description));
 }
 

@@ -15,9 +15,8 @@ void RequireQuery(std::string_view text) {
         case sql::StatementKind::Other:
             return;
         default:
-            throw automation::Error(
-                dao::InvalidOperation,
-                "Invalid operation: an action statement opens no recordset (" + std::string(text) + ")");
+            throw automation::Error(dao::InvalidOperation, "An action statement opens no recordset (" +
+                                                               sql::ReadableStatement(text) + ")");
     }
 }
 
@@ -40,7 +39,7 @@ std::unique_ptr<dao::Recordset> NativeDatabase::OpenRecordset(std::string_view s
 }
 
 void NativeDatabase::Execute(std::string_view sql) {
-    if (m_readOnly) RaiseDaoError({sql::ErrorKind::ReadOnly, 0, "It was opened to read only"}, sql);
+    if (m_readOnly) RaiseDaoError({sql::ErrorKind::ReadOnly, 0, "it was opened for reading only"}, sql);
     Guarded(sql, [&] { Open(sql).Execute(sql); });
 }
 

@@ -39,7 +39,7 @@ std::unique_ptr<dao::Database> NativeEngine::CreateDatabase(std::string_view nam
             std::make_unique<sql::SqliteSession>(name, FileOptions(mode, m_seam)));
     } catch (const sql::EngineError& error) {
         throw automation::Error(automation::PathFileAccessError,
-                                std::string("The database cannot be created: ") + error.what());
+                                "The database cannot be created: " + sql::DescribeFailure(error, {}));
     }
 }
 

@@ -3,8 +3,6 @@
 #include "automation/error.h"
 #include "platform/dao.h"
 
-#include <cctype>
-
 namespace korvex::native::dao_engine {
 namespace {
 
@@ -13,6 +11,7 @@ using sql::ErrorKind;
 std::int32_t DaoNumber(ErrorKind kind) noexcept {
     switch (kind) {
         case ErrorKind::Other:
+        case ErrorKind::DiskFailed:
             return dao::QueryFailed;
         case ErrorKind::FileNotFound:
             return dao::FileNotFound;
@@ -21,7 +20,13 @@ std::int32_t DaoNumber(ErrorKind kind) noexcept {
         case ErrorKind::NotADatabase:
             return dao::UnrecognizedFormat;
         case ErrorKind::ConnectFailed:
+        case ErrorKind::ConnectionLost:
+        case ErrorKind::LoginRefused:
             return dao::OdbcConnectFailed;
+        case ErrorKind::NoRights:
+            return dao::NoPermission;
+        case ErrorKind::TableExists:
+            return dao::TableExists;
         case ErrorKind::NoSuchTable:
             return dao::TableNotFound;
         case ErrorKind::NoSuchColumn:
@@ -44,8 +49,6 @@ std::int32_t DaoNumber(ErrorKind kind) noexcept {
             return dao::ReadOnlyDatabase;
         case ErrorKind::DiskFull:
             return dao::DiskIsFull;
-        case ErrorKind::ConnectionLost:
-            return dao::OdbcConnectFailed;
         case ErrorKind::RecordChanged:
             return dao::RecordChanged;
         case ErrorKind::NoCurrentRecord:
@@ -60,46 +63,10 @@ std::int32_t DaoNumber(ErrorKind kind) noexcept {
     return dao::QueryFailed;
 }
 
-/// What the engine's own text does not say in words that a person knows.
-std::string_view Explanation(ErrorKind kind) noexcept {
-    switch (kind) {
-        case ErrorKind::CannotOpen:
-            return "The file cannot be opened. ";
-        case ErrorKind::NotADatabase:
-            return "Unrecognized database format. ";
-        case ErrorKind::ConnectFailed:
-            return "The data source cannot be connected. ";
-        case ErrorKind::NoSuchTable:
-            return "The table was not found. ";
-        case ErrorKind::NoSuchColumn:
-            return "The column was not found. ";
-        case ErrorKind::Syntax:
-            return "Syntax error. ";
-        case ErrorKind::DuplicateKey:
-            return "The record would duplicate a key. ";
-        case ErrorKind::Locked:
-            return "The data is locked by another user. ";
-        case ErrorKind::ReadOnly:
-            return "The database is read-only. ";
-        case ErrorKind::DiskFull:
-            return "The disk is full. ";
-        case ErrorKind::ConnectionLost:
-            return "The connection to the data source was lost. ";
-        default:
-            return "";
-    }
-}
-
 }  // namespace
 
 void RaiseDaoError(const sql::EngineError& error, std::string_view context) {
-    std::string message = error.what();
-    if (!message.empty())
-        message.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(message.front())));
-    std::string description(Explanation(error.Kind()));
-    description += message;
-    if (!context.empty()) description.append(" (").append(context).append(")");
-    throw automation::Error(DaoNumber(error.Kind()), std::move(description));
+    throw automation::Error(DaoNumber(error.Kind()), sql::DescribeFailure(error, context));
 }
 
 }  // namespace korvex::native::dao_engine

@@ -19,7 +19,11 @@ Variant NativeField::Value() {
 
 void NativeField::Value(const Variant& value) {
     sql::Cursor& rows = m_recordset->Rows();
-    Guarded(rows.Text(), [&] { rows.Set(m_column, value); });
+    try {
+        rows.Set(m_column, value);
+    } catch (const sql::EngineError& error) {
+        RaiseDaoError(error, rows.Shape().columns[m_column].Place());
+    }
 }
 
 bool NativeRecordset::Eof() {
@@ -39,8 +43,8 @@ dao::Field& NativeRecordset::Fields(std::string_view name) {
         RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
     const auto column = m_cursor.Find(name);
     if (!column) {
-        throw automation::Error(dao::ItemNotFound, "Item not found in this collection: no field is named " +
-                                                       std::string(name) + " (" + m_cursor.Text() + ")");
+        throw automation::Error(dao::ItemNotFound, m_cursor.Shape().DescribeMissing(name) + " (" +
+                                                       sql::ReadableStatement(m_cursor.Text()) + ")");
     }
     if (m_fields.empty()) {
         const std::size_t count = m_cursor.Shape().columns.size();
@@ -67,7 +71,11 @@ void NativeRecordset::Edit() {
 }
 
 void NativeRecordset::Update() {
-    Guarded(m_cursor.Text(), [&] { m_cursor.Update(); });
+    try {
+        m_cursor.Update();
+    } catch (const sql::EngineError& error) {
+        RaiseDaoError(error, m_cursor.EditedRecord());
+    }
 }
 
 void NativeRecordset::Close() {

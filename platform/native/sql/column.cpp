@@ -1,5 +1,6 @@
 #include "platform/native/sql/column.h"
 
+#include "automation/nearest_name.h"
 #include "automation/text.h"
 
 #include <algorithm>
@@ -117,6 +118,13 @@ RowShape::RowShape(std::vector<ColumnInfo> described, bool isWholeTable)
         else
             slot = {.hash = NameHash(columns[i].name), .column = static_cast<std::uint32_t>(i) + 1};
     }
+}
+
+std::string RowShape::DescribeMissing(std::string_view name) const {
+    std::vector<std::string_view> names;
+    for (const ColumnInfo& column : columns)
+        names.emplace_back(column.name);
+    return "The recordset has no field " + automation::Quoted(name) + automation::DidYouMean(name, names);
 }
 
 std::optional<std::size_t> RowShape::Find(std::string_view name, std::size_t expected) const noexcept {

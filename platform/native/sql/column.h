@@ -47,6 +47,9 @@ struct ColumnInfo {
     TableName base;            ///< the table behind the column, through views and aliases
     std::string baseColumn;    ///< empty for an expression
     bool autoNumber = false;   ///< the engine numbers new rows here, where the driver says so by itself
+
+    /// "table.column", as a message names it.
+    std::string Place() const { return base.table.empty() ? name : base.table + "." + name; }
 };
 
 /// The columns of a result. Made once and shared by all results that have them, so that what is worked out
@@ -59,6 +62,8 @@ class RowShape {
     /// Position of the column of that name, in any case; the first one when several bear it. A caller that
     /// goes through the columns in their order finds them sooner when it says where it expects the next.
     std::optional<std::size_t> Find(std::string_view name, std::size_t expected = 0) const noexcept;
+    /// Says that there is no such column, and which is near.
+    std::string DescribeMissing(std::string_view name) const;
 
     const std::vector<ColumnInfo> columns;
     const bool isWholeTable;

@@ -146,7 +146,7 @@ Variant ForColumn(const Variant& value, const ColumnInfo& column) {
     } catch (const automation::Error& error) {
         const bool tooLarge = error.Number() == automation::Overflow;
         throw EngineError(tooLarge ? ErrorKind::ValueTooLarge : ErrorKind::WrongType, error.Number(),
-                          "The value does not fit the column " + column.name + ": " + error.Description());
+                          "The value does not fit the column " + column.Place() + ": " + error.Description());
     }
 }
 

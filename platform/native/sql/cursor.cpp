@@ -358,6 +358,24 @@ void Cursor::Update() {
     CancelUpdate();
 }
 
+std::string Cursor::EditedRecord() {
+    if (m_mode == EditMode::None) return m_text;
+    try {
+        const std::string& table = WritePlan::BaseTable(*m_shape).table;
+        if (m_mode == EditMode::Adding) return "a new record of " + table;
+        std::string text = "the record of " + table;
+        if (m_position != Position::Memory && m_position != Position::Added) return text;
+        const RowIdentity identity = CurrentIdentity();
+        for (std::size_t i = 0; identity.unique && i < identity.columns.size(); ++i) {
+            text.append(i == 0 ? " with " : ", ").append(identity.columns[i]).append(" = ");
+            text += automation::ToString(identity.values[i]);
+        }
+        return text;
+    } catch (const std::exception&) {
+        return m_text;  // rows of no table, or a key that is no text
+    }
+}
+
 void Cursor::StoreAddition() {
     AddedRow row;
     row.identity = Writer().Insert(m_changes);

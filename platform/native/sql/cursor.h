@@ -52,6 +52,8 @@ class Cursor final : private SessionCursor {
     /// What a statement without rows has touched.
     std::int64_t AffectedRows() const noexcept { return m_affectedRows; }
     const std::string& Text() const noexcept { return m_text; }
+    /// The record being added or edited, as the description of a failed update names it.
+    std::string EditedRecord();
 
     bool Eof();
     /// An edit or addition that was not stored is dropped.

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace korvex::native::sql {
 
@@ -22,10 +24,14 @@ enum class ErrorKind : std::uint8_t {
     DuplicateKey,
     ValueTooLarge,  ///< out of the column's range or size
     WrongType,      ///< does not convert to the column's type
+    TableExists,
     Locked,
     ReadOnly,
+    NoRights,  ///< the engine refuses this to its user
     DiskFull,
+    DiskFailed,  ///< the file cannot be read or written
     ConnectionLost,
+    LoginRefused,
     RecordChanged,    ///< the record to update is not there any more, or is not one alone
     NoCurrentRecord,  ///< a cursor that stands on no record
     NotUpdatable,     ///< the rows of this cursor, or this column, cannot be written
@@ -36,16 +42,31 @@ enum class ErrorKind : std::uint8_t {
 /// A failed engine call.
 class EngineError : public std::runtime_error {
   public:
-    /// `message` is the engine's own text; `nativeCode` its own number.
-    EngineError(ErrorKind kind, std::int32_t nativeCode, const std::string& message)
-        : std::runtime_error(message), m_kind(kind), m_nativeCode(nativeCode) {}
+    /// `message` is the engine's own text; `nativeCode` its own number; `database` the file, or the
+    /// connection string as a message may show it.
+    EngineError(ErrorKind kind, std::int32_t nativeCode, const std::string& message,
+                std::string database = {})
+        : std::runtime_error(message),
+          m_kind(kind),
+          m_nativeCode(nativeCode),
+          m_database(std::move(database)) {}
 
     ErrorKind Kind() const noexcept { return m_kind; }
     std::int32_t NativeCode() const noexcept { return m_nativeCode; }
+    const std::string& Database() const noexcept { return m_database; }
 
   private:
     ErrorKind m_kind;
     std::int32_t m_nativeCode;
+    std::string m_database;
 };
+
+/// A statement as a message shows it, cut to a line that can be read.
+std::string ReadableStatement(std::string_view text);
+
+/// The failure in one sentence for a person: what is wrong, with the database where that is at fault, the
+/// engine's own words, and what to do. `context` (a statement, a column, a record) ends it, where it matters
+/// and the engine's words do not hold it already.
+std::string DescribeFailure(const EngineError& error, std::string_view context);
 
 }  // namespace korvex::native::sql

@@ -1,5 +1,6 @@
 #include "platform/native/sql/session.h"
 
+#include "automation/nearest_name.h"
 #include "automation/text.h"
 
 #include <utility>
@@ -18,6 +19,19 @@ auto NotingLoss(bool& isLost, Call&& call) {
         if (error.Kind() == ErrorKind::ConnectionLost) isLost = true;
         throw;
     }
+}
+
+/// The table that an engine's message names: in quotes, or behind a colon; without its schema.
+std::string_view MissingTable(std::string_view message) {
+    const std::size_t open = message.find_first_of("'\"");
+    if (open != std::string_view::npos) {
+        message.remove_prefix(open + 1);
+        message = message.substr(0, message.find_first_of("'\""));
+    } else if (const std::size_t colon = message.find(": "); colon != std::string_view::npos) {
+        message.remove_prefix(colon + 2);
+        message = message.substr(0, message.find_first_of(" ("));
+    }
+    return message.substr(message.rfind('.') + 1);
 }
 
 }  // namespace
@@ -40,7 +54,11 @@ void StatementLease::Execute(std::string_view text) {
     if (writes || (!isQuery && m_statement->Shape()->columns.empty())) m_session->BeforeWrite();
     m_session->Check(CallKind::Execute, text, writes);
     m_failed = true;
-    NotingLoss(m_session->m_isLost, [this] { m_statement->Execute(); });
+    try {
+        NotingLoss(m_session->m_isLost, [this] { m_statement->Execute(); });
+    } catch (const EngineError& error) {
+        m_session->RaiseNamingNear(error);
+    }
     m_failed = false;
     if (m_kind == StatementKind::Definition) m_session->DefinitionsChanged();
 }
@@ -76,6 +94,19 @@ void Session::CloseAll() noexcept {
     m_cache.Clear();
 }
 
+void Session::RaiseNamingNear(const EngineError& error) {
+    if (error.Kind() != ErrorKind::NoSuchTable) throw error;
+    std::vector<std::string> tables;
+    try {
+        tables = DoListTables();
+    } catch (const EngineError&) {
+        throw error;
+    }
+    const std::vector<std::string_view> names(tables.begin(), tables.end());
+    const std::string near = automation::DidYouMean(MissingTable(error.what()), names);
+    throw EngineError(error.Kind(), error.NativeCode(), error.what() + near, error.Database());
+}
+
 StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementKind kind) {
     StatementLease lease;
     StatementCache::Bucket& bucket = m_cache.Find(text);
@@ -87,7 +118,11 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
     if (!statement) {
         m_cache.Lend(bucket);
         Check(CallKind::Prepare, composed);
-        statement = NotingLoss(m_isLost, [&] { return DoPrepare(text, kind); });
+        try {
+            statement = NotingLoss(m_isLost, [&] { return DoPrepare(text, kind); });
+        } catch (const EngineError& error) {
+            RaiseNamingNear(error);
+        }
     }
     if (m_seam) m_seam->StatementOpened();
     lease.m_statement = std::move(statement);

@@ -139,6 +139,8 @@ class Session {
     virtual void DoRollback() = 0;
     /// `shown` may hold the table's columns, which then need not be asked for.
     virtual TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) = 0;
+    /// The tables and views that a statement can name.
+    virtual std::vector<std::string> DoListTables() = 0;
     /// Drops what the driver itself keeps of tables and columns.
     virtual void DoForgetDefinitions() noexcept {}
     /// Ends cursors and idle statements; the driver calls it before it closes its connection.
@@ -148,6 +150,8 @@ class Session {
 
   private:
     friend class StatementLease;
+    /// Raises a failure anew; where a table is missing, it says which one is near.
+    [[noreturn]] void RaiseNamingNear(const EngineError& error);
     StatementLease Obtain(std::string_view text, std::string_view composed, StatementKind kind);
     SessionCursor*& ListOf(const SessionCursor& cursor) noexcept {
         return cursor.m_streaming ? m_streaming : m_idle;

@@ -112,5 +112,19 @@ TEST(ApplyFaults, ARollbackIsOnlyReportedWhenItWorked) {
     EXPECT_EQ(failedRollbacks, 1);
 }
 
+TEST(ApplyFaults, ATableThatIsThereAlreadyIsToldInALineWithTheWayOut) {
+    const TargetDatabase target;
+    RunScript(*target.Open(), Before);
+    std::string columns = "AID int";
+    for (int i = 0; i < 200; ++i)
+        columns += ",\n\tColumn" + std::to_string(i) + " varchar(20)";
+    const Raised raised =
+        ErrorOf([&] { RunScript(*target.Open(), "CREATE TABLE dbo.A (" + columns + ")\nGO\n"); });
+    EXPECT_EQ(raised, ado::DbETableExists);
+    EXPECT_LT(raised.description.size(), 400U);
+    EXPECT_THAT(raised.description, testing::StartsWith("script, line 1: Table A already exists"));
+    EXPECT_THAT(raised.description, testing::HasSubstr("Run the drop scripts first"));
+}
+
 }  // namespace
 }  // namespace korvex::tests

@@ -272,7 +272,7 @@ TEST_P(ApplyFailure, NamesFileAndLineAndChangesNothing) {
 }
 
 const FailureCase Failures[] = {
-    {"Syntax", "\n\nselect *\n frm C\nGO\n", "line 7: near \"frm\": syntax error"},
+    {"Syntax", "\n\nselect *\n frm C\nGO\n", "line 7: Near \"frm\": syntax error"},
     {"TableIsThere", "CREATE TABLE C (A int)\nGO\n", "line 5: "},
     {"SecondStatement", "delete from C; delete from A\nGO\n", "line 5: "},
     {"NeverClosed", "insert into C\n values ('x)\nGO\n",
@@ -290,7 +290,7 @@ const FailureCase Failures[] = {
      "CREATE TABLE D (A int)\nGO\nALTER TABLE D\nADD CONSTRAINT F FOREIGN KEY (X) REFERENCES A(AID)\nGO\n",
      "line 7: The table D has no column X."},
     {"KeyToNoKey", "ALTER TABLE C\nADD CONSTRAINT F FOREIGN KEY (FK_AID) REFERENCES B(X)\nGO\n",
-     "line 5: foreign key mismatch"},
+     "line 5: Foreign key mismatch"},
     {"KeyThatRecordsViolate", "ALTER TABLE C\nADD CONSTRAINT F FOREIGN KEY (FK_AID) REFERENCES B(BID)\nGO\n",
      "line 5: Record 1 of C refers to a record of B that is not there."},
     {"KeyOfANewTableThatRecordsViolate",

@@ -25,7 +25,11 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "A subcommand is required"},
         {"repository", "A subcommand is required"},
-        {"scripts", "scripts"},
+        {"scirpt --dialect all --repository x", "There is no command \"scirpt\"; did you mean \"script\"?\n"},
+        {"repo", "There is no command \"repo\"; did you mean \"repository\"?\n"},
+        {"repository shw x", "There is no command \"shw\"; did you mean \"show\"?\n"},
+        {"check x", "There is no command \"check\"; did you mean \"repository check\"?\n"},
+        {"repository show one two three", "These arguments were not expected: two three\n"},
         {"script --repository x", "--dialect is required"},
         {"script --repository x --dialect db2",
          "db2 not in {mssql,oracle,sybase,sqlite,mariadb,postgresql,all,all-engines}"},
@@ -83,6 +87,9 @@ TEST(CommandLine, UnusableRepositoryIsOneMessage) {
         }
     }
     EXPECT_FALSE(std::filesystem::exists(folder.Path("out")));
+    const RepositoryFile good;
+    ExpectFailure(RunKorvex({"repository", "import", good.Path(), folder.Path("access.mdb")}),
+                  "access.mdb: This is no JSON text, but a binary file");
 }
 
 TEST(CommandLine, RepositoryThatLacksSomethingIsToldByTableAndColumn) {
@@ -99,6 +106,26 @@ TEST(CommandLine, RepositoryThatLacksSomethingIsToldByTableAndColumn) {
                                                 "all", "--out", repository.Folder().Path("out")});
         ExpectFailure(result, "korvex: " + std::string(message) + repository.Path() + "\n");
         EXPECT_FALSE(std::filesystem::exists(repository.Folder().Path("out")));
+    }
+}
+
+TEST(CommandLine, ValueThatDoesNotConvertIsToldByTableRowAndColumn) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"update tObjects set ObjectID = 99999999999 where Name = 'Till'",
+         "error 6: ObjectID of the tObjects row with ObjectID = 99999999999, Name = \"Till\": Overflow\n"},
+        {"update tValues set DataType = 'x' where Name = 'City'",
+         "error 13: DataType of the tValues row with InterfaceID = 1, ValueID = 1, Name = \"City\": Type "
+         "mismatch: "
+         "\"x\" is not a number\n"},
+        {"update tDataDefs set RootObjectID = 'x' where Storage = 'Depot'",
+         "error 13: RootObjectID of the tDataDefs row with Storage = \"Depot\": Type mismatch: \"x\" is not "
+         "a "
+         "number\n"},
+    };
+    for (const auto& [statement, message] : cases) {
+        const RepositoryFile repository(SmallModel);
+        repository.Execute({statement});
+        ExpectFailure(RunKorvex({"repository", "show", repository.Path()}), message);
     }
 }
 
@@ -163,7 +190,7 @@ TEST(CommandLine, AWriteAheadLogInAClosedFolderIsExplained) {
     for (const char* command : {"show", "check"}) {
         const CommandResult result =
             RunKorvexAsOrdinaryUser(repository.Folder().Path(), {"repository", command, repository.Path()});
-        ExpectFailure(result, "korvex: error 3051: The file cannot be opened. It keeps a write-ahead log");
+        ExpectFailure(result, "korvex: error 3051: The file keeps a write-ahead log");
         ExpectFailure(result, "PRAGMA journal_mode = DELETE");
         ExpectFailure(result, repository.Path());
     }

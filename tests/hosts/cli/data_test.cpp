@@ -141,7 +141,10 @@ TEST_F(StoredData, IsSavedLoadedUpdatedAndDeleted) {
     EXPECT_THAT(Counts(), testing::IsEmpty());
 
     ASSERT_EQ(m_target.Execute("insert into tOrder (OrderID) values (0)"), 0);
-    ExpectFailure(Run("delete", {"--key", "0"}), "dbPrimaryKeyMissing: ");
+    for (const char* command : {"delete", "load", "update"}) {
+        ExpectFailure(Run(command, {"--key", "0"}),
+                      "dbPrimaryKeyMissing: The record of tOrder with OrderID = 0 is no record of an object");
+    }
 }
 
 TEST_F(StoredData, AnArrayIsSavedAsAWholeOrNotAtAll) {
@@ -246,14 +249,24 @@ const BadCase Keys[] = {
     {"Fraction", "get --key 1.5 --field State", "error 13: "},
     {"TooLarge", "exists --key 4294967297", "error 6: "},
     {"Missing", "load", "--key is required", "", 2},
-    {"LoadNoRecord", "load --key 2", "dbNoMatchingRecord: No record has that key. Check --key."},
-    {"UpdateNoRecord", "update --key 2", "dbNoMatchingRecord: ", "{}"},
-    {"ReplaceNoRecord", "update --key 2 --retain-root", "dbNoMatchingRecord: ", "{}"},
-    {"DeleteNoRecord", "delete --key 2", "dbNoMatchingRecord: "},
-    {"FieldNoRecord", "set --key 2 --field State --value 1", "dbNoMatchingRecord: "},
+    {"LoadNoRecord", "load --key 2",
+     "dbNoMatchingRecord: There is no record of tOrder with OrderID = 2. Check the key."},
+    {"UpdateNoRecord", "update --key 2", "record of tOrder with OrderID = 2", "{}"},
+    {"ReplaceNoRecord", "update --key 2 --retain-root", "record of tOrder with OrderID = 2", "{}"},
+    {"DeleteNoRecord", "delete --key 2",
+     "dbNoMatchingRecord: There is no record of tOrder with OrderID = 2."},
+    {"FieldNoRecord", "set --key 2 --field State --value 1", "record of tOrder with OrderID = 2"},
 };
 const BadCase Fields[] = {
-    {"NoSuchColumn", "get --key 1 --field Stat", "error -2146825023: "},
+    {"NoSuchColumn", "get --key 1 --field Stat",
+     "error -2146825023: The recordset has no field \"Stat\"; did you mean \"State\"? (select * from tOrder "
+     "where"},
+    {"NoSuchTable", "get --table tOrdr --key 1 --field State",
+     "dbCannotOpenRecordset: No such table: tOrdr; did you mean \"tOrder\"? (select * from tOrdr where "
+     "OrderID = 1). Make the tables"},
+    {"LongName", "get --key 1 --field " + std::string(100000, 'x') + "y\x1b[31m",
+     "The recordset has no field \"" + std::string(25, 'x') + "..." + std::string(6, 'x') +
+         "y\\u001b[31m\" ("},
     {"EmptyName", "get --key 1 --field ''", "dbBadParameter: "},
     {"WrongType", "set --key 1 --field State --value many", "tOrder.State"},
     {"NotBase64", "set --key 1 --field ExternalReference --value oops!",
@@ -261,16 +274,16 @@ const BadCase Fields[] = {
     {"TooLong", "set --key 1 --field OrderNumber --value 123456789012345678901", "tOrder.OrderNumber"},
     {"RefusedByTheDatabase",
      "set --table tCustomer --key-field CustomerID --key 1 --field FK_OrderID --value 7",
-     "FOREIGN KEY constraint failed"},
+     "FOREIGN KEY constraint failed (the record of tCustomer with CustomerID = 1)"},
     {"ValueAndNull", "set --key 1 --field State --value 1 --null", "--null", "", 2},
     {"NoValue", "set --key 1 --field State", "--value", "", 2},
 };
-const char* const NoParcels = "dbCannotOpenRecordset: A table cannot be opened. no such table: tParcel";
+const char* const NoParcels = "dbCannotOpenRecordset: No such table: tParcel";
 const BadCase Databases[] = {
     {"LoadWithoutATable", "load --key 1", NoParcels},
     {"SaveWithoutATable", "save FILE", NoParcels},
-    {"UpdateWithoutATable", "update --key 1", "no such table: tParcel", R"({"State": 1})"},
-    {"DeleteWithoutATable", "delete --key 1", "no such table: tParcel"},
+    {"UpdateWithoutATable", "update --key 1", "No such table: tParcel", R"({"State": 1})"},
+    {"DeleteWithoutATable", "delete --key 1", "No such table: tParcel"},
     {"LoadWithoutAColumn", "load --key 1", "Amount"},
     {"SaveWithoutAColumn", "save FILE", "Amount"},
 };
@@ -290,7 +303,8 @@ TEST_F(StoredData, BadSettings) {
         {{"--fk-prefix", "X_"}, "korvex relate"},
         {{"--repository", "/nowhere/r.db"}, "error 3024: "},
         {{"--connection", ""},
-         "dbConnectError: The database cannot be opened. The connection string names no provider."},
+         "dbConnectError: The connection string names no provider. Use \"Provider=SQLite;Data Source=FILE\""},
+        {{"--connection", "target.db"}, "has no \"=\". Use \"Provider=SQLite;Data Source=FILE\""},
         {{"--connection", "Provider=SQLite;Data Source"}, "dbConnectError: "},
         {{"--connection", "Provider=SQLite;Data Source=/nowhere/x.db"}, "/nowhere/x.db"},
         {{"--connection", std::string("Provider=SQLite;Data Source=") + OrderFile},
@@ -300,6 +314,14 @@ TEST_F(StoredData, BadSettings) {
         ExpectFailure(Run("exists", Merge({"--key", "1"}, test.arguments)), test.message);
 }
 
+TEST_F(StoredData, ARootWithoutATableIsNamed) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
+    repository.Execute({"update tObjects set TableName = null where Name = 'Order'"});
+    ExpectFailure(Run("save", {"--repository", repository.Path(), OrderFile}),
+                  "dbTableNameMissing: The object \"Order\" has no table. Bring the definition up to date");
+}
+
 TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
     Expect(Run("save", {OrderFile}));
     const std::vector<std::pair<std::string, Arguments>> writes = {
@@ -307,16 +329,22 @@ TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
         {"update", {"--key", "1", "--retain-root", OrderFile}},
         {"delete", {"--key", "1"}}};
     const std::string readOnly = m_target.Connection() + ";Mode=Read";
+    const std::string cannotWrite =
+        "The database cannot be written, check its mode and the rights to it: " + m_target.Path() + " (";
     for (const auto& [command, arguments] : writes)
-        ExpectFailure(Run(command, Merge({"--connection", readOnly}, arguments)), "readonly database");
+        ExpectFailure(Run(command, Merge({"--connection", readOnly}, arguments)), cannotWrite);
     ExpectFailure(
         RunField("set", {"--connection", readOnly, "--key", "1", "--field", "State", "--value", "1"}),
-        "readonly database");
+        cannotWrite);
     EXPECT_EQ(Expect(RunField("get", {"--connection", readOnly, "--key", "1", "--field", "State"})), "3\n");
 
     const auto other = m_target.Open();
     other->BeginTrans();
-    ExpectFailure(Run("save", {OrderFile}), "database is locked");
+    ExpectFailure(
+        Run("save", {OrderFile}),
+        "korvex: error -2147467259: The data is locked by another user, try again when that work is "
+        "done: " +
+            m_target.Path() + " (database is locked)\n");
     other->RollbackTrans();
     EXPECT_EQ(Counts(), CountsOfTheExample);
 }

@@ -141,7 +141,7 @@ TEST(DataObjects, ErrorsSayWhatIsMissing) {
         {ErrorOf([&] { order->LongAttribute(attSelectState, 1); }).Text(),
          "5: The object has no attribute -200001 to set."},
         {ErrorOf([&] { Line()->AddValue({"x"}), Order()->AddValue({"Count"}); }).Text(),
-         "457: The object Order has two values named \"Count\"."},
+         "457: The object \"Order\" has two values named \"Count\"; rename one of them."},
     };
     for (const auto& [raised, expected] : rows)
         EXPECT_EQ(raised, expected);

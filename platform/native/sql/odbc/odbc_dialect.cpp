@@ -22,14 +22,17 @@ constexpr std::array StateMeanings = {
     StateMeaning{"42S02", ErrorKind::NoSuchTable},   StateMeaning{"S0002", ErrorKind::NoSuchTable},
     StateMeaning{"42P01", ErrorKind::NoSuchTable},   StateMeaning{"42S22", ErrorKind::NoSuchColumn},
     StateMeaning{"S0022", ErrorKind::NoSuchColumn},  StateMeaning{"42703", ErrorKind::NoSuchColumn},
-    StateMeaning{"42000", ErrorKind::Syntax},        StateMeaning{"37000", ErrorKind::Syntax},
-    StateMeaning{"42601", ErrorKind::Syntax},        StateMeaning{"23505", ErrorKind::DuplicateKey},
-    StateMeaning{"23", ErrorKind::Constraint},       StateMeaning{"22001", ErrorKind::ValueTooLarge},
-    StateMeaning{"22003", ErrorKind::ValueTooLarge}, StateMeaning{"22", ErrorKind::WrongType},
-    StateMeaning{"25006", ErrorKind::ReadOnly},      StateMeaning{"40001", ErrorKind::Locked},
-    StateMeaning{"40P01", ErrorKind::Locked},        StateMeaning{"55P03", ErrorKind::Locked},
-    StateMeaning{"HYT00", ErrorKind::Locked},        StateMeaning{"53100", ErrorKind::DiskFull},
-    StateMeaning{"08", ErrorKind::ConnectionLost},   StateMeaning{"57P", ErrorKind::ConnectionLost},
+    StateMeaning{"42S01", ErrorKind::TableExists},   StateMeaning{"S0001", ErrorKind::TableExists},
+    StateMeaning{"42P07", ErrorKind::TableExists},   StateMeaning{"42501", ErrorKind::NoRights},
+    StateMeaning{"28", ErrorKind::LoginRefused},     StateMeaning{"42000", ErrorKind::Syntax},
+    StateMeaning{"37000", ErrorKind::Syntax},        StateMeaning{"42601", ErrorKind::Syntax},
+    StateMeaning{"23505", ErrorKind::DuplicateKey},  StateMeaning{"23", ErrorKind::Constraint},
+    StateMeaning{"22001", ErrorKind::ValueTooLarge}, StateMeaning{"22003", ErrorKind::ValueTooLarge},
+    StateMeaning{"22", ErrorKind::WrongType},        StateMeaning{"25006", ErrorKind::ReadOnly},
+    StateMeaning{"40001", ErrorKind::Locked},        StateMeaning{"40P01", ErrorKind::Locked},
+    StateMeaning{"55P03", ErrorKind::Locked},        StateMeaning{"HYT00", ErrorKind::Locked},
+    StateMeaning{"53100", ErrorKind::DiskFull},      StateMeaning{"08", ErrorKind::ConnectionLost},
+    StateMeaning{"57P", ErrorKind::ConnectionLost},
 };
 
 ErrorKind RefineSqlite(const OdbcDiagnosis& diagnosis) {
@@ -49,6 +52,21 @@ ErrorKind RefineMariaDb(const OdbcDiagnosis& diagnosis) {
         case 1048:
         case 1364:
             return ErrorKind::Constraint;
+        case 1044:  // the database, for the user
+        case 1142:  // the table
+        case 1143:  // the column
+        case 1227:  // the operation
+        case 1370:  // the procedure
+            return ErrorKind::NoRights;
+        case 1045:
+            return ErrorKind::LoginRefused;
+        case 1927:
+        case 2006:
+        case 2013:
+        case 2055:
+        case 5013:  // reading
+        case 5014:  // writing
+            return ErrorKind::ConnectionLost;
         case 1205:
         case 1213:
             return ErrorKind::Locked;
@@ -62,6 +80,48 @@ ErrorKind RefineMariaDb(const OdbcDiagnosis& diagnosis) {
             return ErrorKind::ReadOnly;
         case 1021:
             return ErrorKind::DiskFull;
+        default:
+            return ErrorKind::Other;
+    }
+}
+
+ErrorKind RefineSqlServer(const OdbcDiagnosis& diagnosis) {
+    switch (diagnosis.nativeCode) {
+        case 229:  // the object
+        case 230:  // the column
+        case 262:  // a statement, in the database
+        case 916:  // the database
+            return ErrorKind::NoRights;
+        case 18456:
+            return ErrorKind::LoginRefused;
+        case 2714:
+            return ErrorKind::TableExists;
+        default:
+            return ErrorKind::Other;
+    }
+}
+
+ErrorKind RefineSybase(const OdbcDiagnosis& diagnosis) {
+    switch (diagnosis.nativeCode) {
+        case 10330:  // the object
+        case 10331:  // the column
+        case 916:    // the database
+            return ErrorKind::NoRights;
+        case 2714:
+            return ErrorKind::TableExists;
+        default:
+            return ErrorKind::Other;
+    }
+}
+
+ErrorKind RefineOracle(const OdbcDiagnosis& diagnosis) {
+    switch (diagnosis.nativeCode) {
+        case 1031:
+            return ErrorKind::NoRights;
+        case 1017:
+            return ErrorKind::LoginRefused;
+        case 955:
+            return ErrorKind::TableExists;
         default:
             return ErrorKind::Other;
     }
@@ -139,6 +199,7 @@ OdbcDialect SqlServer() {
     OdbcDialect dialect;
     dialect.traits.newKey = NewKeySource::SameBatch;
     dialect.traits.newKeyQuery = "SELECT SCOPE_IDENTITY()";
+    dialect.refine = RefineSqlServer;
     return dialect;
 }
 
@@ -146,6 +207,7 @@ OdbcDialect Sybase() {
     OdbcDialect dialect;
     dialect.traits.newKey = NewKeySource::SameBatch;
     dialect.traits.newKeyQuery = "SELECT @@IDENTITY";
+    dialect.refine = RefineSybase;
     return dialect;
 }
 
@@ -156,6 +218,7 @@ OdbcDialect Oracle() {
     dialect.traits.newKey = NewKeySource::Sequence;
     dialect.traits.newKeyQuery = "SELECT {sequence}.CURRVAL FROM DUAL";
     dialect.traits.sequencePrefix = "SEQ_";
+    dialect.refine = RefineOracle;
     dialect.traits.lexical.bracketNames = false;
     return dialect;
 }
@@ -179,7 +242,7 @@ OdbcDialect DialectOf(std::string_view engineName) {
 
 void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {
     const OdbcDiagnosis diagnosis = ReadDiagnosis(handle);
-    throw EngineError(KindOf(diagnosis, dialect), diagnosis.nativeCode, diagnosis.message);
+    throw EngineError(KindOf(diagnosis, dialect), diagnosis.nativeCode, diagnosis.message, dialect.source);
 }
 
 }  // namespace korvex::native::sql

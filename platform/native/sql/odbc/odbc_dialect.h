@@ -12,6 +12,8 @@ namespace korvex::native::sql {
 /// What differs between the engines behind ODBC.
 struct OdbcDialect {
     EngineTraits traits;
+    /// The connection string as messages show it, without its password.
+    std::string source;
     /// Columns hold values of any type: the declared type's name decides, numbers are read as text first, and
     /// a sole key declared INTEGER is numbered by the engine although the driver does not say so.
     bool dynamicTypes = false;

@@ -22,8 +22,10 @@ OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam
     m_environment = OdbcHandle(SQL_HANDLE_ENV, nullptr);
     SQLSetEnvAttr(m_environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
     m_connection = OdbcHandle(SQL_HANDLE_DBC, m_environment.Get());
-    Connect(OdbcString(connectionString));
+    const OdbcString string(connectionString);
+    Connect(string);
     m_dialect = DialectOf(Info(SQL_DBMS_NAME));
+    m_dialect.source = string.WithoutPassword();
     m_traits = m_dialect.traits;
     m_dialect.bindsColumns = !m_dialect.dynamicTypes && ReadsInAnyOrder();
     if (!m_dialect.firstStatement.empty()) {
@@ -48,8 +50,12 @@ void OdbcSession::Connect(const OdbcString& connectionString) {
                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) {
         const OdbcDiagnosis diagnosis = ReadDiagnosis(m_connection);
+        const std::string shown = connectionString.WithoutPassword();
+        if (diagnosis.state.starts_with("28")) {
+            throw EngineError(ErrorKind::LoginRefused, diagnosis.nativeCode, diagnosis.message, shown);
+        }
         throw EngineError(ErrorKind::ConnectFailed, diagnosis.nativeCode,
-                          diagnosis.message + " (" + connectionString.WithoutPassword() + ")");
+                          diagnosis.message + " (" + shown + ")");
     }
     m_connected = true;
 }
@@ -224,6 +230,31 @@ SQLRETURN OdbcSession::AskForPrimaryKey(const OdbcHandle& query, TableName table
                            name.Data(), name.Length());
 }
 
+std::vector<std::string> OdbcSession::DoListTables() {
+    const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
+    char types[] = "TABLE,VIEW";
+    CheckOdbc(SQLTables(query.Get(), nullptr, 0, nullptr, 0, nullptr, 0, reinterpret_cast<SQLCHAR*>(types),
+                        SQL_NTS),
+              query, m_dialect);
+    constexpr SQLUSMALLINT tableName = 3;
+    return ReadNames(query, tableName);
+}
+
+/// One text column of what a catalogue function gives.
+std::vector<std::string> OdbcSession::ReadNames(const OdbcHandle& query, SQLUSMALLINT column) const {
+    std::vector<std::string> names;
+    std::array<SQLWCHAR, 256> text{};
+    while (SQL_SUCCEEDED(SQLFetch(query.Get()))) {
+        SQLLEN bytes = 0;
+        CheckOdbc(SQLGetData(query.Get(), column, SQL_C_WCHAR, text.data(),
+                             static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &bytes),
+                  query, m_dialect);
+        names.push_back(FromWide(
+            text.data(), static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin())));
+    }
+    return names;
+}
+
 void OdbcSession::MarkKeyColumns(TableInfo& table) {
     const auto mark = [&table](std::string_view column) {
         for (TableColumn& entry : table.columns) {
@@ -238,14 +269,8 @@ void OdbcSession::MarkKeyColumns(TableInfo& table) {
     const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
     CheckOdbc(AskForPrimaryKey(query, table.name), query, m_dialect);
     constexpr SQLUSMALLINT columnName = 4;
-    std::array<SQLWCHAR, 256> text{};
-    while (SQL_SUCCEEDED(SQLFetch(query.Get()))) {
-        SQLLEN bytes = 0;
-        CheckOdbc(SQLGetData(query.Get(), columnName, SQL_C_WCHAR, text.data(),
-                             static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &bytes),
-                  query, m_dialect);
-        mark(FromWide(text.data(),
-                      static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin())));
+    for (const std::string& column : ReadNames(query, columnName)) {
+        mark(column);
     }
 }
 

@@ -36,6 +36,7 @@ class OdbcSession final : public Session {
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
     void DoForgetDefinitions() noexcept override { m_keys.reset(); }
+    std::vector<std::string> DoListTables() override;
 
     void Connect(const OdbcString& connectionString);
     std::string Info(SQLUSMALLINT what) const;
@@ -43,6 +44,7 @@ class OdbcSession final : public Session {
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
     SQLRETURN AskForPrimaryKey(const OdbcHandle& query, TableName table) const;
+    std::vector<std::string> ReadNames(const OdbcHandle& query, SQLUSMALLINT column) const;
     void MarkKeyColumns(TableInfo& table);
     void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;
     const TableKey* KeyOf(const std::string& table);

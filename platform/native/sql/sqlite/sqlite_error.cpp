@@ -10,7 +10,9 @@ void RaiseSqliteError(sqlite3* database, int code) {
     const bool noSpace =
         (code & 0xff) == SQLITE_IOERR && database != nullptr &&
         (sqlite3_system_errno(database) == ENOSPC || sqlite3_system_errno(database) == EDQUOT);
-    throw EngineError(noSpace ? ErrorKind::DiskFull : ClassifySqliteError(code, message), code, message);
+    const char* file = database == nullptr ? nullptr : sqlite3_db_filename(database, "main");
+    throw EngineError(noSpace ? ErrorKind::DiskFull : ClassifySqliteError(code, message), code, message,
+                      file == nullptr ? "" : file);
 }
 
 }  // namespace korvex::native::sql

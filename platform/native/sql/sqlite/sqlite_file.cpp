@@ -87,9 +87,9 @@ void RequireDatabaseHeader(sqlite3* database, const std::string& path) {
     if (IsDesktopDatabase(header)) {
         RaiseNotADatabase(
             path,
-            "This is a file of the desktop database engine, which cannot be opened here. Export its "
-            "tables (for example with mdb-export) and import them into a new repository (korvex "
-            "repository new, korvex repository import)");
+            "This is a file of the desktop database engine, which cannot be opened here; copy the rows of "
+            "its "
+            "tables into those of a new repository (mdb-export -I sqlite, korvex repository new)");
     }
     if (!header.starts_with(DatabaseHeader)) RaiseNotADatabase(path, "The file is no database");
 }

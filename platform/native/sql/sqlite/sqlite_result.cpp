@@ -15,6 +15,7 @@ ErrorKind ClassifyStatementError(std::string_view message) noexcept {
     if (Contains(message, "no such column") || Contains(message, "has no column named")) {
         return ErrorKind::NoSuchColumn;
     }
+    if (message.starts_with("table ") && Contains(message, " already exists")) return ErrorKind::TableExists;
     if (Contains(message, "syntax error") || Contains(message, "unrecognized token") ||
         Contains(message, "incomplete input")) {
         return ErrorKind::Syntax;
@@ -42,6 +43,10 @@ ErrorKind ClassifySqliteError(int code, std::string_view message) noexcept {
         case SQLITE_PERM:
         case SQLITE_READONLY:
             return ErrorKind::ReadOnly;
+        case SQLITE_AUTH:
+            return ErrorKind::NoRights;
+        case SQLITE_IOERR:
+            return ErrorKind::DiskFailed;
         case SQLITE_FULL:
             return ErrorKind::DiskFull;
         case SQLITE_CANTOPEN:

@@ -41,16 +41,16 @@ class NewFile {
 /// The failure to open a file, naming it.
 [[noreturn]] void RaiseForFile(const std::string& path, const EngineError& error) {
     if (error.NativeCode() == SQLITE_READONLY_DIRECTORY) {
-        throw EngineError(ErrorKind::CannotOpen, error.NativeCode(),
-                          "It keeps a write-ahead log beside itself, and no file can be made in its folder; "
-                          "ask for the right to write there, or have its owner do without the log "
-                          "(PRAGMA journal_mode = DELETE): " +
-                              path);
+        throw EngineError(
+            ErrorKind::CannotOpen, error.NativeCode(),
+            "The file keeps a write-ahead log beside itself, and no file can be made in its folder; "
+            "ask for the right to write there, or have its owner do without the log "
+            "(PRAGMA journal_mode = DELETE)",
+            path);
     }
-    const std::string message = error.what();
-    const bool named = message.find(path) != std::string::npos;
-    const ErrorKind kind = error.Kind() == ErrorKind::Locked ? ErrorKind::CannotOpen : error.Kind();
-    throw EngineError(kind, error.NativeCode(), named ? message : message + ": " + path);
+    const EngineError named(error.Kind(), error.NativeCode(), error.what(), path);
+    if (error.Kind() != ErrorKind::Locked) throw named;
+    throw EngineError(ErrorKind::CannotOpen, error.NativeCode(), DescribeFailure(named, {}), path);
 }
 
 }  // namespace
@@ -174,6 +174,16 @@ TableInfo SqliteSession::DoDescribeTable(const TableName& name, const RowShape& 
     }
     if (keyColumns == 1) MarkNumberedColumn(info);
     return info;
+}
+
+std::vector<std::string> SqliteSession::DoListTables() {
+    SqliteStatement query(m_database.get(), m_shapes,
+                          "SELECT name FROM sqlite_schema WHERE type IN ('table', 'view')");
+    query.Execute();
+    std::vector<std::string> names;
+    while (query.Fetch())
+        names.push_back(automation::ToString(query.Value(0)));
+    return names;
 }
 
 /// The engine numbers the key that is its row number: asked for that, it names the key column.

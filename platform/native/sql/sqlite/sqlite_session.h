@@ -50,6 +50,7 @@ class SqliteSession final : public Session {
     void DoCommit() override;
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
+    std::vector<std::string> DoListTables() override;
     void DoForgetDefinitions() noexcept override { m_shapes.Forget(); }
 
     void OpenFile(const std::string& file, const SqliteOptions& options);
