@@ -223,7 +223,7 @@ TEST_F(Apply, PlainScriptsRunAsTheyStand) {
     for (const std::string& made :
          m_target.Query("select sql from sqlite_master where name not like 'sqlite_%'"))
         EXPECT_THAT(script, HasSubstr(made + ";\r\n"));
-    ExpectFailure(ApplyFiles({own, create}), create + ", line 1: table tOrder already exists (");
+    ExpectFailure(ApplyFiles({own, create}), create + ", line 1: Table tOrder already exists (");
     EXPECT_THAT(m_target.Query("select count(*) from tOrder"), ElementsAre("0"));
     EXPECT_EQ(ApplyFiles({remove}, {"--dry-run"}).exitCode, 0);
     Expect(ApplyFiles({own}), "1 table dropped\n1 other statement run\n1 repeated statement skipped\n");
