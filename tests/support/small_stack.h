@@ -13,7 +13,7 @@ void RunOnSmallStacks(Work work) {
         (*static_cast<Work*>(argument))();
         return nullptr;
     };
-    for (const std::size_t megabytes : {4, 2, 1}) {
+    for (const unsigned megabytes : {4U, 2U, 1U}) {
         pthread_attr_t attributes;
         pthread_attr_init(&attributes);
         pthread_attr_setstacksize(&attributes, megabytes << 20);
