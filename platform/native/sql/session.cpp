@@ -103,8 +103,8 @@ void Session::RaiseNamingNear(const EngineError& error) {
         throw error;
     }
     const std::vector<std::string_view> names(tables.begin(), tables.end());
-    const std::string near = automation::DidYouMean(MissingTable(error.what()), names);
-    throw EngineError(error.Kind(), error.NativeCode(), error.what() + near, error.Database());
+    const std::string hint = automation::DidYouMean(MissingTable(error.what()), names);
+    throw EngineError(error.Kind(), error.NativeCode(), error.what() + hint, error.Database());
 }
 
 StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementKind kind) {
