@@ -2,7 +2,7 @@
 // against what a good programmer would write by hand for the same rows, in the same journal and transaction
 // mode.
 
-#include "hosts/objects/data_object.h"
+#include "objects/data_object.h"
 #include "platform/native/native_platform.h"
 #include "support/measure.h"
 #include "support/tree_floor.h"

@@ -2,8 +2,8 @@
 // code that prepares the same statements once and reads the same rows.
 
 #include "automation/convert.h"
-#include "hosts/objects/data_object.h"
-#include "hosts/objects/load_definition.h"
+#include "objects/data_object.h"
+#include "objects/load_definition.h"
 #include "platform/native/native_platform.h"
 #include "platform/native/sql/statement_text.h"
 #include "support/measure.h"

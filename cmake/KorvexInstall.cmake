@@ -6,14 +6,10 @@ install(TARGETS korvex EXPORT KorvexTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-# The public header, and the headers of the rooms that it or a host's own parts need.
-install(DIRECTORY include/korvex DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-foreach(room automation platform repository scriptgen persistence surface hosts/objects)
-    install(DIRECTORY ${room}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/korvex/${room}
-        FILES_MATCHING PATTERN "*.h"
-        PATTERN "windows" EXCLUDE
-        PATTERN "com" EXCLUDE)
-endforeach()
+# The public header and what it includes, under korvex/: no other include root reaches a user's project.
+install(CODE "set(KORVEX_SOURCES \"${CMAKE_CURRENT_SOURCE_DIR}\")
+    set(KORVEX_INCLUDES \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_INCLUDEDIR}\")")
+install(SCRIPT cmake/InstallHeaders.cmake)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Korvex)
 install(EXPORT KorvexTargets NAMESPACE Korvex:: DESTINATION ${package_folder})

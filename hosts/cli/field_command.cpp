@@ -2,7 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/target_options.h"
-#include "hosts/objects/base64.h"
+#include "objects/base64.h"
 #include "persistence/statements.h"
 
 #include <memory>

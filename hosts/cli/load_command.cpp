@@ -1,6 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 #include "platform/ado_transaction.h"
 
 #include <memory>

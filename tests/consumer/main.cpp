@@ -4,6 +4,11 @@
 #include <iostream>
 #include <korvex/korvex.h>
 
+#if __has_include("automation/variant.h") || __has_include("variant.h") || \
+                                                           !__has_include("korvex/automation/variant.h")
+#error "headers are found by korvex/ and their room, and by no shorter name"
+#endif
+
 int main(int argc, char** argv) {
     if (argc != 4) {
         std::cerr << "usage: consumer REPOSITORY STORAGE FOLDER\n";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/objects/data_object.h"
+#include "objects/data_object.h"
 #include "persistence/fake_ado.h"
 #include "support/error_of.h"
 #include "support/recording_parts.h"

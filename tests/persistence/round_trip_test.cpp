@@ -1,6 +1,6 @@
 #include "automation/convert.h"
-#include "hosts/objects/json.h"
-#include "hosts/objects/load_definition.h"
+#include "objects/json.h"
+#include "objects/load_definition.h"
 #include "persistence/target_tables.h"
 #include "platform/ado_fixture.h"
 #include "repository/relationship_builder.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/objects/definition.h"
+#include "objects/definition.h"
 #include "platform/ado.h"
 
 #include <set>

@@ -1,7 +1,7 @@
 // The scripts for engines, run unchanged by each engine's own client and by the command.
 
 #include "hosts/cli/korvex_command.h"
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 #include "servers/example_target.h"
 #include "support/json_holds.h"
 #include "support/text_files.h"

@@ -1,7 +1,7 @@
 #include "automation/convert.h"
 #include "automation/outcome.h"
 #include "hosts/cli/korvex_command.h"
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 #include "servers/example_target.h"
 #include "support/definition_repository.h"
 #include "support/engine_words.h"

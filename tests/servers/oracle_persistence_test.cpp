@@ -1,4 +1,4 @@
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 #include "servers/example_target.h"
 #include "servers/oracle_schema.h"
 #include "support/json_holds.h"

@@ -7,7 +7,7 @@
 #include "hosts/cli/data/result_text.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/target_options.h"
-#include "hosts/objects/load_definition.h"
+#include "objects/load_definition.h"
 #include "repository/catalog.h"
 
 #include <charconv>

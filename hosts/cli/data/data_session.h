@@ -2,7 +2,7 @@
 
 #include "hosts/cli/console.h"
 #include "hosts/cli/data/watched_provider.h"
-#include "hosts/objects/data_object.h"
+#include "objects/data_object.h"
 #include "surface/cls_crud.h"
 
 #include <CLI/CLI.hpp>

@@ -3,7 +3,7 @@
 #include "automation/error.h"
 #include "hosts/cli/console.h"
 #include "hosts/cli/text_file.h"
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 
 #include <CLI/CLI.hpp>
 

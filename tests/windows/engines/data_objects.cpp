@@ -1,8 +1,8 @@
 #include "tests/windows/engines/data_objects.h"
 
 #include "automation/member_rows.h"
-#include "hosts/objects/json.h"
-#include "hosts/objects/load_definition.h"
+#include "objects/json.h"
+#include "objects/load_definition.h"
 #include "tests/windows/engines/dao_files.h"
 
 namespace korvex::test {

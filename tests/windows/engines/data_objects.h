@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/dispatch.h"
-#include "hosts/objects/definition.h"
+#include "objects/definition.h"
 
 #include <map>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/variant.h"
-#include "hosts/objects/json_document.h"
+#include "objects/json_document.h"
 
 #include <cstdint>
 #include <string>

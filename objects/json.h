@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/objects/data_object.h"
+#include "objects/data_object.h"
 
 #include <memory>
 #include <string>

@@ -1,4 +1,4 @@
-#include "hosts/objects/load_definition.h"
+#include "objects/load_definition.h"
 
 #include "platform/native/native_platform.h"
 #include "repository/relationship_builder.h"

@@ -1,4 +1,4 @@
-#include "hosts/objects/json_state.h"
+#include "objects/json_state.h"
 
 #include "automation/error.h"
 

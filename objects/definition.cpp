@@ -1,4 +1,4 @@
-#include "hosts/objects/definition.h"
+#include "objects/definition.h"
 
 #include "automation/error.h"
 #include "automation/text.h"

@@ -1,7 +1,7 @@
 #include "automation/error.h"
-#include "hosts/objects/json.h"
-#include "hosts/objects/json_state.h"
-#include "hosts/objects/json_value.h"
+#include "objects/json.h"
+#include "objects/json_state.h"
+#include "objects/json_value.h"
 #include "platform/stack.h"
 
 #include <utility>

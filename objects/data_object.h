@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/objects/definition.h"
+#include "objects/definition.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "hosts/objects/json.h"
+#include "objects/json.h"
 
 #include "automation/outcome.h"
 #include "support/error_of.h"

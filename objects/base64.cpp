@@ -1,4 +1,4 @@
-#include "hosts/objects/base64.h"
+#include "objects/base64.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "hosts/objects/json_document.h"
+#include "objects/json_document.h"
 
 #include "automation/error.h"
 #include "automation/text.h"

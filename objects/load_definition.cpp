@@ -1,4 +1,4 @@
-#include "hosts/objects/load_definition.h"
+#include "objects/load_definition.h"
 
 #include "automation/error.h"
 #include "automation/text.h"

@@ -1,4 +1,4 @@
-#include "hosts/objects/data_object.h"
+#include "objects/data_object.h"
 
 #include "automation/convert.h"
 #include "automation/error.h"

@@ -1,9 +1,9 @@
-#include "hosts/objects/json_value.h"
+#include "objects/json_value.h"
 
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
-#include "hosts/objects/base64.h"
+#include "objects/base64.h"
 
 #include <nlohmann/json.hpp>
 
