@@ -26,6 +26,16 @@ constexpr Sign Signs[] = {
     {"select @@version", "Adaptive Server", "sybase"}, {"select banner from v$version", "Oracle", "oracle"},
 };
 
+bool Shows(ado::Connection& connection, const Sign& sign) {
+    try {
+        const std::vector<std::string> answer = ReadTexts(connection, sign.question);
+        return !answer.empty() && answer.front().find(sign.mark) != std::string::npos;
+    } catch (const Error&) {
+        // Another engine, which does not know the question.
+        return false;
+    }
+}
+
 std::string Quoted(std::string_view text, char quote) {
     std::string quoted(1, quote);
     for (const char c : text)
@@ -105,15 +115,11 @@ class LiveReader {
 
 }  // namespace
 
+bool IsEmbedded(ado::Connection& connection) { return Shows(connection, Signs[0]); }
+
 std::string EngineBehind(ado::Connection& connection) {
     for (const Sign& sign : Signs) {
-        try {
-            const std::vector<std::string> answer = ReadTexts(connection, sign.question);
-            if (!answer.empty() && answer.front().find(sign.mark) != std::string::npos)
-                return std::string(sign.engine);
-        } catch (const Error&) {
-            // Another engine, which does not know the question.
-        }
+        if (Shows(connection, sign)) return std::string(sign.engine);
     }
     throw Error(ado::adErrFeatureNotAvailable,
                 "There is no dialect for the engine behind the connection: korvex script writes scripts that "

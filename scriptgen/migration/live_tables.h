@@ -10,6 +10,9 @@
 /// What stands in a target database.
 namespace korvex::scriptgen {
 
+/// Whether an open connection leads to the embedded engine, directly or through its ODBC driver.
+bool IsEmbedded(ado::Connection& connection);
+
 /// What the engine behind an open connection is called: the name of its dialect, also that of a published one
 /// ("mssql", "sybase", "oracle"). adErrFeatureNotAvailable for an engine that has none.
 std::string EngineBehind(ado::Connection& connection);

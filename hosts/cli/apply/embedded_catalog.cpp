@@ -1,19 +1,8 @@
 #include "hosts/cli/apply/embedded_catalog.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
 
 namespace korvex::cli {
-
-bool IsEmbedded(ado::Connection& connection) {
-    try {
-        connection.Execute("select sqlite_version()")->Close();
-        return true;
-    } catch (const automation::Error&) {
-        // A server that has no such function.
-        return false;
-    }
-}
 
 std::optional<StoredTable> FindTable(ado::Connection& connection, std::string_view name) {
     const auto rows = connection.Execute(

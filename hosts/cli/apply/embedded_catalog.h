@@ -10,9 +10,7 @@
 /// What the embedded engine knows of its tables.
 namespace korvex::cli {
 
-/// Whether the connection leads to the embedded engine, directly or through its ODBC driver.
-bool IsEmbedded(ado::Connection& connection);
-
+using scriptgen::IsEmbedded;
 using scriptgen::QuoteText;
 using scriptgen::ReadTexts;
 
