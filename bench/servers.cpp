@@ -389,7 +389,7 @@ void CountReplies(const Server& server, const std::string& serverFolder) {
     const std::string path = folder.Path().string();
     const std::string repository = path + "/orders.db";
     RunCommand("repository new " + repository);
-    RunCommand("repository import " + repository + " " KORVEX_EXAMPLES "/orders.json");
+    RunCommand("repository import " + repository + " " KORVEX_TEST_DATA "/orders.json");
     RunCommand("relate --repository " + repository + " --storage Orders");
     const Platform platform = BenchPlatform();
     const auto opened = platform.repositoryEngine->OpenDatabase(repository);
@@ -404,7 +404,7 @@ void CountReplies(const Server& server, const std::string& serverFolder) {
                                (server.schema == repository::SchemaEngine::MariaDb ? server.socket : "");
     std::ofstream(path + "/unchanged.json") << "{}";
     const std::pair<std::string, std::string> commands[] = {
-        {"save", KORVEX_EXAMPLES "/order.json"},
+        {"save", KORVEX_TEST_DATA "/order.json"},
         {"load", "--key 1"},
         {"update", "--key 1 " + path + "/unchanged.json 2>/dev/null"},
         {"delete", "--key 1"},

@@ -1,6 +1,6 @@
 #!/bin/sh
-# From a fresh Debian 12 machine to the fifteen script files of the example definition.
-# The scripts land in out/scripts, the repository they come from in out/orders.db.
+# From a fresh Debian 12 machine to the example: the fifteen script files of its definition, and an order that is stored
+# and read back. The scripts land in out/scripts, the repository, the target database and the order beside them.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -8,9 +8,24 @@ sh tools/packages.sh build
 cmake --preset release -DKORVEX_BUILD_TESTS=OFF -DKORVEX_BUILD_BENCH=OFF -B build/start >/dev/null
 cmake --build build/start
 
-korvex=build/start/hosts/cli/korvex
+PATH=$PWD/build/start/hosts/cli:$PATH
+orders() {
+    command=$1
+    shift
+    korvex $command --repository out/orders.db --storage Orders "$@"
+}
+
 mkdir -p out
-rm -f out/orders.db out/orders.db-wal out/orders.db-shm
-$korvex repository new out/orders.db
-$korvex repository import out/orders.db examples/orders.json
-$korvex script --repository out/orders.db --storage Orders --dialect all --out out/scripts
+rm -f out/orders.db* out/target.db*
+korvex repository new out/orders.db
+korvex repository import out/orders.db examples/orders.json
+orders script --dialect all --out out/scripts
+for script in examples/scripts/*; do
+    cmp "$script" "out/scripts/${script##*/}"
+done
+
+target="Provider=SQLite;Data Source=out/target.db"
+orders "database create" --connection "$target"
+key=$(orders save --connection "$target" examples/order.json)
+orders load --connection "$target" --key "$key" >out/order.json
+echo "order $key is saved in out/target.db and loaded into out/order.json"

@@ -4,7 +4,7 @@ CREATE TABLE dbo.tOrder
 	OrderedOn datetime NULL,
 	RequiredBy datetime NULL,
 	State smallint default 1,
-	Urgency varchar(50) default ,
+	Urgency smallint default 0,
 	SalesRepresentative int default 0,
 	Total float default 0.00,
 	DiscountRate real default 0,
@@ -53,7 +53,7 @@ GO
 CREATE INDEX tCustomer1 ON dbo.tCustomer(FK_OrderID)
 GO
 
-CREATE TABLE dbo.tAddress2
+CREATE TABLE dbo.tBillingAddress
 ( 
 	Recipient varchar(80) default '',
 	Street varchar(80) default '',
@@ -62,22 +62,18 @@ CREATE TABLE dbo.tAddress2
 	CountryCode varchar(2) default 'DE',
 	Latitude float default 0,
 	Longitude float default 0,
-	AddressID int IDENTITY (1, 1) Not NULL,
+	BillingAddressID int IDENTITY (1, 1) Not NULL,
 	FK_CustomerID int default 0,
-	FK_OrderID int default 0,
 	QORSelectState int default 0,
 	QORCounter int default 0,
-	CONSTRAINT PK_tAddress2 PRIMARY KEY CLUSTERED
+	CONSTRAINT PK_tBillingAddress PRIMARY KEY CLUSTERED
 	(
-		AddressID
+		BillingAddressID
 	)
 )
 GO
 
-CREATE INDEX tAddress21 ON dbo.tAddress2(FK_CustomerID)
-GO
-
-CREATE INDEX tAddress22 ON dbo.tAddress2(FK_OrderID)
+CREATE INDEX tBillingAddress1 ON dbo.tBillingAddress(FK_CustomerID)
 GO
 
 CREATE TABLE dbo.tContacts
@@ -117,7 +113,7 @@ GO
 CREATE INDEX tContact1 ON dbo.tContact(FK_ContactsID)
 GO
 
-CREATE TABLE dbo.tAddress2
+CREATE TABLE dbo.tDeliveryAddress
 ( 
 	Recipient varchar(80) default '',
 	Street varchar(80) default '',
@@ -126,22 +122,18 @@ CREATE TABLE dbo.tAddress2
 	CountryCode varchar(2) default 'DE',
 	Latitude float default 0,
 	Longitude float default 0,
-	AddressID int IDENTITY (1, 1) Not NULL,
-	FK_CustomerID int default 0,
+	DeliveryAddressID int IDENTITY (1, 1) Not NULL,
 	FK_OrderID int default 0,
 	QORSelectState int default 0,
 	QORCounter int default 0,
-	CONSTRAINT PK_tAddress2 PRIMARY KEY CLUSTERED
+	CONSTRAINT PK_tDeliveryAddress PRIMARY KEY CLUSTERED
 	(
-		AddressID
+		DeliveryAddressID
 	)
 )
 GO
 
-CREATE INDEX tAddress21 ON dbo.tAddress2(FK_CustomerID)
-GO
-
-CREATE INDEX tAddress22 ON dbo.tAddress2(FK_OrderID)
+CREATE INDEX tDeliveryAddress1 ON dbo.tDeliveryAddress(FK_OrderID)
 GO
 
 CREATE TABLE dbo.tOrderLines
@@ -336,23 +328,23 @@ GO
 CREATE INDEX tPayment1 ON dbo.tPayment(FK_PaymentsID)
 GO
 
-CREATE TABLE dbo.trnationalDeliveryInstructions
+CREATE TABLE dbo.tDeliveryInstructions
 ( 
-	geOfTheContactAtTheDestination varchar(30) default '',
-	arliestHourOfDayForTheDelivery smallint default 8,
-	LatestHourOfDayForTheDelivery smallint default 17,
-	ionalDeliveryInstructionsID int IDENTITY (1, 1) Not NULL,
+	SpokenLanguage varchar(30) default '',
+	EarliestHour smallint default 8,
+	LatestHour smallint default 17,
+	DeliveryInstructionsID int IDENTITY (1, 1) Not NULL,
 	FK_OrderID int default 0,
 	QORSelectState int default 0,
 	QORCounter int default 0,
-	CONSTRAINT PK_trnationalDeliveryInstructions PRIMARY KEY CLUSTERED
+	CONSTRAINT PK_tDeliveryInstructions PRIMARY KEY CLUSTERED
 	(
-		ionalDeliveryInstructionsID
+		DeliveryInstructionsID
 	)
 )
 GO
 
-CREATE INDEX trnationalDeliveryInstructions1 ON dbo.trnationalDeliveryInstructions(FK_OrderID)
+CREATE INDEX tDeliveryInstructions1 ON dbo.tDeliveryInstructions(FK_OrderID)
 GO
 
 

@@ -62,48 +62,40 @@ if exists(select * from sysobjects where id = object_id('dbo.tCustomer') and sys
 	DROP TABLE dbo.tCustomer
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2AR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2AR
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressAR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressAR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2AD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2AD
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressAD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressAD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2R') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2R
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2D') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2D
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_CustomerIDR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_CustomerIDR
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddress_FK_CustomerIDR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddress_FK_CustomerIDR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_CustomerIDD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_CustomerIDD
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddress_FK_CustomerIDD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddress_FK_CustomerIDD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_OrderIDR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_OrderIDR
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressC') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressC
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_OrderIDD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_OrderIDD
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddressU') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tBillingAddressU
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2C') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2C
-GO
-
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2U') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2U
-GO
-
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2') and sysstat & 0xf = 3)
-	DROP TABLE dbo.tAddress2
+if exists(select * from sysobjects where id = object_id('dbo.tBillingAddress') and sysstat & 0xf = 3)
+	DROP TABLE dbo.tBillingAddress
 GO
 
 if exists(select * from sysobjects where id = object_id('dbo.tContactsAR') and sysstat & 0xf = 4)
@@ -178,48 +170,40 @@ if exists(select * from sysobjects where id = object_id('dbo.tContact') and syss
 	DROP TABLE dbo.tContact
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2AR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2AR
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressAR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressAR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2AD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2AD
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressAD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressAD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2R') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2R
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2D') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2D
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_CustomerIDR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_CustomerIDR
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddress_FK_OrderIDR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddress_FK_OrderIDR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_CustomerIDD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_CustomerIDD
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddress_FK_OrderIDD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddress_FK_OrderIDD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_OrderIDR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_OrderIDR
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressC') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressC
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2_FK_OrderIDD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2_FK_OrderIDD
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddressU') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryAddressU
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2C') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2C
-GO
-
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2U') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.tAddress2U
-GO
-
-if exists(select * from sysobjects where id = object_id('dbo.tAddress2') and sysstat & 0xf = 3)
-	DROP TABLE dbo.tAddress2
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryAddress') and sysstat & 0xf = 3)
+	DROP TABLE dbo.tDeliveryAddress
 GO
 
 if exists(select * from sysobjects where id = object_id('dbo.tOrderLinesAR') and sysstat & 0xf = 4)
@@ -582,20 +566,20 @@ if exists(select * from sysobjects where id = object_id('dbo.tPayment') and syss
 	DROP TABLE dbo.tPayment
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.nationalDeliveryInstructionsAR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.nationalDeliveryInstructionsAR
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsAR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsAR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.nationalDeliveryInstructionsAD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.nationalDeliveryInstructionsAD
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsAD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsAD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.rnationalDeliveryInstructionsR') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.rnationalDeliveryInstructionsR
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsR') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsR
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.rnationalDeliveryInstructionsD') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.rnationalDeliveryInstructionsD
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsD') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsD
 GO
 
 if exists(select * from sysobjects where id = object_id('dbo.liveryInstructions_FK_OrderIDR') and sysstat & 0xf = 4)
@@ -606,16 +590,16 @@ if exists(select * from sysobjects where id = object_id('dbo.liveryInstructions_
 	DROP PROCEDURE dbo.liveryInstructions_FK_OrderIDD
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.rnationalDeliveryInstructionsC') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.rnationalDeliveryInstructionsC
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsC') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsC
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.rnationalDeliveryInstructionsU') and sysstat & 0xf = 4)
-	DROP PROCEDURE dbo.rnationalDeliveryInstructionsU
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructionsU') and sysstat & 0xf = 4)
+	DROP PROCEDURE dbo.tDeliveryInstructionsU
 GO
 
-if exists(select * from sysobjects where id = object_id('dbo.trnationalDeliveryInstructions') and sysstat & 0xf = 3)
-	DROP TABLE dbo.trnationalDeliveryInstructions
+if exists(select * from sysobjects where id = object_id('dbo.tDeliveryInstructions') and sysstat & 0xf = 3)
+	DROP TABLE dbo.tDeliveryInstructions
 GO
 
 

@@ -2,12 +2,8 @@ ALTER TABLE tCustomer
 DROP CONSTRAINT FK_tCustomer_1
 GO
 
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
-GO
-
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
+ALTER TABLE tBillingAddress
+DROP CONSTRAINT FK_tBillingAddress_1
 GO
 
 ALTER TABLE tContacts
@@ -18,12 +14,8 @@ ALTER TABLE tContact
 DROP CONSTRAINT FK_tContact_1
 GO
 
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
-GO
-
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
+ALTER TABLE tDeliveryAddress
+DROP CONSTRAINT FK_tDeliveryAddress_1
 GO
 
 ALTER TABLE tOrderLines
@@ -66,8 +58,8 @@ ALTER TABLE tPayment
 DROP CONSTRAINT FK_tPayment_1
 GO
 
-ALTER TABLE trnationalDeliveryInstructions
-DROP CONSTRAINT ationalDeliveryInstructions_1
+ALTER TABLE tDeliveryInstructions
+DROP CONSTRAINT FK_tDeliveryInstructions_1
 GO
 
 

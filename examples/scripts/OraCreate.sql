@@ -10,7 +10,7 @@ CREATE TABLE tOrder
 	OrderedOn DATE NULL,
 	RequiredBy DATE NULL,
 	State NUMBER(5) default 1,
-	Urgency VARCHAR2(50) default ,
+	Urgency NUMBER(5) default 0,
 	SalesRepresentative NUMBER(11) default 0,
 	Total NUMBER(15, 2) default 0.00,
 	DiscountRate NUMBER(12,2) default 0,
@@ -107,12 +107,12 @@ End;
 /
 
 
-rem  ***** Creating table tAddress2
+rem  ***** Creating table tBillingAddress
 
-create sequence SEQ_tAddress2 increment by 1 start with 1; 
+create sequence SEQ_tBillingAddress increment by 1 start with 1; 
 
 
-CREATE TABLE tAddress2
+CREATE TABLE tBillingAddress
 ( 
 	Recipient VARCHAR2(80) default '',
 	Street VARCHAR2(80) default '',
@@ -121,34 +121,31 @@ CREATE TABLE tAddress2
 	CountryCode VARCHAR2(2) default 'DE',
 	Latitude NUMBER(38,2) default 0,
 	Longitude NUMBER(38,2) default 0,
-	AddressID NUMBER(11) Not NULL,
+	BillingAddressID NUMBER(11) Not NULL,
 	FK_CustomerID NUMBER(11) default 0,
-	FK_OrderID NUMBER(11) default 0,
 	QORSelectState NUMBER(11) default 0,
 	QORCounter NUMBER(11) default 0,
-	CONSTRAINT PK_tAddress2 PRIMARY KEY 
+	CONSTRAINT PK_tBillingAddress PRIMARY KEY 
 	(
-		AddressID
+		BillingAddressID
 	)
 ); 
 
-CREATE INDEX tAddress21 ON tAddress2(FK_CustomerID); 
-
-CREATE INDEX tAddress22 ON tAddress2(FK_OrderID); 
+CREATE INDEX tBillingAddress1 ON tBillingAddress(FK_CustomerID); 
 
 
 /
-CREATE TRIGGER TR_tAddress2 BEFORE INSERT ON tAddress2 FOR EACH ROW 
+CREATE TRIGGER TR_tBillingAddress BEFORE INSERT ON tBillingAddress FOR EACH ROW 
 DECLARE
-	iCounter tAddress2.AddressID%TYPE; 
+	iCounter tBillingAddress.BillingAddressID%TYPE; 
 	cannot_change_counter EXCEPTION; 
 BEGIN
 	If INSERTING Then
-		Select SEQ_tAddress2.NEXTVAL INTO iCounter FROM Dual; 
-		:new.AddressID := iCounter; 
+		Select SEQ_tBillingAddress.NEXTVAL INTO iCounter FROM Dual; 
+		:new.BillingAddressID := iCounter; 
 	END IF; 
 	If UPDATING Then
-		IF NOT (:new.AddressID = :old.AddressID) THEN
+		IF NOT (:new.BillingAddressID = :old.BillingAddressID) THEN
 			RAISE cannot_change_counter; 
 		END IF; 
 	END IF; 
@@ -248,12 +245,12 @@ End;
 /
 
 
-rem  ***** Creating table tAddress2
+rem  ***** Creating table tDeliveryAddress
 
-create sequence SEQ_tAddress2 increment by 1 start with 1; 
+create sequence SEQ_tDeliveryAddress increment by 1 start with 1; 
 
 
-CREATE TABLE tAddress2
+CREATE TABLE tDeliveryAddress
 ( 
 	Recipient VARCHAR2(80) default '',
 	Street VARCHAR2(80) default '',
@@ -262,34 +259,31 @@ CREATE TABLE tAddress2
 	CountryCode VARCHAR2(2) default 'DE',
 	Latitude NUMBER(38,2) default 0,
 	Longitude NUMBER(38,2) default 0,
-	AddressID NUMBER(11) Not NULL,
-	FK_CustomerID NUMBER(11) default 0,
+	DeliveryAddressID NUMBER(11) Not NULL,
 	FK_OrderID NUMBER(11) default 0,
 	QORSelectState NUMBER(11) default 0,
 	QORCounter NUMBER(11) default 0,
-	CONSTRAINT PK_tAddress2 PRIMARY KEY 
+	CONSTRAINT PK_tDeliveryAddress PRIMARY KEY 
 	(
-		AddressID
+		DeliveryAddressID
 	)
 ); 
 
-CREATE INDEX tAddress21 ON tAddress2(FK_CustomerID); 
-
-CREATE INDEX tAddress22 ON tAddress2(FK_OrderID); 
+CREATE INDEX tDeliveryAddress1 ON tDeliveryAddress(FK_OrderID); 
 
 
 /
-CREATE TRIGGER TR_tAddress2 BEFORE INSERT ON tAddress2 FOR EACH ROW 
+CREATE TRIGGER TR_tDeliveryAddress BEFORE INSERT ON tDeliveryAddress FOR EACH ROW 
 DECLARE
-	iCounter tAddress2.AddressID%TYPE; 
+	iCounter tDeliveryAddress.DeliveryAddressID%TYPE; 
 	cannot_change_counter EXCEPTION; 
 BEGIN
 	If INSERTING Then
-		Select SEQ_tAddress2.NEXTVAL INTO iCounter FROM Dual; 
-		:new.AddressID := iCounter; 
+		Select SEQ_tDeliveryAddress.NEXTVAL INTO iCounter FROM Dual; 
+		:new.DeliveryAddressID := iCounter; 
 	END IF; 
 	If UPDATING Then
-		IF NOT (:new.AddressID = :old.AddressID) THEN
+		IF NOT (:new.DeliveryAddressID = :old.DeliveryAddressID) THEN
 			RAISE cannot_change_counter; 
 		END IF; 
 	END IF; 
@@ -752,41 +746,41 @@ End;
 /
 
 
-rem  ***** Creating table trnationalDeliveryInstructions
+rem  ***** Creating table tDeliveryInstructions
 
-create sequence SEQ_trnationalDeliveryInstructions increment by 1 start with 1; 
+create sequence SEQ_tDeliveryInstructions increment by 1 start with 1; 
 
 
-CREATE TABLE trnationalDeliveryInstructions
+CREATE TABLE tDeliveryInstructions
 ( 
-	geOfTheContactAtTheDestination VARCHAR2(30) default '',
-	arliestHourOfDayForTheDelivery NUMBER(5) default 8,
-	LatestHourOfDayForTheDelivery NUMBER(5) default 17,
-	ionalDeliveryInstructionsID NUMBER(11) Not NULL,
+	SpokenLanguage VARCHAR2(30) default '',
+	EarliestHour NUMBER(5) default 8,
+	LatestHour NUMBER(5) default 17,
+	DeliveryInstructionsID NUMBER(11) Not NULL,
 	FK_OrderID NUMBER(11) default 0,
 	QORSelectState NUMBER(11) default 0,
 	QORCounter NUMBER(11) default 0,
-	CONSTRAINT PK_trnationalDeliveryInstructions PRIMARY KEY 
+	CONSTRAINT PK_tDeliveryInstructions PRIMARY KEY 
 	(
-		ionalDeliveryInstructionsID
+		DeliveryInstructionsID
 	)
 ); 
 
-CREATE INDEX trnationalDeliveryInstructions1 ON trnationalDeliveryInstructions(FK_OrderID); 
+CREATE INDEX tDeliveryInstructions1 ON tDeliveryInstructions(FK_OrderID); 
 
 
 /
-CREATE TRIGGER TR_trnationalDeliveryInstructions BEFORE INSERT ON trnationalDeliveryInstructions FOR EACH ROW 
+CREATE TRIGGER TR_tDeliveryInstructions BEFORE INSERT ON tDeliveryInstructions FOR EACH ROW 
 DECLARE
-	iCounter trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE; 
+	iCounter tDeliveryInstructions.DeliveryInstructionsID%TYPE; 
 	cannot_change_counter EXCEPTION; 
 BEGIN
 	If INSERTING Then
-		Select SEQ_trnationalDeliveryInstructions.NEXTVAL INTO iCounter FROM Dual; 
-		:new.ionalDeliveryInstructionsID := iCounter; 
+		Select SEQ_tDeliveryInstructions.NEXTVAL INTO iCounter FROM Dual; 
+		:new.DeliveryInstructionsID := iCounter; 
 	END IF; 
 	If UPDATING Then
-		IF NOT (:new.ionalDeliveryInstructionsID = :old.ionalDeliveryInstructionsID) THEN
+		IF NOT (:new.DeliveryInstructionsID = :old.DeliveryInstructionsID) THEN
 			RAISE cannot_change_counter; 
 		END IF; 
 	END IF; 

@@ -6,9 +6,9 @@ DROP SEQUENCE SEQ_tCustomer;
 
 DROP TABLE tCustomer; 
 
-DROP SEQUENCE SEQ_tAddress2; 
+DROP SEQUENCE SEQ_tBillingAddress; 
 
-DROP TABLE tAddress2; 
+DROP TABLE tBillingAddress; 
 
 DROP SEQUENCE SEQ_tContacts; 
 
@@ -18,9 +18,9 @@ DROP SEQUENCE SEQ_tContact;
 
 DROP TABLE tContact; 
 
-DROP SEQUENCE SEQ_tAddress2; 
+DROP SEQUENCE SEQ_tDeliveryAddress; 
 
-DROP TABLE tAddress2; 
+DROP TABLE tDeliveryAddress; 
 
 DROP SEQUENCE SEQ_tOrderLines; 
 
@@ -62,8 +62,8 @@ DROP SEQUENCE SEQ_tPayment;
 
 DROP TABLE tPayment; 
 
-DROP SEQUENCE SEQ_trnationalDeliveryInstructions; 
+DROP SEQUENCE SEQ_tDeliveryInstructions; 
 
-DROP TABLE trnationalDeliveryInstructions; 
+DROP TABLE tDeliveryInstructions; 
 
 

@@ -3,18 +3,9 @@ ADD CONSTRAINT FK_tCustomer_1 FOREIGN KEY (FK_OrderID)
  REFERENCES tOrder(OrderID); 
 
 
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_CustomerID)
+ALTER TABLE tBillingAddress
+ADD CONSTRAINT FK_tBillingAddress_1 FOREIGN KEY (FK_CustomerID)
  REFERENCES tCustomer(CustomerID); 
-
-
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_CustomerID)
- REFERENCES tCustomer(CustomerID); 
-
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_OrderID)
- REFERENCES tOrder(OrderID); 
 
 
 ALTER TABLE tContacts
@@ -27,17 +18,8 @@ ADD CONSTRAINT FK_tContact_1 FOREIGN KEY (FK_ContactsID)
  REFERENCES tContacts(ContactsID); 
 
 
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_CustomerID)
- REFERENCES tCustomer(CustomerID); 
-
-
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_CustomerID)
- REFERENCES tCustomer(CustomerID); 
-
-ALTER TABLE tAddress2
-ADD CONSTRAINT FK_tAddress2_1 FOREIGN KEY (FK_OrderID)
+ALTER TABLE tDeliveryAddress
+ADD CONSTRAINT FK_tDeliveryAddress_1 FOREIGN KEY (FK_OrderID)
  REFERENCES tOrder(OrderID); 
 
 
@@ -91,8 +73,8 @@ ADD CONSTRAINT FK_tPayment_1 FOREIGN KEY (FK_PaymentsID)
  REFERENCES tPayments(PaymentsID); 
 
 
-ALTER TABLE trnationalDeliveryInstructions
-ADD CONSTRAINT ationalDeliveryInstructions_1 FOREIGN KEY (FK_OrderID)
+ALTER TABLE tDeliveryInstructions
+ADD CONSTRAINT FK_tDeliveryInstructions_1 FOREIGN KEY (FK_OrderID)
  REFERENCES tOrder(OrderID); 
 
 

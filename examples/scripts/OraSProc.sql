@@ -287,88 +287,70 @@ END;
 /
 
 
-CREATE OR REPLACE PROCEDURE tAddress2AR
+CREATE OR REPLACE PROCEDURE tBillingAddressAR
 AS
 BEGIN
-	SELECT *  FROM tAddress2; 
+	SELECT *  FROM tBillingAddress; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2AD
+CREATE OR REPLACE PROCEDURE tBillingAddressAD
 AS
 BEGIN
-	DELETE  FROM tAddress2; 
+	DELETE  FROM tBillingAddress; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2R
-(p_AddressID	tAddress2.AddressID%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddressR
+(p_BillingAddressID	tBillingAddress.BillingAddressID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE AddressID = p_AddressID; 
+	SELECT *  FROM tBillingAddress WHERE BillingAddressID = p_BillingAddressID; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2D
-(p_AddressID	tAddress2.AddressID%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddressD
+(p_BillingAddressID	tBillingAddress.BillingAddressID%TYPE)
 AS
 BEGIN
-	DELETE  FROM tAddress2 WHERE AddressID = p_AddressID; 
+	DELETE  FROM tBillingAddress WHERE BillingAddressID = p_BillingAddressID; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_CustomerIDR
-(p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddress_FK_CustomerIDR
+(p_FK_CustomerID	tBillingAddress.FK_CustomerID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE FK_CustomerID = p_FK_CustomerID; 
+	SELECT *  FROM tBillingAddress WHERE FK_CustomerID = p_FK_CustomerID; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_CustomerIDD
-(p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddress_FK_CustomerIDD
+(p_FK_CustomerID	tBillingAddress.FK_CustomerID%TYPE)
 AS
 BEGIN
-	DELETE  FROM tAddress2 WHERE FK_CustomerID = p_FK_CustomerID; 
+	DELETE  FROM tBillingAddress WHERE FK_CustomerID = p_FK_CustomerID; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_OrderIDR
-(p_FK_OrderID	tAddress2.FK_OrderID%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddressC
+(p_Recipient	tBillingAddress.Recipient%TYPE,
+p_Street	tBillingAddress.Street%TYPE,
+p_PostalCode	tBillingAddress.PostalCode%TYPE,
+p_City	tBillingAddress.City%TYPE,
+p_CountryCode	tBillingAddress.CountryCode%TYPE,
+p_Latitude	tBillingAddress.Latitude%TYPE,
+p_Longitude	tBillingAddress.Longitude%TYPE,
+p_FK_CustomerID	tBillingAddress.FK_CustomerID%TYPE,
+p_QORSelectState	tBillingAddress.QORSelectState%TYPE,
+p_QORCounter	tBillingAddress.QORCounter%TYPE,
+p_BillingAddressID	OUT 	tBillingAddress.BillingAddressID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE FK_OrderID = p_FK_OrderID; 
-END; 
-/
-
-CREATE OR REPLACE PROCEDURE tAddress2_FK_OrderIDD
-(p_FK_OrderID	tAddress2.FK_OrderID%TYPE)
-AS
-BEGIN
-	DELETE  FROM tAddress2 WHERE FK_OrderID = p_FK_OrderID; 
-	Commit; 
-END; 
-/
-
-CREATE OR REPLACE PROCEDURE tAddress2C
-(p_Recipient	tAddress2.Recipient%TYPE,
-p_Street	tAddress2.Street%TYPE,
-p_PostalCode	tAddress2.PostalCode%TYPE,
-p_City	tAddress2.City%TYPE,
-p_CountryCode	tAddress2.CountryCode%TYPE,
-p_Latitude	tAddress2.Latitude%TYPE,
-p_Longitude	tAddress2.Longitude%TYPE,
-p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
-p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
-p_QORSelectState	tAddress2.QORSelectState%TYPE,
-p_QORCounter	tAddress2.QORCounter%TYPE,
-p_AddressID	OUT 	tAddress2.AddressID%TYPE)
-AS
-BEGIN
-	INSERT INTO tAddress2
+	INSERT INTO tBillingAddress
 	(Recipient,
 	Street,
 	PostalCode,
@@ -377,7 +359,6 @@ BEGIN
 	Latitude,
 	Longitude,
 	FK_CustomerID,
-	FK_OrderID,
 	QORSelectState,
 	QORCounter)
 	VALUES 
@@ -389,32 +370,30 @@ BEGIN
 	p_Latitude,
 	p_Longitude,
 	p_FK_CustomerID,
-	p_FK_OrderID,
 	p_QORSelectState,
 	p_QORCounter); 
 	Commit; 
-	SELECT max(AddressID) into p_AddressID FROM tAddress2; 
+	SELECT max(BillingAddressID) into p_BillingAddressID FROM tBillingAddress; 
 
 	RETURN; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2U
-(p_Recipient	tAddress2.Recipient%TYPE,
-p_Street	tAddress2.Street%TYPE,
-p_PostalCode	tAddress2.PostalCode%TYPE,
-p_City	tAddress2.City%TYPE,
-p_CountryCode	tAddress2.CountryCode%TYPE,
-p_Latitude	tAddress2.Latitude%TYPE,
-p_Longitude	tAddress2.Longitude%TYPE,
-p_AddressID	tAddress2.AddressID%TYPE,
-p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
-p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
-p_QORSelectState	tAddress2.QORSelectState%TYPE,
-p_QORCounter	tAddress2.QORCounter%TYPE)
+CREATE OR REPLACE PROCEDURE tBillingAddressU
+(p_Recipient	tBillingAddress.Recipient%TYPE,
+p_Street	tBillingAddress.Street%TYPE,
+p_PostalCode	tBillingAddress.PostalCode%TYPE,
+p_City	tBillingAddress.City%TYPE,
+p_CountryCode	tBillingAddress.CountryCode%TYPE,
+p_Latitude	tBillingAddress.Latitude%TYPE,
+p_Longitude	tBillingAddress.Longitude%TYPE,
+p_BillingAddressID	tBillingAddress.BillingAddressID%TYPE,
+p_FK_CustomerID	tBillingAddress.FK_CustomerID%TYPE,
+p_QORSelectState	tBillingAddress.QORSelectState%TYPE,
+p_QORCounter	tBillingAddress.QORCounter%TYPE)
 AS
 BEGIN
-	UPDATE tAddress2 SET
+	UPDATE tBillingAddress SET
 		Recipient=p_Recipient,
 		Street=p_Street,
 		PostalCode=p_PostalCode,
@@ -423,10 +402,9 @@ BEGIN
 		Latitude=p_Latitude,
 		Longitude=p_Longitude,
 		FK_CustomerID=p_FK_CustomerID,
-		FK_OrderID=p_FK_OrderID,
 		QORSelectState=p_QORSelectState,
 		QORCounter=p_QORCounter
-	 WHERE AddressID=p_AddressID; 
+	 WHERE BillingAddressID=p_BillingAddressID; 
 	Commit; 
 END; 
 /
@@ -633,88 +611,70 @@ END;
 /
 
 
-CREATE OR REPLACE PROCEDURE tAddress2AR
+CREATE OR REPLACE PROCEDURE tDeliveryAddressAR
 AS
 BEGIN
-	SELECT *  FROM tAddress2; 
+	SELECT *  FROM tDeliveryAddress; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2AD
+CREATE OR REPLACE PROCEDURE tDeliveryAddressAD
 AS
 BEGIN
-	DELETE  FROM tAddress2; 
+	DELETE  FROM tDeliveryAddress; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2R
-(p_AddressID	tAddress2.AddressID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddressR
+(p_DeliveryAddressID	tDeliveryAddress.DeliveryAddressID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE AddressID = p_AddressID; 
+	SELECT *  FROM tDeliveryAddress WHERE DeliveryAddressID = p_DeliveryAddressID; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2D
-(p_AddressID	tAddress2.AddressID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddressD
+(p_DeliveryAddressID	tDeliveryAddress.DeliveryAddressID%TYPE)
 AS
 BEGIN
-	DELETE  FROM tAddress2 WHERE AddressID = p_AddressID; 
+	DELETE  FROM tDeliveryAddress WHERE DeliveryAddressID = p_DeliveryAddressID; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_CustomerIDR
-(p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddress_FK_OrderIDR
+(p_FK_OrderID	tDeliveryAddress.FK_OrderID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE FK_CustomerID = p_FK_CustomerID; 
+	SELECT *  FROM tDeliveryAddress WHERE FK_OrderID = p_FK_OrderID; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_CustomerIDD
-(p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddress_FK_OrderIDD
+(p_FK_OrderID	tDeliveryAddress.FK_OrderID%TYPE)
 AS
 BEGIN
-	DELETE  FROM tAddress2 WHERE FK_CustomerID = p_FK_CustomerID; 
+	DELETE  FROM tDeliveryAddress WHERE FK_OrderID = p_FK_OrderID; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2_FK_OrderIDR
-(p_FK_OrderID	tAddress2.FK_OrderID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddressC
+(p_Recipient	tDeliveryAddress.Recipient%TYPE,
+p_Street	tDeliveryAddress.Street%TYPE,
+p_PostalCode	tDeliveryAddress.PostalCode%TYPE,
+p_City	tDeliveryAddress.City%TYPE,
+p_CountryCode	tDeliveryAddress.CountryCode%TYPE,
+p_Latitude	tDeliveryAddress.Latitude%TYPE,
+p_Longitude	tDeliveryAddress.Longitude%TYPE,
+p_FK_OrderID	tDeliveryAddress.FK_OrderID%TYPE,
+p_QORSelectState	tDeliveryAddress.QORSelectState%TYPE,
+p_QORCounter	tDeliveryAddress.QORCounter%TYPE,
+p_DeliveryAddressID	OUT 	tDeliveryAddress.DeliveryAddressID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM tAddress2 WHERE FK_OrderID = p_FK_OrderID; 
-END; 
-/
-
-CREATE OR REPLACE PROCEDURE tAddress2_FK_OrderIDD
-(p_FK_OrderID	tAddress2.FK_OrderID%TYPE)
-AS
-BEGIN
-	DELETE  FROM tAddress2 WHERE FK_OrderID = p_FK_OrderID; 
-	Commit; 
-END; 
-/
-
-CREATE OR REPLACE PROCEDURE tAddress2C
-(p_Recipient	tAddress2.Recipient%TYPE,
-p_Street	tAddress2.Street%TYPE,
-p_PostalCode	tAddress2.PostalCode%TYPE,
-p_City	tAddress2.City%TYPE,
-p_CountryCode	tAddress2.CountryCode%TYPE,
-p_Latitude	tAddress2.Latitude%TYPE,
-p_Longitude	tAddress2.Longitude%TYPE,
-p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
-p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
-p_QORSelectState	tAddress2.QORSelectState%TYPE,
-p_QORCounter	tAddress2.QORCounter%TYPE,
-p_AddressID	OUT 	tAddress2.AddressID%TYPE)
-AS
-BEGIN
-	INSERT INTO tAddress2
+	INSERT INTO tDeliveryAddress
 	(Recipient,
 	Street,
 	PostalCode,
@@ -722,7 +682,6 @@ BEGIN
 	CountryCode,
 	Latitude,
 	Longitude,
-	FK_CustomerID,
 	FK_OrderID,
 	QORSelectState,
 	QORCounter)
@@ -734,33 +693,31 @@ BEGIN
 	p_CountryCode,
 	p_Latitude,
 	p_Longitude,
-	p_FK_CustomerID,
 	p_FK_OrderID,
 	p_QORSelectState,
 	p_QORCounter); 
 	Commit; 
-	SELECT max(AddressID) into p_AddressID FROM tAddress2; 
+	SELECT max(DeliveryAddressID) into p_DeliveryAddressID FROM tDeliveryAddress; 
 
 	RETURN; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE tAddress2U
-(p_Recipient	tAddress2.Recipient%TYPE,
-p_Street	tAddress2.Street%TYPE,
-p_PostalCode	tAddress2.PostalCode%TYPE,
-p_City	tAddress2.City%TYPE,
-p_CountryCode	tAddress2.CountryCode%TYPE,
-p_Latitude	tAddress2.Latitude%TYPE,
-p_Longitude	tAddress2.Longitude%TYPE,
-p_AddressID	tAddress2.AddressID%TYPE,
-p_FK_CustomerID	tAddress2.FK_CustomerID%TYPE,
-p_FK_OrderID	tAddress2.FK_OrderID%TYPE,
-p_QORSelectState	tAddress2.QORSelectState%TYPE,
-p_QORCounter	tAddress2.QORCounter%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryAddressU
+(p_Recipient	tDeliveryAddress.Recipient%TYPE,
+p_Street	tDeliveryAddress.Street%TYPE,
+p_PostalCode	tDeliveryAddress.PostalCode%TYPE,
+p_City	tDeliveryAddress.City%TYPE,
+p_CountryCode	tDeliveryAddress.CountryCode%TYPE,
+p_Latitude	tDeliveryAddress.Latitude%TYPE,
+p_Longitude	tDeliveryAddress.Longitude%TYPE,
+p_DeliveryAddressID	tDeliveryAddress.DeliveryAddressID%TYPE,
+p_FK_OrderID	tDeliveryAddress.FK_OrderID%TYPE,
+p_QORSelectState	tDeliveryAddress.QORSelectState%TYPE,
+p_QORCounter	tDeliveryAddress.QORCounter%TYPE)
 AS
 BEGIN
-	UPDATE tAddress2 SET
+	UPDATE tDeliveryAddress SET
 		Recipient=p_Recipient,
 		Street=p_Street,
 		PostalCode=p_PostalCode,
@@ -768,11 +725,10 @@ BEGIN
 		CountryCode=p_CountryCode,
 		Latitude=p_Latitude,
 		Longitude=p_Longitude,
-		FK_CustomerID=p_FK_CustomerID,
 		FK_OrderID=p_FK_OrderID,
 		QORSelectState=p_QORSelectState,
 		QORCounter=p_QORCounter
-	 WHERE AddressID=p_AddressID; 
+	 WHERE DeliveryAddressID=p_DeliveryAddressID; 
 	Commit; 
 END; 
 /
@@ -1818,104 +1774,104 @@ END;
 /
 
 
-CREATE OR REPLACE PROCEDURE nationalDeliveryInstructionsAR
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsAR
 AS
 BEGIN
-	SELECT *  FROM trnationalDeliveryInstructions; 
+	SELECT *  FROM tDeliveryInstructions; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE nationalDeliveryInstructionsAD
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsAD
 AS
 BEGIN
-	DELETE  FROM trnationalDeliveryInstructions; 
+	DELETE  FROM tDeliveryInstructions; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE rnationalDeliveryInstructionsR
-(p_ionalDeliveryInstructionsID	trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsR
+(p_DeliveryInstructionsID	tDeliveryInstructions.DeliveryInstructionsID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM trnationalDeliveryInstructions WHERE ionalDeliveryInstructionsID = p_ionalDeliveryInstructionsID; 
+	SELECT *  FROM tDeliveryInstructions WHERE DeliveryInstructionsID = p_DeliveryInstructionsID; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE rnationalDeliveryInstructionsD
-(p_ionalDeliveryInstructionsID	trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsD
+(p_DeliveryInstructionsID	tDeliveryInstructions.DeliveryInstructionsID%TYPE)
 AS
 BEGIN
-	DELETE  FROM trnationalDeliveryInstructions WHERE ionalDeliveryInstructionsID = p_ionalDeliveryInstructionsID; 
+	DELETE  FROM tDeliveryInstructions WHERE DeliveryInstructionsID = p_DeliveryInstructionsID; 
 	Commit; 
 END; 
 /
 
 CREATE OR REPLACE PROCEDURE liveryInstructions_FK_OrderIDR
-(p_FK_OrderID	trnationalDeliveryInstructions.FK_OrderID%TYPE)
+(p_FK_OrderID	tDeliveryInstructions.FK_OrderID%TYPE)
 AS
 BEGIN
-	SELECT *  FROM trnationalDeliveryInstructions WHERE FK_OrderID = p_FK_OrderID; 
+	SELECT *  FROM tDeliveryInstructions WHERE FK_OrderID = p_FK_OrderID; 
 END; 
 /
 
 CREATE OR REPLACE PROCEDURE liveryInstructions_FK_OrderIDD
-(p_FK_OrderID	trnationalDeliveryInstructions.FK_OrderID%TYPE)
+(p_FK_OrderID	tDeliveryInstructions.FK_OrderID%TYPE)
 AS
 BEGIN
-	DELETE  FROM trnationalDeliveryInstructions WHERE FK_OrderID = p_FK_OrderID; 
+	DELETE  FROM tDeliveryInstructions WHERE FK_OrderID = p_FK_OrderID; 
 	Commit; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE rnationalDeliveryInstructionsC
-(p_geOfTheContactAtTheDestination	trnationalDeliveryInstructions.geOfTheContactAtTheDestination%TYPE,
-p_arliestHourOfDayForTheDelivery	trnationalDeliveryInstructions.arliestHourOfDayForTheDelivery%TYPE,
-p_LatestHourOfDayForTheDelivery	trnationalDeliveryInstructions.LatestHourOfDayForTheDelivery%TYPE,
-p_FK_OrderID	trnationalDeliveryInstructions.FK_OrderID%TYPE,
-p_QORSelectState	trnationalDeliveryInstructions.QORSelectState%TYPE,
-p_QORCounter	trnationalDeliveryInstructions.QORCounter%TYPE,
-p_ionalDeliveryInstructionsID	OUT 	trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsC
+(p_SpokenLanguage	tDeliveryInstructions.SpokenLanguage%TYPE,
+p_EarliestHour	tDeliveryInstructions.EarliestHour%TYPE,
+p_LatestHour	tDeliveryInstructions.LatestHour%TYPE,
+p_FK_OrderID	tDeliveryInstructions.FK_OrderID%TYPE,
+p_QORSelectState	tDeliveryInstructions.QORSelectState%TYPE,
+p_QORCounter	tDeliveryInstructions.QORCounter%TYPE,
+p_DeliveryInstructionsID	OUT 	tDeliveryInstructions.DeliveryInstructionsID%TYPE)
 AS
 BEGIN
-	INSERT INTO trnationalDeliveryInstructions
-	(geOfTheContactAtTheDestination,
-	arliestHourOfDayForTheDelivery,
-	LatestHourOfDayForTheDelivery,
+	INSERT INTO tDeliveryInstructions
+	(SpokenLanguage,
+	EarliestHour,
+	LatestHour,
 	FK_OrderID,
 	QORSelectState,
 	QORCounter)
 	VALUES 
-	(p_geOfTheContactAtTheDestination,
-	p_arliestHourOfDayForTheDelivery,
-	p_LatestHourOfDayForTheDelivery,
+	(p_SpokenLanguage,
+	p_EarliestHour,
+	p_LatestHour,
 	p_FK_OrderID,
 	p_QORSelectState,
 	p_QORCounter); 
 	Commit; 
-	SELECT max(ionalDeliveryInstructionsID) into p_ionalDeliveryInstructionsID FROM trnationalDeliveryInstructions; 
+	SELECT max(DeliveryInstructionsID) into p_DeliveryInstructionsID FROM tDeliveryInstructions; 
 
 	RETURN; 
 END; 
 /
 
-CREATE OR REPLACE PROCEDURE rnationalDeliveryInstructionsU
-(p_geOfTheContactAtTheDestination	trnationalDeliveryInstructions.geOfTheContactAtTheDestination%TYPE,
-p_arliestHourOfDayForTheDelivery	trnationalDeliveryInstructions.arliestHourOfDayForTheDelivery%TYPE,
-p_LatestHourOfDayForTheDelivery	trnationalDeliveryInstructions.LatestHourOfDayForTheDelivery%TYPE,
-p_ionalDeliveryInstructionsID	trnationalDeliveryInstructions.ionalDeliveryInstructionsID%TYPE,
-p_FK_OrderID	trnationalDeliveryInstructions.FK_OrderID%TYPE,
-p_QORSelectState	trnationalDeliveryInstructions.QORSelectState%TYPE,
-p_QORCounter	trnationalDeliveryInstructions.QORCounter%TYPE)
+CREATE OR REPLACE PROCEDURE tDeliveryInstructionsU
+(p_SpokenLanguage	tDeliveryInstructions.SpokenLanguage%TYPE,
+p_EarliestHour	tDeliveryInstructions.EarliestHour%TYPE,
+p_LatestHour	tDeliveryInstructions.LatestHour%TYPE,
+p_DeliveryInstructionsID	tDeliveryInstructions.DeliveryInstructionsID%TYPE,
+p_FK_OrderID	tDeliveryInstructions.FK_OrderID%TYPE,
+p_QORSelectState	tDeliveryInstructions.QORSelectState%TYPE,
+p_QORCounter	tDeliveryInstructions.QORCounter%TYPE)
 AS
 BEGIN
-	UPDATE trnationalDeliveryInstructions SET
-		geOfTheContactAtTheDestination=p_geOfTheContactAtTheDestination,
-		arliestHourOfDayForTheDelivery=p_arliestHourOfDayForTheDelivery,
-		LatestHourOfDayForTheDelivery=p_LatestHourOfDayForTheDelivery,
+	UPDATE tDeliveryInstructions SET
+		SpokenLanguage=p_SpokenLanguage,
+		EarliestHour=p_EarliestHour,
+		LatestHour=p_LatestHour,
 		FK_OrderID=p_FK_OrderID,
 		QORSelectState=p_QORSelectState,
 		QORCounter=p_QORCounter
-	 WHERE ionalDeliveryInstructionsID=p_ionalDeliveryInstructionsID; 
+	 WHERE DeliveryInstructionsID=p_DeliveryInstructionsID; 
 	Commit; 
 END; 
 /

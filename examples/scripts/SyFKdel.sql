@@ -1,11 +1,8 @@
 ALTER TABLE tCustomer
 DROP CONSTRAINT FK_tCustomer_1
 
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
-
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
+ALTER TABLE tBillingAddress
+DROP CONSTRAINT FK_tBillingAddress_1
 
 ALTER TABLE tContacts
 DROP CONSTRAINT FK_tContacts_1
@@ -13,11 +10,8 @@ DROP CONSTRAINT FK_tContacts_1
 ALTER TABLE tContact
 DROP CONSTRAINT FK_tContact_1
 
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
-
-ALTER TABLE tAddress2
-DROP CONSTRAINT FK_tAddress2_1
+ALTER TABLE tDeliveryAddress
+DROP CONSTRAINT FK_tDeliveryAddress_1
 
 ALTER TABLE tOrderLines
 DROP CONSTRAINT FK_tOrderLines_1
@@ -49,7 +43,7 @@ DROP CONSTRAINT FK_tPayments_1
 ALTER TABLE tPayment
 DROP CONSTRAINT FK_tPayment_1
 
-ALTER TABLE trnationalDeliveryInstructions
-DROP CONSTRAINT ationalDeliveryInstructions_1
+ALTER TABLE tDeliveryInstructions
+DROP CONSTRAINT FK_tDeliveryInstructions_1
 
 

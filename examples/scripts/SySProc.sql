@@ -25,7 +25,7 @@ CREATE PROCEDURE tOrderC
 @OrderedOn	datetime,
 @RequiredBy	datetime,
 @State	smallint,
-@Urgency	varchar(50),
+@Urgency	smallint,
 @SalesRepresentative	int,
 @Total	float,
 @DiscountRate	real,
@@ -93,7 +93,7 @@ CREATE PROCEDURE tOrderU
 @OrderedOn	datetime,
 @RequiredBy	datetime,
 @State	smallint,
-@Urgency	varchar(50),
+@Urgency	smallint,
 @SalesRepresentative	int,
 @Total	float,
 @DiscountRate	real,
@@ -254,53 +254,41 @@ BEGIN
 END
 GO
 
-CREATE PROCEDURE tAddress2AR
+CREATE PROCEDURE tBillingAddressAR
 AS
-	SELECT *  FROM tAddress2
+	SELECT *  FROM tBillingAddress
 GO
 
-CREATE PROCEDURE tAddress2AD
+CREATE PROCEDURE tBillingAddressAD
 AS
-	DELETE  FROM tAddress2
+	DELETE  FROM tBillingAddress
 GO
 
-CREATE PROCEDURE tAddress2R
-(@AddressID	int)
+CREATE PROCEDURE tBillingAddressR
+(@BillingAddressID	int)
 AS
-	SELECT *  FROM tAddress2 WHERE AddressID = @AddressID
+	SELECT *  FROM tBillingAddress WHERE BillingAddressID = @BillingAddressID
 GO
 
-CREATE PROCEDURE tAddress2D
-(@AddressID	int)
+CREATE PROCEDURE tBillingAddressD
+(@BillingAddressID	int)
 AS
-	DELETE  FROM tAddress2 WHERE AddressID = @AddressID
+	DELETE  FROM tBillingAddress WHERE BillingAddressID = @BillingAddressID
 GO
 
-CREATE PROCEDURE tAddress2_FK_CustomerIDR
+CREATE PROCEDURE tBillingAddress_FK_CustomerIDR
 (@FK_CustomerID	int)
 AS
-	SELECT *  FROM tAddress2 WHERE FK_CustomerID = @FK_CustomerID
+	SELECT *  FROM tBillingAddress WHERE FK_CustomerID = @FK_CustomerID
 GO
 
-CREATE PROCEDURE tAddress2_FK_CustomerIDD
+CREATE PROCEDURE tBillingAddress_FK_CustomerIDD
 (@FK_CustomerID	int)
 AS
-	DELETE  FROM tAddress2 WHERE FK_CustomerID = @FK_CustomerID
+	DELETE  FROM tBillingAddress WHERE FK_CustomerID = @FK_CustomerID
 GO
 
-CREATE PROCEDURE tAddress2_FK_OrderIDR
-(@FK_OrderID	int)
-AS
-	SELECT *  FROM tAddress2 WHERE FK_OrderID = @FK_OrderID
-GO
-
-CREATE PROCEDURE tAddress2_FK_OrderIDD
-(@FK_OrderID	int)
-AS
-	DELETE  FROM tAddress2 WHERE FK_OrderID = @FK_OrderID
-GO
-
-CREATE PROCEDURE tAddress2C
+CREATE PROCEDURE tBillingAddressC
 (@Recipient	varchar(80),
 @Street	varchar(80),
 @PostalCode	varchar(12),
@@ -309,13 +297,12 @@ CREATE PROCEDURE tAddress2C
 @Latitude	float,
 @Longitude	float,
 @FK_CustomerID	int,
-@FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int,
-@AddressID	int OUTPUT)
+@BillingAddressID	int OUTPUT)
 AS
 BEGIN
-	INSERT INTO tAddress2
+	INSERT INTO tBillingAddress
 	(Recipient,
 	Street,
 	PostalCode,
@@ -324,7 +311,6 @@ BEGIN
 	Latitude,
 	Longitude,
 	FK_CustomerID,
-	FK_OrderID,
 	QORSelectState,
 	QORCounter)
 	VALUES 
@@ -336,15 +322,14 @@ BEGIN
 	@Latitude,
 	@Longitude,
 	@FK_CustomerID,
-	@FK_OrderID,
 	@QORSelectState,
 	@QORCounter)
 
-	SELECT @AddressID=max(AddressID) FROM tAddress2
+	SELECT @BillingAddressID=max(BillingAddressID) FROM tBillingAddress
 END
 GO
 
-CREATE PROCEDURE tAddress2U
+CREATE PROCEDURE tBillingAddressU
 (@Recipient	varchar(80),
 @Street	varchar(80),
 @PostalCode	varchar(12),
@@ -352,14 +337,13 @@ CREATE PROCEDURE tAddress2U
 @CountryCode	varchar(2),
 @Latitude	float,
 @Longitude	float,
-@AddressID	int,
+@BillingAddressID	int,
 @FK_CustomerID	int,
-@FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int)
 AS
 BEGIN
-	UPDATE tAddress2 SET
+	UPDATE tBillingAddress SET
 		Recipient=@Recipient,
 		Street=@Street,
 		PostalCode=@PostalCode,
@@ -368,10 +352,9 @@ BEGIN
 		Latitude=@Latitude,
 		Longitude=@Longitude,
 		FK_CustomerID=@FK_CustomerID,
-		FK_OrderID=@FK_OrderID,
 		QORSelectState=@QORSelectState,
 		QORCounter=@QORCounter
-	 WHERE AddressID=@AddressID
+	 WHERE BillingAddressID=@BillingAddressID
 END
 GO
 
@@ -538,53 +521,41 @@ BEGIN
 END
 GO
 
-CREATE PROCEDURE tAddress2AR
+CREATE PROCEDURE tDeliveryAddressAR
 AS
-	SELECT *  FROM tAddress2
+	SELECT *  FROM tDeliveryAddress
 GO
 
-CREATE PROCEDURE tAddress2AD
+CREATE PROCEDURE tDeliveryAddressAD
 AS
-	DELETE  FROM tAddress2
+	DELETE  FROM tDeliveryAddress
 GO
 
-CREATE PROCEDURE tAddress2R
-(@AddressID	int)
+CREATE PROCEDURE tDeliveryAddressR
+(@DeliveryAddressID	int)
 AS
-	SELECT *  FROM tAddress2 WHERE AddressID = @AddressID
+	SELECT *  FROM tDeliveryAddress WHERE DeliveryAddressID = @DeliveryAddressID
 GO
 
-CREATE PROCEDURE tAddress2D
-(@AddressID	int)
+CREATE PROCEDURE tDeliveryAddressD
+(@DeliveryAddressID	int)
 AS
-	DELETE  FROM tAddress2 WHERE AddressID = @AddressID
+	DELETE  FROM tDeliveryAddress WHERE DeliveryAddressID = @DeliveryAddressID
 GO
 
-CREATE PROCEDURE tAddress2_FK_CustomerIDR
-(@FK_CustomerID	int)
-AS
-	SELECT *  FROM tAddress2 WHERE FK_CustomerID = @FK_CustomerID
-GO
-
-CREATE PROCEDURE tAddress2_FK_CustomerIDD
-(@FK_CustomerID	int)
-AS
-	DELETE  FROM tAddress2 WHERE FK_CustomerID = @FK_CustomerID
-GO
-
-CREATE PROCEDURE tAddress2_FK_OrderIDR
+CREATE PROCEDURE tDeliveryAddress_FK_OrderIDR
 (@FK_OrderID	int)
 AS
-	SELECT *  FROM tAddress2 WHERE FK_OrderID = @FK_OrderID
+	SELECT *  FROM tDeliveryAddress WHERE FK_OrderID = @FK_OrderID
 GO
 
-CREATE PROCEDURE tAddress2_FK_OrderIDD
+CREATE PROCEDURE tDeliveryAddress_FK_OrderIDD
 (@FK_OrderID	int)
 AS
-	DELETE  FROM tAddress2 WHERE FK_OrderID = @FK_OrderID
+	DELETE  FROM tDeliveryAddress WHERE FK_OrderID = @FK_OrderID
 GO
 
-CREATE PROCEDURE tAddress2C
+CREATE PROCEDURE tDeliveryAddressC
 (@Recipient	varchar(80),
 @Street	varchar(80),
 @PostalCode	varchar(12),
@@ -592,14 +563,13 @@ CREATE PROCEDURE tAddress2C
 @CountryCode	varchar(2),
 @Latitude	float,
 @Longitude	float,
-@FK_CustomerID	int,
 @FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int,
-@AddressID	int OUTPUT)
+@DeliveryAddressID	int OUTPUT)
 AS
 BEGIN
-	INSERT INTO tAddress2
+	INSERT INTO tDeliveryAddress
 	(Recipient,
 	Street,
 	PostalCode,
@@ -607,7 +577,6 @@ BEGIN
 	CountryCode,
 	Latitude,
 	Longitude,
-	FK_CustomerID,
 	FK_OrderID,
 	QORSelectState,
 	QORCounter)
@@ -619,16 +588,15 @@ BEGIN
 	@CountryCode,
 	@Latitude,
 	@Longitude,
-	@FK_CustomerID,
 	@FK_OrderID,
 	@QORSelectState,
 	@QORCounter)
 
-	SELECT @AddressID=max(AddressID) FROM tAddress2
+	SELECT @DeliveryAddressID=max(DeliveryAddressID) FROM tDeliveryAddress
 END
 GO
 
-CREATE PROCEDURE tAddress2U
+CREATE PROCEDURE tDeliveryAddressU
 (@Recipient	varchar(80),
 @Street	varchar(80),
 @PostalCode	varchar(12),
@@ -636,14 +604,13 @@ CREATE PROCEDURE tAddress2U
 @CountryCode	varchar(2),
 @Latitude	float,
 @Longitude	float,
-@AddressID	int,
-@FK_CustomerID	int,
+@DeliveryAddressID	int,
 @FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int)
 AS
 BEGIN
-	UPDATE tAddress2 SET
+	UPDATE tDeliveryAddress SET
 		Recipient=@Recipient,
 		Street=@Street,
 		PostalCode=@PostalCode,
@@ -651,11 +618,10 @@ BEGIN
 		CountryCode=@CountryCode,
 		Latitude=@Latitude,
 		Longitude=@Longitude,
-		FK_CustomerID=@FK_CustomerID,
 		FK_OrderID=@FK_OrderID,
 		QORSelectState=@QORSelectState,
 		QORCounter=@QORCounter
-	 WHERE AddressID=@AddressID
+	 WHERE DeliveryAddressID=@DeliveryAddressID
 END
 GO
 
@@ -1509,87 +1475,87 @@ BEGIN
 END
 GO
 
-CREATE PROCEDURE nationalDeliveryInstructionsAR
+CREATE PROCEDURE tDeliveryInstructionsAR
 AS
-	SELECT *  FROM trnationalDeliveryInstructions
+	SELECT *  FROM tDeliveryInstructions
 GO
 
-CREATE PROCEDURE nationalDeliveryInstructionsAD
+CREATE PROCEDURE tDeliveryInstructionsAD
 AS
-	DELETE  FROM trnationalDeliveryInstructions
+	DELETE  FROM tDeliveryInstructions
 GO
 
-CREATE PROCEDURE rnationalDeliveryInstructionsR
-(@ionalDeliveryInstructionsID	int)
+CREATE PROCEDURE tDeliveryInstructionsR
+(@DeliveryInstructionsID	int)
 AS
-	SELECT *  FROM trnationalDeliveryInstructions WHERE ionalDeliveryInstructionsID = @ionalDeliveryInstructionsID
+	SELECT *  FROM tDeliveryInstructions WHERE DeliveryInstructionsID = @DeliveryInstructionsID
 GO
 
-CREATE PROCEDURE rnationalDeliveryInstructionsD
-(@ionalDeliveryInstructionsID	int)
+CREATE PROCEDURE tDeliveryInstructionsD
+(@DeliveryInstructionsID	int)
 AS
-	DELETE  FROM trnationalDeliveryInstructions WHERE ionalDeliveryInstructionsID = @ionalDeliveryInstructionsID
+	DELETE  FROM tDeliveryInstructions WHERE DeliveryInstructionsID = @DeliveryInstructionsID
 GO
 
 CREATE PROCEDURE liveryInstructions_FK_OrderIDR
 (@FK_OrderID	int)
 AS
-	SELECT *  FROM trnationalDeliveryInstructions WHERE FK_OrderID = @FK_OrderID
+	SELECT *  FROM tDeliveryInstructions WHERE FK_OrderID = @FK_OrderID
 GO
 
 CREATE PROCEDURE liveryInstructions_FK_OrderIDD
 (@FK_OrderID	int)
 AS
-	DELETE  FROM trnationalDeliveryInstructions WHERE FK_OrderID = @FK_OrderID
+	DELETE  FROM tDeliveryInstructions WHERE FK_OrderID = @FK_OrderID
 GO
 
-CREATE PROCEDURE rnationalDeliveryInstructionsC
-(@geOfTheContactAtTheDestination	varchar(30),
-@arliestHourOfDayForTheDelivery	smallint,
-@LatestHourOfDayForTheDelivery	smallint,
+CREATE PROCEDURE tDeliveryInstructionsC
+(@SpokenLanguage	varchar(30),
+@EarliestHour	smallint,
+@LatestHour	smallint,
 @FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int,
-@ionalDeliveryInstructionsID	int OUTPUT)
+@DeliveryInstructionsID	int OUTPUT)
 AS
 BEGIN
-	INSERT INTO trnationalDeliveryInstructions
-	(geOfTheContactAtTheDestination,
-	arliestHourOfDayForTheDelivery,
-	LatestHourOfDayForTheDelivery,
+	INSERT INTO tDeliveryInstructions
+	(SpokenLanguage,
+	EarliestHour,
+	LatestHour,
 	FK_OrderID,
 	QORSelectState,
 	QORCounter)
 	VALUES 
-	(@geOfTheContactAtTheDestination,
-	@arliestHourOfDayForTheDelivery,
-	@LatestHourOfDayForTheDelivery,
+	(@SpokenLanguage,
+	@EarliestHour,
+	@LatestHour,
 	@FK_OrderID,
 	@QORSelectState,
 	@QORCounter)
 
-	SELECT @ionalDeliveryInstructionsID=max(ionalDeliveryInstructionsID) FROM trnationalDeliveryInstructions
+	SELECT @DeliveryInstructionsID=max(DeliveryInstructionsID) FROM tDeliveryInstructions
 END
 GO
 
-CREATE PROCEDURE rnationalDeliveryInstructionsU
-(@geOfTheContactAtTheDestination	varchar(30),
-@arliestHourOfDayForTheDelivery	smallint,
-@LatestHourOfDayForTheDelivery	smallint,
-@ionalDeliveryInstructionsID	int,
+CREATE PROCEDURE tDeliveryInstructionsU
+(@SpokenLanguage	varchar(30),
+@EarliestHour	smallint,
+@LatestHour	smallint,
+@DeliveryInstructionsID	int,
 @FK_OrderID	int,
 @QORSelectState	int,
 @QORCounter	int)
 AS
 BEGIN
-	UPDATE trnationalDeliveryInstructions SET
-		geOfTheContactAtTheDestination=@geOfTheContactAtTheDestination,
-		arliestHourOfDayForTheDelivery=@arliestHourOfDayForTheDelivery,
-		LatestHourOfDayForTheDelivery=@LatestHourOfDayForTheDelivery,
+	UPDATE tDeliveryInstructions SET
+		SpokenLanguage=@SpokenLanguage,
+		EarliestHour=@EarliestHour,
+		LatestHour=@LatestHour,
 		FK_OrderID=@FK_OrderID,
 		QORSelectState=@QORSelectState,
 		QORCounter=@QORCounter
-	 WHERE ionalDeliveryInstructionsID=@ionalDeliveryInstructionsID
+	 WHERE DeliveryInstructionsID=@DeliveryInstructionsID
 END
 GO
 

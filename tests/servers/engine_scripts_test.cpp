@@ -98,7 +98,7 @@ class EngineScripts : public testing::TestWithParam<Engine> {
         return place;
     }
 
-    const RepositoryFile m_repository{ReadFile(KORVEX_EXAMPLES "/orders.json")};
+    const RepositoryFile m_repository{ReadFile(KORVEX_TEST_DATA "/orders.json")};
     TempFolder m_folder;
     Places m_places{GetParam().driver, m_folder};
     const std::string m_place = m_places.New("target");

@@ -37,13 +37,13 @@ std::shared_ptr<objects::Definition> OrdersDefinition() {
     DefinitionRepository(platform, folder.Path("orders.db"));
     repository::Repository repository(platform);
     repository.OpenRepository(folder.Path("orders.db"));
-    cli::ImportModel(cli::ReadModel(KORVEX_EXAMPLES "/orders.json"), repository.Open());
+    cli::ImportModel(cli::ReadModel(KORVEX_TEST_DATA "/orders.json"), repository.Open());
     repository::CreateRelationship(repository, "Orders", "FK_");
     return objects::LoadDefinition(repository::Catalog::Read(repository.Open()), "Orders");
 }
 
 void CreateExampleTables(ado::Connection& connection, Driver driver) {
-    std::ifstream file(KORVEX_EXAMPLES "/scripts/MSCreate.sql");
+    std::ifstream file(KORVEX_TEST_DATA "/scripts/MSCreate.sql");
     std::set<std::string> made;  // the script holds a table once for each way that leads to its object
     std::string statement;
     for (std::string line; std::getline(file, line);) {

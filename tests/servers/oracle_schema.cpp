@@ -29,7 +29,7 @@ constexpr std::pair<const char*, const char*> Substitutions[] = {
 }  // namespace
 
 void OracleSchema::Apply(const std::string& name) {
-    std::ifstream file(KORVEX_EXAMPLES "/scripts/" + name, std::ios::binary);
+    std::ifstream file(KORVEX_TEST_DATA "/scripts/" + name, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(file), {}};
     ASSERT_FALSE(text.empty()) << name;
     for (const auto& [theirs, ours] : Substitutions)
@@ -40,7 +40,7 @@ void OracleSchema::Apply(const std::string& name) {
 }
 
 OracleSchema::Texts OracleSchema::TablesOfTheScript() {
-    std::ifstream file(KORVEX_EXAMPLES "/scripts/OraCreate.sql");
+    std::ifstream file(KORVEX_TEST_DATA "/scripts/OraCreate.sql");
     constexpr std::string_view start = "CREATE TABLE ";
     Texts tables;
     for (std::string line; std::getline(file, line);) {

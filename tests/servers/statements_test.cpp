@@ -102,7 +102,7 @@ class ServerReplies : public testing::TestWithParam<Driver> {
 TEST_P(ServerReplies, ACommandWaitsLittleMoreThanOnceForEachStatement) {
     CreateExampleTables(*m_database.Connect(), GetParam());
     for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-             {"repository", "import", m_repository.Path(), KORVEX_EXAMPLES "/orders.json"},
+             {"repository", "import", m_repository.Path(), KORVEX_TEST_DATA "/orders.json"},
              {"relate", "--repository", m_repository.Path(), "--storage", "Orders"}})
         EXPECT_EQ(RunKorvex(words).exitCode, 0);
     const std::string unchanged = m_folder.Path("unchanged.json");
@@ -112,7 +112,7 @@ TEST_P(ServerReplies, ACommandWaitsLittleMoreThanOnceForEachStatement) {
         std::size_t mariaDb;
         std::size_t postgreSql;
     } commands[] = {
-        {{"save", KORVEX_EXAMPLES "/order.json"}, 75, 85},
+        {{"save", KORVEX_TEST_DATA "/order.json"}, 75, 85},
         {{"load", "--key", "1"}, 50, 65},
         {{"update", "--key", "1", unchanged}, 55, 65},
         {{"delete", "--key", "1"}, 95, 95},

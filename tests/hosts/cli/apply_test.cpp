@@ -37,7 +37,7 @@ class Apply : public testing::Test {
     CommandResult ApplyExample(const Lines& names) const {
         Lines files;
         for (const std::string& name : names)
-            files.push_back(KORVEX_EXAMPLES "/scripts/" + name + ".sql");
+            files.push_back(KORVEX_TEST_DATA "/scripts/" + name + ".sql");
         return ApplyFiles(files);
     }
     void Expect(const CommandResult& result, const std::string& output) const {
@@ -198,7 +198,7 @@ TEST_F(Apply, IndexesOfTwoTablesMayShareAName) {
 
 // Nothing is rewritten, nothing is left out; a plan is only printed.
 TEST_F(Apply, PlainScriptsRunAsTheyStand) {
-    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
     const std::string folder = m_target.Folder().Path("scripts");
     RunKorvex({"script", "--repository", repository.Path(), "--dialect", "sqlite", "--out", folder});
     const std::string create = folder + "/LiteCreate.sql";

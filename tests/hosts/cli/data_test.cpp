@@ -22,7 +22,7 @@ using testing::ElementsAre;
 
 using Arguments = std::vector<std::string>;
 
-constexpr const char* OrderFile = KORVEX_EXAMPLES "/order.json";
+constexpr const char* OrderFile = KORVEX_TEST_DATA "/order.json";
 
 /// `options` with those of `more`, which replace options of the same name.
 Arguments Merge(Arguments options, const Arguments& more) {
@@ -41,13 +41,14 @@ Arguments Merge(Arguments options, const Arguments& more) {
 class StoredData : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        s_repository = std::make_unique<RepositoryFile>(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+        s_repository = std::make_unique<RepositoryFile>(ReadFile(KORVEX_TEST_DATA "/orders.json"));
         ASSERT_EQ(RunKorvex({"relate", "--repository", s_repository->Path()}).exitCode, 0);
         const TargetDatabase target;
-        ASSERT_EQ(RunKorvex({"apply", "--connection", target.Connection(), "--create",
-                             KORVEX_EXAMPLES "/scripts/MSCreate.sql", KORVEX_EXAMPLES "/scripts/MSFKCr.sql"})
-                      .exitCode,
-                  0);
+        ASSERT_EQ(
+            RunKorvex({"apply", "--connection", target.Connection(), "--create",
+                       KORVEX_TEST_DATA "/scripts/MSCreate.sql", KORVEX_TEST_DATA "/scripts/MSFKCr.sql"})
+                .exitCode,
+            0);
         std::filesystem::copy(target.Path(), EmptyDatabase());
     }
     static void TearDownTestSuite() { s_repository.reset(); }
@@ -315,7 +316,7 @@ TEST_F(StoredData, BadSettings) {
 }
 
 TEST_F(StoredData, ARootWithoutATableIsNamed) {
-    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
     ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
     repository.Execute({"update tObjects set TableName = null where Name = 'Order'"});
     ExpectFailure(Run("save", {"--repository", repository.Path(), OrderFile}),

@@ -1,6 +1,7 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
 #include "support/driver.h"
+#include "support/json_holds.h"
 #include "support/text_files.h"
 
 #include <gmock/gmock.h>
@@ -97,7 +98,7 @@ class DatabaseCommand : public testing::TestWithParam<Driver> {
 constexpr const char* Equal = "the tables are those of the definition\n";
 
 TEST_P(DatabaseCommand, MakesChecksCompletesAndRemovesTheTablesOfADefinition) {
-    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
     const auto run = [&](const std::string& what, const std::vector<std::string>& more = {}) {
         return Run(repository, what, "Orders", more);
     };
@@ -127,6 +128,22 @@ TEST_P(DatabaseCommand, MakesChecksCompletesAndRemovesTheTablesOfADefinition) {
     EXPECT_THAT(run("drop", {"--yes"}).output, StartsWith("16 tables"));
     EXPECT_THAT(run("check").output, StartsWith("tOrder is missing\ntCustomer is missing\n"));
     Expect(run("create"), Made("16 tables, 16 indexes, " + m_engine.things));
+}
+
+TEST_P(DatabaseCommand, HoldsTheExampleThatIsDelivered) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    EXPECT_EQ(RunKorvex({"repository", "check", repository.Path(), "--dialect", "all-engines"}).messages,
+              "korvex: 0 errors, 0 warnings\n");
+    EXPECT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
+    EXPECT_THAT(Run(repository, "create", "Orders").output, StartsWith("17 tables, 16 indexes"));
+    const auto run = [&](const char* command, std::vector<std::string> more) {
+        more.insert(more.begin(), {command, "--repository", repository.Path(), "--storage", "Orders",
+                                   "--connection", Target()});
+        return RunKorvex(more).output;
+    };
+    EXPECT_EQ(run("save", {KORVEX_EXAMPLES "/order.json"}), "1\n");
+    const std::string loaded = run("load", {"--key", "1"});
+    EXPECT_TRUE(Holds(loaded, ReadFile(KORVEX_EXAMPLES "/order.json"))) << loaded;
 }
 
 TEST_P(DatabaseCommand, DefinitionsShareTables) {
@@ -194,7 +211,7 @@ TEST(DatabaseFile, IsNotMadeForADefinitionThatTheEngineDoesNotTake) {
 }
 
 TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {
-    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
     ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
     const TargetDatabase target;
     std::string script = ReadFile(KORVEX_EXPECTED "/target_0.1.sql");
@@ -212,7 +229,7 @@ TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {
     EXPECT_THAT(checked.output, HasSubstr("\ntOrder.Total is float, not decimal(19,4)\n"));
     ExpectFailure(run({"database", "create"}), "Tables are there that differ from the definition");
 
-    EXPECT_EQ(run({"save"}, {KORVEX_EXAMPLES "/order.json"}).output, "1\n");
+    EXPECT_EQ(run({"save"}, {KORVEX_TEST_DATA "/order.json"}).output, "1\n");
     const CommandResult loaded = run({"load"}, {"--key", "1"});
     EXPECT_THAT(loaded.output, HasSubstr("\"OrderNumber\""));
     EXPECT_EQ(RunKorvex({"update", "--repository", repository.Path(), "--storage", "Orders", "--connection",

@@ -6,7 +6,7 @@ set -eu
 build=$1
 step=$2
 source=$(cd "$(dirname "$0")" && pwd)
-examples=$(cd "$source/../../../examples" && pwd)
+root=$(cd "$source/../../.." && pwd)
 work=$build/jobs
 
 wine() {
@@ -40,14 +40,14 @@ run_script() {
 
 # sample FILE [ARGUMENT ...]: one of those that are delivered.
 sample() {
-    script=$(windows_path "$examples/windows/$1")
+    script=$(windows_path "$root/examples/windows/$1")
     shift
     wine cscript //nologo "$script" "$@"
 }
 
 # Whether the script files whose names start so, and no others, are as they should be.
 compare_scripts() {
-    for golden in "$examples/scripts/$1"*; do
+    for golden in "$root/tests/data/scripts/$1"*; do
         cmp "$golden" "out/${golden##*/}"
         rm "out/${golden##*/}"
     done
@@ -82,7 +82,7 @@ case "$step" in
     engines)
         wine regsvr32 /s "$(windows_path "$build/korvex_test_engines.dll")"
         cd "$work"
-        wine "$build/make_databases.exe" repository orders.db "$examples/orders.json"
+        wine "$build/make_databases.exe" repository orders.db "$root/tests/data/orders.json"
         # One that has no keys yet and takes none.
         cp orders.db refusing.db
         sqlite3 refusing.db "create trigger refuse before insert on tForeignKeys
@@ -113,7 +113,7 @@ Dialect 94"
             MSCreate.sql MSFKCr.sql
         ;;
     persistence)
-        run_script persistence "$work/persistence/target.db" "$(windows_path "$examples/order.json")"
+        run_script persistence "$work/persistence/target.db" "$(windows_path "$root/tests/data/order.json")"
         expect "orders" "$(query 'select OrderID from tOrder')" 2
         expect "lines" "$(query 'select OrderLineID, FK_OrderLinesID, LineNumber from tOrderLine')" '6|3|1'
         expect "customer" "$(query 'select CompanyName from tCustomer')" 'Müller & Ж😀'
@@ -130,7 +130,7 @@ deleted
 still there: False"
         query "insert into tOrder (OrderNumber) values ('B-7')"
         expect "host.cpp" "$(wine "$build/host_sample.exe" orders.db Orders out "$target" tOrder OrderID \
-            "$(query 'select OrderID from tOrder')" OrderNumber)" "$(($(wc -m <"$examples/scripts/MSCreate.sql") - 2)) characters create the tables
+            "$(query 'select OrderID from tOrder')" OrderNumber)" "$(($(wc -m <"$root/tests/data/scripts/MSCreate.sql") - 2)) characters create the tables
 OrderNumber is B-7"
         compare_scripts MS
         ;;

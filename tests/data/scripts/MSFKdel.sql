@@ -1,0 +1,73 @@
+ALTER TABLE tCustomer
+DROP CONSTRAINT FK_tCustomer_1
+GO
+
+ALTER TABLE tAddress2
+DROP CONSTRAINT FK_tAddress2_1
+GO
+
+ALTER TABLE tAddress2
+DROP CONSTRAINT FK_tAddress2_1
+GO
+
+ALTER TABLE tContacts
+DROP CONSTRAINT FK_tContacts_1
+GO
+
+ALTER TABLE tContact
+DROP CONSTRAINT FK_tContact_1
+GO
+
+ALTER TABLE tAddress2
+DROP CONSTRAINT FK_tAddress2_1
+GO
+
+ALTER TABLE tAddress2
+DROP CONSTRAINT FK_tAddress2_1
+GO
+
+ALTER TABLE tOrderLines
+DROP CONSTRAINT FK_tOrderLines_1
+GO
+
+ALTER TABLE tOrderLine
+DROP CONSTRAINT FK_tOrderLine_1
+GO
+
+ALTER TABLE tProduct
+DROP CONSTRAINT FK_tProduct_1
+GO
+
+ALTER TABLE tLineAllocations
+DROP CONSTRAINT FK_tLineAllocations_1
+GO
+
+ALTER TABLE tLineAllocation
+DROP CONSTRAINT FK_tLineAllocation_1
+GO
+
+ALTER TABLE tShipments
+DROP CONSTRAINT FK_tShipments_1
+GO
+
+ALTER TABLE tShipment
+DROP CONSTRAINT FK_tShipment_1
+GO
+
+ALTER TABLE tParcel
+DROP CONSTRAINT FK_tParcel_1
+GO
+
+ALTER TABLE tPayments
+DROP CONSTRAINT FK_tPayments_1
+GO
+
+ALTER TABLE tPayment
+DROP CONSTRAINT FK_tPayment_1
+GO
+
+ALTER TABLE trnationalDeliveryInstructions
+DROP CONSTRAINT ationalDeliveryInstructions_1
+GO
+
+
