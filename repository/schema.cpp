@@ -56,16 +56,16 @@ constexpr SchemaTable Tables[] = {
 // One column each: rows that share the value then come in the order in which they were added, and that is
 // the order of the columns in a table and of the tables in a script.
 constexpr std::string_view Indexes[] = {
-    "CREATE INDEX tDataDefs_Storage ON tDataDefs (Storage)",
-    "CREATE INDEX tObjectInterfaces_ObjectID ON tObjectInterfaces (ObjectID)",
-    "CREATE INDEX tObjectInterfaces_InterfaceID ON tObjectInterfaces (InterfaceID)",
-    "CREATE INDEX tValues_InterfaceID ON tValues (InterfaceID)",
+    "CREATE INDEX IF NOT EXISTS tDataDefs_Storage ON tDataDefs (Storage)",
+    "CREATE INDEX IF NOT EXISTS tObjectInterfaces_ObjectID ON tObjectInterfaces (ObjectID)",
+    "CREATE INDEX IF NOT EXISTS tObjectInterfaces_InterfaceID ON tObjectInterfaces (InterfaceID)",
+    "CREATE INDEX IF NOT EXISTS tValues_InterfaceID ON tValues (InterfaceID)",
 };
 
 // In place of the keys, where there are none.
 constexpr std::string_view KeyIndexes[] = {
-    "CREATE INDEX tPrimaryKeys_ObjectID ON tPrimaryKeys (ObjectID)",
-    "CREATE INDEX tForeignKeys_ObjectID ON tForeignKeys (ObjectID)",
+    "CREATE INDEX IF NOT EXISTS tPrimaryKeys_ObjectID ON tPrimaryKeys (ObjectID)",
+    "CREATE INDEX IF NOT EXISTS tForeignKeys_ObjectID ON tForeignKeys (ObjectID)",
 };
 
 /// A column as an engine declares it.
@@ -83,7 +83,7 @@ std::string ColumnText(const SchemaColumn& column, SchemaEngine engine) {
 }
 
 std::string CreateTableText(const SchemaTable& table, SchemaEngine engine) {
-    std::string text = "CREATE TABLE " + std::string(table.name) + " (";
+    std::string text = "CREATE TABLE IF NOT EXISTS " + std::string(table.name) + " (";
     std::string_view separator;
     for (const SchemaColumn& column : table.columns) {
         text.append(separator).append(ColumnText(column, engine));
@@ -99,7 +99,7 @@ std::string CreateTableText(const SchemaTable& table, SchemaEngine engine) {
 /// A serial column does not take notice of numbers that rows bring with them, and would give them once more.
 void AddNumbering(std::vector<std::string>& statements) {
     statements.emplace_back(
-        "CREATE FUNCTION NumberFromHere() RETURNS trigger LANGUAGE plpgsql AS $$ "
+        "CREATE OR REPLACE FUNCTION NumberFromHere() RETURNS trigger LANGUAGE plpgsql AS $$ "
         "DECLARE given bigint := (to_jsonb(NEW) ->> lower(TG_ARGV[0]))::bigint; "
         "numbers text := pg_get_serial_sequence(TG_RELID::regclass::text, lower(TG_ARGV[0])); "
         "BEGIN "
@@ -109,7 +109,7 @@ void AddNumbering(std::vector<std::string>& statements) {
     for (const SchemaTable& table : Tables) {
         for (const SchemaColumn& column : table.columns) {
             if (column.type != AutoNumber) continue;
-            std::string text = "CREATE TRIGGER ";
+            std::string text = "CREATE OR REPLACE TRIGGER ";
             text.append(table.name).append("_Number BEFORE INSERT ON ").append(table.name);
             text.append(" FOR EACH ROW EXECUTE FUNCTION NumberFromHere('").append(column.name).append("')");
             statements.push_back(std::move(text));

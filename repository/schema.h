@@ -38,10 +38,10 @@ enum class SchemaEngine : std::uint8_t {
 SchemaEngine SchemaEngineOf(dao::Database& database);
 
 /// The statements that make an empty repository: the tables, then one index for each look-up that no primary
-/// key serves.
+/// key serves. What is there already is left as it is, so that a making that was cut off can go on.
 std::vector<std::string> SchemaStatements(SchemaEngine engine = SchemaEngine::Embedded);
 
-/// Makes the tables and indexes in an empty database. Engine errors reach the caller.
+/// Makes the tables and indexes that a database lacks. Engine errors reach the caller.
 void CreateSchema(dao::Database& database, SchemaEngine engine = SchemaEngine::Embedded);
 
 /// A table, or a column of a table, that a database lacks.

@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex::cli {
 
@@ -34,35 +36,32 @@ void MakeFile(const Platform& platform, const std::string& file) {
     }
 }
 
-/// Where making a table ends a transaction, what was made before a failure would be in the way of the next
-/// try.
-void DropTables(dao::Database& database) {
-    for (const repository::SchemaTable& table : repository::SchemaTables()) {
-        try {
-            database.Execute("DROP TABLE " + std::string(table.name));
-        } catch (const automation::Error&) {
-            // It was not made; the failure that led here is the one to report.
-        }
+/// Whether the database has tables of a repository that are more than the empty beginnings of one.
+bool IsInUse(dao::Database& database) {
+    std::set<std::string_view> missing;
+    const std::vector<repository::SchemaGap> gaps = repository::CheckSchema(database);
+    for (const repository::SchemaGap& gap : gaps) {
+        if (!gap.column.empty()) return true;
+        missing.insert(gap.table);
     }
+    return std::ranges::any_of(repository::SchemaTables(), [&](const repository::SchemaTable& table) {
+        return !missing.contains(table.name) &&
+               !database.OpenRecordset("select * from " + std::string(table.name), dao::dbOpenSnapshot)
+                    ->Eof();
+    });
 }
 
+/// Where making a table ends a transaction, a making that was cut off leaves the first tables: they are gone
+/// on from.
 void MakeInSource(const Platform& platform, const std::string& connection) {
     const auto workspace = platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC);
     const std::unique_ptr<dao::Database> database = workspace->OpenConnection("", false, connection);
     const repository::SchemaEngine engine = repository::SchemaEngineOf(*database);
-    const auto missing = repository::CheckSchema(*database);
-    const auto isTable = [](const repository::SchemaGap& gap) { return gap.column.empty(); };
-    if (static_cast<std::size_t>(std::ranges::count_if(missing, isTable)) <
-        repository::SchemaTables().size()) {
+    if (IsInUse(*database)) {
         throw automation::Error(automation::PathFileAccessError,
                                 "The database behind the ODBC source has tables of a repository already.");
     }
-    try {
-        MakeTables(*database, engine);
-    } catch (...) {
-        DropTables(*database);
-        throw;
-    }
+    MakeTables(*database, engine);
 }
 
 /// Everybody, other engines included, would take the file for what its name says.

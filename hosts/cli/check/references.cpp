@@ -126,8 +126,8 @@ void CheckReferences(const Catalog& catalog, Findings& findings) {
 }
 
 bool CheckCycles(const Catalog& catalog, Findings& findings) {
-    const std::optional<std::string> cycle = FindCycle(ExportModel(catalog, "").model);
-    if (cycle) findings.Error("an object is its own ancestor: " + *cycle);
+    const std::optional<ModelCycle> cycle = FindCycle(ExportModel(catalog, "").model);
+    if (cycle) findings.Error("an object is its own ancestor: " + cycle->path);
     return !cycle;
 }
 

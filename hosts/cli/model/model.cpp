@@ -13,7 +13,7 @@ struct Step {
     std::size_t next = 0;
 };
 
-std::string PathText(const Model& model, const std::vector<Step>& path, std::size_t repeated) {
+std::string NamesAlong(const Model& model, const std::vector<Step>& path, std::size_t repeated) {
     const auto start = std::find_if(path.begin(), path.end(),
                                     [repeated](const Step& step) { return step.object == repeated; });
     std::string text;
@@ -37,7 +37,15 @@ std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object) {
     return children;
 }
 
-std::optional<std::string> FindCycle(const Model& model) {
+std::string PlaceText(const Model& model, const ModelPlace& place, std::string_view member) {
+    std::string text = model.file.empty() ? "" : model.file + ": ";
+    if (place.empty()) return text;
+    text += place;
+    if (!member.empty()) text.append(".").append(member);
+    return text + ": ";
+}
+
+std::optional<ModelCycle> FindCycle(const Model& model) {
     enum class State : std::uint8_t { New, OnPath, Done };
     std::vector<State> states(model.objects.size(), State::New);
     // A path of its own instead of recursion: definitions may be deeper than the stack.
@@ -54,7 +62,7 @@ std::optional<std::string> FindCycle(const Model& model) {
                 continue;
             }
             const std::size_t child = step.children[step.next++];
-            if (states[child] == State::OnPath) return PathText(model, path, child);
+            if (states[child] == State::OnPath) return ModelCycle{child, NamesAlong(model, path, child)};
             if (states[child] == State::Done) continue;
             states[child] = State::OnPath;
             path.push_back({child, ChildrenOf(model, child)});

@@ -5,12 +5,17 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
 /// Data definitions in memory, free of any repository's identifiers: what stands between the JSON form and
 /// the rows of a repository. Objects and interfaces are referred to by their position in the model.
 namespace korvex::cli {
+
+/// Where an entry stands in the file that a model was read from, "objects[2].values[0]"; empty for one that
+/// was not.
+using ModelPlace = std::string;
 
 struct ModelValue {
     std::string name;
@@ -26,14 +31,16 @@ struct ModelValue {
     std::string translation;
     std::string maxValue;
     std::string minValue;
-    std::int32_t vid = 0;
+    std::optional<std::int32_t> vid;  ///< number within the interface; nothing: not numbered yet
     std::array<std::string, 3> tags;
     std::optional<std::size_t> child;  ///< the object that the value holds
+    ModelPlace place;
 };
 
 struct ModelInterface {
     std::string name;
     std::vector<ModelValue> values;
+    ModelPlace place;
 };
 
 struct ModelValueRef {
@@ -45,6 +52,7 @@ struct ModelValueRef {
 struct ModelPrimaryKey {
     ModelValueRef value;
     std::int32_t seq = 0;
+    ModelPlace place;
 };
 
 struct ModelForeignKey {
@@ -52,6 +60,7 @@ struct ModelForeignKey {
     std::size_t object = 0;  ///< the object referred to
     ModelValueRef key;       ///< its key value
     std::string guid;
+    ModelPlace place;
 };
 
 struct ModelObject {
@@ -63,14 +72,17 @@ struct ModelObject {
     std::optional<std::size_t> element;  ///< object of the elements of a collection
     std::vector<ModelPrimaryKey> primaryKeys;
     std::vector<ModelForeignKey> foreignKeys;
+    ModelPlace place;
 };
 
 struct ModelDefinition {
     std::string storage;
     std::size_t root = 0;
+    ModelPlace place;
 };
 
 struct Model {
+    std::string file;  ///< that it was read from; empty for none
     std::vector<ModelDefinition> definitions;
     std::vector<ModelObject> objects;
     std::vector<ModelInterface> interfaces;
@@ -79,8 +91,16 @@ struct Model {
 /// The objects directly beneath an object, in walk order: its element object, then its values' children.
 std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object);
 
-/// The names along a path on which an object is its own ancestor ("Order > Customer > Order"), or nothing.
-std::optional<std::string> FindCycle(const Model& model);
+/// "orders.json: objects[2].values[0].maxLength: ", or as much of it as is known; `member` may be empty.
+std::string PlaceText(const Model& model, const ModelPlace& place, std::string_view member = {});
+
+struct ModelCycle {
+    std::size_t object = 0;  ///< its own ancestor
+    std::string path;        ///< the names on the way, "Order > Customer > Order"
+};
+
+/// An object that is its own ancestor, or nothing.
+std::optional<ModelCycle> FindCycle(const Model& model);
 
 /// Finds values by name, in a model that does not change any more.
 class ValueIndex {

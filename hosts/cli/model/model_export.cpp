@@ -45,7 +45,7 @@ class Exporter {
             CollectFrom(row.RootObjectID);
             const std::optional<std::size_t> root = Find(m_objectIndex, row.RootObjectID);
             if (root) {
-                m_result.model.definitions.push_back({row.Storage, *root});
+                m_result.model.definitions.push_back({row.Storage, *root, {}});
             } else {
                 LeaveOut("definition " + automation::Quoted(row.Storage) + ": its root object " +
                          std::to_string(row.RootObjectID) + " does not exist");
@@ -150,7 +150,7 @@ class Exporter {
         ModelObject& object = m_result.model.objects[index];
         for (const PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(id)) {
             if (const std::optional<ModelValueRef> value = ValueOf(index, row->ValueID)) {
-                object.primaryKeys.push_back({*value, row->Seq});
+                object.primaryKeys.push_back({*value, row->Seq, {}});
             } else {
                 LeaveOut("object " + object.name + ": its primary-key value " + std::to_string(row->ValueID) +
                          " is none of its values");
@@ -168,7 +168,7 @@ class Exporter {
         const std::optional<ModelValueRef> key =
             target ? ValueOf(*target, row.FKValueID) : std::optional<ModelValueRef>();
         if (value && key) {
-            object.foreignKeys.push_back({*value, *target, *key, row.FKObjectGUID});
+            object.foreignKeys.push_back({*value, *target, *key, row.FKObjectGUID, {}});
         } else {
             LeaveOut("object " + object.name + ": its foreign key from value " + std::to_string(row.ValueID) +
                      " to object " + std::to_string(row.FKObjectID) + ", value " +

@@ -4,7 +4,9 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "repository/catalog.h"
+#include "repository/key_values.h"
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
@@ -26,7 +28,8 @@ void RefuseClashes(const Model& model, dao::Database& database) {
     for (const ModelDefinition& definition : model.definitions) {
         if (!storages.contains(definition.storage)) continue;
         throw Error(automation::InvalidProcedureCall,
-                    "The repository already has a definition with the storage name " +
+                    PlaceText(model, definition.place, "storage") +
+                        "the repository already has a definition with the storage name " +
                         automation::Quoted(definition.storage) + "; nothing was imported.");
     }
     std::unordered_map<std::string_view, const repository::ObjectRow*> guids;
@@ -35,31 +38,59 @@ void RefuseClashes(const Model& model, dao::Database& database) {
     for (const ModelObject& object : model.objects) {
         const auto same = object.guid.empty() ? guids.end() : guids.find(object.guid);
         if (same == guids.end()) continue;
-        throw Error(automation::InvalidProcedureCall, "Object " + object.name + ": the repository's object " +
-                                                          same->second->Name + " already has the guid " +
-                                                          object.guid + "; nothing was imported.");
+        throw Error(automation::InvalidProcedureCall,
+                    PlaceText(model, object.place, "guid") + "the repository's object " +
+                        automation::Quoted(same->second->Name) + " already has the guid " + object.guid +
+                        "; nothing was imported.");
     }
 }
+
+/// Gives the values of an interface that have no number the next free ones, behind the highest one that is
+/// not a key's.
+class VidNumbering {
+  public:
+    explicit VidNumbering(const ModelInterface& interface) {
+        for (const ModelValue& value : interface.values) {
+            if (!value.vid) continue;
+            m_taken.insert(*value.vid);
+            if (*value.vid <= repository::LowestKeyVid) m_last = std::max(m_last, *value.vid);
+        }
+    }
+
+    std::int32_t Of(const ModelValue& value) {
+        if (value.vid) return *value.vid;
+        do {
+            ++m_last;
+        } while (repository::IsKeyVid(m_last) || !m_taken.insert(m_last).second);
+        return m_last;
+    }
+
+  private:
+    std::int32_t m_last = 0;
+    std::unordered_set<std::int32_t> m_taken;
+};
 
 /// Adds rows to one table.
 class TableWriter {
   public:
-    TableWriter(dao::Database& database, std::string_view table)
-        : m_recordset(database.OpenRecordset("select * from " + std::string(table), dao::dbOpenDynaset)) {}
+    TableWriter(const Model& model, dao::Database& database, std::string_view table)
+        : m_model(model),
+          m_recordset(database.OpenRecordset("select * from " + std::string(table), dao::dbOpenDynaset)) {}
 
-    /// `item` says where in the model the row comes from, for the errors of its values.
-    void Add(std::string item) {
-        m_item = std::move(item);
+    /// `place` is that of the entry which the row says.
+    void Add(const ModelPlace& place) {
+        m_place = &place;
         m_recordset->AddNew();
     }
-    void Put(std::string_view column, const Variant& value) {
-        Named([&] { m_recordset->Fields(column).Value(value); });
+    /// `member` is the one which the column says, for the errors of its value.
+    void Put(std::string_view column, std::string_view member, const Variant& value) {
+        Placed(member, [&] { m_recordset->Fields(column).Value(value); });
     }
-    void PutText(std::string_view column, const std::string& text) {
-        if (!text.empty()) Put(column, text);
+    void PutText(std::string_view column, std::string_view member, const std::string& text) {
+        if (!text.empty()) Put(column, member, text);
     }
     void Store() {
-        Named([this] { m_recordset->Update(); });
+        Placed({}, [this] { m_recordset->Update(); });
     }
 
     /// The number that the engine gave the row stored last.
@@ -70,16 +101,18 @@ class TableWriter {
 
   private:
     template <class Action>
-    void Named(Action&& action) const {
+    void Placed(std::string_view member, Action&& action) const {
         try {
             action();
         } catch (const Error& error) {
-            throw Error(error.Number(), m_item + ": " + error.Description(), error.Source());
+            throw Error(error.Number(), PlaceText(m_model, *m_place, member) + error.Description(),
+                        error.Source());
         }
     }
 
+    const Model& m_model;
     std::unique_ptr<dao::Recordset> m_recordset;
-    std::string m_item;
+    const ModelPlace* m_place = nullptr;
 };
 
 class Importer {
@@ -92,25 +125,25 @@ class Importer {
         AddInterfaces();
         AddValues();
         AddKeys();
-        TableWriter table(m_database, "tDataDefs");
+        TableWriter table(m_model, m_database, "tDataDefs");
         for (const ModelDefinition& definition : m_model.definitions) {
-            table.Add("definition " + automation::Quoted(definition.storage));
-            table.Put("Storage", definition.storage);
-            table.Put("RootObjectID", m_objectIDs[definition.root]);
+            table.Add(definition.place);
+            table.Put("Storage", "storage", definition.storage);
+            table.Put("RootObjectID", "root", m_objectIDs[definition.root]);
             table.Store();
         }
     }
 
   private:
     void AddObjects() {
-        TableWriter table(m_database, "tObjects");
+        TableWriter table(m_model, m_database, "tObjects");
         for (const ModelObject& object : m_model.objects) {
-            table.Add("object " + automation::Quoted(object.name));
-            table.Put("Name", object.name);
-            table.Put("CollectionObjectID", std::int32_t{0});
-            if (object.tableName) table.Put("TableName", *object.tableName);
-            table.Put("IsIncluded", object.isIncluded);
-            table.PutText("Guid", object.guid);
+            table.Add(object.place);
+            table.Put("Name", "name", object.name);
+            table.Put("CollectionObjectID", "element", std::int32_t{0});
+            if (object.tableName) table.Put("TableName", "table", *object.tableName);
+            table.Put("IsIncluded", "included", object.isIncluded);
+            table.PutText("Guid", "guid", object.guid);
             table.Store();
             m_objectIDs.push_back(table.StoredID("ObjectID"));
         }
@@ -128,78 +161,78 @@ class Importer {
     }
 
     void AddInterfaces() {
-        TableWriter table(m_database, "tInterfaces");
+        TableWriter table(m_model, m_database, "tInterfaces");
         for (const ModelInterface& interface : m_model.interfaces) {
-            table.Add("interface " + automation::Quoted(interface.name));
-            table.Put("Name", interface.name);
+            table.Add(interface.place);
+            table.Put("Name", "name", interface.name);
             table.Store();
             m_interfaceIDs.push_back(table.StoredID("InterfaceID"));
         }
-        TableWriter links(m_database, "tObjectInterfaces");
+        TableWriter links(m_model, m_database, "tObjectInterfaces");
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const std::size_t interface : m_model.objects[i].interfaces) {
-                links.Add("object " + automation::Quoted(m_model.objects[i].name));
-                links.Put("ObjectID", m_objectIDs[i]);
-                links.Put("InterfaceID", m_interfaceIDs[interface]);
+                links.Add(m_model.objects[i].place);
+                links.Put("ObjectID", "interfaces", m_objectIDs[i]);
+                links.Put("InterfaceID", "interfaces", m_interfaceIDs[interface]);
                 links.Store();
             }
         }
     }
 
     void AddValues() {
-        TableWriter table(m_database, "tValues");
+        TableWriter table(m_model, m_database, "tValues");
         m_valueIDs.resize(m_model.interfaces.size());
         for (std::size_t i = 0; i < m_model.interfaces.size(); ++i) {
+            VidNumbering numbers(m_model.interfaces[i]);
             for (const ModelValue& value : m_model.interfaces[i].values) {
-                AddValue(table, value, i);
+                AddValue(table, value, numbers.Of(value), i);
                 m_valueIDs[i].push_back(table.StoredID("ValueID"));
             }
         }
     }
 
-    void AddValue(TableWriter& table, const ModelValue& value, std::size_t interface) {
-        table.Add("value " + automation::Quoted(value.name) + " of interface " +
-                  automation::Quoted(m_model.interfaces[interface].name));
-        table.Put("InterfaceID", m_interfaceIDs[interface]);
-        table.Put("ChildObjectID", value.child ? m_objectIDs[*value.child] : std::int32_t{0});
-        table.Put("Name", value.name);
-        if (value.fieldName) table.Put("FieldName", *value.fieldName);
-        table.Put("DataType", value.dataType);
-        table.Put("MaxLength", value.maxLength);
-        table.Put("IsAutoNumber", value.isAutoNumber);
-        table.PutText("DefaultVal", value.defaultVal);
-        table.Put("IsIncluded", value.isIncluded);
-        table.Put("IsReadOnly", value.isReadOnly);
-        table.PutText("Description", value.description);
-        table.PutText("Caption", value.caption);
-        table.PutText("Translation", value.translation);
-        table.PutText("MaxValue", value.maxValue);
-        table.PutText("MinValue", value.minValue);
-        table.Put("VID", value.vid);
-        table.PutText("VIDTag1", value.tags[0]);
-        table.PutText("VIDTag2", value.tags[1]);
-        table.PutText("VIDTag3", value.tags[2]);
+    void AddValue(TableWriter& table, const ModelValue& value, std::int32_t vid, std::size_t interface) {
+        table.Add(value.place);
+        table.Put("InterfaceID", {}, m_interfaceIDs[interface]);
+        table.Put("ChildObjectID", "child", value.child ? m_objectIDs[*value.child] : std::int32_t{0});
+        table.Put("Name", "name", value.name);
+        if (value.fieldName) table.Put("FieldName", "field", *value.fieldName);
+        table.Put("DataType", "type", value.dataType);
+        table.Put("MaxLength", "maxLength", value.maxLength);
+        table.Put("IsAutoNumber", "autoNumber", value.isAutoNumber);
+        table.PutText("DefaultVal", "default", value.defaultVal);
+        table.Put("IsIncluded", "included", value.isIncluded);
+        table.Put("IsReadOnly", "readOnly", value.isReadOnly);
+        table.PutText("Description", "description", value.description);
+        table.PutText("Caption", "caption", value.caption);
+        table.PutText("Translation", "translation", value.translation);
+        table.PutText("MaxValue", "maxValue", value.maxValue);
+        table.PutText("MinValue", "minValue", value.minValue);
+        table.Put("VID", "vid", vid);
+        table.PutText("VIDTag1", "tags[0]", value.tags[0]);
+        table.PutText("VIDTag2", "tags[1]", value.tags[1]);
+        table.PutText("VIDTag3", "tags[2]", value.tags[2]);
         table.Store();
     }
 
     void AddKeys() {
-        TableWriter primary(m_database, "tPrimaryKeys");
-        TableWriter foreign(m_database, "tForeignKeys");
+        TableWriter primary(m_model, m_database, "tPrimaryKeys");
+        TableWriter foreign(m_model, m_database, "tForeignKeys");
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const ModelPrimaryKey& key : m_model.objects[i].primaryKeys) {
-                primary.Add("primary key of object " + automation::Quoted(m_model.objects[i].name));
-                primary.Put("ObjectID", m_objectIDs[i]);
-                primary.Put("ValueID", ValueID(key.value));
-                primary.Put("Seq", key.seq);
+                primary.Add(key.place);
+                primary.Put("ObjectID", {}, m_objectIDs[i]);
+                primary.Put("ValueID", "value", ValueID(key.value));
+                primary.Put("Seq", "seq", key.seq);
                 primary.Store();
             }
             for (const ModelForeignKey& key : m_model.objects[i].foreignKeys) {
-                foreign.Add("foreign key of object " + automation::Quoted(m_model.objects[i].name));
-                foreign.Put("ObjectID", m_objectIDs[i]);
-                foreign.Put("ValueID", ValueID(key.value));
-                foreign.Put("FKObjectID", m_objectIDs[key.object]);
-                foreign.Put("FKValueID", ValueID(key.key));
-                foreign.PutText("FKObjectGUID", key.guid);
+                foreign.Add(key.place);
+                foreign.Put("ObjectID", {}, m_objectIDs[i]);
+                foreign.Put("ValueID", "value", ValueID(key.value));
+                foreign.Put("FKObjectID", "object", m_objectIDs[key.object]);
+                foreign.Put("FKValueID", "key", ValueID(key.key));
+                foreign.PutText("FKObjectGUID", "guid", key.guid);
                 foreign.Store();
             }
         }

@@ -81,6 +81,8 @@ std::string ReadMaxLength(const JsonNode& node) {
 
 class ModelReader {
   public:
+    explicit ModelReader(const std::string& file) { m_model.file = file; }
+
     Model Read(const JsonNode& document) {
         document.ExpectMembers({"version", "definitions", "objects", "interfaces"});
         if (document.Has("version")) static_cast<void>(document.At("version").Whole(1, 1));
@@ -101,8 +103,10 @@ class ModelReader {
         }
         Resolve();
         if (m_model.objects.empty() && m_model.interfaces.empty()) document.Fail("holds no objects");
-        if (const std::optional<std::string> cycle = FindCycle(m_model)) {
-            throw automation::Error(automation::OutOfStackSpace, "An object is its own ancestor: " + *cycle);
+        if (const std::optional<ModelCycle> cycle = FindCycle(m_model)) {
+            throw automation::Error(automation::OutOfStackSpace,
+                                    PlaceText(m_model, m_model.objects[cycle->object].place) +
+                                        "an object is its own ancestor: " + cycle->path);
         }
         return std::move(m_model);
     }
@@ -129,7 +133,7 @@ class ModelReader {
         const std::string name = ReadName(storage);
         if (!m_storages.insert(name).second) storage.Fail(automation::Quoted(name) + " stands twice");
         const std::size_t position = m_model.definitions.size();
-        m_model.definitions.push_back({name, 0});
+        m_model.definitions.push_back({name, 0, node.Path()});
         ReadObjectOrName(node.At("root"), 0, m_pendingRoots, position,
                          [this, position](std::size_t root) { m_model.definitions[position].root = root; });
     }
@@ -155,6 +159,7 @@ class ModelReader {
                             "primaryKey", "foreignKeys"});
         const std::size_t index = m_model.objects.size();
         ModelObject& object = m_model.objects.emplace_back();
+        object.place = node.Path();
         object.name = ReadName(node.At("name"));
         object.guid = node.TextOr("guid", "");
         if (node.Has("table")) {
@@ -188,7 +193,7 @@ class ModelReader {
     /// The values written directly in an object: an interface with the object's name.
     std::size_t ReadOwnInterface(const JsonNode& node, std::size_t object, int depth) {
         const std::size_t index = m_model.interfaces.size();
-        m_model.interfaces.push_back({m_model.objects[object].name, {}});
+        m_model.interfaces.push_back({m_model.objects[object].name, {}, node.Path()});
         ReadValues(node.At("values"), index, depth);
         return index;
     }
@@ -207,7 +212,7 @@ class ModelReader {
         node.ExpectMembers({"name", "id", "values"});
         const std::size_t index = m_model.interfaces.size();
         const std::string name = ReadName(node.At("name"));
-        m_model.interfaces.push_back({name, {}});
+        m_model.interfaces.push_back({name, {}, node.Path()});
         m_interfaces.Add(node, name, index);
         if (node.Has("values")) ReadValues(node.At("values"), index, depth);
         return index;
@@ -225,6 +230,7 @@ class ModelReader {
                             "minValue", "vid", "tags"});
         const std::size_t position = m_model.interfaces[interface].values.size();
         ModelValue value;
+        value.place = node.Path();
         value.name = ReadName(node.At("name"));
         if (!node.Has("type") && !node.Has("child")) node.Fail("lacks the member \"type\" or \"child\"");
         value.dataType = node.Has("type") ? ReadDataType(node.At("type")) : TypeObject;
@@ -240,7 +246,7 @@ class ModelReader {
             });
         }
         value.isIncluded = node.FlagOr("included", false);
-        ReadDescriptiveColumns(node, position, value);
+        ReadDescriptiveColumns(node, value);
         m_model.interfaces[interface].values.push_back(std::move(value));
         if (!node.Has("child")) return;
         ReadObjectOrName(node.At("child"), depth, m_pendingChildren, ValuePlace{interface, position},
@@ -249,15 +255,14 @@ class ModelReader {
                          });
     }
 
-    static void ReadDescriptiveColumns(const JsonNode& node, std::size_t position, ModelValue& value) {
+    static void ReadDescriptiveColumns(const JsonNode& node, ModelValue& value) {
         value.isReadOnly = node.FlagOr("readOnly", false);
         value.description = node.TextOr("description", "");
         value.caption = node.TextOr("caption", "");
         value.translation = node.TextOr("translation", "");
         value.maxValue = node.ScalarOr("maxValue", "");
         value.minValue = node.ScalarOr("minValue", "");
-        value.vid = node.Has("vid") ? node.At("vid").Whole(LongMin, LongMax)
-                                    : static_cast<std::int32_t>(position) + 1;
+        if (node.Has("vid")) value.vid = node.At("vid").Whole(LongMin, LongMax);
         if (!node.Has("tags")) return;
         const std::vector<JsonNode> tags = node.At("tags").Items();
         if (tags.size() > value.tags.size()) node.At("tags").Fail("holds more than three texts");
@@ -288,7 +293,8 @@ class ModelReader {
         for (const JsonNode& item : node.Items()) {
             item.ExpectMembers({"value", "interface", "seq"});
             const ModelValueRef value = KeyValue(item, "value", "interface", object);
-            m_model.objects[object].primaryKeys.push_back({value, item.At("seq").Whole(LongMin, LongMax)});
+            m_model.objects[object].primaryKeys.push_back(
+                {value, item.At("seq").Whole(LongMin, LongMax), item.Path()});
         }
     }
 
@@ -300,6 +306,7 @@ class ModelReader {
             key.object = m_objects.Resolve(item.At("object"));
             key.key = KeyValue(item, "key", "keyInterface", key.object);
             key.guid = item.TextOr("guid", "");
+            key.place = item.Path();
             m_model.objects[object].foreignKeys.push_back(std::move(key));
         }
     }
@@ -338,7 +345,7 @@ class ModelReader {
 
 Model ReadModel(const std::string& path) {
     const nlohmann::json document = ReadJsonFile(path);
-    return ModelReader().Read(JsonNode(document, path));
+    return ModelReader(path).Read(JsonNode(document, path));
 }
 
 }  // namespace korvex::cli

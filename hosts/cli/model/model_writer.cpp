@@ -133,13 +133,12 @@ class ModelWriter {
 
     std::vector<std::string> Values(const ModelInterface& interface) const {
         std::vector<std::string> lines;
-        for (std::size_t i = 0; i < interface.values.size(); ++i) {
-            lines.push_back(OneLine(Value(interface.values[i], static_cast<std::int32_t>(i) + 1)));
-        }
+        for (const ModelValue& value : interface.values)
+            lines.push_back(OneLine(Value(value)));
         return lines;
     }
 
-    Json Value(const ModelValue& value, std::int32_t position) const {
+    Json Value(const ModelValue& value) const {
         Json line = {{"name", value.name}};
         if (value.child) {
             line["child"] = m_objectNames[*value.child];
@@ -159,7 +158,7 @@ class ModelWriter {
         PutText(line, "translation", value.translation);
         PutText(line, "minValue", value.minValue);
         PutText(line, "maxValue", value.maxValue);
-        if (value.vid != position) line["vid"] = value.vid;
+        if (value.vid) line["vid"] = *value.vid;
         const auto last = std::find_if(value.tags.rbegin(), value.tags.rend(),
                                        [](const std::string& tag) { return !tag.empty(); });
         if (last != value.tags.rend()) line["tags"] = Json(std::vector(value.tags.begin(), last.base()));

@@ -53,8 +53,13 @@ TEST_P(ExampleScripts, AreTheGoldenFiles) {
         const std::string number = std::to_string(&c - cases);
         const std::string connection = places.Connection(places.New("orders" + number + ".db"));
         ASSERT_EQ(RunKorvex({"repository", "new", connection}).messages, "");
-        ExpectFailure(RunKorvex({"repository", "new", connection}), "korvex: error 75: ");
+        if (connection.find("DSN=") != std::string::npos) {
+            // As one that was cut off leaves it.
+            Execute(DefaultPlatform(), connection, "drop table tForeignKeys");
+            ASSERT_EQ(RunKorvex({"repository", "new", connection}).messages, "");
+        }
         ASSERT_EQ(RunKorvex({"repository", "import", connection, c.model}).messages, "");
+        ExpectFailure(RunKorvex({"repository", "new", connection}), "korvex: error 75: ");
         const std::string out = folder.Path("deep/" + number);
         const CommandResult result = RunKorvex({"script", "--repository", connection, "--dialect", c.dialect,
                                                 "--storage", "Orders", "--out", out});

@@ -115,7 +115,7 @@ TEST(Model, MissingFileAndEndlessDefinitionHaveTheirOwnNumbers) {
     ExpectFailure(
         repository.Import(
             R"({"objects":[{"name":"A","element":"B"},{"name":"B","values":[{"name":"V","child":"A"}]}]})"),
-        "korvex: error 28: An object is its own ancestor: A > B > A\n");
+        "model.json: objects[0]: an object is its own ancestor: A > B > A\n");
 }
 
 TEST(Model, DeepDefinitionsAreListedNotNested) {
@@ -145,12 +145,14 @@ std::string RelatedChildren(int count) {
     std::string objects;
     for (int i = 0; i < count; ++i) {
         const std::string n = std::to_string(i);
-        values += R"({"name":"V)" + n + R"(","child":"C)" + n + R"("},)";
-        objects += R"(,{"name":"C)" + n + R"(","values":[{"name":"FK_AID","type":"long"}],"foreignKeys":[)" +
+        values += R"({"name":"V)" + n + R"(","child":"C)" + n + R"(","vid":)" + n + "},";
+        objects += R"(,{"name":"C)" + n +
+                   R"(","values":[{"name":"FK_AID","type":"long","vid":1}],"foreignKeys":[)" +
                    R"({"value":"FK_AID","object":"A","key":"AID"}]})";
     }
     return R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A","values":[)" + values +
-           R"({"name":"AID","type":"long"}],"primaryKey":[{"value":"AID","seq":1}]})" + objects + "]}";
+           R"({"name":"AID","type":"long","vid":10001}],"primaryKey":[{"value":"AID","seq":1}]})" + objects +
+           "]}";
 }
 
 TEST(Model, ImportTakesTheSameStatementsForEveryChildAndShowTheSameForAll) {
@@ -186,16 +188,24 @@ TEST(Model, ClashesWithTheRepositoryLeaveItAsItWas) {
     const std::vector<std::string> show = {"repository", "show", repository.Path(), "--format", "json"};
     const std::string before = RunKorvex(show).output;
 
-    EXPECT_EQ(repository.Import(model).messages,
-              "korvex: error 5: The repository already has a definition with the storage name \"S\"; nothing "
-              "was imported.\n");
-    EXPECT_EQ(repository.Import(Replace(model, "\"S\"", "\"T\"")).messages,
-              "korvex: error 5: Object A: the repository's object A already has the guid {1}; nothing was "
-              "imported.\n");
+    ExpectFailure(repository.Import(model),
+                  "model.json: definitions[0].storage: the repository already has a definition with the "
+                  "storage name \"S\"; nothing was imported.\n");
+    const std::string other = Replace(model, "\"S\"", "\"T\"");
+    ExpectFailure(repository.Import(other),
+                  "model.json: objects[0].guid: the repository's object \"A\" already has the guid {1}; "
+                  "nothing was imported.\n");
     // The last table is written last: everything before it has to go again.
     repository.Execute(
         {"create trigger no_more before insert on tDataDefs begin select raise(abort, 'Full'); end"});
-    ExpectFailure(repository.Import(Replace(Replace(model, "\"S\"", "\"T\""), "{1}", "{2}")), "Full");
+    ExpectFailure(repository.Import(Replace(other, "{1}", "{2}")), "model.json: definitions[0]: Full");
+    repository.Execute({"drop trigger no_more", "alter table tDataDefs rename column Storage to Old",
+                        "alter table tDataDefs add column Storage integer"});
+    ExpectFailure(
+        repository.Import(Replace(other, "{1}", "{2}")),
+        "korvex: error 3421: " + repository.Folder().Path("model.json") + ": definitions[0].storage: ");
+    repository.Execute(
+        {"alter table tDataDefs drop column Storage", "alter table tDataDefs rename column Old to Storage"});
     EXPECT_EQ(RunKorvex(show).output, before);
 }
 
