@@ -1,9 +1,9 @@
 #include "scriptgen/column_lists.h"
 
-#include "scriptgen/script_text.h"
-
 #include <algorithm>
 #include <functional>
+#include <set>
+#include <string>
 #include <utility>
 
 namespace korvex::scriptgen {
@@ -29,12 +29,15 @@ std::vector<std::string> PrimaryKeyColumns(std::span<const Column> columns) {
 
 std::vector<std::int32_t> GetForeignKeyTargets(std::span<const Column> columns) {
     std::vector<std::int32_t> targets;
-    std::string listed;
+    std::set<std::string> within;  // what stands within the digits of the targets so far
     for (const Column& column : columns) {
         if (!column.IsForeignKey) continue;
         const std::string digits = std::to_string(column.FKObjectID);
-        if (listed.find(digits) != std::string::npos) continue;
-        Append(listed, ",", digits);
+        if (within.contains(digits)) continue;
+        for (std::size_t begin = 0; begin < digits.size(); ++begin) {
+            for (std::size_t length = digits.size() - begin; length > 0; --length)
+                within.insert(digits.substr(begin, length));
+        }
         targets.push_back(column.FKObjectID);
     }
     return targets;

@@ -5,6 +5,8 @@
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
+#include <map>
+
 namespace korvex::scriptgen {
 
 void AppendPrimaryKey(std::string& text, const RunState& run, std::string_view keyKind) {
@@ -21,18 +23,16 @@ void AppendPrimaryKey(std::string& text, const RunState& run, std::string_view k
 
 void AppendForeignKeyIndexes(std::string& text, const RunState& run, std::string_view owner,
                              std::string_view terminator) {
+    std::map<std::int32_t, JoinedText> names;
+    for (const Column& column : run.m_colFields)
+        names.try_emplace(column.FKObjectID, ", ").first->second.Add(column.FieldName);
     const std::string& table = run.m_sCurrentTable;
     std::int16_t number = 0;
     for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields)) {
-        JoinedText names(", ");
-        for (const Column& column : run.m_colFields) {
-            if (column.FKObjectID == target) names.Add(column.FieldName);
-        }
-        if (names.Empty()) continue;
         number = automation::ToInteger(number + 1);
         Append(text, "\r\n");
-        Append(text, "CREATE INDEX ", IndexName(table, number), " ON ", owner, table, "(", names.Text(), ")",
-               terminator);
+        Append(text, "CREATE INDEX ", IndexName(table, number), " ON ", owner, table, "(",
+               names.at(target).Text(), ")", terminator);
     }
 }
 

@@ -41,6 +41,7 @@ TEST(AdoConnectionString, SaysWhichEngineAndHow) {
         {"Provider=MSDASQL;Driver={Strange; }} One};Option=3", "odbc Driver={Strange; }} One};Option=3"},
         {"Provider=MSDASQL.1;Data Source=Orders;User ID=me;Password='a;b';Initial Catalog=shop",
          "odbc DSN=Orders;UID=me;PWD={a;b};DATABASE=shop"},
+        {"DSN=x;PWD='{a'", "odbc DSN=x;PWD={{a}"},
         {"Provider=MSDASQL;Extended Properties=\"DSN=x;A=1;\";B=2", "odbc DSN=x;A=1;B=2"},
         {"DSN=x;a==b=c", "odbc DSN=x;a=b=c"},
         {"Driver='{SQLite3}';Database=/tmp/a (1).db", "odbc Driver={SQLite3};Database=/tmp/a (1).db"},

@@ -1,4 +1,5 @@
 #include "scriptgen/constraint_scripts.h"
+#include "support/error_of.h"
 #include "support/text_files.h"
 #include "table_in_hand.h"
 
@@ -98,6 +99,14 @@ TEST(Indexes, ReferencedObjectWithinTheDigitsOfAnEarlierOneGetsNoIndex) {
         const std::string tableEnd = ")\r\nGO\r\n";
         EXPECT_EQ(text.substr(text.find(tableEnd) + tableEnd.size()), c.expected);
     }
+}
+
+TEST(Indexes, AreCountedIn16Bits) {
+    std::vector<Column> columns;
+    for (int object = 0; object <= 32767; ++object)
+        columns.push_back(Reference("A", 67000 + object));
+    RunState run = RunWith(ScriptType::Sybase, "T", columns);
+    EXPECT_EQ(tests::ErrorOf([&] { CreateText(run); }), automation::Overflow);
 }
 
 }  // namespace
