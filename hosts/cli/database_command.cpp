@@ -4,6 +4,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "hosts/cli/target_options.h"
 #include "repository/private_copy.h"
@@ -175,9 +176,7 @@ void RunCheck(const DatabaseOptions& options, Console& console) {
 }
 
 CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
-    command->add_option("--repository", options.repository, "Repository file, or ODBC string with DSN=")
-        ->required()
-        ->type_name("R");
+    AddRepositoryOption(*command, options.repository);
     command
         ->add_option("--storage", options.storage,
                      "Storage name of the definition; without it all definitions, as one run")

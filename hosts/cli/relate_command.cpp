@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
 #include "repository/names.h"
 #include "surface/cls_create_db.h"
 
@@ -20,6 +21,7 @@ struct RelateOptions {
 };
 
 void RunRelate(const RelateOptions& options, Console& console) {
+    ExpectWritable(options.repository);
     const Session session(console);
     CheckBeforeRun(options.repository, options.storage,
                    options.fkPrefix.value_or(std::string(repository::DefaultFKPrefix)), console);
@@ -37,9 +39,7 @@ void AddRelateCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<RelateOptions>();
     CLI::App* command = parent.add_subcommand(
         "relate", "Bring tables, columns and keys of definitions up to date in the repository");
-    command->add_option("--repository", options->repository, "Repository file, or ODBC string with DSN=")
-        ->required()
-        ->type_name("R");
+    AddRepositoryOption(*command, options->repository);
     command->add_option("--storage", options->storage, "Storage name of the definition (all of them)")
         ->type_name("NAME");
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")

@@ -3,6 +3,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
 #include "repository/catalog.h"
 
 #include <memory>
@@ -50,7 +51,7 @@ void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<CheckOptions>();
     CLI::App* command = parent.add_subcommand(
         "check", "Report what is wrong, or would go wrong in a run, with the definitions");
-    command->add_option("R", options->repository, "Repository file, or ODBC string with DSN=")->required();
+    AddRepositoryOption(*command, options->repository);
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in the runs (FK_)")
         ->type_name("P");
     command

@@ -92,9 +92,10 @@ void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand("new", "Make an empty repository");
     command
         ->add_option(
-            "FILE", *place,
+            "R,--repository", *place,
             "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
-        ->required();
+        ->required()
+        ->type_name("R");
     command->callback([place, &console] { RunNew(*place, console); });
 }
 

@@ -3,6 +3,7 @@
 #include "hosts/cli/model/model_writer.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/show/render.h"
+#include "hosts/cli/source.h"
 #include "repository/catalog.h"
 
 #include <memory>
@@ -42,7 +43,7 @@ void RunShow(const ShowOptions& options, Console& console) {
 void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<ShowOptions>();
     CLI::App* command = parent.add_subcommand("show", "Print definitions as a tree, as JSON or as a diagram");
-    command->add_option("R", options->repository, "Repository file, or ODBC string with DSN=")->required();
+    AddRepositoryOption(*command, options->repository);
     command->add_option("--storage", options->storage, "Storage name of the definition (all of them)")
         ->type_name("NAME");
     command->add_option("--format", options->format, "tree (the default), json, mermaid or dot")

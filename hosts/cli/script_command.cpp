@@ -2,6 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/editor.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
 #include "repository/names.h"
 #include "scriptgen/engine_dialect.h"
 #include "surface/cls_create_db.h"
@@ -118,9 +119,7 @@ void RunScript(const ScriptOptions& options, Console& console) {
 void AddScriptCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<ScriptOptions>();
     CLI::App* command = parent.add_subcommand("script", "Write the SQL script files of a definition");
-    command->add_option("--repository", options->repository, "Repository file, or ODBC string with DSN=")
-        ->required()
-        ->type_name("R");
+    AddRepositoryOption(*command, options->repository);
     std::vector<std::string> names;
     for (const Dialect& dialect : AllDialects())
         names.push_back(dialect.name);

@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
+#include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "repository/schema.h"
 
@@ -57,6 +58,7 @@ Session::Session(Console& console) : platform(DefaultPlatform()) {
     files = std::make_shared<RecordingFiles>(platform.files);
     platform.desktop = desktop;
     platform.files = files;
+    platform.repositoryEngine = EngineForSources(platform.repositoryEngine);
 }
 
 void Session::ExpectNoFailedQuery(std::string_view work) const {

@@ -6,6 +6,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/data/result_text.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
 #include "hosts/cli/target_options.h"
 #include "objects/load_definition.h"
 #include "repository/catalog.h"
@@ -43,9 +44,7 @@ repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
 }  // namespace
 
 void AddDataOptions(CLI::App& command, DataOptions& options) {
-    command.add_option("--repository", options.repository, "Repository file, or ODBC string with DSN=")
-        ->required()
-        ->type_name("R");
+    AddRepositoryOption(command, options.repository, false);
     command.add_option("--storage", options.storage, "Storage name of the definition")
         ->required()
         ->type_name("NAME");

@@ -119,7 +119,7 @@ class Importer {
   public:
     Importer(const Model& model, dao::Database& database) : m_model(model), m_database(database) {}
 
-    void Import() {
+    ImportedIDs Import() {
         AddObjects();
         SetElements();
         AddInterfaces();
@@ -129,9 +129,10 @@ class Importer {
         for (const ModelDefinition& definition : m_model.definitions) {
             table.Add(definition.place);
             table.Put("Storage", "storage", definition.storage);
-            table.Put("RootObjectID", "root", m_objectIDs[definition.root]);
+            table.Put("RootObjectID", "root", m_ids.objects[definition.root]);
             table.Store();
         }
+        return std::move(m_ids);
     }
 
   private:
@@ -145,7 +146,7 @@ class Importer {
             table.Put("IsIncluded", "included", object.isIncluded);
             table.PutText("Guid", "guid", object.guid);
             table.Store();
-            m_objectIDs.push_back(table.StoredID("ObjectID"));
+            m_ids.objects.push_back(table.StoredID("ObjectID"));
         }
     }
 
@@ -155,8 +156,8 @@ class Importer {
             const std::optional<std::size_t> element = m_model.objects[i].element;
             if (!element) continue;
             m_database.Execute(
-                "update tObjects set CollectionObjectID = " + std::to_string(m_objectIDs[*element]) +
-                " where ObjectID = " + std::to_string(m_objectIDs[i]));
+                "update tObjects set CollectionObjectID = " + std::to_string(m_ids.objects[*element]) +
+                " where ObjectID = " + std::to_string(m_ids.objects[i]));
         }
     }
 
@@ -166,14 +167,14 @@ class Importer {
             table.Add(interface.place);
             table.Put("Name", "name", interface.name);
             table.Store();
-            m_interfaceIDs.push_back(table.StoredID("InterfaceID"));
+            m_ids.interfaces.push_back(table.StoredID("InterfaceID"));
         }
         TableWriter links(m_model, m_database, "tObjectInterfaces");
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const std::size_t interface : m_model.objects[i].interfaces) {
                 links.Add(m_model.objects[i].place);
-                links.Put("ObjectID", "interfaces", m_objectIDs[i]);
-                links.Put("InterfaceID", "interfaces", m_interfaceIDs[interface]);
+                links.Put("ObjectID", "interfaces", m_ids.objects[i]);
+                links.Put("InterfaceID", "interfaces", m_ids.interfaces[interface]);
                 links.Store();
             }
         }
@@ -181,20 +182,20 @@ class Importer {
 
     void AddValues() {
         TableWriter table(m_model, m_database, "tValues");
-        m_valueIDs.resize(m_model.interfaces.size());
+        m_ids.values.resize(m_model.interfaces.size());
         for (std::size_t i = 0; i < m_model.interfaces.size(); ++i) {
             VidNumbering numbers(m_model.interfaces[i]);
             for (const ModelValue& value : m_model.interfaces[i].values) {
                 AddValue(table, value, numbers.Of(value), i);
-                m_valueIDs[i].push_back(table.StoredID("ValueID"));
+                m_ids.values[i].push_back(table.StoredID("ValueID"));
             }
         }
     }
 
     void AddValue(TableWriter& table, const ModelValue& value, std::int32_t vid, std::size_t interface) {
         table.Add(value.place);
-        table.Put("InterfaceID", {}, m_interfaceIDs[interface]);
-        table.Put("ChildObjectID", "child", value.child ? m_objectIDs[*value.child] : std::int32_t{0});
+        table.Put("InterfaceID", {}, m_ids.interfaces[interface]);
+        table.Put("ChildObjectID", "child", value.child ? m_ids.objects[*value.child] : std::int32_t{0});
         table.Put("Name", "name", value.name);
         if (value.fieldName) table.Put("FieldName", "field", *value.fieldName);
         table.Put("DataType", "type", value.dataType);
@@ -221,16 +222,16 @@ class Importer {
         for (std::size_t i = 0; i < m_model.objects.size(); ++i) {
             for (const ModelPrimaryKey& key : m_model.objects[i].primaryKeys) {
                 primary.Add(key.place);
-                primary.Put("ObjectID", {}, m_objectIDs[i]);
+                primary.Put("ObjectID", {}, m_ids.objects[i]);
                 primary.Put("ValueID", "value", ValueID(key.value));
                 primary.Put("Seq", "seq", key.seq);
                 primary.Store();
             }
             for (const ModelForeignKey& key : m_model.objects[i].foreignKeys) {
                 foreign.Add(key.place);
-                foreign.Put("ObjectID", {}, m_objectIDs[i]);
+                foreign.Put("ObjectID", {}, m_ids.objects[i]);
                 foreign.Put("ValueID", "value", ValueID(key.value));
-                foreign.Put("FKObjectID", "object", m_objectIDs[key.object]);
+                foreign.Put("FKObjectID", "object", m_ids.objects[key.object]);
                 foreign.Put("FKValueID", "key", ValueID(key.key));
                 foreign.PutText("FKObjectGUID", "guid", key.guid);
                 foreign.Store();
@@ -238,23 +239,22 @@ class Importer {
         }
     }
 
-    std::int32_t ValueID(const ModelValueRef& ref) const { return m_valueIDs[ref.interface][ref.value]; }
+    std::int32_t ValueID(const ModelValueRef& ref) const { return m_ids.values[ref.interface][ref.value]; }
 
     const Model& m_model;
     dao::Database& m_database;
-    std::vector<std::int32_t> m_objectIDs;              ///< by position in the model
-    std::vector<std::int32_t> m_interfaceIDs;           ///< likewise
-    std::vector<std::vector<std::int32_t>> m_valueIDs;  ///< by interface and position
+    ImportedIDs m_ids;
 };
 
 }  // namespace
 
-void ImportModel(const Model& model, dao::Database& database) {
+ImportedIDs ImportModel(const Model& model, dao::Database& database) {
     RefuseClashes(model, database);
     const bool inTransaction = database.BeginTrans();
     try {
-        Importer(model, database).Import();
+        ImportedIDs ids = Importer(model, database).Import();
         if (inTransaction) database.CommitTrans();
+        return ids;
     } catch (...) {
         if (inTransaction) database.Rollback();
         throw;

@@ -35,7 +35,7 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
          "db2 not in {mssql,oracle,sybase,sqlite,mariadb,postgresql,all,all-engines}"},
         {"script --dialect all --repository x --colour", "--colour"},
         {"relate", "--repository is required"},
-        {"repository new", "FILE is required"},
+        {"repository new", "--repository is required"},
         {"repository import x", "MODEL is required"},
         {"repository show x --format xml", "xml not in {tree,json,mermaid,dot}"},
     };

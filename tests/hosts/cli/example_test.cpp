@@ -184,5 +184,35 @@ TEST_F(Example, CopiesThroughItsJsonForm) {
     }
 }
 
+TEST_F(Example, AModelStandsForItsRepository) {
+    const TempFolder& folder = m_repository.Folder();
+    const std::string model = folder.Write("orders", "// a model by its content\n" + m_model);
+    const auto same = [&](std::vector<std::string> words, std::size_t place) {
+        words[place] = m_repository.Path();
+        const CommandResult expected = RunKorvex(words);
+        words[place] = model;
+        const CommandResult result = RunKorvex(words);
+        EXPECT_EQ(result.output, expected.output);
+        EXPECT_EQ(result.messages, expected.messages);
+    };
+    same({"repository", "show", "", "--format", "json"}, 2);
+    same({"repository", "check", "--repository", "", "--dialect", "all-engines"}, 3);
+    EXPECT_EQ(RunKorvex({"script", model, "--dialect", "all", "--out", folder.Path("out")}).messages, "");
+    EXPECT_EQ(ReadFolder(folder.Path("out")), ReadFolder(KORVEX_TEST_DATA "/scripts"));
+    const std::string target = "Provider=SQLite;Data Source=" + folder.Path("target.db");
+    EXPECT_EQ(RunKorvex({"database", "create", model, "--connection", target}).exitCode, 0);
+    EXPECT_EQ(RunKorvex({"database", "check", "--repository", m_repository.Path(), "--connection", target})
+                  .exitCode,
+              0);
+
+    ExpectFailure(RunKorvex({"relate", model}), "korvex: error 3027: " + model + " is a model");
+    ExpectFailure(RunKorvex({"repository", "import", model, model}), "korvex: error 3027: " + model);
+    ExpectFailure(RunKorvex({"script", folder.Write("bad.json", "{\"objects\":[{}]}"), "--dialect", "all"}),
+                  "bad.json: objects[0]: lacks the member \"name\"");
+    ExpectFailure(RunKorvex({"repository", "show", folder.Write("blank.json", "/* to do */")}),
+                  "blank.json: line 1, column 12: syntax error");
+    ExpectFailure(RunKorvex({"repository", "show", folder.Path("none.json")}), "korvex: error 3024: ");
+}
+
 }  // namespace
 }  // namespace korvex::tests
