@@ -1,19 +1,58 @@
 #!/bin/sh
-# From a fresh Debian 12 machine to passing tests: formatting, the optimised build with GCC (its tests also run on private
-# database servers), the sanitizer build with clang, an installed copy used by a separate project, korvex.dll under Wine.
-# Ends with the test runner's summary.
+# From a fresh Debian 12 machine to passing tests: test.sh [--quick | --all]
+# Formatting, the optimised build with GCC (its tests also run on private database servers), clang-tidy on the files that
+# differ from origin/main, an installed copy used by a separate project, the sanitizer build with clang, korvex.dll under
+# Wine. Says how long each step took, and ends with the test runner's summary.
+# --quick is for one's own loop: formatting, a debug build and its tests on the embedded engines.
+# --all has clang-tidy read every file.
 set -eu
 cd "$(dirname "$0")/.."
 
-sh tools/packages.sh build test servers
-step() { printf '\n== %s\n' "$*"; }
+scope=${1:-}
+case "$scope" in
+    "" | --quick | --all) ;;
+    *) echo "usage: test.sh [--quick | --all]" >&2; exit 2 ;;
+esac
+# Compilers go through ccache where it is installed.
+! command -v ccache >/dev/null || export CMAKE_CXX_COMPILER_LAUNCHER="${CMAKE_CXX_COMPILER_LAUNCHER:-ccache}"
+
+began=$(date +%s)
+step_began=$began
+# step TITLE: what it will do; and how long the step before it took.
+step() {
+    now=$(date +%s)
+    [ "$step_began" = "$began" ] || printf '(%d s, %d s in all)\n' $((now - step_began)) $((now - began))
+    step_began=$now
+    printf '\n== %s\n' "$1"
+}
+# quietly LOG COMMAND...: shows the end of its output, and all of it where it fails
+quietly() {
+    log=$1
+    shift
+    "$@" --output-log "$log" -Q || { cat "$log"; exit 1; }
+    tail -n 4 "$log"
+}
 
 step "formatting"
+sh tools/packages.sh build test
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
+if [ "$scope" = --quick ]; then
+    step "debug build (GCC)"
+    cmake --preset debug -B build/quick -DCMAKE_CXX_FLAGS_DEBUG=-O0 >/dev/null
+    cmake --build build/quick
+    step "tests, without servers"
+    quietly build/quick-tests.log ctest --test-dir build/quick -j "$(nproc)" --output-on-failure
+    exit
+fi
+
 step "optimised build (GCC)"
+sh tools/packages.sh servers
 cmake --preset release -DKORVEX_TEST_SERVERS=ON >/dev/null
 cmake --build --preset release
+
+step "clang-tidy"
+sh tools/tidy.sh build/release $scope
 
 step "an installed copy, used by a project of its own"
 sh tests/consumer/run.sh build/release build/consumer
@@ -23,13 +62,11 @@ cmake --preset asan-ubsan >/dev/null
 cmake --build --preset asan-ubsan
 
 step "korvex.dll for Windows: both widths built, the 64-bit one tested under Wine"
-sh tools/test-windows.sh --output-log build/windows-tests.log -Q || { cat build/windows-tests.log; exit 1; }
-tail -n 4 build/windows-tests.log
+quietly build/windows-tests.log sh tools/test-windows.sh
 
 step "tests, optimised"
 trap 'sh tests/servers/stop.sh build/release/test-servers all' EXIT  # of a run that was interrupted
-ctest --preset release --output-log build/release-tests.log -Q || { cat build/release-tests.log; exit 1; }
-tail -n 4 build/release-tests.log
+quietly build/release-tests.log ctest --preset release
 
 step "tests, with address and undefined-behaviour sanitizers"
 ulimit -s 131072  # instrumented frames are many times as large: what nests deeply needs more stack
