@@ -86,18 +86,18 @@ class PlanRun {
     Tally Run(const Plan& plan) {
         std::optional<scriptgen::ReferencesOff> references;
         if (!plan.rebuilds.empty()) references.emplace(*m_connection);
+        std::optional<ado::Transaction> transaction;
+        if (m_rollsBack) transaction.emplace(m_connection);
         try {
-            std::optional<ado::Transaction> transaction;
-            if (m_rollsBack) transaction.emplace(m_connection);
             RunAll(plan);
             if (references) references->CheckReferences();
             if (transaction) transaction->Commit();
         } catch (const Error& error) {
             throw Error(error.Number(),
-                        error.Description() + (error.Description().ends_with('.') ? " " : ". ") +
-                            (m_rollsBack ? "The database is as it was."
-                                         : "Done before that, and kept: " + m_done.Text() +
-                                               ". The same command goes on from there."),
+                        automation::AddSentence(error.Description(),
+                                                transaction ? transaction->TakeBack()
+                                                            : "Done before that, and kept: " + m_done.Text() +
+                                                                  ". The same command goes on from there."),
                         error.Source());
         }
         m_done.Add(EngineThing::ForeignKey, plan.inlineKeys);

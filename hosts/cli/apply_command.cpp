@@ -1,11 +1,12 @@
 #include "automation/error.h"
+#include "hosts/cli/apply/apply_plan.h"
 #include "hosts/cli/apply/apply_run.h"
-#include "hosts/cli/apply/embedded_catalog.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/target_options.h"
 #include "hosts/cli/text_file.h"
+#include "scriptgen/migration/live_tables.h"
 
 #include <memory>
 #include <span>
@@ -61,9 +62,8 @@ std::string OpenTarget(ado::Connection& connection, const ApplyOptions& options)
     }
 }
 
-void Print(const ApplyReport& report, Console& console) {
-    for (const std::string& line : report.Lines())
-        console.Results() << line << '\n';
+bool LeadsToEmbeddedEngine(ado::Connection& connection, const ApplyOptions& options) {
+    return IsForEmbeddedEngine(options.connection) || scriptgen::IsEmbedded(connection);
 }
 
 /// A file that is to be made is not opened.
@@ -74,32 +74,32 @@ void PrintPlan(ado::Connection& connection, const ApplyOptions& options,
     } else {
         connection.Open(options.connection);
     }
-    const bool isEmbedded = options.create || IsEmbedded(connection);
-    for (const ApplyStep& step : isEmbedded ? PlanForEmbedded(statements) : PlanStatements(statements))
+    for (const ApplyStep& step : PlanStatements(statements, LeadsToEmbeddedEngine(connection, options)).steps)
         console.Results() << PlanLine(step) << '\n';
 }
 
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
-    auto connection = Session(console).platform.targetProvider->CreateConnection();
+    std::shared_ptr<ado::Connection> connection =
+        Session(console).platform.targetProvider->CreateConnection();
     if (options.dryRun) {
         PrintPlan(*connection, options, statements, console);
         return;
     }
     const std::string newFile = OpenTarget(*connection, options);
-    ApplyReport report;
+    std::vector<std::string> done;
     try {
-        RunStatements(*connection, statements, console, report);
+        done = RunStatements(connection, statements, LeadsToEmbeddedEngine(*connection, options), console);
         connection->Close();
     } catch (...) {
         connection.reset();
         if (!newFile.empty()) RemoveUnusedDatabase(newFile);
-        // On a server it is there, and the next run meets it.
-        if (!report.IsEmpty()) Print(report, console);
         throw;
     }
-    Print(report, console);
+    if (done.empty()) done.emplace_back("nothing to do");
+    for (const std::string& line : done)
+        console.Results() << line << '\n';
 }
 
 }  // namespace

@@ -80,7 +80,7 @@ const scriptgen::ScriptTypeInfo* PublishedDialect(std::string_view engine) {
 
 /// Runs the published scripts as korvex apply does.
 void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& options,
-                  ado::Connection& connection, bool creates, Console& console) {
+                  const Connection& connection, bool creates, Console& console) {
     console.Message("Nobody has verified this on " + std::string(type.displayName) +
                     ": the published scripts run as they are.");
     repository::Repository source(Session(console).platform);
@@ -103,18 +103,8 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
                 statements.push_back(std::move(statement));
     };
     creates ? add(created) : add(dropped);
-    ApplyReport report;
-    const auto print = [&] {
-        for (const std::string& line : report.Lines())
-            console.Results() << line << '\n';
-    };
-    try {
-        RunStatements(connection, statements, console, report);
-    } catch (const automation::Error&) {
-        print();  // what was done stays
-        throw;
-    }
-    print();
+    for (const std::string& line : RunStatements(connection, statements, false, console))
+        console.Results() << line << '\n';
 }
 
 void RunCreate(const DatabaseOptions& options, Console& console) {
@@ -127,7 +117,7 @@ void RunCreate(const DatabaseOptions& options, Console& console) {
     }
     const Connection connection = Connect(place, console);
     if (const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection))) {
-        RunPublished(*type, options, *connection, true, console);
+        RunPublished(*type, options, connection, true, console);
     } else {
         Print(tables.Create(connection), console);
     }
@@ -159,7 +149,7 @@ void RunDrop(const DatabaseOptions& options, Console& console) {
         ExpectConsent(what + " to be dropped, with all records.", console);
     }
     if (type != nullptr) {
-        RunPublished(*type, options, *connection, false, console);
+        RunPublished(*type, options, connection, false, console);
     } else {
         Print(tables.Drop(connection), console);
     }

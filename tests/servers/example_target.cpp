@@ -1,7 +1,5 @@
 #include "servers/example_target.h"
 
-#include "automation/text.h"
-#include "hosts/cli/korvex_command.h"
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "objects/json.h"
@@ -10,55 +8,40 @@
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
-#include "support/engine_words.h"
+#include "surface/target_tables.h"
 
-#include <fstream>
-#include <set>
-#include <sstream>
-#include <utility>
 
 namespace korvex::tests {
 namespace {
 
-/// The SQL Server script in the words of engine_words.h.
-constexpr std::pair<const char*, const char*> NeutralWords[] = {
-    {"dbo.", ""},
-    {" CLUSTERED", ""},
-    {" default ,", ","},
-    {" bit ", " smallint "},
-    {"int IDENTITY (1, 1)", "numbered"},
+/// A repository with the example's definition.
+class OrdersRepository {
+  public:
+    OrdersRepository() {
+        DefinitionRepository repository(m_platform, Path());
+        cli::ImportModel(cli::ReadModel(KORVEX_TEST_DATA "/orders.json"), repository.Database());
+    }
+    std::string Path() const { return m_folder.Path("orders.db"); }
+    const Platform& Engines() const noexcept { return m_platform; }
+
+  private:
+    TempFolder m_folder;
+    Platform m_platform = native::NativePlatform();
 };
 
 }  // namespace
 
 std::shared_ptr<objects::Definition> OrdersDefinition() {
-    const TempFolder folder;
-    const Platform platform = native::NativePlatform();
-    DefinitionRepository(platform, folder.Path("orders.db"));
-    repository::Repository repository(platform);
-    repository.OpenRepository(folder.Path("orders.db"));
-    cli::ImportModel(cli::ReadModel(KORVEX_TEST_DATA "/orders.json"), repository.Open());
+    const OrdersRepository orders;
+    repository::Repository repository(orders.Engines());
+    repository.OpenRepository(orders.Path());
     repository::CreateRelationship(repository, "Orders", "FK_");
     return objects::LoadDefinition(repository::Catalog::Read(repository.Open()), "Orders");
 }
 
-void CreateExampleTables(ado::Connection& connection, Driver driver) {
-    std::ifstream file(KORVEX_TEST_DATA "/scripts/MSCreate.sql");
-    std::set<std::string> made;  // the script holds a table once for each way that leads to its object
-    std::string statement;
-    for (std::string line; std::getline(file, line);) {
-        if (line.ends_with('\r')) line.pop_back();
-        if (line != "GO") {
-            statement += line + "\n";
-            continue;
-        }
-        for (const auto& [theirs, ours] : NeutralWords)
-            statement = Replace(std::move(statement), theirs, ours);
-        statement = InWordsOf(driver, statement);
-        if (!automation::Trim(statement).empty() && made.insert(statement).second)
-            connection.Execute(statement);
-        statement.clear();
-    }
+void CreateExampleTables(const std::shared_ptr<ado::Connection>& connection) {
+    const OrdersRepository orders;
+    TargetTables(orders.Engines(), orders.Path(), "Orders").Create(connection);
 }
 
 std::shared_ptr<objects::DataObject> FullOrder(const std::shared_ptr<objects::Definition>& definition) {

@@ -12,8 +12,8 @@ namespace korvex::tests {
 /// The definition of the example's orders, with the keys that storing them needs.
 std::shared_ptr<objects::Definition> OrdersDefinition();
 
-/// Makes the example's tables on a server, from the SQL Server script written in the server's own words.
-void CreateExampleTables(ado::Connection& connection, Driver driver);
+/// Makes the example's tables on a server.
+void CreateExampleTables(const std::shared_ptr<ado::Connection>& connection);
 
 /// An order with everything in it: each kind of value, collections in collections, accented letters.
 std::shared_ptr<objects::DataObject> FullOrder(const std::shared_ptr<objects::Definition>& definition);

@@ -92,7 +92,7 @@ const std::string Failed = "error " + std::to_string(ado::DbEFail);
 
 TEST_P(ServerStops, InTheMiddleOfASave) {
     const ServerDatabase database(GetParam());
-    CreateExampleTables(*database.Connect(), GetParam());
+    CreateExampleTables(database.Connect());
     const auto definition = OrdersDefinition();
     const auto crud = Connected(database.ConnectionString());
     StopBefore(7, native::sql::CallKind::Execute);
@@ -114,7 +114,7 @@ TEST_P(ServerStops, InTheMiddleOfASave) {
 
 TEST_P(ServerStops, InTheMiddleOfALoad) {
     const ServerDatabase database(GetParam());
-    CreateExampleTables(*database.Connect(), GetParam());
+    CreateExampleTables(database.Connect());
     const auto definition = OrdersDefinition();
     const auto crud = Connected(database.ConnectionString());
     const std::int32_t key = crud->DbSaveData(FullOrder(definition));
@@ -209,9 +209,11 @@ TEST_P(ServerFaults, AnApplyThatFailsTellsWhatItMadeBefore) {
     const std::string script = database.Folder().Write(
         "a.sql", "create table T (A int)\nGO\ninsert into T values (1)\nGO\ninsert into U values (1)\nGO\n");
     const CommandResult result = RunKorvex({"apply", "--connection", database.ConnectionString(), script});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.output, "1 table created\n1 other statement run\n");
-    EXPECT_THAT(result.messages, testing::HasSubstr(script + ", line 5: "));
+    ExpectFailure(result, script + ", line 5: ");
+    EXPECT_THAT(result.messages,
+                testing::HasSubstr(" --dialect " + std::string(GetParam() == Driver::MariaDb ? "mariadb" : "postgresql") +
+                                   ", its tables made with korvex database create. Done before that, and kept: 1 table "
+                                   "created, 1 other statement run."));
 }
 
 /// A user of the server who may connect, and nothing else.
@@ -237,7 +239,7 @@ TEST_P(ServerFaults, AMissingRightHasItsNumber) {
 TEST_P(ServerFaults, ABrokenConstraintIsReportedAndTheConnectionWorksOn) {
     const ServerDatabase database(GetParam());
     const auto connection = database.Connect();
-    CreateExampleTables(*connection, GetParam());
+    CreateExampleTables(connection);
     connection->Execute("create unique index one on tOrder (OrderNumber)");
     const auto definition = OrdersDefinition();
     const auto crud = Connected(database.ConnectionString());

@@ -44,7 +44,7 @@ class ServerStatements : public testing::Test {
 };
 
 TEST_F(ServerStatements, ATreeIsSavedAndLoadedWithOneQuestionForEachRecordAndLookUp) {
-    CreateExampleTables(*m_connection, QuestionLogger);
+    CreateExampleTables(m_connection);
     const auto definition = OrdersDefinition();
     const auto seam = std::make_shared<TestSeam>();
     clsCRUD crud(native::NativePlatform({.seam = seam}));
@@ -100,7 +100,7 @@ class ServerReplies : public testing::TestWithParam<Driver> {
 };
 
 TEST_P(ServerReplies, ACommandWaitsLittleMoreThanOnceForEachStatement) {
-    CreateExampleTables(*m_database.Connect(), GetParam());
+    CreateExampleTables(m_database.Connect());
     for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
              {"repository", "import", m_repository.Path(), KORVEX_TEST_DATA "/orders.json"},
              {"relate", "--repository", m_repository.Path(), "--storage", "Orders"}})

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "hosts/cli/apply/script_reader.h"
-#include "hosts/cli/apply/statement_kind.h"
-#include "hosts/cli/apply/table_text.h"
+#include "hosts/cli/apply/statement_subject.h"
 
 #include <cstdint>
 #include <span>
@@ -12,35 +11,39 @@
 namespace korvex::cli {
 
 enum class StepAction : std::uint8_t {
-    Run,            ///< `texts`, one after the other
-    SkipRepeat,     ///< the same statement was run before
-    SkipProcedure,  ///< the engine has none
-    AddKey,         ///< `key` to a table that is there already
-    CheckKey,       ///< `key` was made with its table, by an earlier step
-    DropKeys,       ///< the foreign keys named `constraint`
+    Run,
+    SkipRepeat,  ///< the same statement was run before
+    Frame,       ///< what the run itself does around all others
 };
 
 /// What becomes of one statement of a script.
 struct ApplyStep {
-    StepAction action = StepAction::Run;
-    StatementSubject subject;
     const ScriptStatement* statement = nullptr;  ///< one of those planned for
-    std::vector<std::string> texts;
-    ForeignKey key;
-    std::string constraint;
+    StatementSubject subject;
+    StepAction action = StepAction::Run;
 };
 
-/// The steps of a run, one for each statement, in order. The generated scripts write a table once for each
-/// way that leads to its object, and each foreign key with all those before it: exact repetitions of what
-/// makes or drops something are skipped.
-std::vector<ApplyStep> PlanStatements(std::span<const ScriptStatement> statements);
+struct ApplyPlan {
+    std::vector<ApplyStep> steps;  ///< one for each statement, in order
+    /// The scripts bring the frame within which tables of the embedded engine are made anew: references are
+    /// not kept while they run, and checked before the commit.
+    bool isFramed = false;
+};
 
-/// The same for the embedded engine. Statements of plain scripts run as they stand; those of others are
-/// rewritten, procedures skipped, foreign keys put into the CREATE TABLE where the run has it. Raises
-/// InvalidProcedureCall (5), naming file and line, for a statement that the engine cannot take.
-std::vector<ApplyStep> PlanForEmbedded(std::span<const ScriptStatement> statements);
+/// Statements run as they stand. But the generated scripts for SQL Server, Oracle and Sybase write a table
+/// once for each way that leads to its object, and each foreign key with all those before it: exact
+/// repetitions of what makes or drops something are skipped where they do not stand in a plain script.
+///
+/// On the embedded engine the run is one transaction. InvalidProcedureCall (5), naming file and line, for a
+/// statement that would end it or has no effect in one. A script may stand between
+///     PRAGMA foreign_keys=OFF; BEGIN;   and   PRAGMA foreign_key_check; COMMIT; PRAGMA foreign_keys=ON;
+/// which then are the run's own; it runs with others of the kind only.
+ApplyPlan PlanStatements(std::span<const ScriptStatement> statements, bool isEmbedded);
 
 /// "FILE, line 12".
 std::string PlaceOf(const ScriptStatement& statement);
+
+/// What a step is going to do, in one line: "FILE, line 12: create table T".
+std::string PlanLine(const ApplyStep& step);
 
 }  // namespace korvex::cli

@@ -2,10 +2,17 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
-#include "hosts/cli/apply/embedded_catalog.h"
-#include "hosts/cli/apply/table_rebuild.h"
+#include "hosts/cli/apply/apply_plan.h"
+#include "hosts/cli/suggest.h"
+#include "platform/ado_transaction.h"
+#include "scriptgen/engine_dialect.h"
+#include "scriptgen/migration/live_tables.h"
+#include "scriptgen/migration/table_rebuild.h"
+#include "scriptgen/script_text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,147 +25,129 @@ namespace {
 
 using automation::AddSentence;
 using automation::Error;
+using Connection = std::shared_ptr<ado::Connection>;
 
-/// A table that is rebuilt must be dropped without a thought for its children; what stands at the end is
-/// checked as a whole. Nothing of this can be switched inside a transaction.
-class RebuildMode {
+std::string Counted(std::size_t count, std::string_view noun) {
+    const std::string_view plural = count == 1 ? "" : noun.ends_with('x') ? "es" : "s";
+    return std::to_string(count) + " " + std::string(noun) + std::string(plural);
+}
+
+/// Counts what a run did.
+class Tally {
   public:
-    explicit RebuildMode(ado::Connection& connection) : m_connection(connection) { Switch("OFF", "ON"); }
-    RebuildMode(const RebuildMode&) = delete;
-    RebuildMode& operator=(const RebuildMode&) = delete;
-    ~RebuildMode() {
-        try {
-            Switch("ON", "OFF");
-        } catch (const Error&) {
-            // The run has ended with an error of its own, or the connection is gone.
+    void Add(const ApplyStep& step) noexcept {
+        const auto [deed, thing, name] = step.subject;
+        if (step.action == StepAction::SkipRepeat) {
+            ++m_repeats;
+        } else if (step.action == StepAction::Run && deed == Deed::Other) {
+            ++m_others;
+        } else if (step.action == StepAction::Run) {
+            ++m_counts[static_cast<std::size_t>(deed)][static_cast<std::size_t>(thing)];
         }
     }
 
-  private:
-    void Switch(const std::string& foreignKeys, const std::string& legacyAlterTable) {
-        m_connection.Execute("PRAGMA foreign_keys = " + foreignKeys);
-        m_connection.Execute("PRAGMA legacy_alter_table = " + legacyAlterTable);
+    std::vector<std::string> Lines() const {
+        std::vector<std::string> lines;
+        for (const Deed deed : {Deed::Create, Deed::Drop}) {
+            std::vector<std::string> parts;
+            for (std::size_t i = 0; i < ThingCount; ++i) {
+                const std::size_t count = m_counts[static_cast<std::size_t>(deed)][i];
+                if (count > 0) parts.push_back(Counted(count, NounOf(static_cast<Thing>(i))));
+            }
+            if (deed == Deed::Drop) std::ranges::reverse(parts);
+            if (!parts.empty())
+                lines.push_back(JoinNames(parts) + (deed == Deed::Create ? " created" : " dropped"));
+        }
+        if (m_others > 0) lines.push_back(Counted(m_others, "other statement") + " run");
+        if (m_repeats > 0) lines.push_back(Counted(m_repeats, "repeated statement") + " skipped");
+        return lines;
     }
 
-    ado::Connection& m_connection;
+  private:
+    std::array<std::array<std::size_t, ThingCount>, 2> m_counts{};  ///< of what was made, and dropped
+    std::size_t m_others = 0;
+    std::size_t m_repeats = 0;
 };
 
-class ApplyRun {
-  public:
-    ApplyRun(ado::Connection& connection, std::vector<ApplyStep> steps, Console& console, ApplyReport& report)
-        : m_connection(connection), m_steps(std::move(steps)), m_console(console), m_report(report) {}
+Error WithSentence(const Error& error, std::string_view sentence) {
+    return Error(error.Number(), AddSentence(error.Description(), sentence), error.Source());
+}
 
-    void OnServer() { RunSteps(); }
-
-    void OnEmbedded() {
-        const bool rebuilds = std::ranges::any_of(m_steps, [](const ApplyStep& step) {
-            return step.action == StepAction::AddKey || step.action == StepAction::DropKeys;
-        });
-        std::optional<RebuildMode> rebuildMode;
-        if (rebuilds) rebuildMode.emplace(m_connection);
-
-        m_connection.BeginTrans();
-        bool commits = false;
-        try {
-            RunSteps();
-            if (rebuilds) CheckAllForeignKeys(m_connection);
-            commits = true;
-            m_connection.CommitTrans();
-        } catch (const Error& error) {
-            throw Error(error.Number(), AddSentence(error.Description(), RollBack(commits)), error.Source());
-        }
-    }
-
-  private:
-    void RunSteps() {
-        std::size_t number = 0;
-        for (const ApplyStep& step : m_steps) {
-            const ScriptStatement& statement = *step.statement;
-            m_console.Progress(statement.file + " " + std::to_string(++number) + "/" +
-                               std::to_string(m_steps.size()));
-            try {
-                Run(step);
-            } catch (const Error& error) {
-                throw Error(error.Number(),
-                            PlaceOf(statement) + ": " + AddSentence(error.Description(), Hint(step, error)),
-                            error.Source());
-            }
-        }
-        m_console.ClearProgress();
-    }
-
-    void Run(const ApplyStep& step) {
-        const std::string& table = step.subject.name;
-        switch (step.action) {
-            case StepAction::Run:
-                for (const std::string& text : step.texts)
-                    m_connection.Execute(text);
-                m_report.Ran(step.subject);
-                break;
-            case StepAction::SkipRepeat:
-                m_report.SkippedRepeat();
-                break;
-            case StepAction::SkipProcedure:
-                m_report.SkippedProcedure();
-                break;
-            case StepAction::AddKey:
-                if (!AddForeignKey(m_connection, table, step.key)) {
-                    m_report.SkippedRepeat();
-                    break;
-                }
-                [[fallthrough]];
-            case StepAction::CheckKey:
-                CheckForeignKey(m_connection, table, step.key);
-                m_report.Ran(step.subject);
-                break;
-            case StepAction::DropKeys:
-                m_report.Ran(step.subject, DropForeignKeys(m_connection, table, step.constraint));
-                break;
-        }
-    }
-
-    static std::string_view Hint(const ApplyStep& step, const Error& error) {
-        if (step.subject.kind == StatementKind::CreateSequence && error.Number() == ado::DbEStatement) {
-            return "The database has no sequences; the scripts for MS SQL or Sybase need none.";
-        }
-        if (error.Number() == ado::DbETableExists) {
-            return "Run the drop scripts first (foreign keys, then tables) to make the tables anew.";
-        }
-        if (step.subject.kind == StatementKind::DropTable && error.Number() == ado::DbEConstraint) {
-            return "Records of other tables refer to this one: drop the foreign keys first.";
-        }
+/// The way to scripts that the engine reads, when a statement of a script for others fails.
+std::string DialectHint(ado::Connection& connection) {
+    try {
+        const std::string engine = scriptgen::EngineBehind(connection);
+        scriptgen::EngineDialectOf(engine);
+        return "Scripts for this engine are written with korvex script --dialect " + engine +
+               ", its tables made with korvex database create.";
+    } catch (const Error&) {
+        // It has none, or the connection is gone.
         return {};
     }
+}
 
-    /// What became of the database, for a person.
-    std::string RollBack(bool afterCommit) {
+std::string Hint(ado::Connection& connection, const ApplyStep& step, const Error& error) {
+    if (error.Number() == ado::DbETableExists)
+        return "Run the drop scripts first (foreign keys, then tables) to make the tables anew.";
+    const StatementSubject& subject = step.subject;
+    if (subject.deed == Deed::Drop && subject.thing == Thing::Table && error.Number() == ado::DbEConstraint)
+        return "Records of other tables refer to this one: drop the foreign keys first.";
+    const bool isUnread = error.Number() == ado::DbEStatement || error.Number() == ado::DbENoTable;
+    return isUnread && step.statement->style != ScriptStyle::Plain ? DialectHint(connection) : "";
+}
+
+void RunSteps(const Connection& connection, std::span<const ApplyStep> steps, Console& console,
+              Tally& tally) {
+    std::size_t number = 0;
+    for (const ApplyStep& step : steps) {
+        const ScriptStatement& statement = *step.statement;
+        console.Progress(statement.file + " " + std::to_string(++number) + "/" +
+                         std::to_string(steps.size()));
         try {
-            m_connection.RollbackTrans();
+            if (step.action == StepAction::Run) connection->Execute(statement.text);
         } catch (const Error& error) {
-            // Without a transaction the engine has rolled back already, as it does on a full disk; a commit
-            // that failed late leaves none, either.
-            if (afterCommit || error.Number() != ado::XactENoTransaction)
-                return "What ran could not be rolled back: " + error.Description();
+            throw Error(
+                error.Number(),
+                PlaceOf(statement) + ": " + AddSentence(error.Description(), Hint(*connection, step, error)),
+                error.Source());
         }
-        m_report = {};
-        return "The database is as it was.";
+        tally.Add(step);
     }
+    console.ClearProgress();
+}
 
-    ado::Connection& m_connection;
-    std::vector<ApplyStep> m_steps;
-    Console& m_console;
-    ApplyReport& m_report;
-};
+void RunEmbedded(const Connection& connection, const ApplyPlan& plan, Console& console, Tally& tally) {
+    std::optional<scriptgen::ReferencesOff> references;
+    if (plan.isFramed) references.emplace(*connection);
+    ado::Transaction transaction(connection);
+    try {
+        RunSteps(connection, plan.steps, console, tally);
+        if (references) references->CheckReferences();
+        transaction.Commit();
+    } catch (const Error& error) {
+        throw WithSentence(error, transaction.TakeBack());
+    }
+}
+
+void RunOnServer(const Connection& connection, const ApplyPlan& plan, Console& console, Tally& tally) {
+    try {
+        RunSteps(connection, plan.steps, console, tally);
+    } catch (const Error& error) {
+        const std::vector<std::string> done = tally.Lines();
+        throw WithSentence(
+            error, done.empty() ? "" : "Done before that, and kept: " + scriptgen::Joined(done) + ".");
+    }
+}
 
 }  // namespace
 
-void RunStatements(ado::Connection& connection, std::span<const ScriptStatement> statements, Console& console,
-                   ApplyReport& report) {
-    if (IsEmbedded(connection)) {
-        ApplyRun(connection, PlanForEmbedded(statements), console, report).OnEmbedded();
-    } else {
-        ApplyRun(connection, PlanStatements(statements), console, report).OnServer();
-    }
+std::vector<std::string> RunStatements(const Connection& connection,
+                                       std::span<const ScriptStatement> statements, bool isEmbedded,
+                                       Console& console) {
+    const ApplyPlan plan = PlanStatements(statements, isEmbedded);
+    Tally tally;
+    (isEmbedded ? RunEmbedded : RunOnServer)(connection, plan, console, tally);
+    return tally.Lines();
 }
 
 }  // namespace korvex::cli

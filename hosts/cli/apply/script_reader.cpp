@@ -1,8 +1,8 @@
 #include "hosts/cli/apply/script_reader.h"
 
 #include "automation/error.h"
+#include "automation/sql_tokens.h"
 #include "automation/text.h"
-#include "hosts/cli/apply/sql_tokens.h"
 
 #include <algorithm>
 #include <optional>
@@ -13,6 +13,7 @@ namespace korvex::cli {
 namespace {
 
 using automation::Error;
+using namespace automation::sql;
 
 constexpr std::string_view Blanks = " \t\r\n\f\v";
 
@@ -65,29 +66,9 @@ class ScriptLines {
     std::string_view m_script;
 };
 
-/// Reads the beginning of a statement.
-TokenReader BeginningOf(std::string_view statement) {
+bool AltersTable(std::string_view statement) {
     constexpr std::size_t Beginning = 200;
-    return TokenReader(Tokenize(statement.substr(0, Beginning)));
-}
-
-/// Whether a statement makes something that holds statements of its own.
-bool CreatesRoutine(TokenReader words) {
-    if (!words.Take("create")) return false;
-    words.Take("or replace");
-    for (const std::string_view word : {"editionable", "noneditionable", "temp", "temporary"})
-        words.Take(word);
-    for (const std::string_view kind : {"procedure", "function", "trigger", "package", "type"})
-        if (words.Sees(kind)) return true;
-    return false;
-}
-
-/// Whether a SQL*Plus statement holds statements of its own, so that only "/" ends it.
-bool IsBlock(std::string_view statement) {
-    TokenReader words = BeginningOf(statement);
-    if (words.Take("declare")) return true;
-    if (words.Take("begin")) return !words.Sees(";") && !words.Sees("transaction");
-    return CreatesRoutine(std::move(words));
+    return TokenReader(Tokenize(statement.substr(0, Beginning))).Sees("alter table");
 }
 
 /// Divides a script into statements.
@@ -124,8 +105,7 @@ class ScriptDivider {
         }
         // Sybase's foreign-key scripts have nothing between their statements.
         if (m_start && Is(token, "alter") && m_lines.IsFirst(token) &&
-            BeginningOf(m_script.substr(token.at)).Sees("alter table") &&
-            BeginningOf(m_script.substr(*m_start)).Sees("alter table")) {
+            AltersTable(m_script.substr(token.at)) && AltersTable(m_script.substr(*m_start))) {
             Finish(token.at);
         }
         return false;
@@ -143,7 +123,7 @@ class ScriptDivider {
     /// A semicolon that was the last piece of its line ends a statement that is no block.
     void EndOfSqlPlusLine(const Token& next) {
         if (m_style != ScriptStyle::SqlPlus || !m_start || !Is(m_last, ";")) return;
-        if (!IsBlock(m_script.substr(*m_start, next.at - *m_start))) Finish(m_last.at);
+        if (!HoldsBody(m_script.substr(*m_start, next.at - *m_start))) Finish(m_last.at);
     }
 
     bool TakeInPlain(const Token& token) {
@@ -161,7 +141,7 @@ class ScriptDivider {
             return true;
         }
         if (m_start && !m_isInBody && Is(token, "begin"))
-            m_isInBody = CreatesRoutine(BeginningOf(m_script.substr(*m_start, token.at - *m_start)));
+            m_isInBody = HoldsBody(m_script.substr(*m_start, token.at - *m_start));
         return false;
     }
 

@@ -1,7 +1,8 @@
 #include "platform/native/sql/statement_text.h"
 
+#include "automation/sql_tokens.h"
+#include "automation/sql_words.h"
 #include "automation/text.h"
-#include "platform/native/sql/statement_words.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +13,7 @@ namespace korvex::native::sql {
 namespace {
 
 using automation::EqualsIgnoreCase;
-using namespace words;
+using namespace automation::sql;
 
 StatementKind KindOf(std::string_view firstWord) noexcept {
     if (IsWord(firstWord, "select")) return StatementKind::Select;
@@ -56,28 +57,6 @@ bool ArrangesRows(std::string_view word) noexcept {
             return IsWord(word, "distinct");
         default:
             return false;
-    }
-}
-
-/// A routine's or trigger's body holds semicolons of its own.
-bool MayHoldBody(std::string_view text) noexcept {
-    static constexpr std::array<std::string_view, 5> Bodies = {"trigger", "procedure", "function", "package",
-                                                               "type"};
-    static constexpr std::array<std::string_view, 12> Before = {
-        "create", "or",    "replace",     "temp",           "temporary",  "definer",
-        "public", "alter", "editionable", "noneditionable", "constraint", "force"};
-    std::size_t at = 0;
-    for (bool first = true;; first = false) {
-        const std::size_t start = BehindBlanks(text, at);
-        at = BehindWord(text, start);
-        const std::string_view word = text.substr(start, at - start);
-        if (first && EqualsIgnoreCase(word, "declare")) return true;
-        if (first && EqualsIgnoreCase(word, "begin")) {
-            at = BehindBlanks(text, at);
-            return at < text.size() && text[at] != ';';
-        }
-        if (IsOneOf(word, Bodies)) return true;
-        if (!IsOneOf(word, Before)) return false;
     }
 }
 
@@ -340,7 +319,7 @@ class Scanner {
         ++m_at;
         if (m_checkedSecond) return;
         m_checkedSecond = true;
-        if (HoldsStatement(m_text.substr(m_at)) && !MayHoldBody(m_text)) m_result.secondStatement = true;
+        if (HoldsStatement(m_text.substr(m_at)) && !HoldsBody(m_text)) m_result.secondStatement = true;
     }
 
     std::string_view m_text;

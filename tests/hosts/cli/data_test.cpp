@@ -37,18 +37,17 @@ Arguments Merge(Arguments options, const Arguments& more) {
     return options;
 }
 
-/// The example's definition, ready for use, and an empty database from its scripts.
+/// The example's definition, ready for use, and an empty database for it.
 class StoredData : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         s_repository = std::make_unique<RepositoryFile>(ReadFile(KORVEX_TEST_DATA "/orders.json"));
         ASSERT_EQ(RunKorvex({"relate", "--repository", s_repository->Path()}).exitCode, 0);
         const TargetDatabase target;
-        ASSERT_EQ(
-            RunKorvex({"apply", "--connection", target.Connection(), "--create",
-                       KORVEX_TEST_DATA "/scripts/MSCreate.sql", KORVEX_TEST_DATA "/scripts/MSFKCr.sql"})
-                .exitCode,
-            0);
+        ASSERT_EQ(RunKorvex({"database", "create", "--repository", s_repository->Path(), "--storage",
+                             "Orders", "--connection", target.Connection()})
+                      .messages,
+                  "");
         std::filesystem::copy(target.Path(), EmptyDatabase());
     }
     static void TearDownTestSuite() { s_repository.reset(); }
@@ -354,16 +353,11 @@ TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
 class SmallModel : public testing::Test {
   protected:
     void SetUp() override {
-        const auto file = [this](const char* name) { return m_repository.Folder().Path(name); };
         ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
-        ASSERT_EQ(RunKorvex({"script", "--repository", m_repository.Path(), "--storage", "Orders",
-                             "--dialect", "mssql", "--out", m_repository.Folder().Path("")})
-                      .exitCode,
-                  0);
-        ASSERT_EQ(RunKorvex({"apply", "--connection", m_target.Connection(), "--create", file("MSCreate.sql"),
-                             file("MSFKCr.sql")})
-                      .exitCode,
-                  0);
+        ASSERT_EQ(RunKorvex({"database", "create", "--repository", m_repository.Path(), "--connection",
+                             m_target.Connection()})
+                      .messages,
+                  "");
         ASSERT_EQ(Run("Orders", "save", R"({"Number": "a", "Lines": {"$items": [{"Sku": "A"}]}})").output,
                   "1\n");
     }

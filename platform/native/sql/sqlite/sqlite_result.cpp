@@ -17,7 +17,7 @@ ErrorKind ClassifyStatementError(std::string_view message) noexcept {
     }
     if (message.starts_with("table ") && Contains(message, " already exists")) return ErrorKind::TableExists;
     if (Contains(message, "syntax error") || Contains(message, "unrecognized token") ||
-        Contains(message, "incomplete input")) {
+        Contains(message, "incomplete input") || message.starts_with("unknown database")) {
         return ErrorKind::Syntax;
     }
     return ErrorKind::Other;

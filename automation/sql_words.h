@@ -9,7 +9,7 @@
 #include <string_view>
 
 /// The characters, words and comments that statements consist of. Letters beyond ASCII belong to words.
-namespace korvex::native::sql::words {
+namespace korvex::automation::sql {
 
 enum class CharClass : std::uint8_t {
     Plain,
@@ -95,8 +95,7 @@ inline std::size_t BehindComment(std::string_view text, std::size_t at) noexcept
 
 template <std::size_t N>
 bool IsOneOf(std::string_view word, const std::array<std::string_view, N>& words) noexcept {
-    return std::ranges::any_of(words,
-                               [&](std::string_view w) { return automation::EqualsIgnoreCase(w, word); });
+    return std::ranges::any_of(words, [&](std::string_view w) { return EqualsIgnoreCase(w, word); });
 }
 
 /// Whether a word is `lower`, in any case.
@@ -108,4 +107,4 @@ constexpr bool IsWord(std::string_view word, std::string_view lower) noexcept {
     return true;
 }
 
-}  // namespace korvex::native::sql::words
+}  // namespace korvex::automation::sql

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace korvex::cli {
+namespace korvex::automation::sql {
 
 enum class TokenKind : std::uint8_t {
     Word,    ///< a name or keyword
@@ -83,10 +83,8 @@ class TokenReader {
 /// Whether a piece is that word or symbol, in any case.
 bool Is(const Token& token, std::string_view word) noexcept;
 
-/// A name without its quotes; other pieces as they stand.
-std::string NameOf(const Token& token);
+/// Whether a statement, by its beginning, holds statements of its own: one that makes a trigger, procedure,
+/// function, package or type, and a block.
+bool HoldsBody(std::string_view statement) noexcept;
 
-/// A name in double quotes.
-std::string QuoteName(std::string_view name);
-
-}  // namespace korvex::cli
+}  // namespace korvex::automation::sql

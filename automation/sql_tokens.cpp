@@ -1,21 +1,12 @@
-#include "hosts/cli/apply/sql_tokens.h"
+#include "automation/sql_tokens.h"
 
+#include "automation/sql_words.h"
 #include "automation/text.h"
 
 #include <algorithm>
+#include <array>
 
-namespace korvex::cli {
-
-namespace {
-
-constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
-constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
-constexpr bool IsWordPart(char c) noexcept {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || c == '$' ||
-           c == '#' || c == '@' || static_cast<unsigned char>(c) >= 0x80;
-}
-
-}  // namespace
+namespace korvex::automation::sql {
 
 Token TokenScanner::Next() noexcept {
     SkipBlanks();
@@ -27,17 +18,13 @@ Token TokenScanner::Next() noexcept {
 void TokenScanner::SkipLine() noexcept { m_at = std::min(m_sql.find('\n', m_at), m_sql.size()); }
 
 void TokenScanner::SkipBlanks() noexcept {
-    while (m_at < m_sql.size()) {
-        const std::string_view opening = m_sql.substr(m_at, 2);
-        if (IsBlank(m_sql[m_at])) {
-            ++m_at;
-        } else if (opening == "--") {
-            SkipLine();
-        } else if (opening == "/*") {
-            SkipTo("*/", 2);
-        } else {
-            return;
-        }
+    for (;;) {
+        m_at = BehindBlanks(m_sql, m_at);
+        const std::string_view comment = m_sql.substr(m_at, BehindComment(m_sql, m_at) - m_at);
+        if (comment.empty()) return;
+        const bool isClosed = comment.starts_with("--") || (comment.size() > 3 && comment.ends_with("*/"));
+        if (!isClosed) m_unclosed = m_at;
+        m_at += comment.size();
     }
 }
 
@@ -116,6 +103,14 @@ std::vector<Token> Tokenize(std::string_view sql) {
     return tokens;
 }
 
+namespace {
+
+bool IsName(const Token& token) noexcept {
+    return token.kind == TokenKind::Word || token.kind == TokenKind::Quoted;
+}
+
+}  // namespace
+
 const Token& TokenReader::Peek(std::size_t ahead) const noexcept {
     static constexpr Token Nothing{TokenKind::Symbol, {}, 0};
     return m_next + ahead < m_tokens.size() ? m_tokens[m_next + ahead] : Nothing;
@@ -144,38 +139,35 @@ bool TokenReader::Take(std::string_view words) noexcept {
 }
 
 std::string TokenReader::TakeName() {
-    const auto isName = [](const Token& token) {
-        return token.kind == TokenKind::Word || token.kind == TokenKind::Quoted;
-    };
-    if (!isName(Peek())) return {};
-    while (Is(Peek(1), ".") && isName(Peek(2)))
+    if (!IsName(Peek())) return {};
+    while (Is(Peek(1), ".") && IsName(Peek(2)))
         m_next += 2;
-    return NameOf(Next());
+    const Token& name = Next();
+    const bool isQuoted = name.kind == TokenKind::Quoted && name.text.size() > 1;
+    return std::string(isQuoted ? name.text.substr(1, name.text.size() - 2) : name.text);
 }
 
 bool Is(const Token& token, std::string_view word) noexcept {
     const bool isPlain = token.kind == TokenKind::Word || token.kind == TokenKind::Symbol;
-    return isPlain && automation::EqualsIgnoreCase(token.text, word);
+    return isPlain && EqualsIgnoreCase(token.text, word);
 }
 
-std::string NameOf(const Token& token) {
-    if (token.kind != TokenKind::Quoted || token.text.size() < 2) return std::string(token.text);
-    const char close = token.text.back();
-    std::string name;
-    for (std::size_t i = 1; i + 1 < token.text.size(); ++i) {
-        name += token.text[i];
-        if (token.text[i] == close) ++i;
+bool HoldsBody(std::string_view statement) noexcept {
+    static constexpr std::array<std::string_view, 5> Bodies = {"trigger", "procedure", "function", "package",
+                                                               "type"};
+    static constexpr std::array<std::string_view, 12> Before = {
+        "create", "or",    "replace",     "temp",           "temporary",  "definer",
+        "public", "alter", "editionable", "noneditionable", "constraint", "force"};
+    TokenScanner scanner(statement);
+    Token token = scanner.Next();
+    if (Is(token, "declare")) return true;
+    if (Is(token, "begin")) {
+        token = scanner.Next();
+        return !token.text.empty() && !Is(token, ";") && !Is(token, "transaction");
     }
-    return name;
+    while (IsOneOf(token.text, Before))
+        token = scanner.Next();
+    return IsOneOf(token.text, Bodies);
 }
 
-std::string QuoteName(std::string_view name) {
-    std::string quoted = "\"";
-    for (const char c : name) {
-        quoted += c;
-        if (c == '"') quoted += c;
-    }
-    return quoted + "\"";
-}
-
-}  // namespace korvex::cli
+}  // namespace korvex::automation::sql
