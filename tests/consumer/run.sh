@@ -22,5 +22,6 @@ cmake --build "$work/build"
 
 cd "$work"
 build/README
-prefix/bin/korvex apply --connection "Provider=SQLite;Data Source=target.db" --create scripts/MSCreate.sql
+prefix/bin/korvex database create --repository orders.db --storage Orders \
+    --connection "Provider=SQLite;Data Source=target.db"
 build/data | grep '"Rating": 5'  # the object as the last program has updated it

@@ -10,7 +10,6 @@
 #include "support/definition_repository.h"
 #include "surface/target_tables.h"
 
-
 namespace korvex::tests {
 namespace {
 

@@ -211,9 +211,10 @@ TEST_P(ServerFaults, AnApplyThatFailsTellsWhatItMadeBefore) {
     const CommandResult result = RunKorvex({"apply", "--connection", database.ConnectionString(), script});
     ExpectFailure(result, script + ", line 5: ");
     EXPECT_THAT(result.messages,
-                testing::HasSubstr(" --dialect " + std::string(GetParam() == Driver::MariaDb ? "mariadb" : "postgresql") +
-                                   ", its tables made with korvex database create. Done before that, and kept: 1 table "
-                                   "created, 1 other statement run."));
+                testing::HasSubstr(
+                    " --dialect " + std::string(GetParam() == Driver::MariaDb ? "mariadb" : "postgresql") +
+                    ", its tables made with korvex database create. Done before that, and kept: 1 table "
+                    "created, 1 other statement run."));
 }
 
 /// A user of the server who may connect, and nothing else.

@@ -116,8 +116,7 @@ ApplyPlan PlanStatements(std::span<const ScriptStatement> statements, bool isEmb
         ApplyStep& step = plan.steps.emplace_back();
         step.statement = &statement;
         step.subject = SubjectOf(statement.text);
-        if (repeats.IsRepeat(step.subject.deed, statement.text) && statement.style != ScriptStyle::Plain)
-            step.action = StepAction::SkipRepeat;
+        if (repeats.IsRepeat(step.subject.deed, statement.text)) step.action = StepAction::SkipRepeat;
     }
     if (isEmbedded) PlanForEmbedded(plan);
     return plan;

@@ -32,7 +32,7 @@ struct ApplyPlan {
 
 /// Statements run as they stand. But the generated scripts for SQL Server, Oracle and Sybase write a table
 /// once for each way that leads to its object, and each foreign key with all those before it: exact
-/// repetitions of what makes or drops something are skipped where they do not stand in a plain script.
+/// repetitions of what makes or drops something are skipped.
 ///
 /// On the embedded engine the run is one transaction. InvalidProcedureCall (5), naming file and line, for a
 /// statement that would end it or has no effect in one. A script may stand between

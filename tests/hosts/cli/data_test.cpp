@@ -354,8 +354,10 @@ class SmallModel : public testing::Test {
   protected:
     void SetUp() override {
         ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
-        ASSERT_EQ(RunKorvex({"database", "create", "--repository", m_repository.Path(), "--connection",
-                             m_target.Connection()})
+        ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path(), "--storage", "Orders"}).exitCode,
+                  0);
+        ASSERT_EQ(RunKorvex({"database", "create", "--repository", m_repository.Path(), "--storage", "Orders",
+                             "--connection", m_target.Connection()})
                       .messages,
                   "");
         ASSERT_EQ(Run("Orders", "save", R"({"Number": "a", "Lines": {"$items": [{"Sku": "A"}]}})").output,

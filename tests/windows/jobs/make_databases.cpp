@@ -1,20 +1,19 @@
 // Makes the databases that the jobs work on, through the engines that hosts get:
 //     make_databases repository FILE MODEL           a definition repository from a JSON model
-//     make_databases target CONNECTION SCRIPT...     tables from script files
+//     make_databases target CONNECTION FILE STORAGE  the tables of a definition
 
 #include "automation/error.h"
-#include "hosts/cli/apply/apply_run.h"
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
-#include "hosts/cli/text_file.h"
 #include "platform/platform.h"
 #include "repository/schema.h"
+#include "surface/target_tables.h"
 
 #include <iostream>
+#include <memory>
 #include <objbase.h>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -28,18 +27,10 @@ void MakeRepository(const std::string& file, const std::string& modelFile) {
     database->Close();
 }
 
-void MakeTarget(const std::string& connectionString, std::span<char* const> scripts) {
-    std::vector<cli::ScriptStatement> statements;
-    for (const char* file : scripts) {
-        for (auto& statement : cli::ReadScript(file, cli::ReadTextFile(file), cli::ScriptStyle::Batches))
-            statements.push_back(std::move(statement));
-    }
-    const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+void MakeTarget(const std::string& connectionString, const std::string& file, const std::string& storage) {
+    const std::shared_ptr<ado::Connection> connection = DefaultPlatform().targetProvider->CreateConnection();
     connection->Open(connectionString);
-    cli::Console console(std::cout, std::cerr, false);
-    cli::ApplyReport report;
-    cli::RunStatements(*connection, statements, console, report);
-    for (const std::string& line : report.Lines())
+    for (const std::string& line : TargetTables(DefaultPlatform(), file, storage).Create(connection).Lines)
         std::cout << line << '\n';
     connection->Close();
 }
@@ -48,7 +39,7 @@ void Run(std::span<char* const> arguments) {
     if (std::string(arguments[1]) == "repository") {
         MakeRepository(arguments[2], arguments[3]);
     } else {
-        MakeTarget(arguments[2], arguments.subspan(3));
+        MakeTarget(arguments[2], arguments[3], arguments[4]);
     }
 }
 
