@@ -319,20 +319,6 @@ TEST_P(RoundTrip, ARootThatIsAChildElsewhereKeepsItsForeignKeys) {
     EXPECT_EQ(save("{}"), 4);
 }
 
-TEST_P(RoundTrip, SingleFields) {
-    m_crud->DbSaveData(FromJson(m_definition, Tree));
-    Variant value;
-    EXPECT_TRUE(m_crud->DbSaveField(1, "OrderID", "tOrder", "String", "field"));
-    EXPECT_TRUE(m_crud->DbGetField("1", "OrderID", "tOrder", "String", value));
-    EXPECT_EQ(value, Variant("field"));
-    EXPECT_TRUE(m_crud->DbGetField(1, "OrderID", "tOrder", "LongText", value));
-    EXPECT_EQ(value, Variant("short"));
-    EXPECT_FALSE(m_crud->DbSaveField(1, "OrderID", "tOrder", "Long", "no number"));
-    EXPECT_FALSE(m_crud->DbGetField(1, "OrderID", "tOrder", "Nowhere", value));
-    EXPECT_FALSE(m_crud->DbGetField(1, "Nowhere", "tOrder", "String", value));
-    EXPECT_EQ(m_crud->LastResult(), dbCannotOpenRecordset);
-}
-
 TEST_P(RoundTrip, ErrorsOfTheDatabaseReachTheCaller) {
     const auto connection = m_crud->DbConn();
     const auto save = [&](const char* text) { m_crud->DbSaveData(FromJson(m_definition, text)); };

@@ -265,36 +265,5 @@ TEST_P(AdoRecordset, AnUpdateThatChangesNothingOnTheServerIsStored) {
     }
 }
 
-/// A failure at any engine call of an addition reaches the caller, leaves nothing open, and the same
-/// connection then does the work. Nothing is stored unless the insert itself was through, before its key was
-/// asked for.
-TEST_P(AdoRecordset, SurvivesAFailureAtEveryCall) {
-    Add("first");
-    std::size_t failures = 0;
-    std::ptrdiff_t stored = 1;
-    for (bool failed = true; failed;) {
-        ASSERT_LT(failures, 20U);
-        Run(m_connection, "create table Other" + std::to_string(failures) + " (n int)");  // empties the cache
-        failed = false;
-        m_seam->Record();
-        m_seam->FailAt(failures + 1, native::sql::ErrorKind::DiskFull);
-        try {
-            Add("second");
-        } catch (const automation::Error& error) {
-            failed = true;
-            ++failures;
-            EXPECT_EQ(error.Number(), ado::DbEFail);
-            EXPECT_THAT(error.Description(), HasSubstr("injected"));
-        }
-        m_seam->FailAt(0);
-        EXPECT_EQ(m_seam->OpenStatements(), 0);
-        const auto& calls = m_seam->Calls();
-        stored += std::count_if(calls.begin(), failed ? calls.end() - 1 : calls.end(),
-                                [](const TestSeam::Call& call) { return call.writes; });
-        EXPECT_EQ(Number(m_connection, "select count(*) from Customer"), stored);
-    }
-    EXPECT_GE(failures, 3);
-}
-
 }  // namespace
 }  // namespace korvex::tests

@@ -92,67 +92,6 @@ TEST_P(RepositoryEngine, EditingInALoopOverTheSameTableTouchesEachRowOnce) {
               (Texts{"101|Alpha!", "102|Beta!", "103|Gamma!"}));
 }
 
-TEST_P(RepositoryEngine, ValuesComeBackAsTheirColumnsAreDeclared) {
-    Run("create table tTypes (ID integer primary key, B bit, S smallint, I int, G bigint, D float, T "
-        "datetime, "
-        "V varchar(2000), X text, P image)");
-    const std::string unicode = "Gr\xC3\xBC\xC3\x9F' \"\xE2\x82\xAC\" \xF0\x9F\x98\x80";
-    std::string longText;
-    for (int i = 0; i < 20000; ++i)
-        longText += unicode;
-    automation::Bytes bytes(100000);
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<std::uint8_t>(i * 7);
-    const struct {
-        const char* column;
-        Variant set;
-        Variant read;
-    } cases[] = {
-        {"B", true, true},
-        {"B", 0, false},
-        {"B", Variant::Null(), Variant::Null()},
-        {"S", "-32768", std::int16_t{-32768}},
-        {"I", true, -1},
-        {"I", std::int64_t{2147483647}, 2147483647},
-        {"G", std::int64_t{-9223372036854775807}, std::int64_t{-9223372036854775807}},
-        {"G", 2147483647, 2147483647},
-        {"D", 0.1, 0.1},
-        {"D", 3, 3.0},
-        {"T", automation::ParseIsoDate("2026-11-21T08:30:00"),
-         automation::ParseIsoDate("2026-11-21T08:30:00")},
-        {"T", "1899-12-29 06:00", automation::Date{-1.25}},
-        {"V", 12, "12"},
-        {"V", unicode, unicode},
-        {"V", "", ""},
-        {"V", std::string(1999, 'v'), std::string(1999, 'v')},
-        {"X", longText, longText},
-        {"X", Variant(), Variant::Null()},
-        {"P", bytes, bytes},
-        {"P", automation::Bytes{}, automation::Bytes{}},
-    };
-    auto dynaset = Dynaset("select * from tTypes");
-    int key = 0;
-    for (const auto& each : cases) {
-        SCOPED_TRACE(std::string(each.column) + " " + std::to_string(++key));
-        dynaset->AddNew();
-        dynaset->Fields(each.column).Value(each.set);
-        dynaset->Update();
-        const auto stored = Snapshot("select * from tTypes where ID = " + std::to_string(key));
-        EXPECT_EQ(stored->Fields(each.column).Value(), each.read);
-        dynaset->MoveLast();
-        EXPECT_EQ(dynaset->Fields(each.column).Value(), each.read);
-        dynaset->Edit();
-        dynaset->Fields(each.column).Value(Variant::Null());
-        dynaset->Update();
-        dynaset->Edit();
-        dynaset->Fields(each.column).Value(each.set);
-        dynaset->Update();
-        EXPECT_EQ(
-            Snapshot("select * from tTypes where ID = " + std::to_string(key))->Fields(each.column).Value(),
-            each.read);
-    }
-}
-
 TEST_P(RepositoryEngine, ARecordsetStandsWhereDaoHasIt) {
     auto rows = Snapshot("select * from tInterfaces order by InterfaceID");
     EXPECT_EQ(rows->Fields("INTERFACEID").Value(), Variant(1));

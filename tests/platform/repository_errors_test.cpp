@@ -118,45 +118,6 @@ TEST_P(RepositoryErrors, ClosedObjectsSayThatTheyAre) {
     }
 }
 
-/// Fails the first, second, third ... engine call until the whole scenario gets through. After each failure
-/// nothing is left open and the database can be used.
-TEST_P(RepositoryErrors, AFailureAtAnyCallLeavesNothingOpen) {
-    const auto scenario = [&] {
-        auto objects = Dynaset("select * from tObjects where ObjectID > 0");
-        for (; !objects->Eof(); objects->MoveNext()) {
-            objects->Edit();
-            objects->Fields("Guid").Value(automation::ToString(objects->Fields("Guid").Value()) + "x");
-            objects->Update();
-            auto children = Dynaset("select * from tChildren");
-            children->AddNew();
-            children->Fields("ObjectID").Value(objects->Fields("ObjectID").Value());
-            children->Update();
-            children->MoveLast();
-            children->Fields("ChildID").Value();
-        }
-        const bool transaction = m_database->BeginTrans();
-        try {
-            Run("delete from tChildren");
-            if (transaction) m_database->CommitTrans();
-        } catch (...) {
-            if (transaction) m_database->Rollback();
-            throw;
-        }
-    };
-    bool failed = true;
-    for (std::size_t n = 1; failed; ++n) {
-        ASSERT_LT(n, 200U);
-        m_seam->FailAt(n, native::sql::ErrorKind::DiskFull);
-        const Raised raised = ErrorOf(scenario);
-        failed = m_seam->HasFailed();
-        m_seam->FailAt(0);
-        EXPECT_EQ(raised, failed ? dao::DiskIsFull : 0) << n;
-        EXPECT_EQ(m_seam->OpenStatements(), 0) << n;
-        EXPECT_EQ(Rows("select * from tObjects", {"Name"}), (Texts{"One", "Two"}));
-    }
-    EXPECT_EQ(Rows("select * from tChildren", {"ChildID"}), Texts{});
-}
-
 INSTANTIATE_TEST_SUITE_P(Drivers, RepositoryErrors, AllDrivers(), DriverName);
 
 TEST(RepositoryFiles, WhatIsNoDatabaseSaysWhatItIs) {

@@ -273,24 +273,6 @@ TEST_F(SessionTest, RowsWithoutAKeyAreEditedWhenOnlyOneIsMeant) {
     EXPECT_EQ(All("select A || coalesce(B, '-') from k"), "9x 9- 2y 2y 3z ");
 }
 
-TEST_F(SessionTest, OnlyDifferencesAreSent) {
-    Cursor cursor(*m_session, "select * from t where ID = 2");
-    EXPECT_FALSE(cursor.Eof());
-    m_seam->Record();
-    cursor.Edit();
-    cursor.Set(1, "n2");
-    cursor.Set(2, "2");
-    cursor.Update();
-    EXPECT_TRUE(m_seam->Executed().empty());
-    cursor.Edit();
-    cursor.Set(1, "n2");
-    cursor.Set(2, 7);
-    cursor.Update();
-    EXPECT_EQ(m_seam->Executed(),
-              std::vector<std::string>{R"(UPDATE "main"."t" SET "V" = ? WHERE "ID" = ?)"});
-    EXPECT_EQ(cursor.Value(2), Variant(7));
-}
-
 TEST_F(SessionTest, TablesThatChangeAreSeenAnew) {
     const std::string text = "select * from t where ID = 1";
     EXPECT_EQ(All(text), "1 ");
@@ -307,16 +289,6 @@ TEST_F(SessionTest, TablesThatChangeAreSeenAnew) {
     Cursor late(*m_session, "select * from t");
     EXPECT_EQ(late.Shape().columns.size(), 5U);
     EXPECT_EQ(KindOf([&] { late.Eof(); }), ErrorKind::Other);
-}
-
-TEST_F(SessionTest, ClosingTheSessionClosesItsCursors) {
-    Cursor half(*m_session, "select N from t");
-    Cursor idle(*m_session, "select N from t");
-    EXPECT_FALSE(half.Eof());
-    m_session.reset();
-    EXPECT_EQ(m_seam->OpenStatements(), 0);
-    EXPECT_EQ(KindOf([&] { half.Eof(); }), ErrorKind::Closed);
-    EXPECT_EQ(KindOf([&] { idle.AddNew(); }), ErrorKind::Closed);
 }
 
 /// Whether a process of its own finds the file locked.
