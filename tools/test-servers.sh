@@ -10,4 +10,4 @@ cmake --build --preset release
 # The run stops its servers itself; this is for one that was interrupted.
 trap 'sh tests/servers/stop.sh build/release/test-servers all' EXIT
 trap 'exit 130' INT TERM
-ctest --preset release -R 'servers_tests|MariaDb|PostgreSql' "$@"
+ctest --preset release -R 'servers|MariaDb|PostgreSql' "$@"

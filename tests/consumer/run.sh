@@ -1,11 +1,11 @@
 #!/bin/sh
 # Installs the build tree $1 under $2, builds the consumer project and the first program of each page against
-# that copy and runs them.
+# that copy and runs them, and the commands of the README.
 set -eu
 source=$(cd "$(dirname "$0")/../.." && pwd)
 build=$(cd "$1" && pwd)
 rm -rf "$2"
-mkdir -p "$2/scripts"
+mkdir -p "$2"
 work=$(cd "$2" && pwd)
 
 cmake --install "$build" --prefix "$work/prefix" >/dev/null
@@ -16,12 +16,19 @@ done
 cmake -G Ninja -S "$source/tests/consumer" -B "$work/build" -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_PREFIX_PATH="$work/prefix" -DSAMPLES="$work" >/dev/null
 cmake --build "$work/build"
-"$work/prefix/bin/korvex" repository new "$work/orders.db"
-"$work/prefix/bin/korvex" repository import "$work/orders.db" "$source/examples/orders.json"
-"$work/build/main" "$work/orders.db" Orders "$work/scripts"
 
+# The commands of the README, as they stand there.
+cp -r "$source/examples" "$work"
 cd "$work"
+PATH=$work/prefix/bin:$PATH
+for place in "Step by step" "## The command"; do
+    awk -v place="$place" '/^```/ && inside { exit } inside; index($0, place) { found = 1 }
+        found && /^```sh/ { inside = 1 }' "$source/README.md"
+done >commands.sh
+sh -e commands.sh >commands.txt
+grep -qx 4 commands.txt  # the state as the update has left it
+
+build/main orders.db Orders scripts
 build/README
-prefix/bin/korvex database create --repository orders.db --storage Orders \
-    --connection "Provider=SQLite;Data Source=target.db"
+korvex database create --repository orders.db --storage Orders --connection "Provider=SQLite;Data Source=target.db"
 build/data | grep '"Rating": 5'  # the object as the last program has updated it
