@@ -15,25 +15,6 @@ using automation::VarType;
 
 namespace {
 
-/// The type that a value is kept in; VarType::Variant for any.
-VarType KeptType(std::int32_t dataType) {
-    switch (const auto type = static_cast<VarType>(dataType)) {
-        case VarType::Integer:
-        case VarType::Long:
-        case VarType::Single:
-        case VarType::Double:
-        case VarType::Currency:
-        case VarType::Date:
-        case VarType::String:
-        case VarType::Boolean:
-        case VarType::Byte:
-        case VarType::LongLong:
-            return type;
-        default:
-            return VarType::Variant;
-    }
-}
-
 bool IsEmptyText(const Variant& value) {
     const auto* text = value.If<std::string>();
     return text != nullptr && text->empty();

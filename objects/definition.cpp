@@ -9,6 +9,7 @@ namespace korvex::objects {
 
 using automation::Error;
 using automation::Variant;
+using automation::VarType;
 
 namespace {
 
@@ -54,6 +55,24 @@ class Definition::EntryList final : public persistence::PlainObject {
 };
 
 // ---- ValueDefinition
+
+VarType KeptType(std::int32_t dataType) {
+    switch (const auto type = static_cast<VarType>(dataType)) {
+        case VarType::Integer:
+        case VarType::Long:
+        case VarType::Single:
+        case VarType::Double:
+        case VarType::Currency:
+        case VarType::Date:
+        case VarType::String:
+        case VarType::Boolean:
+        case VarType::Byte:
+        case VarType::LongLong:
+            return type;
+        default:
+            return VarType::Variant;
+    }
+}
 
 ValueDefinition::ValueDefinition(ValueInfo info, std::int32_t index, std::shared_ptr<Definition> child)
     : m_info(std::move(info)), m_index(index), m_child(std::move(child)) {}

@@ -14,6 +14,9 @@ namespace korvex::objects {
 
 class Definition;
 
+/// The type in which values of a data type code are kept; VarType::Variant where they are kept as given.
+automation::VarType KeptType(std::int32_t dataType);
+
 /// A plain value, as the definition repository describes it.
 struct ValueInfo {
     std::string name;

@@ -2,6 +2,7 @@
 
 #include "objects/data_object.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,8 +41,13 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
 /// an error the object is partly changed.
 void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored = nullptr);
 
-/// The object as text, with members in the order of its definition and two blanks of indentation per level.
-/// OutOfStackSpace (28) as above.
-std::string ToJson(DataObject& object);
+enum class JsonForm : std::uint8_t {
+    Indented,  ///< two blanks per level
+    Line,      ///< all of it in one
+};
+
+/// The object as text with a line feed at its end, members in the order of its definition. OutOfStackSpace
+/// (28) as above.
+std::string ToJson(DataObject& object, JsonForm form = JsonForm::Indented);
 
 }  // namespace korvex::objects

@@ -15,6 +15,8 @@ namespace {
 /// Writes objects level by level into one text.
 class Output {
   public:
+    explicit Output(JsonForm form) : m_form(form) {}
+
     void WriteObject(DataObject& object) {
         if (!m_stack.HasRoom()) FailTooDeep();
         Open('{');
@@ -45,12 +47,13 @@ class Output {
     }
 
     void StartLine() {
+        if (m_form == JsonForm::Line) return;
         m_text += '\n';
         m_text.append(m_indent, ' ');
     }
 
     void NextItem() {
-        if (!m_isFirst) m_text += ',';
+        if (!m_isFirst) m_text += m_form == JsonForm::Line ? ", " : ",";
         m_isFirst = false;
         StartLine();
     }
@@ -103,6 +106,7 @@ class Output {
         Close(']');
     }
 
+    JsonForm m_form;
     const platform::StackGuard m_stack;
     std::string m_text;
     std::size_t m_indent = 0;
@@ -111,8 +115,8 @@ class Output {
 
 }  // namespace
 
-std::string ToJson(DataObject& object) {
-    Output output;
+std::string ToJson(DataObject& object, JsonForm form) {
+    Output output(form);
     output.WriteObject(object);
     return output.Take();
 }

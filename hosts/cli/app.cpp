@@ -46,6 +46,7 @@ void AddCommands(CLI::App& app, Console& console) {
     AddApplyCommand(app, console);
     AddSaveCommand(app, console);
     AddLoadCommand(app, console);
+    AddListCommand(app, console);
     AddUpdateCommand(app, console);
     AddDeleteCommand(app, console);
     AddExistsCommand(app, console);

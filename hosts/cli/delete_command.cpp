@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace korvex::cli {
 
@@ -14,13 +15,10 @@ struct DeleteOptions {
     std::string key;
 };
 
-void RunDelete(const DeleteOptions& options, Console& console) {
-    const std::int32_t key = ReadKey(options.key);
-    const auto object =
-        std::make_shared<objects::DataObject>(OpenDefinitionForWriting(options.data, console));
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+void Delete(const std::shared_ptr<objects::Definition>& definition, std::int32_t key,
+            const DataSession& session) {
+    const auto object = std::make_shared<objects::DataObject>(definition);
     clsCRUD& crud = session.Crud();
-    ado::Transaction transaction(crud.DbConn());
     // Afterwards a missing record could not be told from one without a child: both leave the same code.
     const bool exists = crud.DbDataExists(object, key);
     session.ExpectAllOpened();
@@ -32,6 +30,16 @@ void RunDelete(const DeleteOptions& options, Console& console) {
     const std::int32_t deleted = crud.DbDeleteData(object, key);
     session.ExpectAllOpened();
     if (deleted < 1) session.FailWithLastResult();
+}
+
+/// All of the keys or none.
+void RunDelete(const DeleteOptions& options, Console& console) {
+    const std::vector<std::int32_t> keys = ReadKeys(options.key);
+    const auto definition = OpenDefinitionForWriting(options.data, console);
+    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    ado::Transaction transaction(session.Crud().DbConn());
+    for (const std::int32_t key : keys)
+        Delete(definition, key, session);
     transaction.Commit();
 }
 
@@ -39,9 +47,11 @@ void RunDelete(const DeleteOptions& options, Console& console) {
 
 void AddDeleteCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<DeleteOptions>();
-    CLI::App* command = parent.add_subcommand("delete", "Delete a stored object with everything beneath it");
+    CLI::App* command = parent.add_subcommand("delete", "Delete stored objects with everything beneath them");
     AddDataOptions(*command, options->data);
-    AddKeyOption(*command, options->key);
+    AddKeyOption(*command, options->key)
+        ->description(
+            "Key of the record; - for keys on standard input, one a line: all are deleted, or none");
     command->callback([options, &console] { RunDelete(*options, console); });
 }
 

@@ -1,6 +1,7 @@
 #include "automation/convert.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
+#include "hosts/cli/data/found_text.h"
 #include "hosts/cli/target_options.h"
 #include "objects/base64.h"
 #include "persistence/statements.h"
@@ -24,15 +25,6 @@ struct FieldOptions {
     std::string value;
     bool isNull = false;
 };
-
-/// A value as a line of text: dates in ISO 8601, binary data in base64, nothing for Null.
-std::string LineOf(const Variant& value) {
-    if (value.IsNull() || value.IsEmpty()) return {};
-    if (const auto* flag = value.If<bool>()) return *flag ? "true" : "false";
-    if (const auto* date = value.If<automation::Date>()) return automation::FormatIsoDate(*date);
-    if (const auto* data = value.If<automation::Bytes>()) return objects::ToBase64(*data);
-    return automation::ToString(value);
-}
 
 /// A failure that left no code has its reason in the engine's error.
 [[noreturn]] void FailField(const DataSession& session, const FieldOptions& options) {

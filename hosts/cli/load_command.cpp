@@ -1,9 +1,11 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
+#include "objects/find.h"
 #include "objects/json.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace korvex::cli {
 
@@ -12,26 +14,53 @@ namespace {
 struct LoadOptions {
     DataOptions data;
     std::string key;
+    bool isAll = false;
 };
 
-void RunLoad(const LoadOptions& options, Console& console) {
-    const std::int32_t key = ReadKey(options.key);
-    const auto object = std::make_shared<objects::DataObject>(OpenDefinition(options.data, console));
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+void Load(const LoadOptions& options, const std::shared_ptr<objects::Definition>& definition,
+          std::int32_t key, const DataSession& session, Console& console) {
+    const auto object = std::make_shared<objects::DataObject>(definition);
     session.ExpectUsableKey(object, key);
     const std::int32_t loaded = session.Crud().DbGetData(object, key);
     session.ExpectAllOpened();
     if (loaded < 1) session.FailWithLastResult(RecordText(object->Type(), key));
-    console.Results() << objects::ToJson(*object) << '\n';
+    const bool isOne = !options.isAll && options.key != "-";
+    console.Results() << objects::ToJson(*object,
+                                         isOne ? objects::JsonForm::Indented : objects::JsonForm::Line);
+}
+
+/// The keys of all objects; those of records that are no objects (0 and less) left aside.
+std::vector<std::int32_t> AllKeys(objects::Definition& definition, const DataSession& session) {
+    const objects::ValueDefinition* key = definition.KeyValue();
+    objects::Search search;
+    if (key != nullptr) search.fields.push_back(key->Info().name);
+    objects::FoundObjects found(definition, session.Crud().DbConn(), search);
+    std::vector<std::int32_t> keys;
+    while (const auto object = found.Next())
+        if (object->key > 0) keys.push_back(object->key);
+    return keys;
+}
+
+void RunLoad(const LoadOptions& options, Console& console) {
+    const auto keys = options.isAll ? std::vector<std::int32_t>() : ReadKeys(options.key);
+    const auto definition = OpenDefinition(options.data, console);
+    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    for (const std::int32_t key : options.isAll ? AllKeys(*definition, session) : keys)
+        Load(options, definition, key, session, console);
 }
 
 }  // namespace
 
 void AddLoadCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<LoadOptions>();
-    CLI::App* command = parent.add_subcommand("load", "Print a stored object as JSON");
+    CLI::App* command = parent.add_subcommand("load", "Print stored objects as JSON");
     AddDataOptions(*command, options->data);
-    AddKeyOption(*command, options->key);
+    CLI::Option_group* which = command->add_option_group("Which");
+    AddKeyOption(*which, options->key)
+        ->required(false)
+        ->description("Key of the record; - for keys on standard input, one a line");
+    which->add_flag("--all", options->isAll, "All objects; as with -, one a line");
+    which->require_option(1);
     command->callback([options, &console] { RunLoad(*options, console); });
 }
 

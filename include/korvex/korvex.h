@@ -7,6 +7,7 @@
 #include "automation/dispatch.h"
 #include "automation/error.h"
 #include "automation/variant.h"
+#include "objects/find.h"
 #include "objects/json.h"
 #include "objects/load_definition.h"
 #include "persistence/db_results.h"

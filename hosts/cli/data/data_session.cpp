@@ -8,10 +8,12 @@
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/target_options.h"
+#include "hosts/cli/text_file.h"
 #include "objects/load_definition.h"
 #include "repository/catalog.h"
 
 #include <charconv>
+#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -53,8 +55,18 @@ void AddDataOptions(CLI::App& command, DataOptions& options) {
         ->type_name("P");
 }
 
-void AddKeyOption(CLI::App& command, std::string& key) {
-    command.add_option("--key", key, "Key of the record")->required()->type_name("K");
+CLI::Option* AddKeyOption(CLI::App& command, std::string& key) {
+    return command.add_option("--key", key, "Key of the record")->required()->type_name("K");
+}
+
+std::vector<std::int32_t> ReadKeys(const std::string& text) {
+    if (text != "-") return {ReadKey(text)};
+    std::vector<std::int32_t> keys;
+    std::istringstream lines(ReadTextFile(text));
+    for (std::string line; std::getline(lines, line);)
+        if (const std::string_view key = automation::Trim(line); !key.empty())
+            keys.push_back(ReadKey(std::string(key)));
+    return keys;
 }
 
 std::int32_t ReadKey(const std::string& text) {

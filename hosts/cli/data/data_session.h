@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What the commands that read and write objects have in common.
 namespace korvex::cli {
@@ -25,7 +26,9 @@ struct DataOptions {
 /// --repository, --storage, --connection and --fk-prefix.
 void AddDataOptions(CLI::App& command, DataOptions& options);
 /// --key, which is required.
-void AddKeyOption(CLI::App& command, std::string& key);
+CLI::Option* AddKeyOption(CLI::App& command, std::string& key);
+/// The key, or for "-" those that stand on standard input, one a line. Raises as ReadKey does.
+std::vector<std::int32_t> ReadKeys(const std::string& text);
 
 /// "record of TABLE with COLUMN = KEY".
 std::string RecordText(std::string_view table, std::string_view keyColumn, std::int32_t key);

@@ -43,6 +43,13 @@ std::shared_ptr<ado::Recordset> NativeConnection::Execute(std::string_view text,
     return recordset;
 }
 
+std::shared_ptr<ado::Recordset> NativeConnection::Query(std::string_view text,
+                                                        std::span<const automation::Variant> values) {
+    auto recordset = std::make_shared<NativeRecordset>();
+    recordset->OpenExecuted(text, std::static_pointer_cast<NativeConnection>(shared_from_this()), values);
+    return recordset;
+}
+
 std::int32_t NativeConnection::State() const { return m_session ? ado::adStateOpen : ado::adStateClosed; }
 
 std::int32_t NativeConnection::BeginTrans() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado.h"
+#include "platform/ado_query.h"
 #include "platform/native/sql/seam.h"
 #include "platform/native/sql/session.h"
 
@@ -11,7 +11,7 @@ namespace korvex::native::ado_engine {
 
 /// An ADO connection on the embedded engine or an ODBC driver. Its open recordsets keep it, and close with
 /// it.
-class NativeConnection final : public ado::Connection {
+class NativeConnection final : public ado::Connection, public ado::BoundQueries {
   public:
     explicit NativeConnection(std::shared_ptr<sql::Seam> seam) : m_seam(std::move(seam)) {}
 
@@ -20,6 +20,8 @@ class NativeConnection final : public ado::Connection {
     void Close() override;
     std::shared_ptr<ado::Recordset> Execute(std::string_view text, std::int32_t options,
                                             std::int32_t* recordsAffected) override;
+    std::shared_ptr<ado::Recordset> Query(std::string_view text,
+                                          std::span<const automation::Variant> values) override;
     std::int32_t State() const override;
     std::int32_t BeginTrans() override;
     void CommitTrans() override;

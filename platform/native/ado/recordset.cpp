@@ -15,9 +15,11 @@ namespace {
 using automation::Error;
 
 std::shared_ptr<OpenRows> OpenText(std::string_view text, std::shared_ptr<NativeConnection> connection,
-                                   bool isUpdatable) {
-    return WithAdoErrors([&] { return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable); },
-                         [text] { return text; });
+                                   bool isUpdatable, std::span<const automation::Variant> values = {}) {
+    const auto open = [&] {
+        return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable, values);
+    };
+    return WithAdoErrors(open, [text] { return text; });
 }
 
 void RequireBetween(std::int32_t value, std::int32_t lowest, std::int32_t highest,
@@ -64,8 +66,9 @@ void NativeRecordset::Open(std::string_view source, const std::shared_ptr<ado::C
 }
 
 std::int64_t NativeRecordset::OpenExecuted(std::string_view text,
-                                           std::shared_ptr<NativeConnection> connection) {
-    std::shared_ptr<OpenRows> rows = OpenText(text, std::move(connection), false);
+                                           std::shared_ptr<NativeConnection> connection,
+                                           std::span<const automation::Variant> values) {
+    std::shared_ptr<OpenRows> rows = OpenText(text, std::move(connection), false, values);
     const std::int64_t affected = rows->AffectedRows();
     if (rows->HasColumns()) m_rows = std::move(rows);
     return affected;

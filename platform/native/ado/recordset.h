@@ -4,6 +4,7 @@
 #include "platform/native/ado/rows.h"
 
 #include <memory>
+#include <span>
 #include <string_view>
 
 namespace korvex::native::ado_engine {
@@ -33,8 +34,10 @@ class NativeRecordset final : public ado::Recordset {
     std::shared_ptr<ado::Field> Fields(std::int32_t index) override;
     std::int32_t FieldCount() const override;
 
-    /// Runs a statement at once, for reading; gives the number of records that an action changed.
-    std::int64_t OpenExecuted(std::string_view text, std::shared_ptr<NativeConnection> connection);
+    /// Runs a statement at once, with these values for its placeholders, for reading; gives the number of
+    /// records that an action changed.
+    std::int64_t OpenExecuted(std::string_view text, std::shared_ptr<NativeConnection> connection,
+                              std::span<const automation::Variant> values = {});
 
   private:
     OpenRows& Rows() const;

@@ -27,9 +27,10 @@ std::string_view TextChunk(const std::string& text, std::size_t start, std::size
 
 }  // namespace
 
-OpenRows::OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable)
+OpenRows::OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable,
+                   std::span<const Variant> values)
     : m_connection(std::move(connection)),
-      m_cursor(m_connection->Session(), text, isUpdatable),
+      m_cursor(m_connection->Session(), text, isUpdatable, values),
       m_isUpdatable(isUpdatable) {}
 
 OpenRows::~OpenRows() = default;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,7 +22,8 @@ class NativeField;
 class OpenRows {
   public:
     /// Opens the statement on its first row; a whole table that can be updated, at the first look at a row.
-    OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable);
+    OpenRows(std::shared_ptr<NativeConnection> connection, std::string_view text, bool isUpdatable,
+             std::span<const automation::Variant> values = {});
     ~OpenRows();
     OpenRows(const OpenRows&) = delete;
     OpenRows& operator=(const OpenRows&) = delete;

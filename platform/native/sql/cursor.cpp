@@ -19,10 +19,10 @@ bool SameNames(const RowShape& a, const RowShape& b) {
 
 }  // namespace
 
-Cursor::Cursor(Session& session, std::string_view composed, bool addsRows)
+Cursor::Cursor(Session& session, std::string_view composed, bool addsRows, std::span<const Variant> values)
     : m_session(&session),
       m_text(composed),
-      m_statement(session.Prepare(composed)),
+      m_statement(session.Prepare(composed, values)),
       m_executed(!addsRows || !m_statement.IsWholeTable()) {
     if (m_executed) m_statement.Execute(m_text);
     m_shape = m_statement->Shape();

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,8 +30,9 @@ enum class EditMode : std::uint8_t { None, Adding, Editing };
 /// them is read from the database when somebody asks for it.
 class Cursor final : private SessionCursor {
   public:
-    /// `addsRows`: a whole table waits for the first look at a row.
-    Cursor(Session& session, std::string_view composed, bool addsRows = true);
+    /// `addsRows`: a whole table waits for the first look at a row. `values` are for the placeholders.
+    Cursor(Session& session, std::string_view composed, bool addsRows = true,
+           std::span<const automation::Variant> values = {});
     ~Cursor() { Close(); }
 
     bool IsOpen() const noexcept { return m_session != nullptr; }

@@ -129,7 +129,7 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
     return lease;
 }
 
-StatementLease Session::Prepare(std::string_view composed) {
+StatementLease Session::Prepare(std::string_view composed, std::span<const automation::Variant> values) {
     if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, 0, "The statement is empty");
     if (!m_traits.textsHoldNul && composed.find('\0') != std::string_view::npos) {
         throw EngineError(ErrorKind::Syntax, 0,
@@ -139,6 +139,7 @@ StatementLease Session::Prepare(std::string_view composed) {
     if (m_scan.secondStatement) {
         throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");
     }
+    m_scan.literals.insert(m_scan.literals.end(), values.begin(), values.end());
     StatementLease lease = Obtain(m_scan.text, composed, m_scan.kind);
     if (lease->ParameterCount() != m_scan.literals.size()) {
         const std::size_t missing = lease->ParameterCount() - m_scan.literals.size();

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -96,8 +97,9 @@ class Session {
     void TakeBackslashesPlainly() noexcept { m_traits.lexical.plainBackslashes = true; }
 
     /// A statement as hosts compose it: repaired, its literals lifted out and bound, from the cache when it
-    /// was there before. SecondStatement and TooFewParameters are refused.
-    StatementLease Prepare(std::string_view composed);
+    /// was there before. `values` are for placeholders of its own. SecondStatement and TooFewParameters are
+    /// refused.
+    StatementLease Prepare(std::string_view composed, std::span<const automation::Variant> values = {});
     /// A text of our own, with "?" for the values that the caller binds.
     StatementLease PrepareExact(std::string_view text, StatementKind kind);
     /// Runs one statement and gives the rows it touched; rows that it gives are dropped.

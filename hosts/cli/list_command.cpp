@@ -1,0 +1,75 @@
+#include "automation/text.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/data/data_session.h"
+#include "hosts/cli/data/found_text.h"
+#include "objects/find.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace korvex::cli {
+
+namespace {
+
+struct ListOptions {
+    DataOptions data;
+    std::vector<std::string> where;
+    std::vector<std::string> fields;
+    std::string order;
+    bool isDescending = false;
+    std::int64_t limit = -1;
+    std::string format = "table";
+};
+
+objects::Search SearchOf(const ListOptions& options) {
+    objects::Search search{
+        .fields = options.fields, .order = options.order, .isDescending = options.isDescending};
+    for (const std::string& condition : options.where)
+        search.where.push_back(objects::ReadCondition(condition));
+    if (options.limit >= 0) search.limit = static_cast<std::size_t>(options.limit);
+    return search;
+}
+
+void RunList(const ListOptions& options, Console& console) {
+    const objects::Search search = SearchOf(options);
+    const auto definition = OpenDefinition(options.data, console);
+    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    objects::FoundObjects found(*definition, session.Crud().DbConn(), search);
+    WriteFound(found, options.format, console.Results());
+}
+
+}  // namespace
+
+void AddListCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<ListOptions>();
+    CLI::App* command = parent.add_subcommand("list", "List stored objects, one line each");
+    AddDataOptions(*command, options->data);
+    command
+        ->add_option(
+            "--where", options->where,
+            "Only those whose value compares so: \"State = 4\", \"Customer.Rating > 3\"; operators are =, "
+            "<>, <, <=, >, >=, like (with % and _), is null, is not null. All of several must hold")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->type_name("CONDITION");
+    command
+        ->add_option("--fields", options->fields,
+                     "Values to give, Customer.Name too (all of the object unless given)")
+        ->delimiter(',')
+        ->type_name("NAMES");
+    command->add_option("--order", options->order, "Value to sort by (the key unless given)")
+        ->type_name("NAME");
+    command->add_flag("--descending", options->isDescending, "Sort from the highest down");
+    command->add_option("--limit", options->limit, "At most so many")
+        ->check(CLI::NonNegativeNumber)
+        ->type_name("N");
+    command
+        ->add_option("--format", options->format,
+                     "table, json (a line each), csv or keys (table unless given)")
+        ->check(CLI::IsMember({"table", "json", "csv", "keys"}))
+        ->type_name("FORMAT");
+    command->callback([options, &console] { RunList(*options, console); });
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "objects/definition.h"
+#include "platform/ado.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Stored objects found again by their values.
+namespace korvex::objects {
+
+enum class Comparison : std::uint8_t {
+    Equal,
+    NotEqual,
+    Less,
+    LessOrEqual,
+    Greater,
+    GreaterOrEqual,
+    Like,  ///< "%" stands for any text and "_" for one character; small and capital letters of ASCII are
+           ///< equal
+    IsNull,
+    IsNotNull,
+};
+
+/// One comparison of a stored value. A value of a child object is named by its way ("Customer.Rating"); the
+/// condition then holds where such a child is stored.
+struct Condition {
+    std::string value;
+    Comparison comparison = Comparison::Equal;
+    std::string operand;  ///< as in JSON: 4, 3.5, true, 2026-11-22; a text stands without quotes
+};
+
+/// "Customer.Rating > 3", "Notes is not null", "Name = O'Neill": what stands behind the operator and one
+/// blank is the operand as it is. InvalidProcedureCall (5) for a text without an operator.
+Condition ReadCondition(std::string_view text);
+
+struct Search {
+    std::vector<Condition> where = {};      ///< all of them hold
+    std::vector<std::string> fields = {};   ///< values to give, children's too; none: key and values of the root
+    std::string order = {};                 ///< a value; records without it stand last. Else by key
+    bool isDescending = false;              ///< the order turned round
+    std::optional<std::size_t> limit = {};  ///< at most so many objects
+};
+
+struct FoundObject {
+    std::int32_t key = 0;
+    std::vector<automation::Variant> values;  ///< in the order of FoundObjects::Names
+};
+
+/// The stored objects of a definition that a search finds, each once. One statement, whose rows are read as
+/// they are asked for. How texts compare and sort is the engine's business, but for Like.
+class FoundObjects {
+  public:
+    /// MemberNotFound (438) for a value that the definition does not know, with the nearest that it does;
+    /// InvalidProcedureCall (5) for one that is not stored or cannot be compared; TypeMismatch (13) and
+    /// Overflow (6) for an operand that is no value of its type; adErrFeatureNotAvailable on a provider that
+    /// binds no values. Engine errors reach the caller.
+    FoundObjects(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
+                 const Search& search);
+
+    /// The ways of the fields, as the definition spells them.
+    const std::vector<std::string>& Names() const noexcept { return m_names; }
+    /// The next object; nothing behind the last one.
+    std::optional<FoundObject> Next();
+
+  private:
+    std::vector<std::string> m_names;
+    std::vector<automation::VarType> m_types;
+    std::shared_ptr<ado::Recordset> m_rows;
+    std::optional<std::size_t> m_limit;
+};
+
+}  // namespace korvex::objects
