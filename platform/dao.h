@@ -4,7 +4,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 /// Port to the definition repository's engine, in the shape of DAO 3.x. Every failure is an automation::Error
 /// that carries DAO's number and a description which names the file, statement, table or column.
@@ -29,8 +33,10 @@ enum ErrorNumber : std::int32_t {
     DiskIsFull = 3026,
     ReadOnlyDatabase = 3027,
     NoPermission = 3033,          ///< the engine refuses this to its user
+    WrongPassword = 3031,         ///< an encrypted file, without what would open it
     FieldNotFoundInQuery = 3061,  ///< "Too few parameters": an unknown column name in a statement
-    CannotOpenFile = 3051,        ///< no permission, a directory, opened exclusively by another
+    DamagedFile = 3049,
+    CannotOpenFile = 3051,  ///< no permission, a directory, opened exclusively by another
     SyntaxError = 3075,
     TextBehindStatement = 3142,  ///< a statement text that holds a second statement
     TableNotFound = 3078,
@@ -102,6 +108,13 @@ class Database {
     virtual void Rollback() = 0;
 };
 
+/// A table of a file that its engine can only read as a whole.
+struct WholeTable {
+    std::string name;
+    std::vector<std::string> columns;
+    std::vector<automation::Variant> values;  ///< a value for each column, row by row in the file's order
+};
+
 class Workspace {
   public:
     virtual ~Workspace() = default;
@@ -120,6 +133,14 @@ class DBEngine {
     /// Creates a new, empty database file, natively also in place of an empty one; PathFileAccessError (75)
     /// when the name is taken or cannot be written.
     virtual std::unique_ptr<Database> CreateDatabase(std::string_view name) = 0;
+    /// Reads tables of a file that the engine can only read as a whole, and never writes: those of `wanted`
+    /// that are there, each with those of the wanted columns that are there, with all rows. Gives nothing for
+    /// a file that OpenDatabase is for, and for none. DamagedFile (3049), WrongPassword (3031),
+    /// UnrecognizedFormat (3343), TableNotFound (3078) for a table that is only linked there.
+    virtual std::optional<std::vector<WholeTable>> ReadTables(std::string_view /*name*/,
+                                                              std::span<const WholeTable> /*wanted*/) {
+        return std::nullopt;
+    }
 };
 
 }  // namespace korvex::dao

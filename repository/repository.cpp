@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "repository/whole_tables.h"
 
 #include <utility>
 
@@ -20,9 +21,11 @@ void Repository::OpenRepository(std::string_view sConnection) {
         m_wsOdbc = m_platform.repositoryEngine->CreateWorkspace("", "admin", "", dao::dbUseODBC);
         m_dbRepository = nullptr;
         m_dbRepository = m_wsOdbc->OpenConnection("", false, sConnection);
-    } else {
-        m_dbRepository = m_platform.repositoryEngine->OpenDatabase(sConnection);
+        return;
     }
+    dao::DBEngine& engine = *m_platform.repositoryEngine;
+    const auto tables = engine.ReadTables(sConnection, EmptyTables());
+    m_dbRepository = tables ? InMemory(engine, *tables, sConnection) : engine.OpenDatabase(sConnection);
 }
 
 Repository Repository::NewPrivate() const {

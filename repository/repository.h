@@ -22,7 +22,9 @@ class Repository {
     explicit Repository(Platform platform);
 
     /// Opens a database file, or through ODBC any string that holds "DSN=" in any case. Raises the engine's
-    /// error. An earlier repository that was not closed is let go.
+    /// error. An earlier repository that was not closed is let go. A file that the engine only reads as a
+    /// whole is copied, and the copy is opened: TableNotFound (3078) or ItemNotFound (3265) where the file
+    /// holds no complete repository.
     void OpenRepository(std::string_view sConnection);
 
     /// An empty database that nobody else sees, opened as a repository with the same parts. The

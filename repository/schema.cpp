@@ -201,6 +201,12 @@ std::vector<SchemaGap> CheckSchema(dao::Database& database) {
     return gaps;
 }
 
+void RaiseGaps(std::span<const SchemaGap> gaps, std::string_view name) {
+    throw automation::Error(
+        gaps.front().column.empty() ? dao::TableNotFound : dao::ItemNotFound,
+        "This is no complete repository, " + DescribeGaps(gaps) + ": " + std::string(name));
+}
+
 std::string DescribeGaps(std::span<const SchemaGap> gaps) {
     std::string text;
     for (const SchemaGap& gap : gaps) {

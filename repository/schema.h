@@ -54,6 +54,9 @@ struct SchemaGap {
 /// than a missing table or column reach the caller.
 std::vector<SchemaGap> CheckSchema(dao::Database& database);
 
+/// Raises that the repository of that name has gaps: TableNotFound (3078) or ItemNotFound (3265).
+[[noreturn]] void RaiseGaps(std::span<const SchemaGap> gaps, std::string_view name);
+
 /// "table tValues is missing" or "column tValues.VID is missing"; several joined with "; ".
 std::string DescribeGaps(std::span<const SchemaGap> gaps);
 

@@ -13,10 +13,11 @@ namespace korvex::repository {
 class Transaction {
   public:
     explicit Transaction(Repository& repository)
-        : Transaction(repository.IsOpen() && repository.Open().BeginTrans() ? &repository.Open() : nullptr) {
+        : Transaction(repository.IsOpen() ? &repository.Open() : nullptr) {
         // A file is locked by then; behind ODBC, only rows that were written are.
         if (m_database && repository.IsOdbc()) repository.Execute("update tDataDefs set Storage = Storage");
     }
+    explicit Transaction(dao::Database& database) : Transaction(&database) {}
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     ~Transaction() {
@@ -30,7 +31,8 @@ class Transaction {
     }
 
   private:
-    explicit Transaction(dao::Database* database) : m_database(database) {}
+    explicit Transaction(dao::Database* database)
+        : m_database(database && database->BeginTrans() ? database : nullptr) {}
     void Rollback() noexcept {
         try {
             m_database->Rollback();

@@ -1,11 +1,16 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/model/model_export.h"
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
+#include "repository/catalog.h"
 #include "repository/names.h"
+#include "repository/whole_tables.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -28,12 +33,40 @@ struct ImportOptions {
     }
 };
 
+bool IsEmpty(dao::Database& database) {
+    return std::ranges::all_of(repository::ReadAll(database),
+                               [](const dao::WholeTable& table) { return table.values.empty(); });
+}
+
+/// Adds what another repository holds. Where there is nothing yet its rows are taken over as they stand, also
+/// those that no model can say.
+Model AddRepository(repository::Repository& from, dao::Database& to, Console& console) {
+    ExportedModel exported = ExportModel(repository::Catalog::Read(from.Open()), "");
+    if (IsEmpty(to)) {
+        repository::AddRows(to, repository::ReadAll(from.Open()));
+    } else {
+        for (const std::string& what : exported.leftOut)
+            console.Message("Left out: " + what);
+        ImportModel(exported.model, to);
+    }
+    return std::move(exported.model);
+}
+
 void RunImport(const ImportOptions& options, Console& console) {
-    const Model model = ReadModel(options.model);
+    const SourceKind kind = KindOfSource(options.model);
+    const bool isRepository =
+        kind == SourceKind::Odbc || (kind == SourceKind::File && std::filesystem::exists(options.model));
+    Model model = isRepository ? Model() : ReadModel(options.model);
     ExpectWritable(options.repository);
     repository::Repository repository(Session(console).platform);
     OpenComplete(repository, options.repository);
-    ImportModel(model, repository.Open());
+    if (isRepository) {
+        repository::Repository from(Session(console).platform);
+        OpenComplete(from, options.model);
+        model = AddRepository(from, repository.Open(), console);
+    } else {
+        ImportModel(model, repository.Open());
+    }
     const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
     repository.Close();
     Findings findings;
@@ -47,9 +80,10 @@ void RunImport(const ImportOptions& options, Console& console) {
 void AddRepositoryImportCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<ImportOptions>();
     CLI::App* command =
-        parent.add_subcommand("import", "Add the definitions of a JSON model to a repository");
+        parent.add_subcommand("import", "Add the definitions of a model or of another repository");
     command
-        ->add_option("R_MODEL", options->words, "R, unless --repository names it, and the model file (JSON)")
+        ->add_option("R_MODEL", options->words,
+                     "R, unless --repository names it, and the model file (JSON) or repository to add")
         ->required()
         ->expected(1, 2)
         ->type_name("R MODEL");

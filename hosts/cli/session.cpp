@@ -71,10 +71,7 @@ void Session::ExpectNoFailedQuery(std::string_view work) const {
 void OpenComplete(repository::Repository& repository, const std::string& connection) {
     repository.OpenRepository(connection);
     const std::vector<repository::SchemaGap> gaps = repository::CheckSchema(repository.Open());
-    if (gaps.empty()) return;
-    throw Error(gaps.front().column.empty() ? dao::TableNotFound : dao::ItemNotFound,
-                "This is no complete repository, " + repository::DescribeGaps(gaps) + ": " +
-                    RepositoryName(connection));
+    if (!gaps.empty()) repository::RaiseGaps(gaps, RepositoryName(connection));
 }
 
 void ExpectStorage(repository::Repository& repository, const std::string& storage) {

@@ -72,6 +72,10 @@ class SourceEngine final : public dao::DBEngine {
     std::unique_ptr<dao::Database> CreateDatabase(std::string_view name) override {
         return m_engine->CreateDatabase(name);
     }
+    std::optional<std::vector<dao::WholeTable>> ReadTables(std::string_view name,
+                                                           std::span<const dao::WholeTable> wanted) override {
+        return m_engine->ReadTables(name, wanted);
+    }
 
   private:
     std::shared_ptr<dao::DBEngine> m_engine;
@@ -87,7 +91,7 @@ SourceKind KindOfSource(std::string_view place) {
     const char first = FirstCharacter(*beginning);
     const bool isNamedSo =
         automation::EqualsIgnoreCase(std::filesystem::path(file).extension().string(), ".json");
-    return first == '{' || first == '[' || isNamedSo ? SourceKind::Model : SourceKind::File;
+    return first == '{' || first == '[' || isNamedSo ? SourceKind::Model : SourceKind::Text;
 }
 
 Source OpenSource(const Platform& platform, const std::string& place) {
@@ -106,11 +110,16 @@ std::shared_ptr<dao::DBEngine> EngineForSources(std::shared_ptr<dao::DBEngine> e
 }
 
 void ExpectWritable(const std::string& place) {
-    if (KindOfSource(place) != SourceKind::Model) return;
+    const SourceKind kind = KindOfSource(place);
+    const bool isModel = kind == SourceKind::Model;
+    if (!isModel && (kind == SourceKind::Odbc || !DefaultPlatform().repositoryEngine->ReadTables(place, {})))
+        return;
+    const std::string what = isModel ? "model" : "file of the desktop database engine";
     throw automation::Error(dao::ReadOnlyDatabase,
-                            place +
-                                " is a model, which is only read: make a repository (korvex repository "
-                                "new), import the model into it, and name that one.");
+                            place + " is a " + what +
+                                ", which is only read: make a repository (korvex repository "
+                                "new), import the " +
+                                (isModel ? "model" : "file") + " into it, and name that one.");
 }
 
 void AddRepositoryOption(CLI::App& command, std::string& repository, bool isPositional) {

@@ -20,6 +20,7 @@ enum class SourceKind : std::uint8_t {
     File,   ///< a repository file, also one that is missing
     Odbc,   ///< a connection string with DSN=
     Model,  ///< definitions as JSON
+    Text,   ///< a file that is none of these
 };
 
 /// By the content of the file; its name decides only where that tells nothing.

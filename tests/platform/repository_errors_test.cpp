@@ -135,7 +135,7 @@ TEST(RepositoryFiles, WhatIsNoDatabaseSaysWhatItIs) {
         {folder.Path(), dao::CannotOpenFile, "directory"},
         {folder.Write("empty.db", ""), dao::UnrecognizedFormat, "empty"},
         {folder.Write("text.db", "These are words.\n"), dao::UnrecognizedFormat, "no database"},
-        {folder.Write("old.mdb", desktopFile), dao::UnrecognizedFormat, "mdb-export"},
+        {folder.Write("old.mdb", desktopFile), dao::UnrecognizedFormat, "as a repository only"},
         {folder.Write("torn.db", std::string("SQLite format 3\0", 16) + "torn"), dao::UnrecognizedFormat,
          "not a database"},
         {"/dev/null", dao::UnrecognizedFormat, "no regular file"},

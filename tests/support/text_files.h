@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -14,6 +15,14 @@ inline std::string ReadFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file) << path << " cannot be read";
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Every file of a folder by name.
+inline std::map<std::string, std::string> ReadFolder(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        files[entry.path().filename().string()] = ReadFile(entry.path());
+    return files;
 }
 
 /// Tells the first line that differs instead of two whole texts.

@@ -106,10 +106,7 @@ class DuplicateMembers : public nlohmann::json_sax<json> {
 json ReadJsonFile(const std::string& path) {
     const std::string text = ReadTextFile(path);
     if (text.find('\0') != std::string::npos) {
-        throw Error(automation::InvalidProcedureCall,
-                    path +
-                        ": This is no JSON text, but a binary file; import takes models alone, in the form "
-                        "that korvex repository show --format json prints.");
+        throw Error(automation::InvalidProcedureCall, path + ": This is no JSON text, but a binary file.");
     }
     json document;
     try {

@@ -2,6 +2,8 @@
 
 #include "automation/error.h"
 #include "platform/native/dao/dao_error.h"
+#include "platform/native/jet/jet_tables.h"
+#include "platform/native/sql/sqlite/sqlite_file.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
 namespace korvex::native::dao_engine {
@@ -41,6 +43,13 @@ std::unique_ptr<dao::Database> NativeEngine::CreateDatabase(std::string_view nam
         throw automation::Error(automation::PathFileAccessError,
                                 "The database cannot be created: " + sql::DescribeFailure(error, {}));
     }
+}
+
+std::optional<std::vector<dao::WholeTable>> NativeEngine::ReadTables(
+    std::string_view name, std::span<const dao::WholeTable> wanted) {
+    const std::string path(name);
+    if (!sql::IsDesktopFile(path)) return std::nullopt;
+    return jet::ReadJetTables(path, wanted);
 }
 
 }  // namespace korvex::native::dao_engine

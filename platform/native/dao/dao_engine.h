@@ -48,6 +48,8 @@ class NativeEngine final : public dao::DBEngine {
                                                     std::string_view password, std::int32_t type) override;
     std::unique_ptr<dao::Database> OpenDatabase(std::string_view name) override;
     std::unique_ptr<dao::Database> CreateDatabase(std::string_view name) override;
+    std::optional<std::vector<dao::WholeTable>> ReadTables(std::string_view name,
+                                                           std::span<const dao::WholeTable> wanted) override;
 
   private:
     std::shared_ptr<sql::Seam> m_seam;

@@ -14,14 +14,6 @@
 namespace korvex::tests {
 namespace {
 
-/// Every file of a folder by name.
-std::map<std::string, std::string> ReadFolder(const std::filesystem::path& folder) {
-    std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        files[entry.path().filename().string()] = ReadFile(entry.path());
-    return files;
-}
-
 class Example : public testing::Test {
   protected:
     const std::string m_model = ReadFile(KORVEX_TEST_DATA "/orders.json");

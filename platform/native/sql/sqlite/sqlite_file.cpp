@@ -56,7 +56,7 @@ std::string ReadHeader(sqlite3* database) {
     return {buffer.data(), buffer.size()};
 }
 
-bool IsDesktopDatabase(std::string_view header) noexcept {
+bool HasDesktopMark(std::string_view header) noexcept {
     for (const std::string_view mark : DesktopHeaders) {
         if (header.size() > DesktopHeaderAt && header.substr(DesktopHeaderAt).starts_with(mark)) return true;
     }
@@ -84,14 +84,19 @@ void RequireDatabaseFile(const std::string& path) {
 
 void RequireDatabaseHeader(sqlite3* database, const std::string& path) {
     const std::string header = ReadHeader(database);
-    if (IsDesktopDatabase(header)) {
-        RaiseNotADatabase(
-            path,
-            "This is a file of the desktop database engine, which cannot be opened here; copy the rows of "
-            "its "
-            "tables into those of a new repository (mdb-export -I sqlite, korvex repository new)");
-    }
+    if (HasDesktopMark(header))
+        RaiseNotADatabase(path, "A file of the desktop database engine is read as a repository only");
     if (!header.starts_with(DatabaseHeader)) RaiseNotADatabase(path, "The file is no database");
+}
+
+bool IsDesktopFile(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+    sqlite3* opened = nullptr;
+    const int code =
+        sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+    const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> database(opened, sqlite3_close);
+    return code == SQLITE_OK && HasDesktopMark(ReadHeader(opened));
 }
 
 bool IsFileFree(const std::string& path) noexcept {

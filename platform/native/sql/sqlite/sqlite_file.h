@@ -13,6 +13,9 @@ void RequireDatabaseFile(const std::string& path);
 /// The same once a connection has it open: NotADatabase for a text, a file of the desktop engine.
 void RequireDatabaseHeader(sqlite3* database, const std::string& path);
 
+/// Whether a file is one of the desktop engine, by its first bytes; false for a name that cannot be read.
+bool IsDesktopFile(const std::string& path);
+
 /// Whether nothing is known to stand in the way of a new database: no file can be seen, or one without
 /// content.
 bool IsFileFree(const std::string& path) noexcept;

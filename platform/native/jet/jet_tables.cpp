@@ -1,0 +1,146 @@
+#include "platform/native/jet/jet_tables.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "automation/text.h"
+#include "platform/native/jet/jet_table.h"
+#include "platform/native/jet/quiet_thread.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace korvex::native::jet {
+
+namespace {
+
+using automation::Error;
+
+/// The table that lists all others, always on this page.
+constexpr unsigned long ListPage = 2;
+constexpr std::int32_t PageMask = 0xFFFFFF;
+
+struct Close {
+    void operator()(MdbHandle* file) const noexcept { mdb_close(file); }
+};
+using File = std::unique_ptr<MdbHandle, Close>;
+
+/// How a table stands in the list: its own, or that of another file or server.
+enum ListedType : std::int32_t { OwnTable = 1, OdbcLink = 4, FileLink = 6 };
+
+struct ListedTable {
+    std::string name;
+    std::int32_t page = 0;  ///< 0 for a link
+    std::string linkedFile;
+};
+
+File OpenFile(const std::string& path) {
+    File file(mdb_open(path.c_str(), MDB_NOFLAGS));
+    if (!file) throw Error(dao::UnrecognizedFormat, "it is of a version that is not known here");
+    std::error_code failure;
+    if (std::filesystem::file_size(path, failure) % static_cast<std::uintmax_t>(file->fmt->pg_size) != 0)
+        throw Error(dao::DamagedFile, "it ends within a page");
+    return file;
+}
+
+std::size_t Expect(const JetTable& table, std::string_view column) {
+    if (const auto found = table.Find(column)) return *found;
+    throw Error(dao::DamagedFile, "the list of its tables has no column " + std::string(column));
+}
+
+std::string TextOrNothing(const automation::Variant& value) {
+    return value.IsNull() ? std::string() : automation::ToString(value);
+}
+
+std::vector<ListedTable> ReadList(MdbHandle& file) {
+    JetTable list(file, "MSysObjects", ListPage);
+    const std::size_t id = Expect(list, "Id");
+    const std::size_t name = Expect(list, "Name");
+    const std::size_t type = Expect(list, "Type");
+    const std::size_t database = Expect(list, "Database");
+    std::vector<ListedTable> tables;
+    while (list.Next()) {
+        const std::int32_t kind = automation::ToLong(list.Value(type));
+        if (kind == OwnTable) {
+            tables.push_back(
+                {TextOrNothing(list.Value(name)), automation::ToLong(list.Value(id)) & PageMask, {}});
+        } else if (kind == OdbcLink || kind == FileLink) {
+            tables.push_back({TextOrNothing(list.Value(name)), 0, TextOrNothing(list.Value(database))});
+        }
+    }
+    return tables;
+}
+
+std::vector<ListedTable> ListTables(MdbHandle& file) {
+    try {
+        return ReadList(file);
+    } catch (const Error&) {
+        if (file.f->db_key == 0) throw;
+        throw Error(dao::WrongPassword, "it is encrypted");
+    }
+}
+
+dao::WholeTable ReadRows(MdbHandle& file, const ListedTable& listed, const dao::WholeTable& wanted) {
+    JetTable table(file, listed.name, static_cast<unsigned long>(listed.page));
+    dao::WholeTable read{wanted.name, {}, {}};
+    std::vector<std::size_t> positions;
+    for (const std::string& column : wanted.columns) {
+        const std::optional<std::size_t> position = table.Find(column);
+        if (!position) continue;
+        read.columns.push_back(column);
+        positions.push_back(*position);
+    }
+    while (table.Next())
+        for (const std::size_t position : positions)
+            read.values.push_back(table.Value(position));
+    return read;
+}
+
+std::vector<dao::WholeTable> ReadFile(const std::string& path, std::span<const dao::WholeTable> wanted) {
+    const File file = OpenFile(path);
+    const std::vector<ListedTable> listed = ListTables(*file);
+    std::vector<dao::WholeTable> tables;
+    for (const dao::WholeTable& each : wanted) {
+        const auto found = std::ranges::find_if(listed, [&](const ListedTable& table) {
+            return automation::EqualsIgnoreCase(table.name, each.name);
+        });
+        if (found == listed.end()) continue;
+        if (found->page == 0) {
+            throw Error(dao::TableNotFound, "its table " + each.name + " is a link to that of " +
+                                                (found->linkedFile.empty() ? "a server" : found->linkedFile));
+        }
+        tables.push_back(ReadRows(*file, *found, each));
+    }
+    return tables;
+}
+
+/// What to do about a failure. Whatever else happens while a file is read, it is damaged.
+struct Advice {
+    std::int32_t number;
+    std::string_view text;
+};
+constexpr Advice Advices[] = {{dao::WrongPassword, "take its password off with the program that made it"},
+                              {dao::TableNotFound, "open that one"},
+                              {dao::UnrecognizedFormat, "save it as an older version"},
+                              {dao::DamagedFile, "repair it with the program that made it"}};
+
+}  // namespace
+
+std::vector<dao::WholeTable> ReadJetTables(const std::string& path, std::span<const dao::WholeTable> wanted) {
+    std::vector<dao::WholeTable> tables;
+    try {
+        RunQuietly([&] { tables = ReadFile(path, wanted); });
+    } catch (const Error& error) {
+        const auto* advice = std::ranges::find(Advices, error.Number(), &Advice::number);
+        if (advice == std::end(Advices)) --advice;
+        std::string text = "This file of the desktop database engine cannot be read, ";
+        text.append(error.Description()).append("; ").append(advice->text).append(": ").append(path);
+        throw Error(advice->number, text);
+    }
+    return tables;
+}
+
+}  // namespace korvex::native::jet
