@@ -1,14 +1,16 @@
 #include "automation/convert.h"
 #include "objects/json.h"
 #include "objects/load_definition.h"
-#include "persistence/target_tables.h"
 #include "platform/ado_fixture.h"
 #include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
 #include "surface/cls_crud.h"
+#include "surface/target_tables.h"
 
 #include <gmock/gmock.h>
+
+#include <ranges>
 
 namespace korvex::tests {
 namespace {
@@ -28,18 +30,18 @@ class RoundTrip : public AdoTest {
             .Definition("Orders", 1)
             .Definition("Addresses", 6)
             .Object(1, "Order")
-            .Value(1, "Integer", 2)
-            .Value(1, "Long", 3)
-            .Value(1, "Single", 4)
-            .Value(1, "Double", 5)
-            .Value(1, "Currency", 6)
-            .Value(1, "Date", 7)
-            .Value(1, "String", 8)
-            .Value(1, "LongText", 8)
+            .Value(1, "AnInteger", 2)
+            .Value(1, "ALong", 3)
+            .Value(1, "ASingle", 4)
+            .Value(1, "ADouble", 5)
+            .Value(1, "ACurrency", 6)
+            .Value(1, "ADate", 7)
+            .Value(1, "String", 8, "20")
+            .Value(1, "ALongText", 8, "4001")
             .Value(1, "Photo", 9)
-            .Value(1, "Boolean", 11)
-            .Value(1, "Any", 12)
-            .Value(1, "Byte", 17)
+            .Value(1, "ABoolean", 11)
+            .Value(1, "AVariant", 12)
+            .Value(1, "AByte", 17)
             .Child(1, "Customer", 2)
             .Child(1, "Shipments", 3)
             .Object(2, "Customer")
@@ -63,10 +65,7 @@ class RoundTrip : public AdoTest {
         repository.Close();
 
         ASSERT_TRUE(m_crud->ConnectDB(ConnectionString()));
-        const TargetTables tables(*m_definition);
-        m_tables = tables.Names();
-        for (const auto& statement : tables.Statements())
-            Run(m_crud->DbConn(), statement);
+        TargetTables(m_platform, repositoryFile, "Orders").Create(m_crud->DbConn());
     }
     void TearDown() override {
         m_crud->DisconnectDB();
@@ -78,7 +77,7 @@ class RoundTrip : public AdoTest {
         EXPECT_EQ(m_crud->DbGetData(object, key), key);
         return object;
     }
-    /// Number of records by table, in the order of the definition: "1 1 2 1 2 3".
+    /// Number of records by table, in the order of m_tables: "1 1 1 2 3 3".
     std::string Counts() {
         std::string counts;
         for (const auto& table : m_tables)
@@ -94,15 +93,17 @@ class RoundTrip : public AdoTest {
     std::shared_ptr<clsCRUD> m_crud = std::make_shared<clsCRUD>(m_platform);
     std::shared_ptr<objects::Definition> m_definition;
     std::shared_ptr<objects::Definition> m_addressDefinition;
-    std::vector<std::string> m_tables;
+    const std::vector<std::string> m_tables = {
+        "tOrder",    "tCustomer", "tShipments",
+        "tShipment", "tParcel",   "tAddress2"};  ///< what refers to another stands behind it
 };
 
 class RoundTripInAFile : public RoundTrip {};
 
 constexpr std::string_view Tree = R"({
-  "Integer": -5, "Long": 2147483647, "Single": 0.1, "Double": 1e-7, "Currency": -1234567.8901,
-  "Date": "2026-11-21T08:30:00.250", "String": "It's \\ Grüße, 😀", "Boolean": true, "Byte": 200,
-  "Photo": {"$base64": "AAEC/w=="}, "Any": {"$base64": "AQI="}, "LongText": "short",
+  "AnInteger": -5, "ALong": 2147483647, "ASingle": 0.1, "ADouble": 1e-7, "ACurrency": -1234567.8901,
+  "ADate": "2026-11-21T08:30:00.250", "String": "It's \\ Grüße, 😀", "ABoolean": true, "AByte": 200,
+  "Photo": {"$base64": "AAEC/w=="}, "AVariant": {"$base64": "AQI="}, "ALongText": "short",
   "$state": {"SelectState": -2, "Counter": 3},
   "Customer": {"Name": "Ann", "Address": {"City": "Ghent"}},
   "Shipments": {
@@ -114,7 +115,7 @@ constexpr std::string_view Tree = R"({
     ]
   }
 })";
-constexpr auto TreeCounts = "1 1 3 1 2 3 ";
+constexpr auto TreeCounts = "1 1 1 2 3 3 ";
 
 TEST_P(RoundTrip, SavedAndLoadedTreesAreTheSame) {
     const auto saved = FromJson(m_definition, Tree);
@@ -140,20 +141,20 @@ TEST_P(RoundTrip, LongAndOverlongValuesAndBlanks) {
     for (std::size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = static_cast<std::uint8_t>(i * 7);
     const auto object = std::make_shared<DataObject>(m_definition);
-    object->Set("LongText", text);
+    object->Set("ALongText", text);
     object->Set("Photo", bytes);
     object->Set("String", "0123456789012345678\U0001F600");  // its last character would be cut in half
     ASSERT_EQ(m_crud->DbSaveData(object), 1);
     const auto loaded = Load(1);
-    EXPECT_EQ(loaded->Get("LongText"), Variant(text));
+    EXPECT_EQ(loaded->Get("ALongText"), Variant(text));
     EXPECT_EQ(loaded->Get("Photo"), Variant(bytes));
     EXPECT_EQ(loaded->Get("String"), Variant("0123456789012345678"));
     // Blanks become "" where the column takes it, else 0.
-    EXPECT_EQ(loaded->Get("Long"), Variant(0));
-    EXPECT_EQ(loaded->Get("Double"), Variant(0.0));
-    EXPECT_EQ(loaded->Get("Boolean"), Variant(false));
-    EXPECT_EQ(loaded->Get("Date"), Variant(automation::Date{0}));
-    EXPECT_EQ(loaded->Get("Byte"), Variant());  // a text column
+    EXPECT_EQ(loaded->Get("ALong"), Variant(0));
+    EXPECT_EQ(loaded->Get("ADouble"), Variant(0.0));
+    EXPECT_EQ(loaded->Get("ABoolean"), Variant(false));
+    EXPECT_EQ(loaded->Get("ADate"), Variant(automation::Date{0}));
+    EXPECT_EQ(automation::ToLong(loaded->Get("AByte")), 0);
     EXPECT_EQ(loaded->Child("Customer")->Get("Name"), Variant(""));
 }
 
@@ -173,11 +174,11 @@ TEST_P(RoundTrip, TextsAndBytesOfManyRecordsGrowAndShrink) {
     const auto fill = [&](DataObject& object, std::size_t record) {
         const std::size_t size = sizes[record % std::size(sizes)];
         object.Set("String", text(std::min<std::size_t>(size, 20), record));
-        object.Set("LongText", text(size, record));
+        object.Set("ALongText", text(size, record));
         object.Set("Photo", bytes(size, record));
-        object.Set("Any", size == 2 ? Variant::Null() : Variant(bytes(size / 2 + 1, record + 1)));
-        object.Set("Single", 1.17549435e-38F * static_cast<float>(record));
-        object.Set("Double", 0.1 + static_cast<double>(record));
+        object.Set("AVariant", size == 2 ? Variant::Null() : Variant(bytes(size / 2 + 1, record + 1)));
+        object.Set("ASingle", 1.17549435e-38F * static_cast<float>(record));
+        object.Set("ADouble", 0.1 + static_cast<double>(record));
     };
     const auto expectStored = [&] {
         for (std::size_t i = 0; i < saved.size(); ++i)
@@ -214,8 +215,9 @@ TEST_P(RoundTrip, UpdatesWriteDifferencesOnly) {
     EXPECT_EQ(m_crud->DbUpdateData(order), 1);
     EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
 
-    ApplyJson(*order,
-              R"({"String": "other", "Any": {"$base64": "Aw=="}, "Customer": {"Address": {"City": "Lier"}},
+    ApplyJson(
+        *order,
+        R"({"String": "other", "AVariant": {"$base64": "Aw=="}, "Customer": {"Address": {"City": "Lier"}},
                           "Shipments": {"$items": [{"ShipmentID": 2, "$items": []},
                                                    {"Carrier": "third", "Address": {"City": "Mons"}, "$items": [{"Weight": 9}]}]}})");
     m_seam->Record();
@@ -223,21 +225,21 @@ TEST_P(RoundTrip, UpdatesWriteDifferencesOnly) {
     // Two changed records; the first shipment with its address and two parcels and the second's parcel
     // deleted; the third with its address and parcel inserted.
     EXPECT_EQ(Writes(), 2U + 4U + 1U + 3U);
-    EXPECT_EQ(Counts(), "1 1 3 1 2 1 ");
+    EXPECT_EQ(Counts(), "1 1 1 2 1 3 ");
     EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
     EXPECT_EQ(m_crud->DbUpdateData(order), 1);
     EXPECT_EQ(m_crud->LastResult(), dbObjectNotModified);
 
     order->Set("Photo", {});
-    order->Set("LongText", {});
+    order->Set("ALongText", {});
     EXPECT_EQ(m_crud->DbUpdateData(order), 1);
     EXPECT_EQ(Load(1)->Get("Photo"), Variant::Null());
-    EXPECT_EQ(Load(1)->Get("LongText"), Variant(""));
+    EXPECT_EQ(Load(1)->Get("ALongText"), Variant(""));
 
-    order->Set("Integer", 6);
-    ApplyJson(*order, R"({"Photo": null, "LongText": ""})");
+    order->Set("AnInteger", 6);
+    ApplyJson(*order, R"({"Photo": null, "ALongText": ""})");
     EXPECT_EQ(m_crud->DbUpdateDataRetainRoot(order, 1), 1);
-    EXPECT_EQ(Counts(), "1 1 3 1 2 1 ");
+    EXPECT_EQ(Counts(), "1 1 1 2 1 3 ");
     EXPECT_EQ(ToJson(*Load(1)), ToJson(*order));
 }
 
@@ -284,6 +286,8 @@ TEST_P(RoundTrip, ARootThatIsAChildElsewhereKeepsItsForeignKeys) {
     const auto save = [&](const char* json) {
         return m_crud->DbSaveData(FromJson(m_addressDefinition, json));
     };
+    Run(m_crud->DbConn(), "insert into tCustomer (CustomerID) values (7)");
+    Run(m_crud->DbConn(), "insert into tShipment (ShipmentID) values (3)");
     EXPECT_EQ(save(R"({"City": "Ghent", "FK_CustomerID": 7})"), 1);
     EXPECT_EQ(save(R"({"City": "Mons"})"), 2);
     EXPECT_EQ(save(R"({"FK_CustomerID": 0, "FK_ShipmentID": null})"), 3);
@@ -311,27 +315,30 @@ TEST_P(RoundTrip, ARootThatIsAChildElsewhereKeepsItsForeignKeys) {
         EXPECT_EQ(rows(), std::string(test.row) + "2 - - 3 - - ");
     }
     // A table that was made before the definitions of the parents has no such columns.
-    Run(m_crud->DbConn(), "alter table " + table + " drop column FK_ShipmentID");
+    Run(m_crud->DbConn(), "drop table " + table);
+    Run(m_crud->DbConn(), "create table " + table +
+                              " (AddressID integer primary key, City varchar(20), FK_CustomerID int, "
+                              "QORSelectState int, QORCounter int)");
+    EXPECT_EQ(save("{}"), 1);
     const auto address = std::make_shared<DataObject>(m_addressDefinition);
-    EXPECT_EQ(m_crud->DbGetData(address, 2), 2);
+    EXPECT_EQ(m_crud->DbGetData(address, 1), 1);
     address->Set("City", "Bruges");
-    EXPECT_EQ(m_crud->DbUpdateData(address), 2);
-    EXPECT_EQ(save("{}"), 4);
+    EXPECT_EQ(m_crud->DbUpdateData(address), 1);
 }
 
 TEST_P(RoundTrip, ErrorsOfTheDatabaseReachTheCaller) {
     const auto connection = m_crud->DbConn();
     const auto save = [&](const char* text) { m_crud->DbSaveData(FromJson(m_definition, text)); };
-    Run(connection, "create unique index once on tOrder ([String])");
+    Run(connection, "create unique index once on tOrder (String)");
     save(R"({"String": "a"})");
     EXPECT_EQ(ErrorOf([&] { save(R"({"String": "a"})"); }), ado::DbEConstraint);
-    EXPECT_EQ(Counts(), "1 1 1 1 0 0 ");
+    EXPECT_EQ(Counts(), "1 1 1 0 0 1 ");
 
-    Run(connection, "alter table tCustomer rename column [Name] to Other");
+    Run(connection, "alter table tCustomer rename column Name to Other");
     EXPECT_EQ(ErrorOf([&] { m_crud->DbGetData(std::make_shared<DataObject>(m_definition), 1); }),
               ado::adErrItemNotFound);
     EXPECT_EQ(ErrorOf([&] { save(R"({"String": "b"})"); }), ado::adErrItemNotFound);
-    EXPECT_EQ(Counts(), "2 1 1 1 0 0 ") << "what was written before stays";
+    EXPECT_EQ(Counts(), "2 1 1 0 0 1 ") << "what was written before stays";
     EXPECT_FALSE(m_crud->DbDataExists(FromJson(m_definition, "{}"), 5));
     EXPECT_EQ(m_crud->LastResult(), dbNoError);
 }
@@ -365,9 +372,9 @@ TEST_P(RoundTripInAFile, AFullDiskKeepsWhatWasWritten) {
     const auto order = Load(1);
     const std::string stored = ToJson(*order);
     const std::string longText(100'000, 'x');
-    order->Set("LongText", longText);
+    order->Set("ALongText", longText);
     EXPECT_EQ(ErrorOf([&] { m_crud->DbUpdateData(order); }), ado::DbEFail);
-    EXPECT_TRUE(m_crud->DbSaveField(1, "OrderID", "tOrder", "LongText", longText)) << "it is passed over";
+    EXPECT_TRUE(m_crud->DbSaveField(1, "OrderID", "tOrder", "ALongText", longText)) << "it is passed over";
     EXPECT_EQ(ToJson(*Load(1)), stored);
 
     connection.Execute("pragma max_page_count = 100000");
@@ -413,7 +420,7 @@ TEST_P(RoundTrip, AnyEngineCallMayFail) {
         for (std::size_t n = 1; reached; ++n) {
             SCOPED_TRACE(operation + ", call " + std::to_string(n));
             m_crud->DbConn()->BeginTrans();
-            for (const auto& table : m_tables)
+            for (const auto& table : std::views::reverse(m_tables))
                 m_crud->DbConn()->Execute("delete from " + table);
             const auto order = FromJson(m_definition, small);
             const std::int32_t key = m_crud->DbSaveData(order);
@@ -437,7 +444,7 @@ TEST_P(RoundTrip, AnyEngineCallMayFail) {
             EXPECT_TRUE(reached || error == 0);
             const bool isUpdate = operation == "update" || operation == "retain root";
             const auto isDone = [&] {
-                return Counts() == "1 1 2 1 1 0 " && Load(key)->Get("String") == Variant("changed");
+                return Counts() == "1 1 1 1 0 2 " && Load(key)->Get("String") == Variant("changed");
             };
             if (isUpdate && error == 0 && result != 0) {
                 EXPECT_TRUE(isDone()) << "nothing may be passed over silently";
