@@ -1,19 +1,23 @@
 // Script generation against the bare engine: a whole run, and the relationship builder alone, over the same
 // statements as a careful programmer would send them through the SQLite C interface, with parameters and
 // prepared once; how many tables a run writes in a second; how the time grows with the definition; what
-// memory a run takes.
+// memory a run takes. And the tables of a large definition in a new database, against their bare statements.
 
 #include "support/measure.h"
 #include "support/repository_generator.h"
+#include "support/sqlite_handle.h"
 #include "support/statement_recorder.h"
 #include "surface/cls_create_db.h"
+#include "surface/target_tables.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace korvex::bench {
 namespace {
@@ -34,6 +38,36 @@ Platform BenchPlatform() {
     Platform platform = DefaultPlatform();
     platform.desktop = std::make_shared<SilentDesktop>();
     return platform;
+}
+
+void RemoveDatabase(const std::string& file) {
+    for (const char* tail : {"", "-wal", "-shm", "-journal"})
+        fs::remove(file + tail);
+}
+
+/// The statements that made what a database holds, in their order.
+std::vector<std::string> StatementsOf(const std::string& file) {
+    const SqliteConnection connection = OpenSqlite(file);
+    const SqliteStatement rows = PrepareSqlite(
+        connection.get(), "select sql from sqlite_master where name not like 'sqlite_%' order by rowid");
+    std::vector<std::string> statements;
+    while (sqlite3_step(rows.get()) == SQLITE_ROW)
+        statements.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), 0)));
+    return statements;
+}
+
+/// Runs statements on a new file, in one transaction.
+void RunBare(const std::string& file, const std::vector<std::string>& statements) {
+    const SqliteConnection connection = OpenSqlite(file);
+    const auto run = [&](const std::string& text) {
+        RequireSqlite(sqlite3_exec(connection.get(), text.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK,
+                      connection.get());
+    };
+    run("pragma journal_mode = wal");
+    run("begin");
+    for (const std::string& statement : statements)
+        run(statement);
+    run("commit");
 }
 
 /// One generated repository; every round works on a fresh copy of it.
@@ -60,9 +94,16 @@ class Scenario {
         generator.CloseRepository();
     }
 
+    void CreateTables(const std::string& target) const {
+        const Platform platform = BenchPlatform();
+        const std::shared_ptr<ado::Connection> connection = platform.targetProvider->CreateConnection();
+        connection->Open("Provider=SQLite;Mode=Create;Data Source=" + target);
+        TargetTables(platform, m_copy, "Bench").Create(connection);
+        connection->Close();
+    }
+
     void Refresh() const {
-        for (const char* tail : {"", "-wal", "-shm", "-journal"})
-            fs::remove(m_copy + tail);
+        RemoveDatabase(m_copy);
         fs::copy_file(m_original, m_copy);
     }
 
@@ -111,10 +152,25 @@ double PeakMemoryOverOutput(const Scenario& scenario) {
     return static_cast<double>(PeakMemory() - start) / static_cast<double>(scenario.OutputSize());
 }
 
+Comparison CompareCreate(const Scenario& scenario, const std::string& target, int rounds) {
+    scenario.Refresh();
+    const auto timed = [&](const auto& work) {
+        RemoveDatabase(target);
+        return Seconds(work);
+    };
+    const auto create = [&] { scenario.CreateTables(target); };
+    timed(create);
+    const std::vector<std::string> statements = StatementsOf(target);
+    return CompareTimed(
+        rounds, [&] { return timed(create); }, [&] { return timed([&] { RunBare(target, statements); }); });
+}
+
 /// Short rounds, for the ratios: what disturbs a machine spoils few of them.
 constexpr std::int64_t FewObjects = 500;
 /// What a large definition has, and a quarter of it.
 constexpr std::int64_t ManyObjects = 8000;
+/// The engine itself takes more time for a table the more there are.
+constexpr std::int64_t ManyTables = 4000;
 
 void Run(int rounds) {
     const TemporaryFolder folder;
@@ -134,10 +190,15 @@ void Run(int rounds) {
         [&] { return quarter.Time(&Scenario::Script); });
     Report("8,000 over 2,000 objects", growth);
 
+    const Comparison create = CompareCreate(Scenario(folder.Path(), ManyTables),
+                                            (folder.Path() / "target.db").string(), std::max(rounds / 20, 1));
+    Report("database create, 4,000 tables", create);
+
     PrintRatio("script_run_vs_floor", script.ratio);
     PrintRatio("relate_vs_floor", relate.ratio);
     PrintRatio("script_run_growth_4x", growth.ratio);
     PrintRatio("peak_memory_vs_output", memory);
+    PrintRatio("database_create_vs_floor", create.ratio);
     PrintRatio("tables_per_second", static_cast<double>(FewObjects) / script.seconds);
 }
 

@@ -3,7 +3,6 @@
 
 #include "automation/convert.h"
 #include "objects/data_object.h"
-#include "objects/load_definition.h"
 #include "platform/native/native_platform.h"
 #include "platform/native/sql/statement_text.h"
 #include "support/measure.h"
@@ -19,7 +18,6 @@
 #include <fstream>
 #include <map>
 #include <optional>
-#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -333,51 +331,6 @@ Comparison CompareScriptRuns(const Server& server, int rounds, std::int64_t obje
 
 // ---- Replies ----
 
-/// Tables for a definition and everything beneath it, in types that both servers have.
-void CreateTables(FloorConnection& floor, const Server& server, Definition& definition,
-                  std::set<std::string>& made) {
-    using automation::VarType;
-    const std::string table = definition.StringAttribute(attTableName);
-    if (!made.insert(table).second) return;
-    std::string columns;
-    for (const auto& value : definition.Values()) {
-        const objects::ValueInfo& info = value->Info();
-        if (value->Child() != nullptr) CreateTables(floor, server, *value->Child(), made);
-        if (value->Child() != nullptr || info.column.empty()) continue;
-        const bool isMariaDb = server.schema == repository::SchemaEngine::MariaDb;
-        std::string type = "varchar(200)";
-        switch (static_cast<VarType>(info.dataType)) {
-            case VarType::Integer:
-            case VarType::Boolean:
-                type = "smallint";
-                break;
-            case VarType::Long:
-                type = info.isAutoNumber ? server.keyType : "integer";
-                break;
-            case VarType::Single:
-            case VarType::Double:
-            case VarType::Currency:
-                type = "double precision";
-                break;
-            case VarType::Date:
-                type = isMariaDb ? "datetime(3)" : "timestamp(3)";
-                break;
-            case VarType::Object:
-            case VarType::Variant:
-                type = isMariaDb ? "longblob" : "bytea";
-                break;
-            default:
-                break;
-        }
-        columns += info.column + " " + type + ", ";
-    }
-    const auto element = definition.ElementDefinition();
-    if (element != nullptr) CreateTables(floor, server, *element, made);
-    columns += element != nullptr ? "QORSelectedItem integer, QORCounterHolder integer"
-                                  : "QORSelectState integer, QORCounter integer";
-    floor.Statement("create table " + table + " (" + columns + ")").Run();
-}
-
 void RunCommand(const std::string& words) {
     const std::string command = KORVEX_COMMAND " " + words + " >/dev/null";
     if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
@@ -391,14 +344,9 @@ void CountReplies(const Server& server, const std::string& serverFolder) {
     RunCommand("repository new " + repository);
     RunCommand("repository import " + repository + " " KORVEX_TEST_DATA "/orders.json");
     RunCommand("relate --repository " + repository + " --storage Orders");
-    const Platform platform = BenchPlatform();
-    const auto opened = platform.repositoryEngine->OpenDatabase(repository);
-    const auto definition = objects::LoadDefinition(repository::Catalog::Read(*opened), "Orders");
-
     const std::string database = server.NewDatabase("bench_replies");
-    FloorConnection floor(database);
-    std::set<std::string> made;
-    CreateTables(floor, server, *definition, made);
+    RunCommand("database create --repository " + repository + " --storage Orders --connection '" + database +
+               "'");
     ReplyCounter counter(path + server.socket, serverFolder + server.socket);
     const std::string target = database + server.socketSetting + path +
                                (server.schema == repository::SchemaEngine::MariaDb ? server.socket : "");
