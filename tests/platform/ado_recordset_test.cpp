@@ -212,6 +212,8 @@ TEST_P(AdoRecordset, WritesOnlyWhenItsLockAndItsTableAllow) {
     const auto computed = Open(m_connection, "select 1 + 1 as Two");
     EXPECT_EQ(automation::ToLong(computed->Fields("Two")->Value()), 2);
     EXPECT_EQ(ErrorOf([&] { computed->AddNew(); }), ado::adErrFeatureNotAvailable);
+    const auto partly = Open(m_connection, "select CustomerID, Name, upper(Name) as U from Customer");
+    EXPECT_EQ(ErrorOf([&] { partly->Fields("U")->Value("x"); }), ado::adErrFeatureNotAvailable);
 }
 
 TEST_P(AdoRecordset, ViolatedConstraintsAreReportedAndTheEditGoesOn) {

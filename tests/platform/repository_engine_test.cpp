@@ -58,25 +58,6 @@ TEST_P(RepositoryEngine, NamesAndLiteralsHoldAnyLetter) {
                   Texts{"2|" + name});
 }
 
-TEST_P(RepositoryEngine, AnAddedRowIsTheLastOneAndCarriesItsKey) {
-    auto dynaset = Dynaset("select * from tInterfaces");
-    m_seam->Record();
-    dynaset->AddNew();
-    dynaset->Fields("name").Value(Variant("New"));
-    EXPECT_TRUE(dynaset->Fields("Flag").Value().IsNull());
-    dynaset->Update();
-    dynaset->MoveLast();
-    EXPECT_EQ(dynaset->Fields("InterfaceID").Value(), Variant(4));
-    EXPECT_EQ(dynaset->Fields("Name").Value(), Variant("New"));
-    for (const std::string& text : m_seam->Executed())
-        EXPECT_NE(text, "select * from tInterfaces");
-    EXPECT_FALSE(dynaset->Eof());
-    dynaset->MoveNext();
-    EXPECT_TRUE(dynaset->Eof());
-    EXPECT_EQ(Rows("select InterfaceID, Name, Flag from tInterfaces where InterfaceID=4", {"Name", "Flag"}),
-              Texts{"New|-"});
-}
-
 TEST_P(RepositoryEngine, EditingInALoopOverTheSameTableTouchesEachRowOnce) {
     auto dynaset = Dynaset("select * from tInterfaces");
     for (int seen = 0; !dynaset->Eof(); dynaset->MoveNext()) {
@@ -125,27 +106,6 @@ TEST_P(RepositoryEngine, SnapshotsStayWhatTheyWereAndAreNotWritten) {
     Run("insert into tOthers (OtherID) values (7)");
     auto join = Dynaset("select a.Name, b.OtherID from tInterfaces a, tOthers b");
     EXPECT_EQ(ErrorOf([&] { join->AddNew(); }), dao::OperationNotSupported);
-}
-
-TEST_P(RepositoryEngine, NestedRecordsetsReadAndWriteTheSameTables) {
-    Run("create table tLinks (A int, B int, primary key (A, B))");
-    auto outer = Dynaset("select * from tInterfaces");
-    for (; !outer->Eof(); outer->MoveNext()) {
-        auto inner = Snapshot("select * from tInterfaces");
-        for (; !inner->Eof(); inner->MoveNext()) {
-            auto links = Dynaset("select * from tLinks");
-            links->AddNew();
-            links->Fields("A").Value(outer->Fields("InterfaceID").Value());
-            links->Fields("B").Value(inner->Fields("InterfaceID").Value());
-            links->Update();
-        }
-        outer->Edit();
-        outer->Fields("Flag").Value(true);
-        outer->Update();
-        EXPECT_EQ(outer->Fields("Flag").Value(), Variant(true));
-    }
-    EXPECT_EQ(Rows("select * from tLinks where A = 2 order by B", {"A", "B"}), (Texts{"2|1", "2|2", "2|3"}));
-    EXPECT_EQ(Rows("select * from tInterfaces", {"Flag"}), (Texts{"True", "True", "True"}));
 }
 
 TEST_P(RepositoryEngine, ATransactionIsOfferedOnlyWhereItHolds) {

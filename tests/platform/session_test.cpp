@@ -227,26 +227,6 @@ TEST_F(SessionTest, AddedRowsStandBehindTheOthersOnceEach) {
     EXPECT_EQ(cursor.Value(0), Variant(6));
 }
 
-TEST_F(SessionTest, WhatWasNotSetIsReadBackWhenAskedFor) {
-    m_session->Execute("create table d (ID integer primary key, A text default 'given', B text)");
-    Cursor cursor(*m_session, "select ID, B, A, upper(A) as U from d");
-    m_seam->Record();
-    cursor.AddNew();
-    cursor.Set(1, "b");
-    EXPECT_TRUE(cursor.Value(2).IsEmpty());
-    cursor.Update();
-    cursor.MoveLast();
-    EXPECT_EQ(cursor.Value(0), Variant(1));
-    EXPECT_EQ(cursor.Value(1), Variant("b"));
-    EXPECT_EQ(m_seam->Executed(), std::vector<std::string>{R"(INSERT INTO "main"."d" ("B") VALUES (?))"});
-    EXPECT_EQ(cursor.Value(2), Variant("given"));
-    EXPECT_EQ(KindOf([&] {
-                  cursor.Edit();
-                  cursor.Set(3, "x");
-              }),
-              ErrorKind::NotUpdatable);
-}
-
 TEST_F(SessionTest, RowsWithoutAKeyAreEditedWhenOnlyOneIsMeant) {
     m_session->Execute("create table k (A int, B text)");
     for (const char* values : {"(1, 'x')", "(1, null)", "(2, 'y')", "(2, 'y')"}) {

@@ -201,12 +201,6 @@ TEST_P(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     EXPECT_EQ(*journal, std::vector<std::string>{});
 }
 
-TEST_P(RepositoryTest, AStorageNameWithAQuoteNeverReachesTheEngine) {
-    EXPECT_EQ(OutcomeOf([&] { GetRootObjects(repository, "x' or 'a'='a"); }), "error 5");
-    EXPECT_EQ(*journal,
-              std::vector<std::string>{});  // nothing is open: a statement would have shown a message
-}
-
 TEST_P(RepositoryTest, AValueThatIsNoNumberIsNamed) {
     NewRepository();
     const std::string insert = "insert into tDataDefs (Storage, RootObjectID) values ('Orders', 'one')";

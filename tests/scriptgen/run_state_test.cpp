@@ -33,18 +33,5 @@ TEST(BuildScriptFileNames, KeepsThePathsWithoutAScriptType) {
     EXPECT_EQ(run.m_sCreateFile, "");
 }
 
-TEST(ResetRun, LeavesOnlyTheForeignKeyScript) {
-    RunState run;
-    run.m_sDbSQL = run.m_sDropSQL = run.m_sStoredProcSQL = run.m_sFkConstraintSQL =
-        run.m_sDropFkConstraintSQL = "text";
-    run.m_lCurrentObjectID = 5;
-    run.m_sCurrentTable = "T";
-    ResetRun(run);
-    EXPECT_EQ(run.m_sDbSQL + run.m_sDropSQL + run.m_sStoredProcSQL + run.m_sDropFkConstraintSQL, "");
-    EXPECT_EQ(run.m_sFkConstraintSQL, "text");
-    EXPECT_EQ(run.m_lCurrentObjectID, -1);
-    EXPECT_EQ(run.m_sCurrentTable, "");
-}
-
 }  // namespace
 }  // namespace korvex::scriptgen

@@ -183,27 +183,6 @@ TEST_P(ServerFaults, ALockThatAnotherClientHoldsEndsInAnError) {
     EXPECT_EQ(ValueOf(*other, "select Text from tNote"), "");
 }
 
-TEST_P(ServerFaults, AQueryThatFailsWhenItIsExecutedDoesNotOpen) {
-    const ServerDatabase database(GetParam());
-    const auto crud = Connected(database.ConnectionString());
-    const auto expectClosed = [&](const std::string& sql) {
-        EXPECT_EQ(crud->OpenRecordset(sql), nullptr) << sql;
-        EXPECT_EQ(crud->LastResult(), dbCannotOpenRecordset) << sql;
-    };
-    crud->DbConn()->Execute("create table tNote (NoteID int)");
-    crud->DbConn()->Execute("insert into tNote values (1)");
-    crud->DbConn()->Execute(
-        "create view vNote as select NoteID, abs(-9223372036854775807 - NoteID) as X from tNote");
-    expectClosed("select * from vNote where NoteID=1");
-    expectClosed("select X from vNote");
-    const auto whole = crud->OpenRecordset("select * from vNote");
-    ASSERT_NE(whole, nullptr) << "it may be opened to add records";
-    EXPECT_NE(ErrorOf([&] { whole->Fields("X")->Value(); }), 0);
-    if (GetParam() != Driver::PostgreSql) return;
-    crud->DbConn()->Execute("set role pg_monitor");  // which may read none of our tables
-    expectClosed("select * from tNote where NoteID=1");
-}
-
 TEST_P(ServerFaults, AnApplyThatFailsTellsWhatItMadeBefore) {
     const ServerDatabase database(GetParam());
     const std::string script = database.Folder().Write(
@@ -235,23 +214,6 @@ TEST_P(ServerFaults, AMissingRightHasItsNumber) {
     }
     crud->DisconnectDB();
     owner->Execute("drop user " + guest);
-}
-
-TEST_P(ServerFaults, ABrokenConstraintIsReportedAndTheConnectionWorksOn) {
-    const ServerDatabase database(GetParam());
-    const auto connection = database.Connect();
-    CreateExampleTables(connection);
-    connection->Execute("create unique index one on tOrder (OrderNumber)");
-    const auto definition = OrdersDefinition();
-    const auto crud = Connected(database.ConnectionString());
-    EXPECT_EQ(crud->DbSaveData(FullOrder(definition)), 1);
-    const int records = CountRecords(*connection, GetParam());
-    const auto second = FullOrder(definition);
-    EXPECT_EQ(automation::OutcomeOf([&] { crud->DbSaveData(second); }),
-              "error " + std::to_string(ado::DbEConstraint));
-    EXPECT_EQ(CountRecords(*connection, GetParam()), records);
-    second->Set("OrderNumber", "A-2");
-    EXPECT_GT(crud->DbSaveData(second), 1);
 }
 
 /// Two clients save at once; the foreign key of every record must be the key that its own parent got.

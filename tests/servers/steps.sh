@@ -31,4 +31,5 @@ done | sed "/apt-get/d; s#/run/mysqld/mysqld.sock#$place/mariadb.sock#; s#^Serve
 . ./steps >output
 korvex script $D --dialect all-engines --out scripts >/dev/null
 korvex database check $D --connection "$C"
+korvex repository check "$R" --dialect all-engines 2>&1 | grep -qx "korvex: 0 errors, 0 warnings"
 grep -q '"OrderNumber": "2026-004711"' output

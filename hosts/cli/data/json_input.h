@@ -26,7 +26,7 @@ auto WithJsonFile(const std::string& file, Console& console, Read&& read) {
     const std::string prefix = JsonFileName(file) + ": ";
     objects::UnstoredMembers unstored;
     try {
-        const auto result = read(text, unstored);
+        auto result = read(text, unstored);
         for (const std::string& member : unstored)
             console.Message(prefix + member + " is left out: its definition does not have it stored.");
         return result;

@@ -1,7 +1,6 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
 #include "support/driver.h"
-#include "support/json_holds.h"
 #include "support/text_files.h"
 
 #include <gmock/gmock.h>
@@ -128,22 +127,6 @@ TEST_P(DatabaseCommand, MakesChecksCompletesAndRemovesTheTablesOfADefinition) {
     EXPECT_THAT(run("drop", {"--yes"}).output, StartsWith("16 tables"));
     EXPECT_THAT(run("check").output, StartsWith("tOrder is missing\ntCustomer is missing\n"));
     Expect(run("create"), Made("16 tables, 16 indexes, " + m_engine.things));
-}
-
-TEST_P(DatabaseCommand, HoldsTheExampleThatIsDelivered) {
-    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
-    EXPECT_EQ(RunKorvex({"repository", "check", repository.Path(), "--dialect", "all-engines"}).messages,
-              "korvex: 0 errors, 0 warnings\n");
-    EXPECT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
-    EXPECT_THAT(Run(repository, "create", "Orders").output, StartsWith("17 tables, 16 indexes"));
-    const auto run = [&](const char* command, std::vector<std::string> more) {
-        more.insert(more.begin(), {command, "--repository", repository.Path(), "--storage", "Orders",
-                                   "--connection", Target()});
-        return RunKorvex(more).output;
-    };
-    EXPECT_EQ(run("save", {KORVEX_EXAMPLES "/order.json"}), "1\n");
-    const std::string loaded = run("load", {"--key", "1"});
-    EXPECT_TRUE(Holds(loaded, ReadFile(KORVEX_EXAMPLES "/order.json"))) << loaded;
 }
 
 TEST_P(DatabaseCommand, DefinitionsShareTables) {
