@@ -1,5 +1,6 @@
 #include "scriptgen/engine_dialect.h"
 
+#include "platform/platform.h"
 #include "support/error_of.h"
 #include "table_in_hand.h"
 
@@ -116,6 +117,28 @@ TEST(EngineDialect, ProblemsAreNamed) {
                                    "table tA has 65 keys; mariadb takes 64 in a table",
                                    "column tA.Order is a reserved word of postgresql",
                                    "column tA.a b is no name that can stand unquoted in postgresql"));
+}
+
+TEST(EngineDialect, AThousandForeignKeysOfOneTableHoldOnSqlite) {
+    const DescribedTable parent = Table(1, "tP");
+    DescribedTable child = Table(2, "tC");
+    for (int i = 1; i <= 1000; ++i) {
+        const std::string column = "F" + std::to_string(i);
+        child.Columns.push_back(Reference(column, 1));
+        child.ForeignKeys.push_back({column, 1, "tP", "tPID", true});
+    }
+    const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+    connection->Open("Provider=SQLite;Data Source=:memory:");
+    for (const EngineStatement& statement :
+         EngineDialectOf("sqlite").Write(std::vector{parent, child}).create)
+        connection->Execute(statement.text);
+    connection->Execute("insert into tP (tPID) values (7)");
+    connection->Execute("insert into tC (F1, F1000) values (0, 7)");
+    EXPECT_EQ(tests::ErrorOf([&] { connection->Execute("update tC set F999 = 8"); }), ado::DbEConstraint);
+    connection->Execute("update tC set F1000 = 0");
+    const auto rows = connection->Execute("select * from tC where F1 is null and F1000 is null");
+    EXPECT_FALSE(rows->Eof());
+    rows->Close();
 }
 
 TEST(EngineDialect, NamesComeFromTableAndColumnAlone) {
