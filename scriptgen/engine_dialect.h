@@ -52,7 +52,7 @@ struct EngineLimits {
 
 /// Queries by which an engine tells what is there. Each row begins with the name of the table.
 struct CatalogueQueries {
-    std::string_view columns;      ///< column, its type, 1 for a numbered one, 1 for one of the primary key
+    std::string_view columns;      ///< column, its type, 1 if numbered, 1 if of the primary key, default
     std::string_view indexes;      ///< index, one of its columns; in their order
     std::string_view foreignKeys;  ///< column, table and column referred to (Null for that table's key)
     std::string_view triggers;     ///< trigger

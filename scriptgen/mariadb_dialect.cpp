@@ -57,7 +57,8 @@ constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
 
 constexpr CatalogueQueries Queries = {
     .columns =
-        "select table_name, column_name, column_type, extra = 'auto_increment', column_key = 'PRI' "
+        "select table_name, column_name, column_type, extra = 'auto_increment', column_key = 'PRI', "
+        "column_default "
         "from information_schema.columns where table_schema = database() order by table_name, "
         "ordinal_position",
     .indexes =

@@ -44,8 +44,9 @@ constexpr CatalogueQueries Queries = {
         "select t.relname, a.attname, format_type(a.atttypid, a.atttypmod), "
         "case when a.attidentity <> '' then 1 else 0 end, case when exists (select 1 from "
         "pg_catalog.pg_index i where i.indrelid = t.oid and i.indisprimary and a.attnum = any(i.indkey)) "
-        "then 1 else 0 end from " KORVEX_OWN_TABLES
+        "then 1 else 0 end, pg_get_expr(d.adbin, d.adrelid) from " KORVEX_OWN_TABLES
         "join pg_catalog.pg_attribute a on a.attrelid = t.oid "
+        "left join pg_catalog.pg_attrdef d on d.adrelid = t.oid and d.adnum = a.attnum "
         "where t.relkind in ('r', 'p') and a.attnum > 0 and not a.attisdropped order by t.oid, a.attnum",
     .indexes =
         "select t.relname, x.relname, a.attname from " KORVEX_OWN_TABLES

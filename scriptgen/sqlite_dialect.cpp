@@ -37,7 +37,7 @@ constexpr CatalogueQueries Queries = {
     .columns =
         "select t.name, c.name as col, c.type, "
         "case when c.pk = 1 and instr(upper(t.sql), 'AUTOINCREMENT') > 0 then 1 else 0 end, "
-        "case when c.pk > 0 then 1 else 0 end from sqlite_master t, pragma_table_info(t.name) c "
+        "case when c.pk > 0 then 1 else 0 end, c.dflt_value from sqlite_master t, pragma_table_info(t.name) c "
         "where t.type = 'table' and substr(t.name, 1, 7) <> 'sqlite_'",
     .indexes =
         "select t.name, i.name as ind, c.name as col from sqlite_master t, pragma_index_list(t.name) i, "

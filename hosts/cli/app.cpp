@@ -36,6 +36,7 @@ void AddCommands(CLI::App& app, Console& console) {
         app.add_subcommand("repository", "Make, fill, show and check definition repositories");
     AddRepositoryNewCommand(*repository, console);
     AddRepositoryImportCommand(*repository, console);
+    AddRepositoryPullCommand(*repository, console);
     AddRepositoryShowCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);

@@ -55,6 +55,7 @@ class LiveReader {
             column.TypeSize = dialect.TypeAsWritten(Text(row, 2));
             column.IsAutoNumber = automation::ToLong(row.Fields(3)->Value()) != 0;
             column.IsPrimaryKey = automation::ToLong(row.Fields(4)->Value()) != 0;
+            column.DefaultVal = Text(row, 5);
             if (column.IsPrimaryKey) table.PrimaryKey.push_back(column.FieldName);
         });
         ForEach(queries.indexes, [](DescribedTable& table, ado::Recordset& row) {

@@ -1,11 +1,13 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
+#include "scriptgen/migration/live_tables.h"
 #include "support/driver.h"
 #include "support/text_files.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <set>
 
 namespace korvex::tests {
 namespace {
@@ -129,6 +131,46 @@ TEST_P(DatabaseCommand, MakesChecksCompletesAndRemovesTheTablesOfADefinition) {
     Expect(run("create"), Made("16 tables, 16 indexes, " + m_engine.things));
 }
 
+/// Everything that the database tells of its tables, a line each, whatever their order.
+std::multiset<std::string> CatalogueOf(const std::string& target, const std::string& dialect) {
+    const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+    connection->Open(target);
+    std::multiset<std::string> lines;
+    for (const auto& table : scriptgen::ReadLiveTables(*connection, scriptgen::EngineDialectOf(dialect))) {
+        for (const auto& column : table.Columns)
+            lines.insert(table.Name + "." + column.FieldName + " " + column.TypeSize + " default " +
+                         column.DefaultVal + (column.IsAutoNumber ? " numbered" : "") +
+                         (column.IsPrimaryKey ? " key" : ""));
+        for (const auto& key : table.ForeignKeys)
+            lines.insert(table.Name + "." + key.FieldName + " refers to " + key.Table + "." + key.KeyField);
+        for (const auto& index : table.Indexes)
+            lines.insert(table.Name + " index " + index.Name + " on " + index.Columns.front());
+        for (const auto& trigger : table.Triggers)
+            lines.insert(table.Name + " trigger " + trigger);
+    }
+    return lines;
+}
+
+TEST_P(DatabaseCommand, IsPulledAsAModelThatMakesTheSameTables) {
+    const RepositoryFile repository(ReadFile(KORVEX_EXAMPLES "/orders.json"));
+    ASSERT_EQ(Run(repository, "create", "Orders").messages, "");
+    const std::multiset<std::string> made = CatalogueOf(Target(), m_engine.dialect);
+    const std::string model = m_folder.Path("pulled.json");
+    const std::vector<std::string> pull = {"repository", "pull", "--connection", Target(), model};
+    const CommandResult pulled = RunKorvex(pull);
+    EXPECT_THAT(
+        pulled.messages,
+        testing::MatchesRegex("korvex: t[Oo]rder.[Ii]nternal[Rr]emarks does not tell the length of its "
+                              "texts, 4001 stands for it\n"));
+    EXPECT_EQ(pulled.output, model + "\n");
+    ExpectFailure(RunKorvex(pull), "korvex: error 75: The file exists: " + model);
+
+    EXPECT_THAT(Run(repository, "drop", "Orders", {"--yes"}).output, StartsWith("17 tables"));
+    EXPECT_THAT(RunKorvex({"database", "create", model, "--connection", Target()}).output,
+                StartsWith("17 tables"));
+    EXPECT_EQ(CatalogueOf(Target(), m_engine.dialect), made);
+}
+
 TEST_P(DatabaseCommand, DefinitionsShareTables) {
     const RepositoryFile repository(R"({
       "definitions": [ { "storage": "A", "root": "Alpha" }, { "storage": "B", "root": "Beta" } ],
@@ -191,6 +233,24 @@ TEST(DatabaseFile, IsNotMadeForADefinitionThatTheEngineDoesNotTake) {
                       c.message);
         EXPECT_FALSE(std::filesystem::exists(target.Path()));
     }
+}
+
+TEST(DatabaseFile, IsPulledWithWordsForWhatAModelCannotSay) {
+    const TargetDatabase target;
+    for (
+        const char* statement :
+        {"create table tGroup (GroupID integer primary key autoincrement, Label varchar(20) default 'it''s', "
+         "FK_GroupID int references tGroup (GroupID))",
+         "create table persons (name text primary key, rating bigint default (1 + 1), born date, "
+         "grp int references tGroup, boss references none (x))",
+         "create unique index persons_born on persons (born)"})
+        ASSERT_EQ(target.Execute(statement), 0) << statement;
+    const std::string model = target.Folder().Path("pulled.json");
+    const CommandResult result =
+        RunKorvex({"repository", "pull", "--connection", target.Connection(), model});
+    EXPECT_EQ(result.exitCode, 0);
+    ExpectSameText("messages", result.messages, ReadFile(KORVEX_EXPECTED "/pull.messages.txt"));
+    ExpectSameText("model", ReadFile(model), ReadFile(KORVEX_EXPECTED "/pull.json"));
 }
 
 TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {

@@ -1,0 +1,316 @@
+#include "hosts/cli/model/model_pull.h"
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "automation/text.h"
+#include "hosts/cli/model/data_types.h"
+#include "repository/names.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace korvex::cli {
+
+namespace {
+
+using automation::ContainsIgnoreCase;
+using automation::EqualsIgnoreCase;
+using scriptgen::Column;
+using scriptgen::DescribedTable;
+
+constexpr std::string_view KeyEnd = "ID";
+const std::string LongTextLength = std::to_string(scriptgen::LongestVarchar + 1);
+
+/// The data type for a column type that no value gets, by a part of its name; the first that fits.
+constexpr std::pair<std::string_view, std::int32_t> NearTypes[] = {{"char", TypeString},
+                                                                   {"text", TypeString},
+                                                                   {"clob", TypeString},
+                                                                   {"int", TypeLong},
+                                                                   {"serial", TypeLong},
+                                                                   {"bool", TypeBoolean},
+                                                                   {"bit", TypeBoolean},
+                                                                   {"dec", 6},
+                                                                   {"num", 6},
+                                                                   {"money", 6},
+                                                                   {"real", 5},
+                                                                   {"float", 5},
+                                                                   {"double", 5},
+                                                                   {"date", TypeDate},
+                                                                   {"time", TypeDate},
+                                                                   {"blob", TypeObject},
+                                                                   {"bytea", TypeObject},
+                                                                   {"binary", TypeObject}};
+
+/// The length in "varchar(30)", or nothing.
+std::string LengthIn(std::string_view type) {
+    const std::size_t begin = type.find('(');
+    if (begin == std::string_view::npos) return {};
+    const std::size_t end = std::min(type.find_first_not_of("0123456789", begin + 1), type.size());
+    return std::string(type.substr(begin + 1, end - begin - 1));
+}
+
+/// The text of a literal between quotes, with whatever type stands behind it.
+std::optional<std::string> QuotedText(std::string_view literal) {
+    std::string text;
+    for (std::size_t i = 1; i < literal.size(); ++i) {
+        if (literal[i] != '\'') {
+            text += literal[i];
+        } else if (literal.substr(i + 1).starts_with('\'')) {
+            text += literal[i++];
+        } else {
+            const bool isWhole = i + 1 == literal.size() || literal.substr(i + 1).starts_with("::");
+            return isWhole ? std::optional(text) : std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<double> Number(std::string_view text) {
+    try {
+        return automation::ParseNumber(text);
+    } catch (const automation::Error&) {
+        return std::nullopt;
+    }
+}
+
+/// The value of a default as a catalogue writes it; "" for Null, nothing for what is no literal.
+std::optional<std::string> DefaultValue(std::string_view text) {
+    if (text.starts_with('(') && text.ends_with(')')) text = text.substr(1, text.size() - 2);
+    if (text.empty() || EqualsIgnoreCase(text.substr(0, text.find("::")), "NULL")) return "";
+    if (text.starts_with('\'')) return QuotedText(text);
+    if (text.starts_with("b'")) return text == "b'1'" ? "1" : "0";
+    if (EqualsIgnoreCase(text, "true")) return "1";
+    if (EqualsIgnoreCase(text, "false")) return "0";
+    text = text.substr(0, text.find("::"));
+    return Number(text) ? std::optional(std::string(text)) : std::nullopt;
+}
+
+bool IsStateColumn(std::string_view name) {
+    return std::ranges::any_of(
+        std::initializer_list<std::string_view>{repository::SelectStateColumn, repository::CounterColumn,
+                                                repository::SelectedItemColumn,
+                                                repository::CounterHolderColumn},
+        [&](std::string_view state) { return EqualsIgnoreCase(name, state); });
+}
+
+bool HasColumn(const DescribedTable& table, std::string_view name) {
+    return std::ranges::any_of(
+        table.Columns, [&](const Column& column) { return EqualsIgnoreCase(column.FieldName, name); });
+}
+
+/// The column that a run numbers its records with, or "".
+std::string NumberedKey(const DescribedTable& table) {
+    if (table.PrimaryKey.size() != 1) return {};
+    const auto key = std::ranges::find(table.Columns, table.PrimaryKey.front(), &Column::FieldName);
+    return key != table.Columns.end() && key->IsAutoNumber ? key->FieldName : "";
+}
+
+/// The name with which an object gets this table and its key; else the table's.
+std::string ObjectName(const DescribedTable& table) {
+    const std::string key = NumberedKey(table);
+    const auto limit = static_cast<std::int16_t>(repository::DefaultFKPrefix.size());
+    const std::string name = table.Name.substr(std::min<std::size_t>(1, table.Name.size()));
+    if (EqualsIgnoreCase(repository::TableName(name), table.Name) &&
+        EqualsIgnoreCase(repository::KeyColumnName(name, limit), key)) {
+        return name;
+    }
+    const std::string ofKey = key.size() > KeyEnd.size() ? key.substr(0, key.size() - KeyEnd.size()) : "";
+    return !ofKey.empty() && repository::IsTableNameOf(table.Name, ofKey) ? ofKey : table.Name;
+}
+
+class Puller {
+  public:
+    Puller(std::span<const DescribedTable> tables, const scriptgen::EngineDialect& dialect)
+        : m_tables(tables), m_types(TypesOf(dialect)) {}
+
+    PulledModel Pull() {
+        m_model.objects.resize(m_tables.size());
+        m_model.interfaces.resize(m_tables.size());
+        m_parents.resize(m_tables.size());
+        for (std::size_t i = 0; i < m_tables.size(); ++i) {
+            ModelObject& object = m_model.objects[i];
+            object.name = m_model.interfaces[i].name = ObjectName(m_tables[i]);
+            object.interfaces = {i};
+        }
+        // A parent's columns stand before its children.
+        std::vector<std::pair<std::size_t, std::size_t>> children;
+        for (std::size_t i = 0; i < m_tables.size(); ++i) {
+            const std::vector<std::string> references = References(i, children);
+            AddColumns(i, references);
+            TellRest(m_tables[i], references);
+        }
+        for (const auto& [parent, child] : children)
+            AddChild(parent, child);
+        for (std::size_t i = 0; i < m_tables.size(); ++i)
+            if (m_parents[i].empty()) m_model.definitions.push_back({StorageName(i), i, {}});
+        return std::move(m_result);
+    }
+
+  private:
+    using Types = std::vector<std::pair<std::string, std::int32_t>>;  ///< what values get on the engine
+
+    static Types TypesOf(const scriptgen::EngineDialect& dialect) {
+        DescribedTable every;
+        for (const DataTypeName& type : DataTypeNames()) {
+            if (!BecomesColumn(type.code) || type.code == TypeVariant) continue;
+            Column& column = every.Columns.emplace_back();
+            column.DataType = type.code;
+            column.MaxLength = LongTextLength;
+        }
+        Types types;
+        const std::vector<DescribedTable> tables = dialect.Tables(std::span(&every, 1));
+        for (const Column& column : tables.front().Columns)
+            types.emplace_back(column.TypeSize, column.DataType);
+        return types;
+    }
+
+    void Tell(const DescribedTable& table, const std::string& column, const std::string& what) {
+        m_result.untold.push_back(table.Name + (column.empty() ? "" : "." + column) + what);
+    }
+
+    /// The columns by which an object knows its parents; adds these and it to `children`.
+    std::vector<std::string> References(std::size_t child,
+                                        std::vector<std::pair<std::size_t, std::size_t>>& children) {
+        std::vector<std::string> columns;
+        for (const scriptgen::ForeignKey& key : m_tables[child].ForeignKeys) {
+            const auto target = std::ranges::find_if(m_tables, [&](const DescribedTable& table) {
+                return EqualsIgnoreCase(table.Name, key.Table);
+            });
+            const auto parent = static_cast<std::size_t>(target - m_tables.begin());
+            if (target == m_tables.end() || IsAncestor(child, parent)) {
+                Tell(m_tables[child], key.FieldName,
+                     " refers to " + key.Table +
+                         (target == m_tables.end() ? ", which is not there"
+                                                   : ", and would make it its own ancestor") +
+                         ": it becomes a plain value");
+                continue;
+            }
+            columns.push_back(key.FieldName);
+            m_parents[child].push_back(parent);
+            children.emplace_back(parent, child);
+        }
+        return columns;
+    }
+
+    bool IsAncestor(std::size_t object, std::size_t of) const {
+        std::vector<bool> isSeen(m_tables.size());
+        std::vector<std::size_t> waiting = {of};
+        while (!waiting.empty()) {
+            const std::size_t next = waiting.back();
+            waiting.pop_back();
+            if (next == object) return true;
+            if (isSeen[next]) continue;
+            isSeen[next] = true;
+            waiting.insert(waiting.end(), m_parents[next].begin(), m_parents[next].end());
+        }
+        return false;
+    }
+
+    void AddColumns(std::size_t object, const std::vector<std::string>& references) {
+        const DescribedTable& table = m_tables[object];
+        const std::string key = NumberedKey(table);
+        for (const Column& column : table.Columns) {
+            const bool isReference = std::ranges::find(references, column.FieldName) != references.end();
+            if (isReference || IsStateColumn(column.FieldName) || column.FieldName == key) continue;
+            ModelValue& value = m_model.interfaces[object].values.emplace_back();
+            value.name = column.FieldName;
+            value.isAutoNumber = column.IsAutoNumber;
+            SetType(value, table, column);
+            SetDefault(value, table, column);
+        }
+    }
+
+    void SetType(ModelValue& value, const DescribedTable& table, const Column& column) {
+        const std::string length = LengthIn(column.TypeSize);
+        const auto known = std::ranges::find_if(
+            m_types, [&](const auto& type) { return EqualsIgnoreCase(type.first, column.TypeSize); });
+        value.dataType = TypeString;
+        if (known != m_types.end()) {
+            value.dataType = known->second;
+            if (value.dataType != TypeString) return;
+            value.maxLength = LongTextLength;
+            return Tell(table, column.FieldName,
+                        " does not tell the length of its texts, " + LongTextLength + " stands for it");
+        }
+        value.maxLength = length.empty() ? LongTextLength : length;
+        if (EqualsIgnoreCase(column.TypeSize, "varchar(" + length + ")")) return;
+        for (const auto& [part, code] : NearTypes) {
+            if (!ContainsIgnoreCase(column.TypeSize, part)) continue;
+            value.dataType = code;
+            break;
+        }
+        if (value.dataType != TypeString) value.maxLength = "0";
+        Tell(table, column.FieldName,
+             " is " + (column.TypeSize.empty() ? "of no type" : column.TypeSize) + ", taken for " +
+                 std::string(DataTypeText(value.dataType)));
+    }
+
+    void SetDefault(ModelValue& value, const DescribedTable& table, const Column& column) {
+        if (column.IsAutoNumber) return;
+        const std::optional<std::string> text = DefaultValue(column.DefaultVal);
+        if (!text)
+            return Tell(table, column.FieldName,
+                        " has the default " + column.DefaultVal + ", which is no value");
+        const bool isNothing = value.dataType != TypeString && Number(*text) == 0.0;
+        if (!isNothing) value.defaultVal = *text;
+    }
+
+    void TellRest(const DescribedTable& table, const std::vector<std::string>& references) {
+        for (const scriptgen::TableIndex& index : table.Indexes) {
+            const bool isOfReference =
+                index.Columns.size() == 1 &&
+                std::ranges::find(references, index.Columns.front()) != references.end();
+            if (!isOfReference) Tell(table, "", " has the index " + index.Name + ", which no model can say");
+        }
+        for (const std::string& trigger : table.Triggers)
+            if (!ContainsIgnoreCase(trigger, table.Name + "_"))
+                Tell(table, "", " has the trigger " + trigger + ", which no model can say");
+    }
+
+    /// The first table that refers to a collection holds its elements.
+    void AddChild(std::size_t parent, std::size_t child) {
+        ModelObject& object = m_model.objects[parent];
+        if (!object.element && HasColumn(m_tables[parent], repository::CounterHolderColumn)) {
+            object.element = child;
+            return;
+        }
+        std::vector<ModelValue>& values = m_model.interfaces[parent].values;
+        const std::string& name = m_model.objects[child].name;
+        const auto isTaken = [&](const std::string& text) {
+            return std::ranges::any_of(
+                values, [&](const ModelValue& value) { return EqualsIgnoreCase(value.name, text); });
+        };
+        ModelValue value;
+        value.name = name;
+        for (int number = 2; isTaken(value.name); ++number)
+            value.name = name + std::to_string(number);
+        value.dataType = TypeObject;
+        value.child = child;
+        values.push_back(std::move(value));
+    }
+
+    /// Objects may have one name, definitions may not.
+    std::string StorageName(std::size_t object) const {
+        const std::string& name = m_model.objects[object].name;
+        const bool isTaken = std::ranges::any_of(m_model.definitions,
+                                                 [&](const auto& other) { return other.storage == name; });
+        return isTaken ? m_tables[object].Name : name;
+    }
+
+    std::span<const DescribedTable> m_tables;
+    Types m_types;
+    std::vector<std::vector<std::size_t>> m_parents;
+    PulledModel m_result;
+    Model& m_model = m_result.model;
+};
+
+}  // namespace
+
+PulledModel PullModel(std::span<const DescribedTable> tables, const scriptgen::EngineDialect& dialect) {
+    return Puller(tables, dialect).Pull();
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,55 @@
+#include "automation/error.h"
+#include "hosts/cli/commands.h"
+#include "hosts/cli/model/model_pull.h"
+#include "hosts/cli/model/model_writer.h"
+#include "hosts/cli/session.h"
+#include "hosts/cli/target_options.h"
+#include "scriptgen/migration/live_tables.h"
+#include "surface/target_tables.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace korvex::cli {
+
+namespace {
+
+struct PullOptions {
+    std::string connection;
+    std::string model;
+};
+
+void RunPull(const PullOptions& options, Console& console) {
+    if (std::filesystem::exists(options.model))
+        throw automation::Error(automation::PathFileAccessError, "The file exists: " + options.model);
+    const Session session(console);
+    const auto connection = session.platform.targetProvider->CreateConnection();
+    connection->Open(options.connection);
+    const scriptgen::EngineDialect& dialect =
+        scriptgen::EngineDialectOf(scriptgen::EngineBehind(*connection));
+    const PulledModel pulled = PullModel(scriptgen::ReadLiveTables(*connection, dialect), dialect);
+    if (pulled.model.objects.empty())
+        throw automation::Error(automation::InvalidProcedureCall, "The database holds no tables.");
+    session.platform.files->WriteText(options.model, ModelText(pulled.model), "");
+    for (const std::string& what : pulled.untold)
+        console.Message(what);
+    // Whatever a run names or adds otherwise than the database has it.
+    for (const std::string& line : TargetTables(session.platform, options.model).Check(*connection))
+        console.Message("another than in the model: " + line);
+    console.Results() << options.model << '\n';
+}
+
+}  // namespace
+
+void AddRepositoryPullCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<PullOptions>();
+    CLI::App* command = parent.add_subcommand("pull", "Write the tables of an existing database as a model");
+    AddConnectionOption(*command, options->connection);
+    command->add_option("MODEL", options->model, "Model file to be made (JSON)")
+        ->required()
+        ->type_name("NEW.json");
+    command->callback([options, &console] { RunPull(*options, console); });
+}
+
+}  // namespace korvex::cli
