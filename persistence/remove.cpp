@@ -31,7 +31,7 @@ QORObject::Ref WorkingObject(Session& session, const QORObject::Ref& definition)
             // The class of one maker need not take the definitions of another.
         }
     }
-    const auto carrier = std::make_shared<DefinitionCarrier>();
+    auto carrier = std::make_shared<DefinitionCarrier>();
     carrier->DataDef(definition);
     return carrier;
 }

@@ -55,7 +55,7 @@ TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
 }
 
 Connection Connect(const std::string& connectionString, Console& console) {
-    const auto connection = Session(console).platform.targetProvider->CreateConnection();
+    auto connection = Session(console).platform.targetProvider->CreateConnection();
     connection->Open(connectionString);
     return connection;
 }
