@@ -23,7 +23,7 @@ void DeleteCollectionElements(Session& session, const QORObject::Ref& coData, co
 
 /// A working data object with that definition: one of the host's where it has one that takes it.
 QORObject::Ref WorkingObject(Session& session, const QORObject::Ref& definition) {
-    if (const auto object = session.NewDataObject()) {
+    if (auto object = session.NewDataObject()) {
         try {
             object->DataDef(definition);
             if (object->DataDef() != nullptr) return object;
