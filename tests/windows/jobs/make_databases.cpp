@@ -1,13 +1,15 @@
 // Makes the databases that the jobs work on, through the engines that hosts get:
 //     make_databases repository FILE MODEL           a definition repository from a JSON model
-//     make_databases target CONNECTION FILE STORAGE  the tables of a definition
+//     make_databases target CONNECTION FILE STORAGE  the tables of a definition whose keys are made, in
+//     SQLite
 
 #include "automation/error.h"
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "platform/platform.h"
+#include "repository/repository.h"
 #include "repository/schema.h"
-#include "surface/target_tables.h"
+#include "scriptgen/engine_dialect.h"
 
 #include <iostream>
 #include <memory>
@@ -30,8 +32,12 @@ void MakeRepository(const std::string& file, const std::string& modelFile) {
 void MakeTarget(const std::string& connectionString, const std::string& file, const std::string& storage) {
     const std::shared_ptr<ado::Connection> connection = DefaultPlatform().targetProvider->CreateConnection();
     connection->Open(connectionString);
-    for (const std::string& line : TargetTables(DefaultPlatform(), file, storage).Create(connection).Lines)
-        std::cout << line << '\n';
+    repository::Repository repository(DefaultPlatform());
+    repository.OpenRepository(file);
+    const auto tables = scriptgen::DescribeTables(repository, storage);
+    for (const scriptgen::EngineStatement& statement :
+         scriptgen::EngineDialectOf("sqlite").Write(tables).create)
+        connection->Execute(statement.text);
     connection->Close();
 }
 
