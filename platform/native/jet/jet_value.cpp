@@ -60,6 +60,7 @@ std::string OldText(MdbHandle& file, Octets text) {
 }
 
 std::string TextOf(MdbHandle& file, Octets text) {
+    if (text.empty()) return {};
     if (file.f->jet_version == MDB_VER_JET3) return OldText(file, text);
     const bool isCompressed = text.size() >= 2 && text[0] == 0xFF && text[1] == 0xFE;
     std::u16string units;
