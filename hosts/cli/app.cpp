@@ -38,6 +38,7 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryImportCommand(*repository, console);
     AddRepositoryPullCommand(*repository, console);
     AddRepositoryShowCommand(*repository, console);
+    AddRepositoryRemoveCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);
     CLI::App* database =

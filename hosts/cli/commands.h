@@ -13,6 +13,7 @@ void AddRelateCommand(CLI::App& parent, Console& console);
 void AddRepositoryNewCommand(CLI::App& parent, Console& console);
 void AddRepositoryImportCommand(CLI::App& parent, Console& console);
 void AddRepositoryPullCommand(CLI::App& parent, Console& console);
+void AddRepositoryRemoveCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
 /// create, drop and check.

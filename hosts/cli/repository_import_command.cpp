@@ -23,6 +23,8 @@ struct ImportOptions {
     std::vector<std::string> words;
     std::string repository;
     std::string model;
+    bool replace = false;
+    bool isDry = false;
 
     void TakeWords() {
         if (repository.empty() && words.size() < 2) throw CLI::RequiredError("MODEL");
@@ -30,26 +32,35 @@ struct ImportOptions {
             throw CLI::ParseError("The repository is named twice.", CLI::ExitCodes::InvalidError);
         if (repository.empty()) repository = words.front();
         model = words.back();
+        if (isDry && !replace)
+            throw CLI::ParseError("--dry-run goes with --replace.", CLI::ExitCodes::InvalidError);
     }
 };
+
+void Warn(const Model& model, dao::Database& database, Console& console) {
+    const repository::Catalog catalog = repository::Catalog::Read(database);
+    Findings findings;
+    for (const ModelDefinition& definition : model.definitions)
+        CheckDefinitions(catalog, definition.storage, repository::DefaultFKPrefix, findings);
+    WarnOfDanger(findings, console);
+}
 
 bool IsEmpty(dao::Database& database) {
     return std::ranges::all_of(repository::ReadAll(database),
                                [](const dao::WholeTable& table) { return table.values.empty(); });
 }
 
-/// Adds what another repository holds. Where there is nothing yet its rows are taken over as they stand, also
-/// those that no model can say.
-Model AddRepository(repository::Repository& from, dao::Database& to, Console& console) {
+/// What another repository holds, as a model with the places of its JSON form.
+Model ModelOf(repository::Repository& from, Console& console) {
     ExportedModel exported = ExportModel(repository::Catalog::Read(from.Open()), "");
-    if (IsEmpty(to)) {
-        repository::AddRows(to, repository::ReadAll(from.Open()));
-    } else {
-        for (const std::string& what : exported.leftOut)
-            console.Message("Left out: " + what);
-        ImportModel(exported.model, to);
-    }
-    return std::move(exported.model);
+    for (const std::string& what : exported.leftOut)
+        console.Message("Left out: " + what);
+    Model model = std::move(exported.model);
+    for (std::size_t i = 0; i < model.definitions.size(); ++i)
+        model.definitions[i].place = "definitions[" + std::to_string(i) + "]";
+    for (std::size_t i = 0; i < model.objects.size(); ++i)
+        model.objects[i].place = "objects[" + std::to_string(i) + "]";
+    return model;
 }
 
 void RunImport(const ImportOptions& options, Console& console) {
@@ -60,19 +71,24 @@ void RunImport(const ImportOptions& options, Console& console) {
     ExpectWritable(options.repository);
     repository::Repository repository(Session(console).platform);
     OpenComplete(repository, options.repository);
-    if (isRepository) {
-        repository::Repository from(Session(console).platform);
-        OpenComplete(from, options.model);
-        model = AddRepository(from, repository.Open(), console);
-    } else {
+    repository::Repository from(Session(console).platform);
+    if (isRepository) OpenComplete(from, options.model);
+    // Where there is nothing yet, rows are taken over as they stand, also those that no model can say.
+    const bool isCopy = isRepository && !options.isDry && IsEmpty(repository.Open());
+    if (isCopy) {
+        repository::AddRows(repository.Open(), repository::ReadAll(from.Open()));
+        model = ExportModel(repository::Catalog::Read(repository.Open()), "").model;
+    } else if (isRepository) {
+        model = ModelOf(from, console);
+    }
+    if (options.replace && !isCopy) {
+        for (const std::string& line : ReplaceDefinitions(model, {}, repository.Open(), options.isDry))
+            console.Results() << line << '\n';
+    } else if (!isCopy) {
         ImportModel(model, repository.Open());
     }
-    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    if (!options.isDry) Warn(model, repository.Open(), console);
     repository.Close();
-    Findings findings;
-    for (const ModelDefinition& definition : model.definitions)
-        CheckDefinitions(catalog, definition.storage, repository::DefaultFKPrefix, findings);
-    WarnOfDanger(findings, console);
 }
 
 }  // namespace
@@ -89,6 +105,9 @@ void AddRepositoryImportCommand(CLI::App& parent, Console& console) {
         ->type_name("R MODEL");
     command->add_option("--repository", options->repository, "Repository file, or ODBC string with DSN=")
         ->type_name("R");
+    command->add_flag("--replace", options->replace,
+                      "Bring definitions that are there already to the model's state; prints what changes");
+    command->add_flag("--dry-run", options->isDry, "Print what --replace would change, and change nothing");
     command->callback([options, &console] {
         options->TakeWords();
         RunImport(*options, console);

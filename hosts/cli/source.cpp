@@ -45,12 +45,12 @@ std::optional<std::string> Beginning(const std::string& file) {
 std::unordered_set<std::int32_t> Fill(dao::Database& database, const std::string& file) {
     const Model model = ReadModel(file);
     repository::CreateSchema(database);
-    const ImportedIDs imported = ImportModel(model, database);
+    const StoredModel imported = ImportModel(model, database);
     std::unordered_set<std::int32_t> numbered;
     for (std::size_t i = 0; i < model.interfaces.size(); ++i) {
         const std::vector<ModelValue>& values = model.interfaces[i].values;
         for (std::size_t j = 0; j < values.size(); ++j)
-            if (values[j].vid) numbered.insert(imported.values[i][j]);
+            if (values[j].vid) numbered.insert(imported.ids.values[i][j]);
     }
     return numbered;
 }

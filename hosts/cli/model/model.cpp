@@ -37,6 +37,20 @@ std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object) {
     return children;
 }
 
+std::vector<bool> Beneath(const Model& model, std::vector<std::size_t> starts,
+                          const std::vector<bool>& ends) {
+    std::vector<bool> found(model.objects.size());
+    while (!starts.empty()) {
+        const std::size_t object = starts.back();
+        starts.pop_back();
+        if (found[object] || (!ends.empty() && ends[object])) continue;
+        found[object] = true;
+        const std::vector<std::size_t> children = ChildrenOf(model, object);
+        starts.insert(starts.end(), children.begin(), children.end());
+    }
+    return found;
+}
+
 std::string PlaceText(const Model& model, const ModelPlace& place, std::string_view member) {
     std::string text = model.file.empty() ? "" : model.file + ": ";
     if (place.empty()) return text;

@@ -88,8 +88,26 @@ struct Model {
     std::vector<ModelInterface> interfaces;
 };
 
+/// The identifiers that a repository has for a model's entries, by their positions; 0 for those that it does
+/// not hold.
+struct ModelIDs {
+    std::vector<std::int32_t> objects;
+    std::vector<std::int32_t> interfaces;
+    std::vector<std::vector<std::int32_t>> values;  ///< by interface
+};
+
+struct StoredModel {
+    Model model;
+    ModelIDs ids;
+};
+
 /// The objects directly beneath an object, in walk order: its element object, then its values' children.
 std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object);
+
+/// For each object whether it is one of `starts` or beneath them; nothing is found at or beneath objects of
+/// `ends`, which may be left out.
+std::vector<bool> Beneath(const Model& model, std::vector<std::size_t> starts,
+                          const std::vector<bool>& ends = {});
 
 /// "orders.json: objects[2].values[0].maxLength: ", or as much of it as is known; `member` may be empty.
 std::string PlaceText(const Model& model, const ModelPlace& place, std::string_view member = {});

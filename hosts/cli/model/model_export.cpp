@@ -32,7 +32,9 @@ class Exporter {
         }
         for (std::size_t i = 0; i < m_objects.size(); ++i) {
             FillKeys(i);
+            m_result.ids.objects.push_back(m_objects[i]->ObjectID);
         }
+        m_result.ids.interfaces = std::move(m_interfaceIDs);
         return std::move(m_result);
     }
 
@@ -112,9 +114,11 @@ class Exporter {
         const std::int32_t id = m_interfaceIDs[index];
         ModelInterface& interface = m_result.model.interfaces.emplace_back();
         interface.name = m_catalog.FindInterface(id)->Name;
+        std::vector<std::int32_t>& ids = m_result.ids.values.emplace_back();
         for (const ValueRow* row : m_catalog.ValuesOfInterface(id)) {
             m_valueRefs[row->ValueID] = {index, interface.values.size()};
             interface.values.push_back(Value(*row));
+            ids.push_back(row->ValueID);
         }
     }
 

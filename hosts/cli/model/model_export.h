@@ -9,8 +9,7 @@
 
 namespace korvex::cli {
 
-struct ExportedModel {
-    Model model;
+struct ExportedModel : StoredModel {
     std::vector<std::string> leftOut;  ///< what refers to rows that do not exist, in words
 };
 

@@ -147,6 +147,31 @@ TEST_P(ExampleScripts, TablesAreDescribedWhateverWasScriptedBefore) {
         withoutNumbers(golden));
 }
 
+TEST_P(ExampleScripts, AreReplacedByAnotherModelOrStayAsTheyWere) {
+    const TempFolder folder;
+    Places places(GetParam(), folder);
+    const std::string connection = places.Connection(places.New("orders.db"));
+    const std::string model = ReadFile(KORVEX_TEST_DATA "/orders.json");
+    const auto replace = [&](const std::string& text) {
+        return RunKorvex(
+            {"repository", "import", connection, folder.Write("orders.json", text), "--replace"});
+    };
+    ASSERT_EQ(RunKorvex({"repository", "new", connection}).messages, "");
+    EXPECT_EQ(replace(model).output.substr(0, 24), "definition Orders added\n");
+    ASSERT_EQ(RunKorvex({"relate", connection}).messages, "");
+    const std::string before = DumpRepository(DefaultPlatform(), connection);
+    if (IsServer(GetParam())) {
+        std::string tooLong = Replace(model, "\"Street\"", "\"" + std::string(300, 'S') + "\"");
+        tooLong = Replace(tooLong, "\"Latitude\"", "\"Renamed\"");
+        ExpectFailure(replace(tooLong), "orders.json: objects[");
+        EXPECT_EQ(DumpRepository(DefaultPlatform(), connection), before);
+    }
+    EXPECT_THAT(replace(Replace(model, "\"Street\"", "\"Road\"")).output,
+                testing::StartsWith("value Address.Street removed\nvalue Address.Road added\nthe names"));
+    EXPECT_EQ(RunKorvex({"repository", "remove", connection, "--storage", "Orders"}).messages, "");
+    EXPECT_EQ(DumpRepository(DefaultPlatform(), connection), "");
+}
+
 INSTANTIATE_TEST_SUITE_P(Drivers, ExampleScripts, AllDrivers(), DriverName);
 
 TEST_F(Example, ChecksWithoutErrorsBeforeAndAfterItsFirstRun) {
