@@ -9,7 +9,7 @@ packages=""
 for set in "$@"; do
     case "$set" in
         build) packages="$packages g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev nlohmann-json3-dev mdbtools-dev" ;;
-        test) packages="$packages git clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3" ;;
+        test) packages="$packages git clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3 python3-jsonschema" ;;
         servers) packages="$packages unixodbc odbc-mariadb mariadb-server odbc-postgresql postgresql" ;;
         windows) packages="$packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools googletest wine wine64 xvfb xauth unixodbc libsqliteodbc sqlite3 zip" ;;
         *) echo "packages.sh: no such set: $set" >&2; exit 2 ;;

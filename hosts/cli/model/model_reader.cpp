@@ -84,7 +84,8 @@ class ModelReader {
     explicit ModelReader(const std::string& file) { m_model.file = file; }
 
     Model Read(const JsonNode& document) {
-        document.ExpectMembers({"version", "definitions", "objects", "interfaces"});
+        document.ExpectMembers({"$schema", "version", "definitions", "objects", "interfaces"});
+        static_cast<void>(document.TextOr("$schema", ""));
         if (document.Has("version")) static_cast<void>(document.At("version").Whole(1, 1));
         if (document.Has("interfaces")) {
             for (const JsonNode& node : document.At("interfaces").Items()) {
