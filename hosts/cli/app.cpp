@@ -4,6 +4,7 @@
 #include "automation/nearest_name.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/schema_command.h"
 
 #include <cstdint>
 #include <exception>
@@ -46,6 +47,7 @@ void AddCommands(CLI::App& app, Console& console) {
     AddDatabaseCommands(*database, console);
     RequireSubcommand(*database);
     AddApplyCommand(app, console);
+    AddSchemaCommand(app, console);
     AddSaveCommand(app, console);
     AddLoadCommand(app, console);
     AddListCommand(app, console);

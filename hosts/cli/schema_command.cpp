@@ -1,0 +1,25 @@
+#include "hosts/cli/schema_command.h"
+
+#include "hosts/cli/data/data_session.h"
+#include "hosts/cli/source.h"
+#include "objects/json_schema.h"
+
+#include <memory>
+
+namespace korvex::cli {
+
+void AddSchemaCommand(CLI::App& parent, Console& console) {
+    const auto options = std::make_shared<DataOptions>();
+    CLI::App* command = parent.add_subcommand(
+        "schema", "Print the JSON Schema of what save takes for a definition's objects");
+    AddRepositoryOption(*command, options->repository);
+    command->add_option("--storage", options->storage, "Storage name of the definition")
+        ->required()
+        ->type_name("NAME");
+    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
+        ->type_name("P");
+    command->callback(
+        [options, &console] { console.Results() << objects::JsonSchema(OpenDefinition(*options, console)); });
+}
+
+}  // namespace korvex::cli
