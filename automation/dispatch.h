@@ -71,6 +71,9 @@ struct Member {
     std::string_view description = {};  ///< published help text
     /// Named type of the result ("dbResults", "ADODB.Connection"), if any.
     std::string_view resultTypeName = {};
+    /// Bit i is set for a parameter i that the member answers in: a by-reference parameter that is more than
+    /// read.
+    std::uint32_t outputs = 0;
 };
 
 /// The member table of a public class: the one source for late binding on every build.

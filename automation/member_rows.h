@@ -81,6 +81,12 @@ template <class C, class R, class... A>
 struct Signature {
     static constexpr VarType result = TypeOf<std::remove_cvref_t<R>>();
     static constexpr std::array<VarType, sizeof...(A)> arguments = {TypeOf<std::remove_cvref_t<A>>()...};
+    static constexpr std::uint32_t outputs = [] {
+        std::uint32_t bits = 0;
+        [[maybe_unused]] std::uint32_t bit = 1;
+        ((bits |= std::is_same_v<A, Variant&> ? bit : 0, bit <<= 1), ...);
+        return bits;
+    }();
 
     template <auto function>
     static Variant Call(Object& self, std::span<Variant> values) {
@@ -121,7 +127,8 @@ consteval Member Row(InvokeKind kind, std::string_view name, const RowFacts& fac
             .result = Type::result,
             .call = Type::template Call<function>,
             .description = facts.description,
-            .resultTypeName = facts.resultTypeName};
+            .resultTypeName = facts.resultTypeName,
+            .outputs = Type::outputs};
 }
 
 template <VarType type, Passing passing>

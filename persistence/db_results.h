@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
+#include <utility>
 
 namespace korvex {
 
@@ -20,5 +22,28 @@ enum dbResults : std::int32_t {
     dbObjectNotModified = 10,
     dbTableNotIncluded = -32757,
 };
+
+/// The codes by name, for hosts that see them so.
+inline constexpr std::pair<dbResults, std::string_view> DbResultNames[] = {
+    {dbNoError, "dbNoError"},
+    {dbConnectError, "dbConnectError"},
+    {dbNotConnected, "dbNotConnected"},
+    {dbPrimaryKeyFieldNameMissing, "dbPrimaryKeyFieldNameMissing"},
+    {dbPrimaryKeyMissing, "dbPrimaryKeyMissing"},
+    {dbTableNameMissing, "dbTableNameMissing"},
+    {dbBadParameter, "dbBadParameter"},
+    {dbNoMatchingRecord, "dbNoMatchingRecord"},
+    {dbCannotOpenRecordset, "dbCannotOpenRecordset"},
+    {dbParentNotInDatabase, "dbParentNotInDatabase"},
+    {dbObjectNotModified, "dbObjectNotModified"},
+    {dbTableNotIncluded, "dbTableNotIncluded"},
+};
+
+/// The name of a code; empty for a number that is none.
+constexpr std::string_view NameOf(dbResults code) noexcept {
+    for (const auto& [known, name] : DbResultNames)
+        if (known == code) return name;
+    return {};
+}
 
 }  // namespace korvex

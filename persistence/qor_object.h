@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace korvex {
 
@@ -29,6 +30,25 @@ enum AttributeId : std::int32_t {
     attCounterHolder = -300004,
     attCounter = -300003,
     attSelectState = -200001,
+};
+
+/// The identifiers by name, for hosts that see them so.
+inline constexpr std::pair<AttributeId, std::string_view> AttributeNames[] = {
+    {attName, "attName"},
+    {attForeignKeyField, "attForeignKeyField"},
+    {attFieldName, "attFieldName"},
+    {attTableName, "attTableName"},
+    {attValueIndex, "attValueIndex"},
+    {attIsIncluded, "attIsIncluded"},
+    {attIsAutoNumber, "attIsAutoNumber"},
+    {attValues, "attValues"},
+    {attElementDef, "attElementDef"},
+    {attForeignKeys, "attForeignKeys"},
+    {attPrimaryKeys, "attPrimaryKeys"},
+    {attSelectedItem, "attSelectedItem"},
+    {attCounterHolder, "attCounterHolder"},
+    {attCounter, "attCounter"},
+    {attSelectState, "attSelectState"},
 };
 
 /// A data object, its definition, or an entry of the definition's collections: one interface serves all

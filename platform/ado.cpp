@@ -68,17 +68,26 @@ constexpr Parameter DataParameter[] = {{"Data", VarType::Variant}};
 constexpr Parameter ValueParameter[] = {{"Value", VarType::Variant}};
 
 constexpr Member FieldMembers[] = {
-    GetRow<&Field::Name>("Name"),
-    GetRow<Taking<>(&Field::Value)>("Value"),
-    LetRow<Taking<const Variant&>(&Field::Value)>("Value", {ValueParameter}),
-    GetRow<&Field::Type>("Type"),
-    GetRow<&Field::DefinedSize>("DefinedSize"),
-    GetRow<&Field::ActualSize>("ActualSize"),
-    GetRow<&Field::Attributes>("Attributes"),
-    MethodRow<&Field::GetChunk>("GetChunk", {LengthParameter}),
-    MethodRow<&Field::AppendChunk>("AppendChunk", {DataParameter}),
+    GetRow<&Field::Name>("Name", {.description = "Name of the column."}),
+    GetRow<Taking<>(&Field::Value)>("Value", {.description = "The column's value in the current record."}),
+    LetRow<Taking<const Variant&>(&Field::Value)>(
+        "Value", {.parameters = ValueParameter, .description = "The column's value in the current record."}),
+    GetRow<&Field::Type>("Type", {.description = "Type of the column, as ADO's DataTypeEnum numbers it."}),
+    GetRow<&Field::DefinedSize>(
+        "DefinedSize",
+        {.description = "Declared size of the column: in characters for text, else in bytes."}),
+    GetRow<&Field::ActualSize>(
+        "ActualSize", {.description = "Size of the current value: in characters for text, else in bytes."}),
+    GetRow<&Field::Attributes>("Attributes", {.description = "ADO's FieldAttributeEnum bits of the column."}),
+    MethodRow<&Field::GetChunk>(
+        "GetChunk", {.parameters = LengthParameter,
+                     .description = "The next characters or bytes of a long value; Null at its end."}),
+    MethodRow<&Field::AppendChunk>(
+        "AppendChunk", {.parameters = DataParameter,
+                        .description = "Extends a long value; the first call on a record replaces it."}),
 };
-constexpr ClassInfo FieldClass{"Field", {}, FieldMembers, "Value"};
+constexpr ClassInfo FieldClass{"Field", "One column of the current record of a recordset.", FieldMembers,
+                               "Value"};
 
 // ---- Fields
 
@@ -97,11 +106,15 @@ constexpr Parameter OptionalIndexParameter[] = {{"Index", VarType::Variant, Pass
 constexpr Parameter IndexAndValueParameters[] = {{"Index", VarType::Variant}, {"Value", VarType::Variant}};
 
 constexpr Member FieldCollectionMembers[] = {
-    GetRow<CountItems>("Count"),
-    GetRow<GetItem>("Item", {IndexParameter, {}, "ADODB.Field"}),
-    LetRow<LetItem>("Item", {IndexAndValueParameters}),
+    GetRow<CountItems>("Count", {.description = "Number of fields."}),
+    GetRow<GetItem>("Item", {.parameters = IndexParameter,
+                             .description = "The field of a name, or at a position counted from 0.",
+                             .resultTypeName = "ADODB.Field"}),
+    LetRow<LetItem>("Item",
+                    {.parameters = IndexAndValueParameters, .description = "Sets the value of a field."}),
 };
-constexpr ClassInfo FieldCollectionClass{"Fields", {}, FieldCollectionMembers, "Item"};
+constexpr ClassInfo FieldCollectionClass{"Fields", "The columns of a recordset.", FieldCollectionMembers,
+                                         "Item"};
 
 // ---- Recordset
 
@@ -140,22 +153,37 @@ constexpr Parameter RecordsetOpenParameters[] = {
 };
 
 constexpr Member RecordsetMembers[] = {
-    GetRow<Taking<>(&Recordset::CursorType)>("CursorType"),
-    LetRow<Taking<std::int32_t>(&Recordset::CursorType)>("CursorType", {TypeParameter}),
-    GetRow<Taking<>(&Recordset::LockType)>("LockType"),
-    LetRow<Taking<std::int32_t>(&Recordset::LockType)>("LockType", {TypeParameter}),
-    GetRow<&Recordset::State>("State"),
-    MethodRow<OpenRecordset>("Open", {RecordsetOpenParameters}),
-    GetRow<&Recordset::Eof>("EOF"),
-    MethodRow<&Recordset::MoveNext>("MoveNext"),
-    MethodRow<&Recordset::AddNew>("AddNew"),
-    MethodRow<&Recordset::Update>("Update"),
-    MethodRow<&Recordset::CancelUpdate>("CancelUpdate"),
-    MethodRow<&Recordset::Close>("Close"),
-    GetRow<GetFields>("Fields", {OptionalIndexParameter}),
-    LetRow<LetFields>("Fields", {IndexAndValueParameters}),
+    GetRow<Taking<>(&Recordset::CursorType)>(
+        "CursorType", {.description = "Kind of cursor, as ADO's CursorTypeEnum numbers it."}),
+    LetRow<Taking<std::int32_t>(&Recordset::CursorType)>(
+        "CursorType",
+        {.parameters = TypeParameter, .description = "Kind of cursor, as ADO's CursorTypeEnum numbers it."}),
+    GetRow<Taking<>(&Recordset::LockType)>(
+        "LockType", {.description = "Kind of locking, as ADO's LockTypeEnum numbers it."}),
+    LetRow<Taking<std::int32_t>(&Recordset::LockType)>(
+        "LockType",
+        {.parameters = TypeParameter, .description = "Kind of locking, as ADO's LockTypeEnum numbers it."}),
+    GetRow<&Recordset::State>("State", {.description = "1 while the recordset is open, else 0."}),
+    MethodRow<OpenRecordset>(
+        "Open", {.parameters = RecordsetOpenParameters,
+                 .description = "Runs a statement on an open connection and stands on its first record."}),
+    GetRow<&Recordset::Eof>("EOF", {.description = "Whether the last record was passed."}),
+    MethodRow<&Recordset::MoveNext>("MoveNext", {.description = "Goes to the next record."}),
+    MethodRow<&Recordset::AddNew>("AddNew", {.description = "Starts a new record; Update writes it."}),
+    MethodRow<&Recordset::Update>("Update",
+                                  {.description = "Writes what was changed in the current record."}),
+    MethodRow<&Recordset::CancelUpdate>("CancelUpdate",
+                                        {.description = "Drops what was changed and not written yet."}),
+    MethodRow<&Recordset::Close>("Close", {.description = "Closes the recordset."}),
+    GetRow<GetFields>(
+        "Fields",
+        {.parameters = OptionalIndexParameter,
+         .description = "The fields of the current record; with a name or a position, that field."}),
+    LetRow<LetFields>("Fields",
+                      {.parameters = IndexAndValueParameters, .description = "Sets the value of a field."}),
 };
-constexpr ClassInfo RecordsetClass{"Recordset", {}, RecordsetMembers, "Fields"};
+constexpr ClassInfo RecordsetClass{"Recordset", "Records that a statement gives, in the shape of ADO.",
+                                   RecordsetMembers, "Fields"};
 
 // ---- Connection
 
@@ -185,15 +213,25 @@ constexpr Parameter ExecuteParameters[] = {
 };
 
 constexpr Member ConnectionMembers[] = {
-    MethodRow<OpenConnection>("Open", {ConnectionOpenParameters}),
-    MethodRow<&Connection::Close>("Close"),
-    MethodRow<Execute>("Execute", {ExecuteParameters, {}, "ADODB.Recordset"}),
-    GetRow<&Connection::State>("State"),
-    MethodRow<&Connection::BeginTrans>("BeginTrans"),
-    MethodRow<&Connection::CommitTrans>("CommitTrans"),
-    MethodRow<&Connection::RollbackTrans>("RollbackTrans"),
+    MethodRow<OpenConnection>("Open",
+                              {.parameters = ConnectionOpenParameters, .description = "Opens a database."}),
+    MethodRow<&Connection::Close>(
+        "Close", {.description = "Closes the connection, which must not have an open transaction."}),
+    MethodRow<Execute>(
+        "Execute",
+        {.parameters = ExecuteParameters,
+         .description = "Runs a statement; gives its recordset and the number of records that it changed.",
+         .resultTypeName = "ADODB.Recordset"}),
+    GetRow<&Connection::State>("State", {.description = "1 while the connection is open, else 0."}),
+    MethodRow<&Connection::BeginTrans>(
+        "BeginTrans", {.description = "Starts a transaction and answers its nesting level."}),
+    MethodRow<&Connection::CommitTrans>("CommitTrans",
+                                        {.description = "Keeps what was done since BeginTrans."}),
+    MethodRow<&Connection::RollbackTrans>("RollbackTrans",
+                                          {.description = "Undoes what was done since BeginTrans."}),
 };
-constexpr ClassInfo ConnectionClass{"Connection", {}, ConnectionMembers};
+constexpr ClassInfo ConnectionClass{"Connection", "A connection to a database, in the shape of ADO.",
+                                    ConnectionMembers};
 
 const ClassInfo& FieldCollection::Class() const noexcept { return FieldCollectionClass; }
 

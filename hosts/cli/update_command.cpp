@@ -49,7 +49,7 @@ std::int32_t Update(const DataSession& session, const UpdateOptions& options,
     const std::int32_t updated = crud.DbUpdateData(object, key);
     if (updated < 1 && crud.LastResult() == dbNoMatchingRecord) {
         console.Message(
-            std::string(TextOf(dbNoMatchingRecord).name) +
+            std::string(NameOf(dbNoMatchingRecord)) +
             ": A record that the file changes has been deleted meanwhile, and nothing is changed. "
             "Load the object again.");
         throw CLI::RuntimeError(ExitFailed);
@@ -83,7 +83,7 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
     if (updated < 1) session.FailWithLastResult(RecordText(*definition, key));
     const ResultText& unchanged = TextOf(dbObjectNotModified);
     if (session.Crud().Writes() == 0)
-        console.Message(std::string(unchanged.name) + ": " + std::string(unchanged.meaning));
+        console.Message(std::string(NameOf(unchanged.code)) + ": " + std::string(unchanged.meaning));
     transaction.Commit();
 }
 

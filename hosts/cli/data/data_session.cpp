@@ -116,7 +116,8 @@ void DataSession::Fail(dbResults code, std::string reason) const {
         if (!isMadeOtherwise) remedy = {};
     }
     if (reason.empty()) reason = text.meaning;
-    m_console.Message(std::string(text.name) + ": " + automation::AddSentence(std::move(reason), remedy));
+    m_console.Message(std::string(NameOf(text.code)) + ": " +
+                      automation::AddSentence(std::move(reason), remedy));
     throw CLI::RuntimeError(ExitFailed);
 }
 

@@ -6,10 +6,9 @@
 
 namespace korvex::cli {
 
-/// How a result code is named, and what to do about it.
+/// What a result code says, and what to do about it.
 struct ResultText {
     dbResults code;
-    std::string_view name;
     std::string_view meaning;
     std::string_view remedy;  ///< empty for none
 };
