@@ -32,3 +32,8 @@ build/main orders.db Orders scripts
 build/README
 korvex database create --repository orders.db --storage Orders --connection "Provider=SQLite;Data Source=target.db"
 build/data | grep '"Rating": 5'  # the object as the last program has updated it
+
+for packages in "$work"/prefix/lib/python3*/dist-packages; do  # where the module was built
+    [ ! -d "$packages" ] || PYTHONPATH=$packages /usr/bin/python3 -B -c \
+        'import korvex; print(korvex.load_definition("orders.db", "Orders").value_names)'
+done
