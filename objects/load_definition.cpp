@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "repository/related_catalog.h"
 
 #include <algorithm>
 #include <map>
@@ -16,6 +17,7 @@ using automation::Error;
 using automation::Quoted;
 using repository::Catalog;
 using repository::ObjectRow;
+using repository::RelatedCatalog;
 using repository::ValueRow;
 
 namespace {
@@ -24,7 +26,7 @@ std::string Describe(const ObjectRow& row) {
     return Quoted(row.Name) + " (ObjectID " + std::to_string(row.ObjectID) + ")";
 }
 
-const ObjectRow& ObjectOf(const Catalog& catalog, std::int32_t objectID) {
+const ObjectRow& ObjectOf(const RelatedCatalog& catalog, std::int32_t objectID) {
     if (const auto* row = catalog.FindObject(objectID)) return *row;
     throw Error(automation::InvalidProcedureCall,
                 "The repository refers to the object with ObjectID " + std::to_string(objectID) +
@@ -55,42 +57,13 @@ std::int32_t RootOf(const Catalog& catalog, std::string_view storageName) {
     throw Error(automation::InvalidProcedureCall, text);
 }
 
-/// Raises an error when a way down from the root comes back to an object on it.
-void RefuseCycles(const Catalog& catalog, std::int32_t root) {
-    struct Level {
-        std::int32_t object;
-        std::vector<std::int32_t> beneath;
-        std::size_t next = 0;
-    };
-    std::map<std::int32_t, bool> isOnWay;
-    std::vector<Level> way;
-    const auto enter = [&](std::int32_t object) {
-        const auto [position, isNew] = isOnWay.emplace(object, true);
-        if (isNew) return way.push_back({object, catalog.ChildrenOf(object)});
-        if (position->second)
-            throw Error(automation::OutOfStackSpace,
-                        "The object " + Describe(ObjectOf(catalog, object)) + " is its own ancestor.");
-    };
-    enter(root);
-    while (!way.empty()) {
-        auto& level = way.back();
-        if (level.next < level.beneath.size()) {
-            enter(level.beneath[level.next++]);
-        } else {
-            isOnWay[level.object] = false;
-            way.pop_back();
-        }
-    }
-}
-
 /// Builds one definition per object and parent, and the objects beneath it one after the other.
 class Builder {
   public:
-    Builder(const Catalog& catalog, std::string_view sFKPrefix)
+    Builder(const RelatedCatalog& catalog, std::string_view sFKPrefix)
         : m_catalog(catalog), m_sFKPrefix(sFKPrefix) {}
 
     std::shared_ptr<Definition> Build(std::int32_t root) {
-        KeyColumnOf(ObjectOf(m_catalog, root));
         auto definition = DefinitionOf(root, NoParent);
         for (std::size_t i = 0; i < m_places.size(); ++i)
             Fill(Place(m_places[i]));
@@ -106,8 +79,7 @@ class Builder {
         auto& definition = m_definitions[{object, parent}];
         if (definition == nullptr) {
             const auto& row = ObjectOf(m_catalog, object);
-            definition =
-                std::make_shared<Definition>(row.Name, row.TableName.value_or(std::string()), row.IsIncluded);
+            definition = std::make_shared<Definition>(row.Name, *row.TableName);
             m_places.emplace_back(object, parent);
         }
         return definition;
@@ -116,14 +88,15 @@ class Builder {
     void Fill(const Place& place) {
         const auto [object, parent] = place;
         Definition& definition = *m_definitions.at(place);
-        const auto& row = ObjectOf(m_catalog, object);
+        const ObjectRow& row = ObjectOf(m_catalog, object);
         const auto otherForeignKeys = ForeignKeysToOthers(object, parent);
         for (const auto* value : m_catalog.ValuesOf(object)) {
             if (value->ChildObjectID > 0) {
                 definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
                 continue;
             }
-            const bool hasColumn = value->IsIncluded && value->DataType != repository::TypeNoColumn;
+            const bool hasColumn =
+                value->IsPlain && value->IsIncluded && value->DataType != repository::TypeNoColumn;
             const bool isLinkElsewhere = otherForeignKeys.contains(value->ValueID);
             const bool isRoot = parent == NoParent;
             definition.AddValue({value->Name, ColumnOf(*value), value->DataType,
@@ -150,7 +123,6 @@ class Builder {
 
     /// Records beneath a parent are found through the column that the prefix and the parent's key name.
     void AddForeignKey(Definition& definition, const ObjectRow& row, const ObjectRow& parent) const {
-        if (!row.IsIncluded || !parent.IsIncluded) return;
         const std::string column = m_sFKPrefix + KeyColumnOf(parent);
         for (const auto* key : m_catalog.ForeignKeysOf(row.ObjectID)) {
             const auto* value = m_catalog.FindValue(key->ValueID);
@@ -158,21 +130,18 @@ class Builder {
                 continue;
             return definition.AddForeignKey(column);
         }
-        throw Error(automation::InvalidProcedureCall, "The object " + Describe(row) + " has no foreign key " +
-                                                          Quoted(column) + " to its parent " +
-                                                          Describe(parent) + Advice);
+        throw Error(automation::InvalidProcedureCall,
+                    "The object " + Describe(row) + " has no foreign key " + Quoted(column) +
+                        " to its parent " + Describe(parent) +
+                        ": neither the prefix nor the name of an object may begin with a blank.");
     }
 
+    /// The own key is the only primary key of an object that has been related.
     std::string KeyColumnOf(const ObjectRow& row) const {
-        const auto keys = m_catalog.PrimaryKeysOf(row.ObjectID);
-        const auto* value = keys.empty() ? nullptr : m_catalog.FindValue(keys.back()->ValueID);
-        if (value != nullptr) return ColumnOf(*value);
-        throw Error(automation::InvalidProcedureCall, "The object " + Describe(row) + " has no key" + Advice);
+        return ColumnOf(*m_catalog.FindValue(m_catalog.PrimaryKeysOf(row.ObjectID).front()->ValueID));
     }
 
-    static constexpr auto Advice = "; prepare the definition with this prefix first (korvex relate).";
-
-    const Catalog& m_catalog;
+    const RelatedCatalog& m_catalog;
     std::string m_sFKPrefix;
     std::map<Place, std::shared_ptr<Definition>> m_definitions;
     std::vector<Place> m_places;  ///< in the order in which they were met
@@ -183,8 +152,9 @@ class Builder {
 std::shared_ptr<Definition> LoadDefinition(const Catalog& catalog, std::string_view storageName,
                                            std::string_view sFKPrefix) {
     const std::int32_t root = RootOf(catalog, storageName);
-    RefuseCycles(catalog, root);
-    return Builder(catalog, sFKPrefix).Build(root);
+    RelatedCatalog related(catalog);
+    related.RelateAmongOthers(storageName, sFKPrefix);
+    return Builder(related, sFKPrefix).Build(root);
 }
 
 }  // namespace korvex::objects

@@ -1,8 +1,12 @@
 #include "repository/catalog.h"
 
 #include "automation/convert.h"
+#include "automation/error.h"
+#include "repository/cycles.h"
 #include "repository/read_value.h"
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace korvex::repository {
@@ -20,6 +24,7 @@ class RowReader {
   public:
     RowReader(std::string_view table, dao::Recordset& recordset) : m_table(table), m_recordset(recordset) {}
 
+    bool IsNull(std::string_view column) const { return m_recordset.Fields(column).Value().IsNull(); }
     std::int32_t Long(std::string_view column) const {
         return Convert(column, [](const automation::Variant& value) { return automation::ToLong(value); });
     }
@@ -64,7 +69,8 @@ ObjectRow ReadObject(const RowReader& row) {
             .CollectionObjectID = row.Long("CollectionObjectID"),
             .TableName = row.OptionalText("TableName"),
             .IsIncluded = row.Flag("IsIncluded"),
-            .Guid = row.Text("Guid")};
+            .Guid = row.Text("Guid"),
+            .HasKind = !row.IsNull("CollectionObjectID")};
 }
 
 InterfaceRow ReadInterface(const RowReader& row) {
@@ -76,26 +82,28 @@ ObjectInterfaceRow ReadObjectInterface(const RowReader& row) {
 }
 
 ValueRow ReadValueRow(const RowReader& row) {
-    return {.ValueID = row.Long("ValueID"),
-            .InterfaceID = row.Long("InterfaceID"),
-            .ChildObjectID = row.Long("ChildObjectID"),
-            .Name = row.Text("Name"),
-            .FieldName = row.OptionalText("FieldName"),
-            .DataType = row.Long("DataType"),
-            .MaxLength = row.Text("MaxLength"),
-            .IsAutoNumber = row.Flag("IsAutoNumber"),
-            .DefaultVal = row.Text("DefaultVal"),
-            .IsIncluded = row.Flag("IsIncluded"),
-            .IsReadOnly = row.Flag("IsReadOnly"),
-            .Description = row.Text("Description"),
-            .Caption = row.Text("Caption"),
-            .Translation = row.Text("Translation"),
-            .MaxValue = row.Text("MaxValue"),
-            .MinValue = row.Text("MinValue"),
-            .VID = row.Long("VID"),
-            .VIDTag1 = row.Text("VIDTag1"),
-            .VIDTag2 = row.Text("VIDTag2"),
-            .VIDTag3 = row.Text("VIDTag3")};
+    return {
+        .ValueID = row.Long("ValueID"),
+        .InterfaceID = row.Long("InterfaceID"),
+        .ChildObjectID = row.Long("ChildObjectID"),
+        .Name = row.Text("Name"),
+        .FieldName = row.OptionalText("FieldName"),
+        .DataType = row.Long("DataType"),
+        .MaxLength = row.Text("MaxLength"),
+        .IsAutoNumber = row.Flag("IsAutoNumber"),
+        .DefaultVal = row.Text("DefaultVal"),
+        .IsIncluded = row.Flag("IsIncluded"),
+        .IsReadOnly = row.Flag("IsReadOnly"),
+        .Description = row.Text("Description"),
+        .Caption = row.Text("Caption"),
+        .Translation = row.Text("Translation"),
+        .MaxValue = row.Text("MaxValue"),
+        .MinValue = row.Text("MinValue"),
+        .VID = row.Long("VID"),
+        .VIDTag1 = row.Text("VIDTag1"),
+        .VIDTag2 = row.Text("VIDTag2"),
+        .VIDTag3 = row.Text("VIDTag3"),
+        .IsPlain = !row.IsNull("ChildObjectID") && row.Long("ChildObjectID") == 0 && !row.IsNull("DataType")};
 }
 
 PrimaryKeyRow ReadPrimaryKey(const RowReader& row) {
@@ -150,7 +158,8 @@ Catalog Catalog::Read(dao::Database& database) {
     catalog.m_values = ReadTable<ValueRow>(database, "tValues", "ValueID", ReadValueRow);
     catalog.m_primaryKeys =
         ReadTable<PrimaryKeyRow>(database, "tPrimaryKeys", "ObjectID, Seq, ValueID", ReadPrimaryKey);
-    catalog.m_foreignKeys = ReadTable<ForeignKeyRow>(database, "tForeignKeys", "", ReadForeignKey);
+    catalog.m_foreignKeys =
+        ReadTable<ForeignKeyRow>(database, "tForeignKeys", "ObjectID, ValueID, FKObjectID", ReadForeignKey);
     catalog.BuildIndexes();
     return catalog;
 }
@@ -160,6 +169,7 @@ void Catalog::BuildIndexes() {
     m_interfaceByID = IndexBy(m_interfaces, &InterfaceRow::InterfaceID);
     m_valueByID = IndexBy(m_values, &ValueRow::ValueID);
     m_interfacesByObject = IndexBy(m_objectInterfaces, &ObjectInterfaceRow::ObjectID);
+    m_objectsByInterface = IndexBy(m_objectInterfaces, &ObjectInterfaceRow::InterfaceID);
     m_valuesByInterface = IndexBy(m_values, &ValueRow::InterfaceID);
     m_primaryKeysByObject = IndexBy(m_primaryKeys, &PrimaryKeyRow::ObjectID);
     m_foreignKeysByObject = IndexBy(m_foreignKeys, &ForeignKeyRow::ObjectID);
@@ -214,6 +224,51 @@ std::vector<std::int32_t> Catalog::ChildrenOf(std::int32_t objectID) const {
         if (value->ChildObjectID > 0) children.push_back(value->ChildObjectID);
     }
     return children;
+}
+
+std::vector<std::int32_t> Catalog::ObjectsWith(std::int32_t interfaceID) const {
+    std::vector<std::int32_t> objects;
+    for (const ObjectInterfaceRow* row : RowsOf(m_objectInterfaces, m_objectsByInterface, interfaceID))
+        objects.push_back(row->ObjectID);
+    return objects;
+}
+
+std::optional<std::string> FindOwnAncestor(const Catalog& catalog, const std::vector<std::int32_t>& roots,
+                                           std::vector<std::int32_t>& finished) {
+    const auto childrenOf = [&](std::int32_t objectID) {
+        return catalog.FindObject(objectID) == nullptr ? std::vector<std::int32_t>()
+                                                       : catalog.ChildrenOf(objectID);
+    };
+    const auto cycle = FindCycle(roots, childrenOf, finished);
+    if (!cycle) return std::nullopt;
+    std::string text;
+    for (const std::int32_t objectID : *cycle)
+        text += (text.empty() ? "" : " > ") + catalog.FindObject(objectID)->Name;
+    return text;
+}
+
+std::unordered_map<std::int32_t, std::int64_t> CountWays(const Catalog& catalog,
+                                                         std::string_view storageName) {
+    std::vector<std::int32_t> roots;
+    for (const DataDefRow& row : catalog.DataDefs())
+        if (storageName.empty() || row.Storage == storageName) roots.push_back(row.RootObjectID);
+    std::vector<std::int32_t> finished;
+    if (const auto cycle = FindOwnAncestor(catalog, roots, finished))
+        throw automation::Error(automation::OutOfStackSpace, "An object is its own ancestor: " + *cycle);
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 2;
+    std::unordered_map<std::int32_t, std::int64_t> ways;
+    for (const std::int32_t root : roots)
+        ++ways[root];
+    for (auto object = finished.rbegin(); object != finished.rend(); ++object) {
+        if (catalog.FindObject(*object) == nullptr) {
+            ways.erase(*object);
+            continue;
+        }
+        const std::int64_t own = ways[*object];
+        for (const std::int32_t child : catalog.ChildrenOf(*object))
+            ways[child] = std::min(most, ways[child] + own);
+    }
+    return ways;
 }
 
 }  // namespace korvex::repository

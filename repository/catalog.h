@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -24,11 +25,16 @@ struct ObjectRow {
     std::optional<std::string> TableName;  ///< nothing for Null: no table
     bool IsIncluded = false;
     std::string Guid;
+    bool HasKind = true;  ///< CollectionObjectID is not Null
+
+    bool operator==(const ObjectRow&) const = default;
 };
 
 struct InterfaceRow {
     std::int32_t InterfaceID = 0;
     std::string Name;
+
+    bool operator==(const InterfaceRow&) const = default;
 };
 
 struct ObjectInterfaceRow {
@@ -60,12 +66,17 @@ struct ValueRow {
     std::string VIDTag1;
     std::string VIDTag2;
     std::string VIDTag3;
+    bool IsPlain = true;  ///< ChildObjectID is 0; neither it nor DataType is Null
+
+    bool operator==(const ValueRow&) const = default;
 };
 
 struct PrimaryKeyRow {
     std::int32_t ObjectID = 0;
     std::int32_t ValueID = 0;
     std::int32_t Seq = 0;
+
+    bool operator==(const PrimaryKeyRow&) const = default;
 };
 
 struct ForeignKeyRow {
@@ -74,6 +85,8 @@ struct ForeignKeyRow {
     std::int32_t FKObjectID = 0;
     std::int32_t FKValueID = 0;
     std::string FKObjectGUID;
+
+    bool operator==(const ForeignKeyRow&) const = default;
 };
 
 /// The rows of the seven tables, with look-ups. Rows with identifiers stand in the order of these, the others
@@ -102,12 +115,14 @@ class Catalog {
     /// Values of one interface, and of all interfaces of an object in their order.
     std::vector<const ValueRow*> ValuesOfInterface(std::int32_t interfaceID) const;
     std::vector<const ValueRow*> ValuesOf(std::int32_t objectID) const;
-    /// Keys of an object's table: primary keys by their Seq, foreign keys in the repository's order.
+    /// Keys of an object's table: primary keys by their Seq, foreign keys by their ValueID.
     std::vector<const PrimaryKeyRow*> PrimaryKeysOf(std::int32_t objectID) const;
     std::vector<const ForeignKeyRow*> ForeignKeysOf(std::int32_t objectID) const;
     /// Objects directly beneath an object, in walk order: the element object of a collection first, then the
     /// children that its values hold.
     std::vector<std::int32_t> ChildrenOf(std::int32_t objectID) const;
+    /// Objects that implement an interface, in the repository's order.
+    std::vector<std::int32_t> ObjectsWith(std::int32_t interfaceID) const;
 
   private:
     using Positions = std::unordered_map<std::int32_t, std::vector<std::size_t>>;
@@ -122,7 +137,19 @@ class Catalog {
     std::vector<ForeignKeyRow> m_foreignKeys;
 
     Positions m_objectByID, m_interfaceByID, m_valueByID;
-    Positions m_interfacesByObject, m_valuesByInterface, m_primaryKeysByObject, m_foreignKeysByObject;
+    Positions m_interfacesByObject, m_objectsByInterface, m_valuesByInterface, m_primaryKeysByObject,
+        m_foreignKeysByObject;
 };
+
+/// The names along a way on which an object beneath one of `roots` is its own ancestor ("Order > Customer >
+/// Order"), or nothing; then `finished` has what is beneath them once, each object behind all beneath it.
+std::optional<std::string> FindOwnAncestor(const Catalog& catalog, const std::vector<std::int32_t>& roots,
+                                           std::vector<std::int32_t>& finished);
+
+/// The objects of the definitions of a storage name (of all when it is empty), and along how many ways a walk
+/// reaches each; a number that would be too large is the largest one. OutOfStackSpace (28) for an object that
+/// is its own ancestor.
+std::unordered_map<std::int32_t, std::int64_t> CountWays(const Catalog& catalog,
+                                                         std::string_view storageName);
 
 }  // namespace korvex::repository

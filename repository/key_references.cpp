@@ -13,7 +13,7 @@ namespace korvex::repository {
 
 namespace {
 
-struct ForeignKeyRow {
+struct KeyRow {
     std::int32_t objectID = 0;
     std::int32_t valueID = 0;
     std::int32_t parentID = 0;
@@ -21,8 +21,7 @@ struct ForeignKeyRow {
 
 /// Calls `take` with every row; false when the query failed.
 template <class Take>
-bool ForEachRow(Repository& repository, const std::string& sql, Take take) {
-    const auto rows = repository.OpenSnapshot(sql);
+bool ForEachRow(DefinitionRows::Rows rows, Take take) {
     if (!rows) return false;
     for (; !rows->Eof(); rows->MoveNext())
         take(*rows);
@@ -32,12 +31,12 @@ bool ForEachRow(Repository& repository, const std::string& sql, Take take) {
 
 class StaleKeys {
   public:
-    StaleKeys(Repository& repository, const KeyReferences& references)
-        : m_repository(repository), m_references(references) {}
+    StaleKeys(DefinitionRows& rows, const KeyReferences& references)
+        : m_source(rows), m_references(references) {}
 
     void Delete() {
         ReadRows();
-        for (const ForeignKeyRow& row : m_rows) {
+        for (const KeyRow& row : m_rows) {
             if (m_references.HasObject(row.objectID) && IsStale(row)) DeleteRow(row);
         }
     }
@@ -50,14 +49,8 @@ class StaleKeys {
     }
 
     void ReadRows() {
-        const std::string sql =
-            "SELECT tForeignKeys.ObjectID, tForeignKeys.ValueID, tForeignKeys.FKObjectID, tInterfaces.Name "
-            "FROM (tForeignKeys INNER JOIN tValues ON tForeignKeys.ValueID = tValues.ValueID) "
-            "INNER JOIN tInterfaces ON tValues.InterfaceID = tInterfaces.InterfaceID "
-            "WHERE tValues.VID > " +
-            std::to_string(LowestKeyVid) + " AND tValues.VID < " + std::to_string(HighestKeyVid);
-        ForEachRow(m_repository, sql, [this](dao::Recordset& rows) {
-            const ForeignKeyRow row{Long(rows, "ObjectID"), Long(rows, "ValueID"), Long(rows, "FKObjectID")};
+        ForEachRow(m_source.NumberedForeignKeys(), [this](dao::Recordset& rows) {
+            const KeyRow row{Long(rows, "ObjectID"), Long(rows, "ValueID"), Long(rows, "FKObjectID")};
             if (!IsKeyInterfaceName(ReadValue(rows.Fields("Name"), automation::ToString, "an interface")))
                 return;
             m_rows.push_back(row);
@@ -65,7 +58,7 @@ class StaleKeys {
         });
     }
 
-    bool IsStale(const ForeignKeyRow& row) {
+    bool IsStale(const KeyRow& row) {
         if (const std::int32_t current = m_references.ValueOf(row.objectID, row.parentID))
             return current != row.valueID;
         const auto [position, isNew] = m_held.try_emplace(row.parentID);
@@ -76,46 +69,35 @@ class StaleKeys {
 
     /// The objects that an object holds; nothing when a query failed.
     std::optional<ObjectSet> ObjectsIn(std::int32_t parentID) {
-        const std::string id = std::to_string(parentID);
         ObjectSet held;
         const auto add = [&held](std::string_view column) {
             return [&held, column](dao::Recordset& rows) { held.insert(Long(rows, column)); };
         };
-        const bool isComplete =
-            ForEachRow(m_repository, "select CollectionObjectID from tObjects where ObjectID = " + id,
-                       add("CollectionObjectID")) &&
-            ForEachRow(m_repository,
-                       "SELECT tValues.ChildObjectID FROM tObjectInterfaces INNER JOIN tValues ON "
-                       "tObjectInterfaces.InterfaceID = tValues.InterfaceID "
-                       "WHERE tValues.ChildObjectID > 0 AND tObjectInterfaces.ObjectID = " +
-                           id,
-                       add("ChildObjectID"));
+        const bool isComplete = ForEachRow(m_source.ElementObject(parentID), add("CollectionObjectID")) &&
+                                ForEachRow(m_source.HeldObjects(parentID), add("ChildObjectID"));
         return isComplete ? std::optional(std::move(held)) : std::nullopt;
     }
 
-    void DeleteRow(const ForeignKeyRow& row) {
-        const std::string ofValue = " where ValueID = " + std::to_string(row.valueID);
-        const std::string ofObject = " and ObjectID = " + std::to_string(row.objectID);
-        m_repository.Execute("delete from tForeignKeys" + ofValue + ofObject +
-                             " and FKObjectID = " + std::to_string(row.parentID));
+    void DeleteRow(const KeyRow& row) {
+        m_source.DeleteForeignKey(row.objectID, row.valueID, row.parentID);
         if (--m_rowsOfValue[row.valueID] > 0) return;
         bool isPrimaryKey = false;
-        const bool isKnown = ForEachRow(m_repository, "select ValueID from tPrimaryKeys" + ofValue + ofObject,
+        const bool isKnown = ForEachRow(m_source.PrimaryKeysOfValue(row.objectID, row.valueID),
                                         [&isPrimaryKey](dao::Recordset&) { isPrimaryKey = true; });
-        if (isKnown && !isPrimaryKey) m_repository.Execute("delete from tValues" + ofValue);
+        if (isKnown && !isPrimaryKey) m_source.DeleteValue(row.valueID);
     }
 
-    Repository& m_repository;
+    DefinitionRows& m_source;
     const KeyReferences& m_references;
-    std::vector<ForeignKeyRow> m_rows;
+    std::vector<KeyRow> m_rows;
     std::unordered_map<std::int32_t, std::size_t> m_rowsOfValue;
     std::unordered_map<std::int32_t, std::optional<ObjectSet>> m_held;  ///< by object
 };
 
 }  // namespace
 
-void DeleteStaleKeys(Repository& repository, const KeyReferences& references) {
-    if (!references.IsEmpty()) StaleKeys(repository, references).Delete();
+void DeleteStaleKeys(DefinitionRows& rows, const KeyReferences& references) {
+    if (!references.IsEmpty()) StaleKeys(rows, references).Delete();
 }
 
 }  // namespace korvex::repository

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "repository/repository.h"
+#include "repository/definition_rows.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -42,6 +42,6 @@ class KeyReferences {
 /// longer: the parent holds the child nowhere in the repository, or the child now refers to it by another
 /// value. A value goes with its last row in tForeignKeys unless it is a primary key. A query that fails
 /// leaves the keys that it was about.
-void DeleteStaleKeys(Repository& repository, const KeyReferences& references);
+void DeleteStaleKeys(DefinitionRows& rows, const KeyReferences& references);
 
 }  // namespace korvex::repository

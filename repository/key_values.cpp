@@ -33,11 +33,6 @@ void FillRecord(dao::Recordset& values, const KeyValue& key) {
 
 }  // namespace
 
-std::unique_ptr<dao::Recordset> KeyValues::Open(const KeyValue& key) {
-    return m_repository.OpenDynaset("select * from tValues where Name='" + key.name + "'" +
-                                    " and InterfaceID=" + std::to_string(key.interfaceID));
-}
-
 std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
     const std::int32_t vid = NextVid(key);
     values.AddNew();
@@ -60,8 +55,7 @@ std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
 }
 
 bool KeyValues::Rename(std::int32_t valueID, const KeyValue& key) {
-    const auto values =
-        m_repository.OpenDynaset("select * from tValues where ValueID = " + std::to_string(valueID));
+    const auto values = m_rows.Value(valueID);
     if (!values || values->Eof()) return false;
     const bool isAutoNumber = ReadValue(values->Fields("IsAutoNumber"), automation::ToBoolean, key.name);
     const bool isSuchKey = isAutoNumber == key.isAutoNumber && IsKeyVid(ReadLong(*values, "VID", key)) &&
@@ -72,8 +66,7 @@ bool KeyValues::Rename(std::int32_t valueID, const KeyValue& key) {
 }
 
 bool KeyValues::IsKeyInterface(std::int32_t interfaceID) {
-    const auto rows = m_repository.OpenSnapshot("select Name from tInterfaces where InterfaceID = " +
-                                                std::to_string(interfaceID));
+    const auto rows = m_rows.InterfaceName(interfaceID);
     if (!rows) return false;
     const bool isOne =
         !rows->Eof() && IsKeyInterfaceName(ReadValue(rows->Fields("Name"), automation::ToString,
@@ -88,15 +81,7 @@ std::int32_t KeyValues::NextVid(const KeyValue& key) {
     const auto [position, isFirst] = m_numberings.try_emplace(key.interfaceID);
     Numbering& numbering = position->second;
     if (isFirst) {
-        const auto rows = m_repository.OpenSnapshot(
-            "SELECT tObjectInterfaces.*, tObjectInterfaces_1.*,  tValues.ValueID, "
-            "tValues.VID FROM (tObjectInterfaces INNER JOIN tObjectInterfaces AS tObjectInterfaces_1 ON "
-            "tObjectInterfaces.ObjectID = tObjectInterfaces_1.ObjectID) INNER JOIN tValues ON "
-            "tObjectInterfaces_1.InterfaceID = tValues.InterfaceID"
-            " Where ((VID>" +
-            std::to_string(LowestKeyVid) + " And VID<" + std::to_string(HighestKeyVid) +
-            ") AND ((tObjectInterfaces.InterfaceID)= " + std::to_string(key.interfaceID) + "))" +
-            "ORDER BY VID");
+        const auto rows = m_rows.KeyNumbers(key.interfaceID);
         if (rows && !rows->Eof()) {
             rows->MoveLast();
             numbering.last = ReadLong(*rows, "VID", key);
@@ -109,8 +94,7 @@ std::int32_t KeyValues::NextVid(const KeyValue& key) {
 
 std::int32_t KeyValues::NextFreeVid(Numbering& numbering, const KeyValue& key) {
     if (numbering.taken.empty()) {
-        const auto rows = m_repository.OpenSnapshot("select VID from tValues where InterfaceID = " +
-                                                    std::to_string(key.interfaceID));
+        const auto rows = m_rows.Numbers(key.interfaceID);
         for (; rows && !rows->Eof(); rows->MoveNext())
             numbering.taken.insert(ReadLong(*rows, "VID", key));
         if (rows) rows->Close();

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "repository/definition_rows.h"
 #include "repository/names.h"
-#include "repository/repository.h"
 
 #include <cstdint>
 #include <memory>
@@ -37,11 +37,11 @@ struct KeyValue {
 /// The rows of key values in tValues.
 class KeyValues {
   public:
-    explicit KeyValues(Repository& repository) : m_repository(repository) {}
+    explicit KeyValues(DefinitionRows& rows) : m_rows(rows) {}
 
     /// The value of that name in the key's interface: at EOF when there is none, nullptr when the query
     /// failed.
-    std::unique_ptr<dao::Recordset> Open(const KeyValue& key);
+    DefinitionRows::Rows Open(const KeyValue& key) { return m_rows.NamedValue(key.name, key.interfaceID); }
 
     /// Adds the key's row through `values`; gives its ValueID.
     std::int32_t Add(dao::Recordset& values, const KeyValue& key);
@@ -63,7 +63,7 @@ class KeyValues {
     std::int32_t NextFreeVid(Numbering& numbering, const KeyValue& key);
     bool IsKeyInterface(std::int32_t interfaceID);
 
-    Repository& m_repository;
+    DefinitionRows& m_rows;
     std::unordered_map<std::int32_t, Numbering> m_numberings;  ///< by interface
 };
 

@@ -1,9 +1,6 @@
 #include "repository/key_writer.h"
 
 #include "automation/convert.h"
-#include "automation/error.h"
-#include "automation/text.h"
-#include "repository/names.h"
 #include "repository/read_value.h"
 
 #include <algorithm>
@@ -13,16 +10,10 @@
 
 namespace korvex::repository {
 
-using automation::Error;
-using automation::InvalidProcedureCall;
-
 namespace {
 
 /// Position of an own key in its table's primary key, which has no other column.
 constexpr std::int16_t KeySeq = 1;
-
-/// A key column keeps at least "ID" and one unit of the object's name.
-constexpr std::size_t ShortestKeyColumn = 3;
 
 std::int32_t ReadValueID(dao::Recordset& rows, const KeyedObject& object) {
     return ReadValue(rows.Fields("ValueID"), automation::ToLong, object.name);
@@ -34,32 +25,15 @@ std::string Describe(const KeyedObject& object) {
     return "'" + object.name + "' (ObjectID " + std::to_string(object.objectID) + ")";
 }
 
-KeyWriter::KeyWriter(Repository& repository, std::string_view sFKPrefix)
-    : m_repository(repository), m_values(repository), m_sFKPrefix(sFKPrefix) {
-    const std::size_t length = automation::Length(sFKPrefix);
-    const std::size_t longest = static_cast<std::size_t>(MaxNameLength) - ShortestKeyColumn;
-    if (length > longest) {
-        throw Error(InvalidProcedureCall, "The foreign-key prefix '" + m_sFKPrefix + "' has " +
-                                              std::to_string(length) + " characters; at most " +
-                                              std::to_string(longest) + " leave room for the name of a key.");
-    }
-    if (sFKPrefix.find('\'') != std::string_view::npos) {
-        throw Error(InvalidProcedureCall,
-                    "The foreign-key prefix \"" + m_sFKPrefix + "\" holds a single quote.");
-    }
-    m_prefixLength = static_cast<std::int16_t>(length);
-}
-
 void KeyWriter::WriteOwnKey(KeyedObject& object) {
     m_references.AddObject(object.objectID);
-    const std::string ofObject = " from tPrimaryKeys where ObjectID = " + std::to_string(object.objectID);
-    const auto keys = m_repository.OpenDynaset("select *" + ofObject);
+    const auto keys = m_rows.PrimaryKeyRows(object.objectID);
     if (!keys) return;
     std::vector<std::int32_t> earlierValues;
     for (; !keys->Eof(); keys->MoveNext()) {
         earlierValues.push_back(ReadValueID(*keys, object));
     }
-    m_repository.Execute("delete" + ofObject);
+    m_rows.DeletePrimaryKey(object.objectID);
 
     const KeyValue key{object.keyInterfaceID, object.keyColumn, object.name + " ID",
                        "Primary key of " + object.name + ", assigned by the database.", true};
@@ -84,7 +58,7 @@ void KeyWriter::WriteOwnKey(KeyedObject& object) {
 }
 
 void KeyWriter::WriteForeignKey(const KeyedObject& child, const KeyedObject& parent) {
-    const KeyValue key{child.keyInterfaceID, ForeignKeyColumn(parent), parent.name + " ID",
+    const KeyValue key{child.keyInterfaceID, m_names.ForeignKeyColumn(parent.keyColumn), parent.name + " ID",
                        "Foreign key of " + child.name + " to its parent " + parent.name + ".", false};
     const auto values = m_values.Open(key);
     if (!values) return;
@@ -99,13 +73,12 @@ KeyWriter::ForeignKey KeyWriter::EditByName(dao::Recordset& values, const KeyVal
                                             const KeyedObject& child, const KeyedObject& parent) {
     const std::int32_t valueID = ReadValueID(values, child);
     m_values.Edit(values, key);
-    return {valueID, OpenForeignKey(child, "ValueID = " + std::to_string(valueID) +
-                                               " and FKObjectID = " + std::to_string(parent.objectID))};
+    return {valueID, m_rows.ForeignKeyRows(child.objectID, valueID, parent.objectID)};
 }
 
 KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyValue& key,
                                              const KeyedObject& child, const KeyedObject& parent) {
-    auto rows = OpenForeignKey(child, "FKObjectID = " + std::to_string(parent.objectID));
+    auto rows = m_rows.ForeignKeyRows(child.objectID, std::nullopt, parent.objectID);
     for (; rows && !rows->Eof(); rows->MoveNext()) {
         const std::int32_t valueID = ReadValueID(*rows, child);
         if (!IsShared(child, valueID) && m_values.Rename(valueID, key)) return {valueID, std::move(rows)};
@@ -114,19 +87,13 @@ KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyVa
 }
 
 bool KeyWriter::IsShared(const KeyedObject& child, std::int32_t valueID) {
-    const auto rows = OpenForeignKey(child, "ValueID = " + std::to_string(valueID));
+    const auto rows = m_rows.ForeignKeyRows(child.objectID, valueID, std::nullopt);
     if (!rows) return true;
     int parents = 0;
     for (; !rows->Eof(); rows->MoveNext())
         ++parents;
     rows->Close();
     return parents > 1;
-}
-
-std::unique_ptr<dao::Recordset> KeyWriter::OpenForeignKey(const KeyedObject& child,
-                                                          const std::string& condition) {
-    return m_repository.OpenDynaset("select * from tForeignKeys where ObjectID = " +
-                                    std::to_string(child.objectID) + " and " + condition);
 }
 
 void KeyWriter::StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, std::int32_t valueID,

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "repository/key_names.h"
 #include "repository/key_references.h"
 #include "repository/key_values.h"
-#include "repository/names.h"
-#include "repository/repository.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace korvex::repository {
 
@@ -29,15 +29,11 @@ std::string Describe(const KeyedObject& object);
 /// A query that fails leaves its key unwritten (the query helpers have reported it).
 class KeyWriter {
   public:
-    /// InvalidProcedureCall (5) for a prefix that holds a single quote or leaves no room for a key column.
-    KeyWriter(Repository& repository, std::string_view sFKPrefix);
+    KeyWriter(DefinitionRows& rows, KeyNames names)
+        : m_rows(rows), m_values(rows), m_names(std::move(names)) {}
 
     /// Column of the own key of an object of that name.
-    std::string KeyColumn(std::string_view objectName) const {
-        return KeyColumnName(objectName, m_prefixLength);
-    }
-    /// Column by which the objects beneath `parent` refer to it.
-    std::string ForeignKeyColumn(const KeyedObject& parent) const { return m_sFKPrefix + parent.keyColumn; }
+    std::string KeyColumn(std::string_view objectName) const { return m_names.KeyColumn(objectName); }
 
     /// Writes the object's own key and sets its `keyValueID`.
     void WriteOwnKey(KeyedObject& object);
@@ -59,14 +55,12 @@ class KeyWriter {
                            const KeyedObject& parent);
     /// Whether the child refers to several parents by the value.
     bool IsShared(const KeyedObject& child, std::int32_t valueID);
-    std::unique_ptr<dao::Recordset> OpenForeignKey(const KeyedObject& child, const std::string& condition);
     void StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, std::int32_t valueID,
                          const KeyedObject& parent);
 
-    Repository& m_repository;
+    DefinitionRows& m_rows;
     KeyValues m_values;
-    std::string m_sFKPrefix;
-    std::int16_t m_prefixLength = 0;
+    KeyNames m_names;
     KeyReferences m_references;
 };
 

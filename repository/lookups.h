@@ -1,6 +1,6 @@
 #pragma once
 
-#include "repository/repository.h"
+#include "repository/definition_rows.h"
 
 #include <cstdint>
 #include <string>
@@ -11,22 +11,21 @@
 namespace korvex::repository {
 
 /// The interfaces that an object implements, in the repository's order.
-std::vector<std::int32_t> GetObjectInterfaces(Repository& repository, std::int32_t lObjectID);
+std::vector<std::int32_t> GetObjectInterfaces(DefinitionRows& rows, std::int32_t lObjectID);
 
 /// The first interface of the object whose name is like `sInterfaceName`, or 0.
-std::int32_t FindObjectInterface(Repository& repository, std::int32_t lObjectID,
+std::int32_t FindObjectInterface(DefinitionRows& rows, std::int32_t lObjectID,
                                  std::string_view sInterfaceName);
 
 /// The objects that the values of an interface hold, in the repository's order.
-std::vector<std::int32_t> GetChildObjects(Repository& repository, std::int32_t lInterfaceID);
+std::vector<std::int32_t> GetChildObjects(DefinitionRows& rows, std::int32_t lInterfaceID);
 
 /// Column name of a value, table name of an object; "" when there is no such row or it holds Null.
-std::string GetFieldName(Repository& repository, std::int32_t lValueID);
-std::string GetObjectTableName(Repository& repository, std::int32_t lObjectID);
+std::string GetFieldName(DefinitionRows& rows, std::int32_t lValueID);
+std::string GetObjectTableName(DefinitionRows& rows, std::int32_t lObjectID);
 
 /// RootObjectID of every data definition of that storage name (of all when it is empty), in row order. A
-/// storage name with a single quote raises InvalidProcedureCall (5) before anything is sent. A query that
-/// failed gives none.
-std::vector<std::int32_t> GetRootObjects(Repository& repository, std::string_view storageName);
+/// query that failed gives none.
+std::vector<std::int32_t> GetRootObjects(DefinitionRows& rows, std::string_view storageName);
 
 }  // namespace korvex::repository

@@ -24,7 +24,7 @@ struct Level {
 
 class Walk {
   public:
-    Walk(Repository& repository, ObjectVisitor& visitor) : m_repository(repository), m_visitor(visitor) {}
+    Walk(DefinitionRows& rows, ObjectVisitor& visitor) : m_rows(rows), m_visitor(visitor) {}
 
     void From(std::int32_t rootObjectID) {
         Enter(rootObjectID);
@@ -42,7 +42,7 @@ class Walk {
     void Leave();
     std::optional<std::int32_t> NextBeneath(Level& level);
 
-    Repository& m_repository;
+    DefinitionRows& m_rows;
     ObjectVisitor& m_visitor;
     std::vector<Level> m_path;
     std::unordered_set<std::int32_t> m_objectsOnPath;
@@ -71,10 +71,10 @@ void Walk::Leave() {
 std::optional<std::int32_t> Walk::NextBeneath(Level& level) {
     if (level.elementObject > 0) return std::exchange(level.elementObject, 0);
 
-    if (!level.interfaces) level.interfaces = GetObjectInterfaces(m_repository, level.objectID);
+    if (!level.interfaces) level.interfaces = GetObjectInterfaces(m_rows, level.objectID);
     while (level.nextChild == level.children.size()) {
         if (level.nextInterface == level.interfaces->size()) return std::nullopt;
-        level.children = GetChildObjects(m_repository, (*level.interfaces)[level.nextInterface]);
+        level.children = GetChildObjects(m_rows, (*level.interfaces)[level.nextInterface]);
         level.nextChild = 0;
         ++level.nextInterface;
     }
@@ -83,8 +83,8 @@ std::optional<std::int32_t> Walk::NextBeneath(Level& level) {
 
 }  // namespace
 
-void WalkObjects(Repository& repository, std::int32_t lObjectID, ObjectVisitor& visitor) {
-    Walk(repository, visitor).From(lObjectID);
+void WalkObjects(DefinitionRows& rows, std::int32_t lObjectID, ObjectVisitor& visitor) {
+    Walk(rows, visitor).From(lObjectID);
 }
 
 }  // namespace korvex::repository

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "repository/repository.h"
+#include "repository/definition_rows.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +22,6 @@ class ObjectVisitor {
 /// elements, then the objects that the values of its interfaces hold. An object that is reached along two
 /// ways is walked twice. One that is its own ancestor raises OutOfStackSpace (28). The way down is not kept
 /// on the call stack: its depth is limited by memory alone.
-void WalkObjects(Repository& repository, std::int32_t lObjectID, ObjectVisitor& visitor);
+void WalkObjects(DefinitionRows& rows, std::int32_t lObjectID, ObjectVisitor& visitor);
 
 }  // namespace korvex::repository

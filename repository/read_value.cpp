@@ -4,7 +4,7 @@
 
 namespace korvex::repository {
 
-std::string DescribeRow(std::string_view table, dao::Recordset& rows, std::string_view sql) {
+std::string DescribeRow(std::string_view table, dao::Recordset& rows) {
     std::string text = "the " + std::string(table) + " row";
     std::string_view before = " with ";
     for (const std::string_view column : {"Storage", "ObjectID", "InterfaceID", "ValueID", "Name"}) {
@@ -19,9 +19,7 @@ std::string DescribeRow(std::string_view table, dao::Recordset& rows, std::strin
             // The statement does not give that column.
         }
     }
-    constexpr std::size_t longest = 160;
-    const bool isNamed = before == ", ";
-    return isNamed || sql.empty() ? text : text + " (" + automation::Readable(sql, longest) + ")";
+    return text;
 }
 
 }  // namespace korvex::repository

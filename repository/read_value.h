@@ -12,8 +12,8 @@
 namespace korvex::repository {
 
 /// The current record of one of the repository's tables, by what tells it from the others: "the tValues row
-/// with ValueID = 7, Name = "City"". `sql` stands in for a statement that gives nothing of that.
-std::string DescribeRow(std::string_view table, dao::Recordset& rows, std::string_view sql = {});
+/// with ValueID = 7, Name = "City"".
+std::string DescribeRow(std::string_view table, dao::Recordset& rows);
 
 /// A column value of the repository through one of the automation conversions. The error of a value that
 /// does not convert names the repository's column and `what` the row describes: a text, or what gives one.

@@ -9,6 +9,7 @@
 #include "repository/names.h"
 #include "repository/object_walk.h"
 #include "repository/read_value.h"
+#include "repository/stored_rows.h"
 #include "repository/transaction.h"
 
 #include <optional>
@@ -24,15 +25,15 @@ namespace {
 /// One call of CreateRelationship: the names handed out so far, and the objects above the one in hand.
 class RelationshipBuilder : public ObjectVisitor {
   public:
-    RelationshipBuilder(Repository& repository, std::string_view sFKPrefix)
-        : m_repository(repository), m_keys(repository, sFKPrefix) {}
+    RelationshipBuilder(DefinitionRows& rows, KeyNames names)
+        : m_rows(rows), m_keys(rows, std::move(names)) {}
 
-    void WalkRelationships(std::int32_t lObjectID) { WalkObjects(m_repository, lObjectID, *this); }
+    void WalkRelationships(std::int32_t lObjectID) { WalkObjects(m_rows, lObjectID, *this); }
     const KeyReferences& References() const noexcept { return m_keys.References(); }
 
   private:
     /// An object as its row in tObjects has it.
-    struct ObjectRow {
+    struct NamedObject {
         KeyedObject object;
         std::int32_t collectionObjectID = 0;
     };
@@ -40,13 +41,13 @@ class RelationshipBuilder : public ObjectVisitor {
     std::optional<std::int32_t> Enter(std::int32_t lObjectID) override;
     void Leave() override { m_ancestors.pop_back(); }
 
-    std::optional<ObjectRow> NameTable(std::int32_t lObjectID);
+    std::optional<NamedObject> NameTable(std::int32_t lObjectID);
     void PrepareKeys(KeyedObject& object);
     std::int32_t EnsureKeyInterface(const KeyedObject& object);
     void MarkValueColumns(const KeyedObject& object);
     void MarkInterface(std::int32_t lInterfaceID, const KeyedObject& object);
 
-    Repository& m_repository;
+    DefinitionRows& m_rows;
     KeyWriter m_keys;
     NameList m_names;
     std::vector<KeyedObject> m_ancestors;
@@ -54,7 +55,7 @@ class RelationshipBuilder : public ObjectVisitor {
 
 /// Prepares one object for its parent, the last of the ancestors.
 std::optional<std::int32_t> RelationshipBuilder::Enter(std::int32_t lObjectID) {
-    std::optional<ObjectRow> row = NameTable(lObjectID);
+    std::optional<NamedObject> row = NameTable(lObjectID);
     if (!row) return std::nullopt;
     PrepareKeys(row->object);
     m_ancestors.push_back(std::move(row->object));
@@ -62,13 +63,12 @@ std::optional<std::int32_t> RelationshipBuilder::Enter(std::int32_t lObjectID) {
 }
 
 /// Reads an object and gives it its table; nothing for an object without a row.
-std::optional<RelationshipBuilder::ObjectRow> RelationshipBuilder::NameTable(std::int32_t lObjectID) {
-    const std::string number = std::to_string(lObjectID);
-    const auto rows = m_repository.OpenDynaset("SELECT * FROM tObjects WHERE ObjectID = " + number);
+std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(std::int32_t lObjectID) {
+    const auto rows = m_rows.Object(lObjectID);
     if (!rows || rows->Eof()) return std::nullopt;
 
     const auto what = [&rows] { return DescribeRow("tObjects", *rows); };
-    ObjectRow row;
+    NamedObject row;
     KeyedObject& object = row.object;
     object.objectID = lObjectID;
     object.name = ReadValue(rows->Fields("Name"), automation::ToString, what);
@@ -103,10 +103,10 @@ void RelationshipBuilder::PrepareKeys(KeyedObject& object) {
 /// The interface that holds the object's key values, made when it is missing; 0 when a query failed.
 std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) {
     const std::string name = KeyInterfaceName(object.name);
-    const std::int32_t found = FindObjectInterface(m_repository, object.objectID, name);
+    const std::int32_t found = FindObjectInterface(m_rows, object.objectID, name);
     if (found >= 1) return found;
 
-    const auto interfaces = m_repository.OpenDynaset("select * from tInterfaces");
+    const auto interfaces = m_rows.NewInterfaces();
     if (!interfaces) return 0;
     interfaces->AddNew();
     interfaces->Fields("Name").Value(name);
@@ -114,7 +114,7 @@ std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) 
     const std::int32_t interfaceID = ReadNewNumber(*interfaces, "InterfaceID", name);
     interfaces->Close();
 
-    const auto implemented = m_repository.OpenDynaset("select * from tObjectInterfaces");
+    const auto implemented = m_rows.NewObjectInterfaces();
     if (!implemented) return 0;
     implemented->AddNew();
     implemented->Fields("InterfaceID").Value(interfaceID);
@@ -125,20 +125,14 @@ std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) 
 }
 
 void RelationshipBuilder::MarkValueColumns(const KeyedObject& object) {
-    for (const std::int32_t interfaceID : GetObjectInterfaces(m_repository, object.objectID)) {
+    for (const std::int32_t interfaceID : GetObjectInterfaces(m_rows, object.objectID)) {
         MarkInterface(interfaceID, object);
     }
 }
 
 /// Makes a column of every plain value of an interface.
 void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObject& object) {
-    const auto values = m_repository.OpenDynaset(
-        "select * from tValues where "
-        "InterfaceID=" +
-        std::to_string(interfaceID) +
-        " and ChildObjectID = 0 and DataType <> 13 "
-        " and DataType <> "
-        "1");
+    const auto values = m_rows.PlainValues(interfaceID);
     if (!values) return;
     dao::Field& name = values->Fields("Name");
     dao::Field& fieldName = values->Fields("FieldName");
@@ -157,19 +151,30 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
     values->Close();
 }
 
+KeyParents RelateObjects(DefinitionRows& rows, const std::vector<std::int32_t>& roots, KeyNames names) {
+    RelationshipBuilder builder(rows, std::move(names));
+    for (const std::int32_t root : roots)
+        builder.WalkRelationships(root);
+    DeleteStaleKeys(rows, builder.References());
+    return builder.References().Parents();
+}
+
 }  // namespace
 
+KeyParents RelateRows(DefinitionRows& rows, std::string_view storageName, std::string_view sFKPrefix) {
+    KeyNames names(sFKPrefix);
+    return RelateObjects(rows, GetRootObjects(rows, storageName), std::move(names));
+}
+
 void CreateRelationship(Repository& repository, std::string_view storageName, std::string_view sFKPrefix) {
-    RelationshipBuilder builder(repository, sFKPrefix);
-    const std::vector<std::int32_t> rootObjectIDs = GetRootObjects(repository, storageName);
-    if (rootObjectIDs.empty()) return;
+    KeyNames names(sFKPrefix);
+    StoredRows rows(repository);
+    const std::vector<std::int32_t> roots = GetRootObjects(rows, storageName);
+    if (roots.empty()) return;
     Transaction transaction(repository);
-    for (const std::int32_t rootObjectID : rootObjectIDs) {
-        builder.WalkRelationships(rootObjectID);
-    }
-    DeleteStaleKeys(repository, builder.References());
+    KeyParents parents = RelateObjects(rows, roots, std::move(names));
     transaction.Commit();
-    repository.ScriptedParents(builder.References().Parents());
+    repository.ScriptedParents(std::move(parents));
 }
 
 }  // namespace korvex::repository

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "repository/definition_rows.h"
 #include "repository/repository.h"
 
 #include <string_view>
@@ -14,5 +15,8 @@ namespace korvex::repository {
 ///
 /// Leaves in `repository` which parent each foreign key stands for (ScriptedParents).
 void CreateRelationship(Repository& repository, std::string_view storageName, std::string_view sFKPrefix);
+
+/// The same on rows wherever they are, without a transaction; gives the scripted parents.
+KeyParents RelateRows(DefinitionRows& rows, std::string_view storageName, std::string_view sFKPrefix);
 
 }  // namespace korvex::repository

@@ -7,7 +7,6 @@
 #include "repository/names.h"
 #include "repository/read_value.h"
 #include "scriptgen/column_text.h"
-#include "scriptgen/script_text.h"
 
 #include <memory>
 #include <string>
@@ -21,8 +20,8 @@ using automation::ToBoolean;
 using automation::ToInteger;
 using automation::ToLong;
 using automation::ToString;
+using repository::DefinitionRows;
 using repository::ReadValue;
-using repository::Repository;
 
 namespace {
 
@@ -36,13 +35,6 @@ struct ForeignKeyField {
     std::int32_t FKObjectID = 0;
     std::int32_t FKValueID = 0;
 };
-
-/// Opens the statement followed by the identifier; nullptr when it failed.
-std::unique_ptr<dao::Recordset> OpenFor(Repository& repository, std::string_view sql, std::int32_t id) {
-    std::string text;
-    Append(text, sql, std::to_string(id));
-    return repository.OpenSnapshot(text);
-}
 
 std::string Trimmed(std::string text) {
     const std::string_view trimmed = automation::Trim(text);
@@ -59,13 +51,9 @@ void AddColumn(Columns& columns, Column column) {
 
 /// Adds the stored values of one interface; `table` names the table. False when the repository could not be
 /// asked.
-bool AddInterfaceFields(Columns& columns, Repository& repository, std::int32_t lInterfaceID,
+bool AddInterfaceFields(Columns& columns, DefinitionRows& source, std::int32_t lInterfaceID,
                         const std::string& table) {
-    const auto rows = OpenFor(repository,
-                              "SELECT ValueID, MaxLength, DataType, FieldName, IsAutoNumber, DefaultVal "
-                              "FROM tValues where ChildObjectID = 0 and FieldName is not null "
-                              "and IsIncluded <> 0  and DataType <> 13  and InterfaceID = ",
-                              lInterfaceID);
+    const auto rows = source.StoredValues(lInterfaceID);
     if (rows == nullptr) return false;
     dao::Field& valueID = rows->Fields("ValueID");
     dao::Field& fieldName = rows->Fields("FieldName");
@@ -89,11 +77,10 @@ bool AddInterfaceFields(Columns& columns, Repository& repository, std::int32_t l
     return true;
 }
 
-std::vector<PrimaryKeyValue> GetPrimaryKeyValues(Repository& repository, std::int32_t lObjectID,
+std::vector<PrimaryKeyValue> GetPrimaryKeyValues(DefinitionRows& source, std::int32_t lObjectID,
                                                  const std::string& table) {
     std::vector<PrimaryKeyValue> values;
-    const auto rows =
-        OpenFor(repository, "SELECT ValueID, Seq from tPrimaryKeys where ObjectID = ", lObjectID);
+    const auto rows = source.PrimaryKey(lObjectID);
     if (rows == nullptr) return values;
     const std::string what = "the primary key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -104,16 +91,10 @@ std::vector<PrimaryKeyValue> GetPrimaryKeyValues(Repository& repository, std::in
     return values;
 }
 
-std::vector<ForeignKeyField> GetForeignKeyFields(Repository& repository, std::int32_t lObjectID,
+std::vector<ForeignKeyField> GetForeignKeyFields(DefinitionRows& source, std::int32_t lObjectID,
                                                  const std::string& table) {
     std::vector<ForeignKeyField> fields;
-    const auto rows = OpenFor(repository,
-                              "SELECT tValues.FieldName, tForeignKeys.FKObjectID, tForeignKeys.FKValueID "
-                              "FROM tObjects INNER JOIN "
-                              "(tForeignKeys INNER JOIN tValues ON tForeignKeys.ValueID = tValues.ValueID) "
-                              "ON tObjects.ObjectID = tForeignKeys.ObjectID "
-                              "where tObjects.ObjectID =",
-                              lObjectID);
+    const auto rows = source.ForeignKeys(lObjectID);
     if (rows == nullptr) return fields;
     const std::string what = "a foreign key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -150,8 +131,8 @@ void MarkForeignKeys(Columns& columns, const std::vector<ForeignKeyField>& keys,
     }
 }
 
-/// Adds the two whole-number columns of an object's kind when the statement finds the object to be of it.
-void AddStateFields(Columns& columns, std::unique_ptr<dao::Recordset> object, std::string_view first,
+/// Adds the two whole-number columns of an object's kind when the object is found to be of it.
+void AddStateFields(Columns& columns, DefinitionRows::Rows object, std::string_view first,
                     std::string_view second) {
     if (object == nullptr || object->Eof()) return;
     object->Close();
@@ -164,36 +145,20 @@ void AddStateFields(Columns& columns, std::unique_ptr<dao::Recordset> object, st
     }
 }
 
-void AddTopLevelFields(Columns& columns, Repository& repository, std::int32_t lObjectID) {
-    AddStateFields(columns,
-                   OpenFor(repository,
-                           "SELECT Name from tObjects where CollectionObjectID = 0 "
-                           " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
-                           lObjectID),
-                   repository::SelectStateColumn, repository::CounterColumn);
-}
-
-void AddCollectionItemFields(Columns& columns, Repository& repository, std::int32_t lObjectID) {
-    AddStateFields(columns,
-                   OpenFor(repository,
-                           "SELECT Name from tObjects where CollectionObjectID <> 0 "
-                           " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
-                           lObjectID),
-                   repository::SelectedItemColumn, repository::CounterHolderColumn);
-}
-
 }  // namespace
 
-std::vector<Column> BuildTableFields(Repository& repository, std::int32_t lObjectID, std::string_view table) {
+std::vector<Column> BuildTableFields(DefinitionRows& rows, std::int32_t lObjectID, std::string_view table) {
     const std::string what = "table " + std::string(table);
     Columns columns;
-    for (const std::int32_t lInterfaceID : repository::GetObjectInterfaces(repository, lObjectID)) {
-        if (!AddInterfaceFields(columns, repository, lInterfaceID, what)) return columns;
+    for (const std::int32_t lInterfaceID : repository::GetObjectInterfaces(rows, lObjectID)) {
+        if (!AddInterfaceFields(columns, rows, lInterfaceID, what)) return columns;
     }
-    MarkPrimaryKey(columns, GetPrimaryKeyValues(repository, lObjectID, what));
-    MarkForeignKeys(columns, GetForeignKeyFields(repository, lObjectID, what), repository.ScriptedParents());
-    AddTopLevelFields(columns, repository, lObjectID);
-    AddCollectionItemFields(columns, repository, lObjectID);
+    MarkPrimaryKey(columns, GetPrimaryKeyValues(rows, lObjectID, what));
+    MarkForeignKeys(columns, GetForeignKeyFields(rows, lObjectID, what), rows.ScriptedParents());
+    AddStateFields(columns, rows.SingleObject(lObjectID), repository::SelectStateColumn,
+                   repository::CounterColumn);
+    AddStateFields(columns, rows.CollectionObject(lObjectID), repository::SelectedItemColumn,
+                   repository::CounterHolderColumn);
     return columns;
 }
 

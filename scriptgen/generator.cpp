@@ -9,37 +9,37 @@
 
 namespace korvex::scriptgen {
 
-using repository::Repository;
+using repository::DefinitionRows;
 
 namespace {
 
-class RepositoryNames final : public ReferencedNames {
+class RowNames final : public ReferencedNames {
   public:
-    explicit RepositoryNames(Repository& repository) : m_repository(repository) {}
+    explicit RowNames(DefinitionRows& rows) : m_rows(rows) {}
 
     std::string GetObjectTableName(std::int32_t lObjectID) override {
-        return repository::GetObjectTableName(m_repository, lObjectID);
+        return repository::GetObjectTableName(m_rows, lObjectID);
     }
     std::string GetFieldName(std::int32_t lValueID) override {
-        return repository::GetFieldName(m_repository, lValueID);
+        return repository::GetFieldName(m_rows, lValueID);
     }
 
   private:
-    Repository& m_repository;
+    DefinitionRows& m_rows;
 };
 
 /// Scripts every table that the walk meets.
 class TableScripts final : public TableVisitor {
   public:
-    TableScripts(RunState& run, Repository& repository, const Dialect& dialect)
-        : TableVisitor(repository), m_run(run), m_dialect(dialect), m_names(repository) {}
+    TableScripts(RunState& run, DefinitionRows& rows, const Dialect& dialect)
+        : TableVisitor(rows), m_run(run), m_dialect(dialect), m_names(rows) {}
 
   private:
     bool EnterTable(std::int32_t lObjectID, const std::string& table) override;
 
     RunState& m_run;
     const Dialect& m_dialect;
-    RepositoryNames m_names;
+    RowNames m_names;
     std::string m_createText;  ///< of one table; kept for its memory
 };
 
@@ -47,7 +47,7 @@ class TableScripts final : public TableVisitor {
 bool TableScripts::EnterTable(std::int32_t lObjectID, const std::string& table) {
     m_run.m_lCurrentObjectID = lObjectID;
     m_run.m_sCurrentTable = table;
-    m_run.m_colFields = BuildTableFields(m_repository, lObjectID, table);
+    m_run.m_colFields = BuildTableFields(m_rows, lObjectID, table);
     for (Column& column : m_run.m_colFields)
         column.TypeSize = m_dialect.ColumnTypeText(m_run, column);
     AddForeignKeyScripts(m_run, table, m_dialect.ConstraintTerminator(), m_names);
@@ -60,9 +60,9 @@ bool TableScripts::EnterTable(std::int32_t lObjectID, const std::string& table) 
 
 }  // namespace
 
-void GenerateForStorage(RunState& run, Repository& repository, std::string_view storageName) {
+void GenerateForStorage(RunState& run, DefinitionRows& rows, std::string_view storageName) {
     if (const Dialect* dialect = FindDialect(run.m_nScriptType))
-        TableScripts(run, repository, *dialect).WalkStorage(storageName);
+        TableScripts(run, rows, *dialect).WalkStorage(storageName);
     run.m_lCurrentObjectID = -1;
     run.m_sCurrentTable.clear();
     run.m_colFields.clear();

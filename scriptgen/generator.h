@@ -1,6 +1,6 @@
 #pragma once
 
-#include "repository/repository.h"
+#include "repository/definition_rows.h"
 #include "scriptgen/run_state.h"
 
 #include <string_view>
@@ -10,6 +10,6 @@ namespace korvex::scriptgen {
 /// Walks every data definition of that storage name (all of them when it is empty) and appends the scripts of
 /// its tables to the state's buffers, in the dialect of `run.m_nScriptType`. An object that is its own
 /// ancestor raises OutOfStackSpace (28).
-void GenerateForStorage(RunState& run, repository::Repository& repository, std::string_view storageName);
+void GenerateForStorage(RunState& run, repository::DefinitionRows& rows, std::string_view storageName);
 
 }  // namespace korvex::scriptgen

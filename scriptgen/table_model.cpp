@@ -1,7 +1,7 @@
 #include "scriptgen/table_model.h"
 
 #include "repository/lookups.h"
-#include "repository/private_copy.h"
+#include "repository/related_catalog.h"
 #include "scriptgen/column_lists.h"
 #include "scriptgen/column_model.h"
 #include "scriptgen/table_walk.h"
@@ -42,7 +42,7 @@ bool Describer::EnterTable(std::int32_t lObjectID, const std::string& table) {
         DescribedTable& described = m_tables.emplace_back();
         described.ObjectID = lObjectID;
         described.Name = table;
-        described.Columns = BuildTableFields(m_repository, lObjectID, table);
+        described.Columns = BuildTableFields(m_rows, lObjectID, table);
         described.PrimaryKey = PrimaryKeyColumns(described.Columns);
     }
     std::vector<std::int32_t>& parents = m_tables[position->second].Parents;
@@ -61,7 +61,7 @@ void Describer::AddForeignKeys(DescribedTable& table) {
         const auto position = m_positions.find(column.FKObjectID);
         key.IsInRun = position != m_positions.end();
         if (!key.IsInRun) {
-            key.Table = repository::GetObjectTableName(m_repository, column.FKObjectID);
+            key.Table = repository::GetObjectTableName(m_rows, column.FKObjectID);
             continue;
         }
         const DescribedTable& target = m_tables[position->second];
@@ -73,14 +73,15 @@ void Describer::AddForeignKeys(DescribedTable& table) {
 
 }  // namespace
 
-std::vector<DescribedTable> DescribeTables(repository::Repository& repository, std::string_view storageName) {
-    return Describer(repository).Describe(storageName);
+std::vector<DescribedTable> DescribeTables(repository::DefinitionRows& rows, std::string_view storageName) {
+    return Describer(rows).Describe(storageName);
 }
 
-std::vector<DescribedTable> DescribeDefinition(repository::Repository& repository,
+std::vector<DescribedTable> DescribeDefinition(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix) {
-    repository::Repository copy = repository::PrivateRelatedCopy(repository, storageName, sFKPrefix);
-    return DescribeTables(copy, storageName);
+    repository::RelatedCatalog related(catalog);
+    related.Relate(storageName, sFKPrefix);
+    return DescribeTables(related, storageName);
 }
 
 }  // namespace korvex::scriptgen

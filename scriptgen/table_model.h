@@ -1,6 +1,7 @@
 #pragma once
 
-#include "repository/repository.h"
+#include "repository/catalog.h"
+#include "repository/definition_rows.h"
 #include "scriptgen/column.h"
 
 #include <cstdint>
@@ -38,14 +39,13 @@ struct DescribedTable {
 };
 
 /// The tables of every data definition of that storage name (of all when it is empty), in the order of the
-/// scripts; one that several ways lead to stands where the first of them meets it. Reads an open repository
-/// whose keys are up to date (CreateRelationship) and changes nothing. OutOfStackSpace (28) for an object
-/// that is its own ancestor.
-std::vector<DescribedTable> DescribeTables(repository::Repository& repository, std::string_view storageName);
+/// scripts; one that several ways lead to stands where the first of them meets it. The keys must be up to
+/// date (CreateRelationship, RelatedCatalog). OutOfStackSpace (28) for an object that is its own ancestor.
+std::vector<DescribedTable> DescribeTables(repository::DefinitionRows& rows, std::string_view storageName);
 
-/// The same for any open repository, left as it is: keys and names are brought up to date on a private copy,
-/// so they are those of this storage name and prefix, whatever was scripted before.
-std::vector<DescribedTable> DescribeDefinition(repository::Repository& repository,
+/// The same for any catalogue: keys and names are brought up to date in memory, so they are those of this
+/// storage name and prefix, whatever was scripted before.
+std::vector<DescribedTable> DescribeDefinition(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix);
 
 }  // namespace korvex::scriptgen

@@ -9,21 +9,16 @@ namespace korvex::scriptgen {
 using repository::ReadValue;
 
 void TableVisitor::WalkStorage(std::string_view storageName) {
-    for (const std::int32_t root : repository::GetRootObjects(m_repository, storageName))
-        repository::WalkObjects(m_repository, root, *this);
+    for (const std::int32_t root : repository::GetRootObjects(m_rows, storageName))
+        repository::WalkObjects(m_rows, root, *this);
 }
 
 /// Nothing for an object that takes no part in the scripts.
 std::optional<std::int32_t> TableVisitor::Enter(std::int32_t lObjectID) {
-    // The word touches the number in this statement; the engines' layer knows that.
-    const std::string number = std::to_string(lObjectID);
-    const auto object = m_repository.OpenSnapshot(
-        "SELECT CollectionObjectID, TableName from tObjects where IsIncluded <> 0"
-        "and TableName is not null and ObjectID = " +
-        number);
+    const auto object = m_rows.ScriptedObject(lObjectID);
     if (object == nullptr || object->Eof()) return std::nullopt;
 
-    const std::string what = "the tObjects row with ObjectID = " + number;
+    const std::string what = "the tObjects row with ObjectID = " + std::to_string(lObjectID);
     const std::int32_t lCollectionObjectID =
         ReadValue(object->Fields("CollectionObjectID"), automation::ToLong, what);
     const std::string table = ReadValue(object->Fields("TableName"), automation::ToString, what);

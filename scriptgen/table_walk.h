@@ -1,7 +1,7 @@
 #pragma once
 
+#include "repository/definition_rows.h"
 #include "repository/object_walk.h"
-#include "repository/repository.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,7 +13,7 @@ namespace korvex::scriptgen {
 /// Meets the tables of a definition: an object's own before those of everything beneath it.
 class TableVisitor : public repository::ObjectVisitor {
   public:
-    explicit TableVisitor(repository::Repository& repository) : m_repository(repository) {}
+    explicit TableVisitor(repository::DefinitionRows& rows) : m_rows(rows) {}
 
     /// Walks every data definition of that storage name (all of them when it is empty). An object that is its
     /// own ancestor raises OutOfStackSpace (28).
@@ -23,7 +23,7 @@ class TableVisitor : public repository::ObjectVisitor {
     /// The table of an object that takes part in the scripts. False to leave out everything beneath it.
     virtual bool EnterTable(std::int32_t lObjectID, const std::string& table) = 0;
 
-    repository::Repository& m_repository;
+    repository::DefinitionRows& m_rows;
 
   private:
     std::optional<std::int32_t> Enter(std::int32_t lObjectID) final;

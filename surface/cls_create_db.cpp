@@ -5,6 +5,7 @@
 #include "automation/text.h"
 #include "repository/names.h"
 #include "repository/relationship_builder.h"
+#include "repository/stored_rows.h"
 #include "repository/repository.h"
 #include "scriptgen/engine_dialect.h"
 #include "scriptgen/generator.h"
@@ -132,7 +133,8 @@ void clsCreateDb::Impl::SetupRun(clsCreateDb& self, const ScriptTypeInfo& type,
     self.CreateRelationship(storageName, sFKPrefix);
     run.m_nScriptType = type.type;
     scriptgen::BuildScriptFileNames(run, self.ScriptFilePath(), platform.files->Separator());
-    scriptgen::GenerateForStorage(run, repository, storageName);
+    repository::StoredRows rows(repository);
+    scriptgen::GenerateForStorage(run, rows, storageName);
     if (isOracle && run.m_bLongWarning) {
         platform.desktop->ShowMessage(LongWarning, platform::StyleExclamation, LongWarningTitle);
     }
@@ -256,7 +258,8 @@ std::vector<std::string> clsCreateDb::DoEngineDb(const std::string& sEngine, con
     const scriptgen::EngineDialect& dialect = scriptgen::EngineDialectOf(sEngine);
     OpenRepository(FileName);
     CreateRelationship(storageName, sFKPrefix);
-    const auto tables = scriptgen::DescribeTables(m_impl->repository, storageName);
+    repository::StoredRows rows(m_impl->repository);
+    const auto tables = scriptgen::DescribeTables(rows, storageName);
     m_impl->repository.Close();
     const scriptgen::EngineScripts scripts = dialect.Write(tables);
     for (const scriptgen::EngineFile& file : dialect.Files()) {

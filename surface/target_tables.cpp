@@ -4,8 +4,7 @@
 #include "automation/text.h"
 #include "platform/ado_transaction.h"
 #include "repository/catalog.h"
-#include "repository/private_copy.h"
-#include "repository/relationship_builder.h"
+#include "repository/related_catalog.h"
 #include "scriptgen/dialect.h"
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/live_tables.h"
@@ -316,19 +315,18 @@ class DropPlanner {
 struct TargetTables::Impl {
     Impl(const Platform& platform, const std::string& FileName, const std::string& storageName,
          const std::string& sFKPrefix)
-        : storage(storageName), prefix(sFKPrefix), copy(Related(platform, FileName, sFKPrefix)) {
-        // Last, so that names are those of this definition.
-        if (!storage.empty()) repository::CreateRelationship(copy, storage, prefix);
-        tables = scriptgen::DescribeTables(copy, storage);
+        : storage(storageName), prefix(sFKPrefix), catalog(ReadCatalog(platform, FileName)) {
+        repository::RelatedCatalog related(catalog);
+        related.RelateAmongOthers(storage, prefix);
+        tables = scriptgen::DescribeTables(related, storage);
     }
 
-    static repository::Repository Related(const Platform& platform, const std::string& FileName,
-                                          const std::string& sFKPrefix) {
+    static repository::Catalog ReadCatalog(const Platform& platform, const std::string& FileName) {
         repository::Repository source(platform);
         source.OpenRepository(FileName);
-        repository::Repository related = repository::PrivateRelatedCopy(source, "", sFKPrefix);
+        repository::Catalog rows = repository::Catalog::Read(source.Open());
         source.Close();
-        return related;
+        return rows;
     }
 
     void ExpectTakenBy(const EngineDialect& dialect) const;
@@ -338,7 +336,7 @@ struct TargetTables::Impl {
 
     std::string storage;
     std::string prefix;
-    mutable repository::Repository copy;  ///< related anew for each question about a definition
+    repository::Catalog catalog;
     std::vector<DescribedTable> tables;
 };
 
@@ -356,12 +354,11 @@ std::map<std::string, std::string> TargetTables::Impl::UsedElsewhere(std::span<c
                                                                      bool folds) const {
     std::map<std::string, std::string> used;
     if (storage.empty()) return used;
-    const repository::Catalog catalog = repository::Catalog::Read(copy.Open());
     std::set<std::string> seen = {storage};
     for (const repository::DataDefRow& definition : catalog.DataDefs()) {
         if (!seen.insert(definition.Storage).second) continue;
-        repository::CreateRelationship(copy, definition.Storage, prefix);
-        const std::vector<DescribedTable> others = scriptgen::DescribeTables(copy, definition.Storage);
+        const std::vector<DescribedTable> others =
+            scriptgen::DescribeDefinition(catalog, definition.Storage, prefix);
         std::size_t own = 0;
         std::size_t there = 0;
         for (const DescribedTable& table : others) {

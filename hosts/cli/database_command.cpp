@@ -7,7 +7,7 @@
 #include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "hosts/cli/target_options.h"
-#include "repository/private_copy.h"
+#include "repository/related_catalog.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/migration/live_tables.h"
 #include "scriptgen/script_types.h"
@@ -43,9 +43,7 @@ void CheckDefinition(const DatabaseOptions& options, Console& console) {
     const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
     repository.Close();
     Findings findings;
-    // An object that is its own ancestor is an error of its own when the tables are described.
-    if (CheckCycles(catalog, findings))
-        CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
+    CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
     RefuseDanger(findings);
 }
 
@@ -85,11 +83,13 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
                     ": the published scripts run as they are.");
     repository::Repository source(Session(console).platform);
     source.OpenRepository(options.repository);
-    repository::Repository copy = repository::PrivateRelatedCopy(source, options.storage, options.fkPrefix);
+    const repository::Catalog catalog = repository::Catalog::Read(source.Open());
+    repository::RelatedCatalog rows(catalog);
+    rows.Relate(options.storage, options.fkPrefix);
     scriptgen::RunState run;
     run.m_nScriptType = type.type;
     run.m_nMaxCharLen = type.maxCharLen;
-    scriptgen::GenerateForStorage(run, copy, options.storage);
+    scriptgen::GenerateForStorage(run, rows, options.storage);
     const std::pair<std::string_view, std::string*> created[] = {
         {type.fileNames[0], &run.m_sDbSQL},
         {type.fileNames[2], &run.m_sStoredProcSQL},

@@ -30,7 +30,7 @@ void RunCheck(const CheckOptions& options, Console& console) {
     Findings findings = CheckCatalog(catalog, options.fkPrefix);
     for (const scriptgen::EngineDialect* dialect : scriptgen::AllEngineDialects()) {
         if (options.dialect == dialect->Name() || options.dialect == "all-engines")
-            CheckForEngine(repository, catalog, options.fkPrefix, *dialect, findings);
+            CheckForEngine(catalog, options.fkPrefix, *dialect, findings);
     }
     repository.Close();
     for (const Finding& finding : findings.All()) {

@@ -97,7 +97,7 @@ void CheckBeforeRun(const std::string& connection, const std::string& storage, s
     try {
         const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
         Findings findings;
-        if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, storage, fkPrefix, findings);
+        CheckDefinitions(catalog, storage, fkPrefix, findings);
         WarnOfDanger(findings, console);
     } catch (const Error&) {
         // What cannot be read or named ends the run itself, if it is part of it.

@@ -1,5 +1,6 @@
 #include "repository/object_walk.h"
 
+#include "repository/stored_rows.h"
 #include "repository_files.h"
 
 #include <string>
@@ -34,7 +35,8 @@ class ObjectWalkTest : public RepositoryFileTest {
     void Walk(NotingVisitor& visitor) {
         Repository repository(platform);
         repository.OpenRepository(Connection());
-        WalkObjects(repository, 1, visitor);
+        StoredRows rows(repository);
+        WalkObjects(rows, 1, visitor);
     }
 };
 

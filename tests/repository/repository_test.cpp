@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/outcome.h"
 #include "repository/lookups.h"
+#include "repository/stored_rows.h"
 #include "repository_files.h"
 #include "support/error_of.h"
 
@@ -99,6 +100,7 @@ class RepositoryTest : public RepositoryFileTest {
     void Open() { repository.OpenRepository(Connection()); }
 
     Repository repository;
+    StoredRows rows{repository};
 };
 
 /// The view fails when it is executed.
@@ -135,12 +137,12 @@ TEST_P(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     NewRepository().Object(1, "A");
     Open();
     EXPECT_EQ(OutcomeOf([&] { repository.OpenRepository(folder.Path("missing.db")); }), "error 3024");
-    EXPECT_EQ(GetObjectInterfaces(repository, 1), std::vector<std::int32_t>{1});
+    EXPECT_EQ(GetObjectInterfaces(rows, 1), std::vector<std::int32_t>{1});
 
     const std::string other = places.New("other.db");
     tests::DefinitionRepository(platform, other);
     repository.OpenRepository(other);
-    EXPECT_EQ(GetObjectInterfaces(repository, 1), std::vector<std::int32_t>{});
+    EXPECT_EQ(GetObjectInterfaces(rows, 1), std::vector<std::int32_t>{});
     repository.Close();
     EXPECT_FALSE(repository.IsOpen());
 }
@@ -186,18 +188,18 @@ TEST_P(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     Execute("update tValues set FieldName = 'Column' where ValueID = 2");
     Open();
     using Numbers = std::vector<std::int32_t>;
-    EXPECT_EQ(GetRootObjects(repository, ""), (Numbers{1, 3, 2}));
-    EXPECT_EQ(GetRootObjects(repository, "Orders"), (Numbers{1, 2}));
-    EXPECT_EQ(GetRootObjects(repository, "orders"),
+    EXPECT_EQ(GetRootObjects(rows, ""), (Numbers{1, 3, 2}));
+    EXPECT_EQ(GetRootObjects(rows, "Orders"), (Numbers{1, 2}));
+    EXPECT_EQ(GetRootObjects(rows, "orders"),
               tests::EqualIgnoresCase(GetParam()) ? (Numbers{1, 2}) : Numbers{});
-    EXPECT_EQ(GetObjectInterfaces(repository, 1), (Numbers{1, 2}));
-    EXPECT_EQ(GetChildObjects(repository, 1), (Numbers{20, 10}));
-    EXPECT_EQ(FindObjectInterface(repository, 1, "iorder"), 2);
-    EXPECT_EQ(FindObjectInterface(repository, 2, "ICustomer"), 0);
-    EXPECT_EQ(GetObjectTableName(repository, 1), "tCustomer");
-    EXPECT_EQ(GetObjectTableName(repository, 2), "");
-    EXPECT_EQ(GetFieldName(repository, 2), "Column");
-    EXPECT_EQ(GetFieldName(repository, 99), "");
+    EXPECT_EQ(GetObjectInterfaces(rows, 1), (Numbers{1, 2}));
+    EXPECT_EQ(GetChildObjects(rows, 1), (Numbers{20, 10}));
+    EXPECT_EQ(FindObjectInterface(rows, 1, "iorder"), 2);
+    EXPECT_EQ(FindObjectInterface(rows, 2, "ICustomer"), 0);
+    EXPECT_EQ(GetObjectTableName(rows, 1), "tCustomer");
+    EXPECT_EQ(GetObjectTableName(rows, 2), "");
+    EXPECT_EQ(GetFieldName(rows, 2), "Column");
+    EXPECT_EQ(GetFieldName(rows, 99), "");
     EXPECT_EQ(*journal, std::vector<std::string>{});
 }
 
@@ -210,7 +212,7 @@ TEST_P(RepositoryTest, AValueThatIsNoNumberIsNamed) {
     }
     Execute(insert);
     Open();
-    const tests::Raised raised = tests::ErrorOf([&] { GetRootObjects(repository, "Orders"); });
+    const tests::Raised raised = tests::ErrorOf([&] { GetRootObjects(rows, "Orders"); });
     EXPECT_EQ(raised, automation::TypeMismatch);
     EXPECT_NE(raised.description.find("RootObjectID"), std::string::npos) << raised.description;
 }

@@ -1,6 +1,7 @@
 #include "platform/native/native_platform.h"
 #include "repository/repository.h"
 #include "repository/schema.h"
+#include "repository/stored_rows.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/script_types.h"
 #include "support/error_of.h"
@@ -57,7 +58,8 @@ class TableWalk : public testing::Test {
     void Generate(ScriptType type, const std::string& storage) {
         m_run.m_nScriptType = type;
         m_run.m_nMaxCharLen = FindScriptType(type)->maxCharLen;
-        GenerateForStorage(m_run, m_repository, storage);
+        repository::StoredRows rows(m_repository);
+        GenerateForStorage(m_run, rows, storage);
     }
 
     std::vector<std::string> Tables() const {

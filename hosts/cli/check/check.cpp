@@ -2,9 +2,11 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "repository/key_names.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <set>
 
 namespace korvex::cli {
 
@@ -12,21 +14,30 @@ namespace {
 
 using repository::Catalog;
 
-void CheckDefinition(const Catalog& catalog, const repository::DataDefRow& dataDef, std::string_view fkPrefix,
+/// A definition with objects shared in layers has more ways than anybody could script.
+constexpr std::int64_t MostWays = 1'000'000;
+
+void CheckDefinition(const Catalog& catalog, const std::string& storage, std::string_view fkPrefix,
                      Findings& findings) {
-    const PlannedDefinition definition = PlanDefinition(catalog, dataDef, fkPrefix);
-    if (definition.isCutOff) {
-        findings.Warning("definition " + dataDef.Storage +
-                         ": its objects are reached along more than a million ways; it is checked in part");
+    const auto ways = repository::CountWays(catalog, storage);
+    std::int64_t all = 0;
+    for (const auto& [objectID, count] : ways)
+        all += std::min(count, MostWays);
+    if (all > MostWays) {
+        return findings.Error("definition " + storage +
+                              ": its objects are reached along more than a million ways, too many for a run");
     }
-    for (const PlannedTable& table : definition.tables) {
-        if (table.visits > 1) {
-            findings.Warning(ObjectText(*table.object) + " is reached along " + std::to_string(table.visits) +
-                             " ways; the scripts hold table " + table.name + " as often");
+    repository::RelatedCatalog related(catalog);
+    related.Relate(storage, fkPrefix);
+    const CheckedDefinition definition{storage, related, scriptgen::DescribeTables(related, storage)};
+    for (const scriptgen::DescribedTable& table : definition.tables) {
+        if (const std::int64_t count = ways.at(table.ObjectID); count > 1) {
+            findings.Warning(ObjectText(catalog, table.ObjectID) + " is reached along " +
+                             std::to_string(count) + " ways; the scripts hold table " + table.Name +
+                             " as often");
         }
-        CheckStoredNames(catalog, *table.object, findings);
-        CheckColumns(table, findings);
     }
+    CheckColumns(definition, findings);
     CheckScriptNames(definition, findings);
 }
 
@@ -85,6 +96,7 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {
     CheckNames(catalog, findings);
     CheckKeys(catalog, findings);
     CheckPrefix(fkPrefix, findings);
+    static_cast<void>(repository::KeyNames(fkPrefix));
     // Without an end there is nothing to plan.
     if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, "", fkPrefix, findings);
     return findings;
@@ -92,9 +104,15 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {
 
 void CheckDefinitions(const Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
                       Findings& findings) {
+    std::set<std::string> seen;
     for (const repository::DataDefRow& dataDef : catalog.DataDefs()) {
-        if (storage.empty() || dataDef.Storage == storage)
-            CheckDefinition(catalog, dataDef, fkPrefix, findings);
+        if ((!storage.empty() && dataDef.Storage != storage) || !seen.insert(dataDef.Storage).second)
+            continue;
+        try {
+            CheckDefinition(catalog, dataDef.Storage, fkPrefix, findings);
+        } catch (const automation::Error& error) {
+            findings.Error("definition " + dataDef.Storage + ": " + error.Description());
+        }
     }
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "hosts/cli/check/finding.h"
-#include "hosts/cli/check/planned_tables.h"
 #include "hosts/cli/console.h"
-#include "repository/catalog.h"
+#include "repository/related_catalog.h"
 #include "scriptgen/engine_dialect.h"
+#include "scriptgen/table_model.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What is wrong, or would go wrong in a run, with the definitions of a repository.
 namespace korvex::cli {
@@ -16,7 +17,7 @@ namespace korvex::cli {
 Findings CheckCatalog(const repository::Catalog& catalog, std::string_view fkPrefix);
 
 /// What is wrong with the definitions of that storage name alone (of all when it is empty): their tables,
-/// columns and script names. No object may be its own ancestor.
+/// columns and script names.
 void CheckDefinitions(const repository::Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
                       Findings& findings);
 
@@ -27,9 +28,9 @@ void WarnOfDanger(const Findings& findings, Console& console);
 /// that store or delete data, before they do anything.
 void RefuseDanger(const Findings& findings);
 
-/// What an engine will not take of the tables that each definition makes; `repository` is only read.
-void CheckForEngine(repository::Repository& repository, const repository::Catalog& catalog,
-                    std::string_view fkPrefix, const scriptgen::EngineDialect& dialect, Findings& findings);
+/// What an engine will not take of the tables that each definition makes.
+void CheckForEngine(const repository::Catalog& catalog, std::string_view fkPrefix,
+                    const scriptgen::EngineDialect& dialect, Findings& findings);
 
 /// References to rows that do not exist, and rows that nothing refers to.
 void CheckReferences(const repository::Catalog& catalog, Findings& findings);
@@ -40,10 +41,6 @@ bool CheckCycles(const repository::Catalog& catalog, Findings& findings);
 /// Names that can not stand in SQL text or that several rows share.
 void CheckNames(const repository::Catalog& catalog, Findings& findings);
 
-/// Names of table and columns that stand in the repository although no run gives such names.
-void CheckStoredNames(const repository::Catalog& catalog, const repository::ObjectRow& object,
-                      Findings& findings);
-
 /// Adds an error for a name of a table or column that is no identifier; `what` stands before it. One that SQL
 /// can take for more than a name endangers data when it stands in the statements about records.
 void CheckIdentifier(const std::string& what, const std::string& name, bool isInStatements,
@@ -52,11 +49,19 @@ void CheckIdentifier(const std::string& what, const std::string& name, bool isIn
 /// Keys that earlier runs left behind: of renamed objects, or of parents that are none any longer.
 void CheckKeys(const repository::Catalog& catalog, Findings& findings);
 
-/// Each planned table by itself: its columns, their types, lengths and defaults.
-void CheckColumns(const PlannedTable& table, Findings& findings);
+/// The tables that a run makes of the definitions of a storage name, and the rows behind them.
+struct CheckedDefinition {
+    const std::string& storage;
+    const repository::RelatedCatalog& rows;
+    std::vector<scriptgen::DescribedTable> tables;
+};
 
-/// Names that two tables, procedures or constraints of one definition would share.
-void CheckScriptNames(const PlannedDefinition& definition, Findings& findings);
+/// Each table by itself: its columns, their types, lengths and defaults.
+void CheckColumns(const CheckedDefinition& definition, Findings& findings);
+
+/// Names that two tables, procedures or constraints of one definition would share, and references that the
+/// scripts leave out.
+void CheckScriptNames(const CheckedDefinition& definition, Findings& findings);
 
 /// "value with ValueID 7 has no name".
 std::string NamelessText(const repository::ValueRow& value);

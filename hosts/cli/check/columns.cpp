@@ -4,12 +4,14 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/check/reserved_words.h"
 #include "hosts/cli/model/data_types.h"
+#include "repository/key_values.h"
 #include "repository/names.h"
 #include "scriptgen/script_types.h"
 
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 
 namespace korvex::cli {
 
@@ -20,7 +22,56 @@ using repository::ValueRow;
 /// Longest variable-length text column with Oracle.
 double OracleMaxCharLen() { return scriptgen::FindScriptType(scriptgen::ScriptType::Oracle)->maxCharLen; }
 
-std::string Place(const PlannedTable& table) { return ObjectText(*table.object); }
+/// A column of a table with what the checks need of it.
+struct CheckedColumn {
+    const scriptgen::Column& column;
+    const ValueRow* value = nullptr;   ///< nothing for keys and added columns
+    std::vector<std::string> origins;  ///< in words: "value Street (ValueID 7)", "the own key"
+};
+
+struct CheckedTable {
+    std::string place;
+    std::vector<CheckedColumn> columns;
+};
+
+/// None for a key that no parent of the table is behind.
+std::vector<std::string> KeyOrigins(const repository::RelatedCatalog& rows,
+                                    const scriptgen::DescribedTable& table, const scriptgen::Column& column) {
+    std::vector<std::string> origins;
+    if (column.IsPrimaryKey) origins.emplace_back("the own key");
+    if (!column.IsForeignKey) return origins;
+    std::set<std::int32_t> targets;
+    for (const repository::ForeignKeyRow* key : rows.ForeignKeysOf(table.ObjectID))
+        if (key->ValueID == column.ValueID) targets.insert(key->FKObjectID);
+    for (const std::int32_t parent : table.Parents)
+        if (targets.contains(parent))
+            origins.push_back("the key of " + rows.FindObject(parent)->Name + " (ObjectID " +
+                              std::to_string(parent) + ")");
+    return origins;
+}
+
+bool IsKey(const repository::RelatedCatalog& rows, const ValueRow& value, const scriptgen::Column& column) {
+    const repository::InterfaceRow* interface = rows.FindInterface(value.InterfaceID);
+    return column.IsPrimaryKey || (column.IsForeignKey && interface != nullptr &&
+                                   repository::IsKeyValue(value.VID, interface->Name));
+}
+
+CheckedTable Checked(const repository::RelatedCatalog& rows, const scriptgen::DescribedTable& table) {
+    CheckedTable checked{ObjectText(*rows.FindObject(table.ObjectID)), {}};
+    for (const scriptgen::Column& column : table.Columns) {
+        CheckedColumn& entry = checked.columns.emplace_back(column);
+        const ValueRow* value = column.ValueID == 0 ? nullptr : rows.FindValue(column.ValueID);
+        if (value == nullptr) {
+            entry.origins = {"an added column"};
+            continue;
+        }
+        if (IsKey(rows, *value, column)) entry.origins = KeyOrigins(rows, table, column);
+        if (!entry.origins.empty()) continue;
+        entry.value = value;
+        entry.origins = {"value " + value->Name + " (ValueID " + std::to_string(value->ValueID) + ")"};
+    }
+    return checked;
+}
 
 std::optional<double> Number(const std::string& text) {
     try {
@@ -37,28 +88,31 @@ std::optional<double> MaxLength(const ValueRow& value) {
 }
 
 /// Names of columns go into the scripts as they stand, those of keys into every statement about a record.
-void CheckColumnName(const PlannedTable& table, const PlannedColumn& column, Findings& findings) {
-    if (column.name.empty() && column.value != nullptr) return findings.Error(NamelessText(*column.value));
-    CheckIdentifier(Place(table) + ": column ", column.name, column.value == nullptr, findings);
-    if (const std::string dialects = ReservedBy(column.name); !dialects.empty()) {
-        findings.Warning(Place(table) + ": column " + column.name + " is a reserved word (" + dialects + ")");
-    }
+void CheckColumnName(const CheckedTable& table, const CheckedColumn& column, Findings& findings) {
+    const std::string& name = column.column.FieldName;
+    if (name.empty() && column.value != nullptr) return findings.Error(NamelessText(*column.value));
+    CheckIdentifier(table.place + ": column ", name, column.value == nullptr, findings);
+    if (const std::string dialects = ReservedBy(name); !dialects.empty())
+        findings.Warning(table.place + ": column " + name + " is a reserved word (" + dialects + ")");
 }
 
-void CheckColumnNames(const PlannedTable& table, Findings& findings) {
-    std::map<std::string, const PlannedColumn*> columns;
-    for (const PlannedColumn& column : table.columns) {
-        const auto [entry, isNew] = columns.emplace(automation::ToUpperAscii(column.name), &column);
-        if (!isNew) {
-            findings.Danger(Place(table) + ": " + entry->second->origin + " and " + column.origin +
-                            " both become column " + column.name);
+void CheckColumnNames(const CheckedTable& table, Findings& findings) {
+    std::map<std::string, std::string> origins;  // by name
+    for (const CheckedColumn& column : table.columns) {
+        for (const std::string& origin : column.origins) {
+            const auto [entry, isNew] =
+                origins.emplace(automation::ToUpperAscii(column.column.FieldName), origin);
+            if (!isNew) {
+                findings.Danger(table.place + ": " + entry->second + " and " + origin +
+                                " both become column " + column.column.FieldName);
+            }
         }
         CheckColumnName(table, column, findings);
     }
 }
 
-void CheckType(const PlannedTable& table, const ValueRow& value, Findings& findings) {
-    const std::string place = Place(table) + ": value " + value.Name;
+void CheckType(const CheckedTable& table, const ValueRow& value, Findings& findings) {
+    const std::string place = table.place + ": value " + value.Name;
     if (DataTypeText(value.DataType).empty()) {
         findings.Warning(place + ": unknown data type " + std::to_string(value.DataType) +
                          "; it becomes a text column");
@@ -80,8 +134,8 @@ void CheckNumericDefault(const std::string& place, const std::string& text, Find
 }
 
 /// Defaults go into the scripts as they stand; what a server will not read is told here.
-void CheckDefault(const PlannedTable& table, const ValueRow& value, Findings& findings) {
-    const std::string place = Place(table) + ": value " + value.Name;
+void CheckDefault(const CheckedTable& table, const ValueRow& value, Findings& findings) {
+    const std::string place = table.place + ": value " + value.Name;
     if (repository::HasControlCharacter(value.DefaultVal))
         findings.Error(place + ": the default holds a control character, which ends a line of the scripts");
     if (value.IsAutoNumber) return;
@@ -119,9 +173,9 @@ void CheckDefault(const PlannedTable& table, const ValueRow& value, Findings& fi
     }
 }
 
-void CheckLongColumns(const PlannedTable& table, Findings& findings) {
+void CheckLongColumns(const CheckedTable& table, Findings& findings) {
     int longColumns = 0;
-    for (const PlannedColumn& column : table.columns) {
+    for (const CheckedColumn& column : table.columns) {
         if (column.value == nullptr) continue;
         const std::int32_t type = column.value->DataType;
         const bool isLong = type == TypeObject || (HasLength(type, true) &&
@@ -129,15 +183,15 @@ void CheckLongColumns(const PlannedTable& table, Findings& findings) {
         if (isLong) ++longColumns;
     }
     if (longColumns > 1) {
-        findings.Warning(Place(table) + " has " + std::to_string(longColumns) +
+        findings.Warning(table.place + " has " + std::to_string(longColumns) +
                          " LONG or LONG RAW columns in Oracle, which takes one in a table");
     }
 }
 
-void CheckAutoNumbers(const PlannedTable& table, Findings& findings) {
-    for (const PlannedColumn& column : table.columns) {
+void CheckAutoNumbers(const CheckedTable& table, Findings& findings) {
+    for (const CheckedColumn& column : table.columns) {
         if (column.value == nullptr || !column.value->IsAutoNumber) continue;
-        findings.Warning(Place(table) + ": value " + column.value->Name +
+        findings.Warning(table.place + ": value " + column.value->Name +
                          " is numbered automatically beside the own key; MS SQL and Sybase take one such "
                          "column in a table");
     }
@@ -145,15 +199,18 @@ void CheckAutoNumbers(const PlannedTable& table, Findings& findings) {
 
 }  // namespace
 
-void CheckColumns(const PlannedTable& table, Findings& findings) {
-    CheckColumnNames(table, findings);
-    for (const PlannedColumn& column : table.columns) {
-        if (column.value == nullptr) continue;
-        CheckType(table, *column.value, findings);
-        CheckDefault(table, *column.value, findings);
+void CheckColumns(const CheckedDefinition& definition, Findings& findings) {
+    for (const scriptgen::DescribedTable& described : definition.tables) {
+        const CheckedTable table = Checked(definition.rows, described);
+        CheckColumnNames(table, findings);
+        for (const CheckedColumn& column : table.columns) {
+            if (column.value == nullptr) continue;
+            CheckType(table, *column.value, findings);
+            CheckDefault(table, *column.value, findings);
+        }
+        CheckLongColumns(table, findings);
+        CheckAutoNumbers(table, findings);
     }
-    CheckLongColumns(table, findings);
-    CheckAutoNumbers(table, findings);
 }
 
 }  // namespace korvex::cli

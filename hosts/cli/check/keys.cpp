@@ -60,36 +60,12 @@ void CheckParents(const Catalog& catalog, Findings& findings) {
     }
 }
 
-/// The scripts list the objects that a table refers to by searching for the digits of each identifier in a
-/// text of those before: 2 is taken as listed once 12 is.
-void CheckTargets(const Catalog& catalog, Findings& findings) {
-    for (const repository::ObjectRow& object : catalog.Objects()) {
-        std::vector<const ForeignKeyRow*> rows = catalog.ForeignKeysOf(object.ObjectID);
-        std::sort(rows.begin(), rows.end(),
-                  [](const ForeignKeyRow* a, const ForeignKeyRow* b) { return a->ValueID < b->ValueID; });
-        std::string listed;
-        std::set<std::int32_t> seen;
-        for (const ForeignKeyRow* row : rows) {
-            if (!seen.insert(row->FKObjectID).second) continue;
-            const std::string digits = std::to_string(row->FKObjectID);
-            if (listed.find(digits) != std::string::npos) {
-                findings.Error(ObjectText(catalog, object.ObjectID) + " refers to " +
-                               ObjectText(catalog, row->FKObjectID) +
-                               " without a constraint, an index or procedures: the digits of its ObjectID "
-                               "stand in that of an object referred to before");
-            }
-            listed += "," + digits;
-        }
-    }
-}
-
 }  // namespace
 
 void CheckKeys(const Catalog& catalog, Findings& findings) {
     CheckKeyInterfaces(catalog, findings);
     CheckKeyValues(catalog, findings);
     CheckParents(catalog, findings);
-    CheckTargets(catalog, findings);
 }
 
 }  // namespace korvex::cli

@@ -38,18 +38,8 @@ bool HasValues(const Catalog& catalog, std::int32_t objectID) {
                        [&keys](const repository::ValueRow* value) { return !keys.contains(value->ValueID); });
 }
 
-void CheckStoredTable(const repository::ObjectRow& object, Findings& findings) {
-    if (!object.TableName || repository::IsTableNameOf(*object.TableName, object.Name)) return;
-    CheckIdentifier(ObjectText(object) + ": table ", *object.TableName, true, findings);
-}
-
 std::string ValueText(const repository::ValueRow& value) {
     return "value " + value.Name + " (ValueID " + std::to_string(value.ValueID) + ")";
-}
-
-void CheckStoredColumn(const repository::ValueRow& value, Findings& findings) {
-    if (!value.FieldName || *value.FieldName == repository::ValueColumnName(value.Name)) return;
-    CheckIdentifier(ValueText(value) + ": column ", *value.FieldName, true, findings);
 }
 
 }  // namespace
@@ -62,7 +52,6 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectRow& row : catalog.Objects()) {
         const std::string what = ObjectText(catalog, row.ObjectID);
         CheckName(what, row.Name, findings);
-        CheckStoredTable(row, findings);
         if (!row.Guid.empty()) {
             const auto [entry, isNew] = guids.emplace(row.Guid, row.ObjectID);
             if (!isNew) findings.Warning(what + " has the guid of " + ObjectText(catalog, entry->second));
@@ -79,18 +68,11 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
         if (row.Name.empty()) findings.Error(NamelessText(row));
         if (repository::HasControlCharacter(row.Name))
             findings.Error(ValueText(row) + ": its name holds a control character");
-        CheckStoredColumn(row, findings);
     }
 }
 
 std::string NamelessText(const repository::ValueRow& value) {
     return "value with ValueID " + std::to_string(value.ValueID) + " has no name";
-}
-
-void CheckStoredNames(const Catalog& catalog, const repository::ObjectRow& object, Findings& findings) {
-    CheckStoredTable(object, findings);
-    for (const repository::ValueRow* value : catalog.ValuesOf(object.ObjectID))
-        CheckStoredColumn(*value, findings);
 }
 
 void CheckIdentifier(const std::string& what, const std::string& name, bool isInStatements,

@@ -1,5 +1,4 @@
 #include "hosts/cli/check/check.h"
-#include "hosts/cli/model/model_export.h"
 
 #include <set>
 
@@ -126,8 +125,12 @@ void CheckReferences(const Catalog& catalog, Findings& findings) {
 }
 
 bool CheckCycles(const Catalog& catalog, Findings& findings) {
-    const std::optional<ModelCycle> cycle = FindCycle(ExportModel(catalog, "").model);
-    if (cycle) findings.Error("an object is its own ancestor: " + cycle->path);
+    std::vector<std::int32_t> objects;
+    for (const repository::ObjectRow& row : catalog.Objects())
+        objects.push_back(row.ObjectID);
+    std::vector<std::int32_t> finished;
+    const auto cycle = repository::FindOwnAncestor(catalog, objects, finished);
+    if (cycle) findings.Error("an object is its own ancestor: " + *cycle);
     return !cycle;
 }
 

@@ -3,13 +3,18 @@
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/check/reserved_words.h"
+#include "scriptgen/column_lists.h"
 
+#include <algorithm>
 #include <map>
+#include <span>
+#include <unordered_set>
 
 namespace korvex::cli {
 
 namespace {
 
+using scriptgen::DescribedTable;
 using scriptgen::ProcedureName;
 
 /// "SEQ_" and a table name of this length make the longest name that older servers take; the scripts do not
@@ -42,60 +47,78 @@ class UniqueNames {
     std::map<std::string, std::string> m_owners;
 };
 
-void AddProcedures(const PlannedTable& table, UniqueNames& procedures) {
-    const std::string ofTable = " of table " + table.name;
+/// `targets` are the objects that the table refers to in the scripts.
+void AddProcedures(const DescribedTable& table, std::span<const std::int32_t> targets,
+                   UniqueNames& procedures) {
+    const std::string ofTable = " of table " + table.Name;
     for (const auto& [suffix, what] :
          {std::pair("AR", "to read all rows"), std::pair("AD", "to delete all rows"),
           std::pair("R", "to read a row"), std::pair("D", "to delete a row"),
           std::pair("C", "to insert a row"), std::pair("U", "to update a row")})
-        procedures.Add(ProcedureName(table.name, suffix), what + ofTable);
-    for (const PlannedColumn& column : table.columns) {
-        if (column.parentID == 0) continue;
-        const std::string group = scriptgen::GroupBase(table.name, column.name);
-        const std::string by = " by " + column.name + ofTable;
+        procedures.Add(ProcedureName(table.Name, suffix), what + ofTable);
+    for (const std::int32_t target : targets) {
+        const auto column = std::ranges::find(table.Columns, target, &scriptgen::Column::FKObjectID);
+        const std::string group = scriptgen::GroupBase(table.Name, column->FieldName);
+        const std::string by = " by " + column->FieldName + ofTable;
         procedures.Add(ProcedureName(group, "R"), "to read rows" + by);
         procedures.Add(ProcedureName(group, "D"), "to delete rows" + by);
     }
 }
 
 /// All constraints of one table have the same name.
-void AddConstraint(const PlannedTable& table, const std::string& owner, UniqueNames& constraints,
-                   Findings& findings) {
-    if (table.parents.empty()) return;
-    const std::string name = scriptgen::ForeignKeyName(table.name);
-    constraints.Add(name, "of table " + table.name);
-    if (table.parents.size() > 1) {
-        findings.Warning(owner + " refers to " + std::to_string(table.parents.size()) +
+void AddConstraint(const DescribedTable& table, std::size_t targets, const std::string& owner,
+                   UniqueNames& constraints, Findings& findings) {
+    if (targets == 0) return;
+    const std::string name = scriptgen::ForeignKeyName(table.Name);
+    constraints.Add(name, "of table " + table.Name);
+    if (targets > 1) {
+        findings.Warning(owner + " refers to " + std::to_string(targets) +
                          " objects; the constraints are all named " + name +
                          ", so a server takes only the first");
     }
 }
 
-void CheckTableName(const PlannedTable& table, const std::string& owner, Findings& findings) {
-    CheckIdentifier(owner + ": table ", table.name, true, findings);
-    if (automation::Length(table.name) > LongestTableName) {
-        findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.name +
+/// The scripts take an object as listed whose digits stand within those of one listed before: 2 after 12.
+void CheckTargets(const CheckedDefinition& definition, const DescribedTable& table,
+                  std::span<const std::int32_t> targets, const std::string& owner, Findings& findings) {
+    const std::unordered_set<std::int32_t> listed(targets.begin(), targets.end());
+    for (const scriptgen::ForeignKey& key : table.ForeignKeys) {
+        if (listed.contains(key.FKObjectID)) continue;
+        const repository::ObjectRow* target = definition.rows.FindObject(key.FKObjectID);
+        findings.Error(owner + " refers to " +
+                       (target == nullptr ? std::to_string(key.FKObjectID) : ObjectText(*target)) +
+                       " without a constraint, an index or procedures: the digits of its ObjectID "
+                       "stand in that of an object referred to before");
+    }
+}
+
+void CheckTableName(const DescribedTable& table, const std::string& owner, Findings& findings) {
+    CheckIdentifier(owner + ": table ", table.Name, true, findings);
+    if (automation::Length(table.Name) > LongestTableName) {
+        findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.Name +
                          " get longer than 30 characters, which older Oracle servers refuse");
     }
-    if (const std::string dialects = ReservedBy(table.name); !dialects.empty()) {
-        findings.Warning(owner + ": table " + table.name + " is a reserved word (" + dialects + ")");
+    if (const std::string dialects = ReservedBy(table.Name); !dialects.empty()) {
+        findings.Warning(owner + ": table " + table.Name + " is a reserved word (" + dialects + ")");
     }
 }
 
 }  // namespace
 
-void CheckScriptNames(const PlannedDefinition& definition, Findings& findings) {
+void CheckScriptNames(const CheckedDefinition& definition, Findings& findings) {
     const std::string place = "definition " + definition.storage + ": ";
     UniqueNames tables(place + "table", findings);
     UniqueNames procedures(place + "procedure", findings);
     UniqueNames constraints(place + "constraint", findings);
-    for (const PlannedTable& table : definition.tables) {
-        const std::string owner = ObjectText(*table.object);
+    for (const DescribedTable& table : definition.tables) {
+        const std::string owner = ObjectText(*definition.rows.FindObject(table.ObjectID));
+        const std::vector<std::int32_t> targets = scriptgen::GetForeignKeyTargets(table.Columns);
         // What has the same table has all the rest in common as well.
-        if (tables.Add(table.name, owner)) {
-            AddProcedures(table, procedures);
-            AddConstraint(table, owner, constraints, findings);
+        if (tables.Add(table.Name, owner)) {
+            AddProcedures(table, targets, procedures);
+            AddConstraint(table, targets.size(), owner, constraints, findings);
         }
+        CheckTargets(definition, table, targets, owner, findings);
         CheckTableName(table, owner, findings);
     }
 }

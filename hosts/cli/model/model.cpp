@@ -1,29 +1,10 @@
 #include "hosts/cli/model/model.h"
 
-#include <algorithm>
+#include "repository/cycles.h"
+
+#include <numeric>
 
 namespace korvex::cli {
-
-namespace {
-
-/// An object on the path from the start of a search, and how many of its children are done.
-struct Step {
-    std::size_t object;
-    std::vector<std::size_t> children;
-    std::size_t next = 0;
-};
-
-std::string NamesAlong(const Model& model, const std::vector<Step>& path, std::size_t repeated) {
-    const auto start = std::find_if(path.begin(), path.end(),
-                                    [repeated](const Step& step) { return step.object == repeated; });
-    std::string text;
-    for (auto step = start; step != path.end(); ++step) {
-        text += model.objects[step->object].name + " > ";
-    }
-    return text + model.objects[repeated].name;
-}
-
-}  // namespace
 
 std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object) {
     std::vector<std::size_t> children;
@@ -60,29 +41,16 @@ std::string PlaceText(const Model& model, const ModelPlace& place, std::string_v
 }
 
 std::optional<ModelCycle> FindCycle(const Model& model) {
-    enum class State : std::uint8_t { New, OnPath, Done };
-    std::vector<State> states(model.objects.size(), State::New);
-    // A path of its own instead of recursion: definitions may be deeper than the stack.
-    std::vector<Step> path;
-    for (std::size_t start = 0; start < model.objects.size(); ++start) {
-        if (states[start] != State::New) continue;
-        states[start] = State::OnPath;
-        path.push_back({start, ChildrenOf(model, start)});
-        while (!path.empty()) {
-            Step& step = path.back();
-            if (step.next == step.children.size()) {
-                states[step.object] = State::Done;
-                path.pop_back();
-                continue;
-            }
-            const std::size_t child = step.children[step.next++];
-            if (states[child] == State::OnPath) return ModelCycle{child, NamesAlong(model, path, child)};
-            if (states[child] == State::Done) continue;
-            states[child] = State::OnPath;
-            path.push_back({child, ChildrenOf(model, child)});
-        }
-    }
-    return std::nullopt;
+    std::vector<std::size_t> objects(model.objects.size());
+    std::iota(objects.begin(), objects.end(), std::size_t{0});
+    std::vector<std::size_t> finished;
+    const auto cycle = repository::FindCycle(
+        objects, [&](std::size_t object) { return ChildrenOf(model, object); }, finished);
+    if (!cycle) return std::nullopt;
+    std::string text;
+    for (const std::size_t object : *cycle)
+        text += (text.empty() ? "" : " > ") + model.objects[object].name;
+    return ModelCycle{cycle->back(), text};
 }
 
 std::vector<ModelValueRef> ValueIndex::Find(std::size_t object, const std::string& name) {

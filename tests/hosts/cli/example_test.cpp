@@ -1,4 +1,5 @@
 #include "hosts/cli/korvex_command.h"
+#include "repository/stored_rows.h"
 #include "scriptgen/table_model.h"
 #include "support/definition_repository.h"
 #include "support/driver.h"
@@ -119,8 +120,9 @@ TEST_P(ExampleScripts, TablesAreDescribedWhateverWasScriptedBefore) {
         return DescribedText(describe(repository));
     };
     const auto orders = [&](const char* prefix) {
-        return described(
-            [&](auto& source) { return scriptgen::DescribeDefinition(source, "Orders", prefix); });
+        return described([&](auto& source) {
+            return scriptgen::DescribeDefinition(repository::Catalog::Read(source.Open()), "Orders", prefix);
+        });
     };
     const std::string imported = DumpRepository(DefaultPlatform(), connection);
     ExpectSameText("orders.tables.txt", orders("FK_"), golden);
@@ -141,10 +143,11 @@ TEST_P(ExampleScripts, TablesAreDescribedWhateverWasScriptedBefore) {
     ExpectSameText("with a prefix", withoutNumbers(orders("P2_")),
                    std::regex_replace(withoutNumbers(golden), std::regex("FK_"), "P2_"));
     ASSERT_EQ(RunKorvex({"relate", "--repository", connection, "--storage", "Orders"}).messages, "");
-    ExpectSameText(
-        "related",
-        withoutNumbers(described([](auto& related) { return scriptgen::DescribeTables(related, "Orders"); })),
-        withoutNumbers(golden));
+    ExpectSameText("related", withoutNumbers(described([](auto& related) {
+                       repository::StoredRows rows(related);
+                       return scriptgen::DescribeTables(rows, "Orders");
+                   })),
+                   withoutNumbers(golden));
 }
 
 TEST_P(ExampleScripts, AreReplacedByAnotherModelOrStayAsTheyWere) {

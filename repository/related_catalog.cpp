@@ -1,0 +1,476 @@
+#include "repository/related_catalog.h"
+
+#include "automation/text.h"
+#include "repository/key_values.h"
+#include "repository/memory_rows.h"
+#include "repository/relationship_builder.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace korvex::repository {
+
+using automation::Error;
+using Rows = DefinitionRows::Rows;
+
+namespace {
+
+/// A foreign key beside the column that holds it.
+struct ForeignKeyField {
+    std::optional<std::string> FieldName;
+    std::int32_t FKObjectID = 0;
+    std::int32_t FKValueID = 0;
+};
+
+/// A foreign key beside the interface of its value.
+struct NumberedForeignKey {
+    std::int32_t ObjectID = 0;
+    std::int32_t ValueID = 0;
+    std::int32_t FKObjectID = 0;
+    std::string Name;
+};
+
+template <auto Member, class Row>
+constexpr RowColumn<Row> Of(std::string_view name) {
+    return ColumnOf<Member, Row>(name);
+}
+
+constexpr RowColumn<DataDefRow> DataDefColumns[] = {
+    Of<&DataDefRow::Storage, DataDefRow>("Storage"),
+    Of<&DataDefRow::RootObjectID, DataDefRow>("RootObjectID")};
+constexpr RowColumn<ObjectRow> ObjectColumns[] = {
+    Of<&ObjectRow::ObjectID, ObjectRow>("ObjectID"),
+    Of<&ObjectRow::Name, ObjectRow>("Name"),
+    Of<&ObjectRow::CollectionObjectID, ObjectRow>("CollectionObjectID"),
+    Of<&ObjectRow::TableName, ObjectRow>("TableName"),
+    Of<&ObjectRow::IsIncluded, ObjectRow>("IsIncluded"),
+    Of<&ObjectRow::Guid, ObjectRow>("Guid")};
+constexpr RowColumn<InterfaceRow> InterfaceColumns[] = {
+    Of<&InterfaceRow::InterfaceID, InterfaceRow>("InterfaceID"),
+    Of<&InterfaceRow::Name, InterfaceRow>("Name")};
+constexpr RowColumn<ObjectInterfaceRow> ObjectInterfaceColumns[] = {
+    Of<&ObjectInterfaceRow::ObjectID, ObjectInterfaceRow>("ObjectID"),
+    Of<&ObjectInterfaceRow::InterfaceID, ObjectInterfaceRow>("InterfaceID")};
+constexpr RowColumn<ValueRow> ValueColumns[] = {Of<&ValueRow::ValueID, ValueRow>("ValueID"),
+                                                Of<&ValueRow::InterfaceID, ValueRow>("InterfaceID"),
+                                                Of<&ValueRow::ChildObjectID, ValueRow>("ChildObjectID"),
+                                                Of<&ValueRow::Name, ValueRow>("Name"),
+                                                Of<&ValueRow::FieldName, ValueRow>("FieldName"),
+                                                Of<&ValueRow::DataType, ValueRow>("DataType"),
+                                                Of<&ValueRow::MaxLength, ValueRow>("MaxLength"),
+                                                Of<&ValueRow::IsAutoNumber, ValueRow>("IsAutoNumber"),
+                                                Of<&ValueRow::DefaultVal, ValueRow>("DefaultVal"),
+                                                Of<&ValueRow::IsIncluded, ValueRow>("IsIncluded"),
+                                                Of<&ValueRow::IsReadOnly, ValueRow>("IsReadOnly"),
+                                                Of<&ValueRow::Description, ValueRow>("Description"),
+                                                Of<&ValueRow::Caption, ValueRow>("Caption"),
+                                                Of<&ValueRow::Translation, ValueRow>("Translation"),
+                                                Of<&ValueRow::MaxValue, ValueRow>("MaxValue"),
+                                                Of<&ValueRow::MinValue, ValueRow>("MinValue"),
+                                                Of<&ValueRow::VID, ValueRow>("VID")};
+constexpr RowColumn<PrimaryKeyRow> PrimaryKeyColumns[] = {
+    Of<&PrimaryKeyRow::ObjectID, PrimaryKeyRow>("ObjectID"),
+    Of<&PrimaryKeyRow::ValueID, PrimaryKeyRow>("ValueID"), Of<&PrimaryKeyRow::Seq, PrimaryKeyRow>("Seq")};
+constexpr RowColumn<ForeignKeyRow> ForeignKeyColumns[] = {
+    Of<&ForeignKeyRow::ObjectID, ForeignKeyRow>("ObjectID"),
+    Of<&ForeignKeyRow::ValueID, ForeignKeyRow>("ValueID"),
+    Of<&ForeignKeyRow::FKObjectID, ForeignKeyRow>("FKObjectID"),
+    Of<&ForeignKeyRow::FKValueID, ForeignKeyRow>("FKValueID"),
+    Of<&ForeignKeyRow::FKObjectGUID, ForeignKeyRow>("FKObjectGUID")};
+constexpr RowColumn<ForeignKeyField> ForeignKeyFieldColumns[] = {
+    Of<&ForeignKeyField::FieldName, ForeignKeyField>("FieldName"),
+    Of<&ForeignKeyField::FKObjectID, ForeignKeyField>("FKObjectID"),
+    Of<&ForeignKeyField::FKValueID, ForeignKeyField>("FKValueID")};
+constexpr RowColumn<NumberedForeignKey> NumberedColumns[] = {
+    Of<&NumberedForeignKey::ObjectID, NumberedForeignKey>("ObjectID"),
+    Of<&NumberedForeignKey::ValueID, NumberedForeignKey>("ValueID"),
+    Of<&NumberedForeignKey::FKObjectID, NumberedForeignKey>("FKObjectID"),
+    Of<&NumberedForeignKey::Name, NumberedForeignKey>("Name")};
+
+template <class Row, std::size_t N, class Given>
+Rows RowsOf(const RowColumn<Row> (&columns)[N], Given rows, typename MemoryRecordset<Row>::Store store = {}) {
+    return std::make_unique<MemoryRecordset<Row>>(columns, std::move(rows), std::move(store));
+}
+
+/// The entry of an identifier, made of the catalogue's rows when it is asked for first.
+template <class Entries, class Make>
+auto& Entry(Entries& entries, std::int32_t id, Make make) {
+    const auto found = entries.find(id);
+    return found != entries.end() ? found->second : entries.emplace(id, make()).first->second;
+}
+
+template <class Row>
+const Row* Find(const std::unordered_map<std::int32_t, Row>& rows, std::int32_t id) {
+    const auto found = rows.find(id);
+    return found == rows.end() ? nullptr : &found->second;
+}
+
+template <class Row>
+std::vector<Row> Copies(const std::vector<const Row*>& rows) {
+    std::vector<Row> copies;
+    for (const Row* row : rows)
+        copies.push_back(*row);
+    return copies;
+}
+
+template <class Row>
+std::vector<const Row*> Pointers(const std::vector<Row>& rows) {
+    std::vector<const Row*> pointers;
+    for (const Row& row : rows)
+        pointers.push_back(&row);
+    return pointers;
+}
+
+/// As LIKE matches: "%" stands for any text, "_" for one character; capitals are as small letters.
+bool IsLike(std::string_view text, std::string_view pattern) {
+    std::size_t at = 0;
+    std::size_t star = std::string_view::npos;
+    std::size_t resume = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        if (at < pattern.size() && pattern[at] == '%') {
+            star = at++;
+            resume = i;
+        } else if (at < pattern.size() &&
+                   (pattern[at] == '_' ||
+                    automation::EqualsIgnoreCase(text.substr(i, 1), pattern.substr(at, 1)))) {
+            const bool isAny = pattern[at++] == '_';
+            do
+                ++i;
+            while (isAny && i < text.size() && (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80);
+        } else if (star != std::string_view::npos) {
+            at = star + 1;
+            i = ++resume;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('%', at) == std::string_view::npos;
+}
+
+}  // namespace
+
+RelatedCatalog::RelatedCatalog(const Catalog& catalog) : m_catalog(catalog) {
+    if (!catalog.Interfaces().empty()) m_lastInterfaceID = catalog.Interfaces().back().InterfaceID;
+    if (!catalog.Values().empty()) m_lastValueID = catalog.Values().back().ValueID;
+}
+
+void RelatedCatalog::Relate(std::string_view storageName, std::string_view sFKPrefix) {
+    for (const auto& [objectID, ways] : CountWays(m_catalog, storageName)) {
+        if (ways <= std::numeric_limits<std::int16_t>::max()) continue;
+        throw Error(automation::Overflow,
+                    "Object '" + FindObject(objectID)->Name + "' (ObjectID " + std::to_string(objectID) +
+                        ") is reached along too many ways: its table names would run out of numbers.");
+    }
+    m_scriptedParents = RelateRows(*this, storageName, sFKPrefix);
+}
+
+void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix) {
+    const auto isRelated = [&](std::string_view name) {
+        try {
+            Relate(name, sFKPrefix);
+            return true;
+        } catch (const Error&) {
+            // What is wrong with another definition does not concern this one.
+            return false;
+        }
+    };
+    if (!storageName.empty() && !isRelated(""))
+        for (const DataDefRow& other : m_catalog.DataDefs())
+            isRelated(other.Storage);
+    Relate(storageName, sFKPrefix);
+}
+
+const ObjectRow* RelatedCatalog::FindObject(std::int32_t objectID) const {
+    const ObjectRow* changed = Find(m_objects, objectID);
+    return changed != nullptr ? changed : m_catalog.FindObject(objectID);
+}
+
+const InterfaceRow* RelatedCatalog::FindInterface(std::int32_t interfaceID) const {
+    const InterfaceRow* added = Find(m_interfaces, interfaceID);
+    return added != nullptr ? added : m_catalog.FindInterface(interfaceID);
+}
+
+const ValueRow* RelatedCatalog::FindValue(std::int32_t valueID) const {
+    if (m_deletedValues.contains(valueID)) return nullptr;
+    const ValueRow* changed = Find(m_values, valueID);
+    return changed != nullptr ? changed : m_catalog.FindValue(valueID);
+}
+
+std::vector<std::int32_t> RelatedCatalog::InterfacesOf(std::int32_t objectID) const {
+    const IDs* changed = Find(m_interfacesOfObject, objectID);
+    return changed != nullptr ? *changed : m_catalog.InterfacesOf(objectID);
+}
+
+std::vector<const ValueRow*> RelatedCatalog::ValuesOfInterface(std::int32_t interfaceID) const {
+    std::vector<const ValueRow*> values;
+    if (const IDs* changed = Find(m_valuesOfInterface, interfaceID)) {
+        for (const std::int32_t valueID : *changed)
+            values.push_back(FindValue(valueID));
+        return values;
+    }
+    values = m_catalog.ValuesOfInterface(interfaceID);
+    for (const ValueRow*& value : values)
+        if (const ValueRow* changed = Find(m_values, value->ValueID)) value = changed;
+    return values;
+}
+
+std::vector<const ValueRow*> RelatedCatalog::ValuesOf(std::int32_t objectID) const {
+    std::vector<const ValueRow*> values;
+    for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
+        const std::vector<const ValueRow*> own = ValuesOfInterface(interfaceID);
+        values.insert(values.end(), own.begin(), own.end());
+    }
+    return values;
+}
+
+std::vector<const PrimaryKeyRow*> RelatedCatalog::PrimaryKeysOf(std::int32_t objectID) const {
+    const auto* changed = Find(m_primaryKeys, objectID);
+    return changed != nullptr ? Pointers(*changed) : m_catalog.PrimaryKeysOf(objectID);
+}
+
+std::vector<const ForeignKeyRow*> RelatedCatalog::ForeignKeysOf(std::int32_t objectID) const {
+    const auto* changed = Find(m_foreignKeys, objectID);
+    return changed != nullptr ? Pointers(*changed) : m_catalog.ForeignKeysOf(objectID);
+}
+
+RelatedCatalog::IDs& RelatedCatalog::ValueIDs(std::int32_t interfaceID) {
+    return Entry(m_valuesOfInterface, interfaceID, [&] {
+        IDs ids;
+        for (const ValueRow* value : m_catalog.ValuesOfInterface(interfaceID))
+            ids.push_back(value->ValueID);
+        return ids;
+    });
+}
+
+std::vector<PrimaryKeyRow>& RelatedCatalog::PrimaryKeys(std::int32_t objectID) {
+    return Entry(m_primaryKeys, objectID, [&] { return Copies(m_catalog.PrimaryKeysOf(objectID)); });
+}
+
+std::vector<ForeignKeyRow>& RelatedCatalog::ForeignKeyList(std::int32_t objectID) {
+    return Entry(m_foreignKeys, objectID, [&] { return Copies(m_catalog.ForeignKeysOf(objectID)); });
+}
+
+Rows RelatedCatalog::RootObjects(std::string_view storageName) {
+    std::vector<const DataDefRow*> rows;
+    for (const DataDefRow& row : m_catalog.DataDefs())
+        if (storageName.empty() || row.Storage == storageName) rows.push_back(&row);
+    return RowsOf(DataDefColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::Interfaces(std::int32_t objectID) {
+    std::vector<ObjectInterfaceRow> rows;
+    for (const std::int32_t interfaceID : InterfacesOf(objectID))
+        rows.push_back({objectID, interfaceID});
+    return RowsOf(ObjectInterfaceColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::Children(std::int32_t interfaceID) {
+    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
+    std::erase_if(values, [](const ValueRow* value) { return value->ChildObjectID <= 0; });
+    return ValueRows(std::move(values));
+}
+
+Rows RelatedCatalog::ObjectRows(std::int32_t objectID, bool (*takes)(const ObjectRow& object)) {
+    const ObjectRow* object = FindObject(objectID);
+    std::vector<const ObjectRow*> rows;
+    if (object != nullptr && takes(*object)) rows.push_back(object);
+    return RowsOf(ObjectColumns, std::move(rows), [this](ObjectRow row, const ObjectRow*) {
+        return &(m_objects[row.ObjectID] = std::move(row));
+    });
+}
+
+Rows RelatedCatalog::Object(std::int32_t objectID) {
+    return ObjectRows(objectID, [](const ObjectRow&) { return true; });
+}
+
+Rows RelatedCatalog::ElementObject(std::int32_t objectID) { return Object(objectID); }
+
+Rows RelatedCatalog::ScriptedObject(std::int32_t objectID) {
+    return ObjectRows(objectID, [](const ObjectRow& row) { return row.IsIncluded && row.TableName; });
+}
+
+Rows RelatedCatalog::SingleObject(std::int32_t objectID) {
+    return ObjectRows(objectID, [](const ObjectRow& row) {
+        return row.IsIncluded && row.TableName && row.HasKind && row.CollectionObjectID == 0;
+    });
+}
+
+Rows RelatedCatalog::CollectionObject(std::int32_t objectID) {
+    return ObjectRows(objectID, [](const ObjectRow& row) {
+        return row.IsIncluded && row.TableName && row.CollectionObjectID != 0;
+    });
+}
+
+Rows RelatedCatalog::InterfacesLike(std::int32_t objectID, std::string_view name) {
+    std::vector<const InterfaceRow*> rows;
+    for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
+        const InterfaceRow* interface = FindInterface(interfaceID);
+        if (interface != nullptr && IsLike(interface->Name, name)) rows.push_back(interface);
+    }
+    return RowsOf(InterfaceColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::NewInterfaces() {
+    return RowsOf(InterfaceColumns, std::vector<const InterfaceRow*>(),
+                  [this](InterfaceRow row, const InterfaceRow*) {
+                      row.InterfaceID = ++m_lastInterfaceID;
+                      return &(m_interfaces[row.InterfaceID] = std::move(row));
+                  });
+}
+
+Rows RelatedCatalog::NewObjectInterfaces() {
+    return RowsOf(ObjectInterfaceColumns, std::vector<const ObjectInterfaceRow*>(),
+                  [this](const ObjectInterfaceRow& row, const ObjectInterfaceRow* before) {
+                      Entry(m_interfacesOfObject, row.ObjectID, [&] {
+                          return m_catalog.InterfacesOf(row.ObjectID);
+                      }).push_back(row.InterfaceID);
+                      m_objectsOfInterface[row.InterfaceID].push_back(row.ObjectID);
+                      return before;
+                  });
+}
+
+Rows RelatedCatalog::ValueRows(std::vector<const ValueRow*> values) {
+    return RowsOf(ValueColumns, std::move(values), [this](ValueRow row, const ValueRow* before) {
+        return StoreValue(std::move(row), before);
+    });
+}
+
+const ValueRow* RelatedCatalog::StoreValue(ValueRow row, const ValueRow* before) {
+    if (before == nullptr) row.ValueID = ++m_lastValueID;
+    row.IsPlain = row.ChildObjectID == 0;
+    if (before == nullptr || before->InterfaceID != row.InterfaceID) {
+        if (before != nullptr) std::erase(ValueIDs(before->InterfaceID), row.ValueID);
+        IDs& values = ValueIDs(row.InterfaceID);
+        values.insert(std::ranges::upper_bound(values, row.ValueID), row.ValueID);
+    }
+    return &(m_values[row.ValueID] = std::move(row));
+}
+
+Rows RelatedCatalog::PlainValues(std::int32_t interfaceID) {
+    constexpr std::int32_t nullType = 1;
+    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
+    std::erase_if(values, [](const ValueRow* value) {
+        return !value->IsPlain || value->DataType == TypeNoColumn || value->DataType == nullType;
+    });
+    return ValueRows(std::move(values));
+}
+
+Rows RelatedCatalog::StoredValues(std::int32_t interfaceID) {
+    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
+    std::erase_if(values, [](const ValueRow* value) {
+        return !value->IsPlain || !value->FieldName || !value->IsIncluded || value->DataType == TypeNoColumn;
+    });
+    return ValueRows(std::move(values));
+}
+
+Rows RelatedCatalog::PrimaryKeyRows(std::int32_t objectID) {
+    return RowsOf(PrimaryKeyColumns, Copies(PrimaryKeysOf(objectID)),
+                  [this](const PrimaryKeyRow& row, const PrimaryKeyRow* before) {
+                      PrimaryKeys(row.ObjectID).push_back(row);
+                      return before;
+                  });
+}
+
+Rows RelatedCatalog::PrimaryKeysOfValue(std::int32_t objectID, std::int32_t valueID) {
+    std::vector<PrimaryKeyRow> rows = Copies(PrimaryKeysOf(objectID));
+    std::erase_if(rows, [&](const PrimaryKeyRow& row) { return row.ValueID != valueID; });
+    return RowsOf(PrimaryKeyColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::NamedValue(std::string_view name, std::int32_t interfaceID) {
+    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
+    std::erase_if(values, [&](const ValueRow* value) { return value->Name != name; });
+    return ValueRows(std::move(values));
+}
+
+Rows RelatedCatalog::Value(std::int32_t valueID) {
+    const ValueRow* value = FindValue(valueID);
+    return ValueRows(value == nullptr ? std::vector<const ValueRow*>() : std::vector{value});
+}
+
+Rows RelatedCatalog::InterfaceName(std::int32_t interfaceID) {
+    const InterfaceRow* interface = FindInterface(interfaceID);
+    return RowsOf(InterfaceColumns,
+                  interface == nullptr ? std::vector<const InterfaceRow*>() : std::vector{interface});
+}
+
+Rows RelatedCatalog::KeyNumbers(std::int32_t interfaceID) {
+    const IDs* added = Find(m_objectsOfInterface, interfaceID);
+    std::vector<const ValueRow*> values;
+    for (const std::int32_t objectID : added != nullptr ? *added : m_catalog.ObjectsWith(interfaceID))
+        for (const ValueRow* value : ValuesOf(objectID))
+            if (IsKeyVid(value->VID)) values.push_back(value);
+    std::ranges::stable_sort(values, {}, &ValueRow::VID);
+    return ValueRows(std::move(values));
+}
+
+Rows RelatedCatalog::Numbers(std::int32_t interfaceID) { return ValueRows(ValuesOfInterface(interfaceID)); }
+
+Rows RelatedCatalog::ForeignKeys(std::int32_t objectID) {
+    std::vector<ForeignKeyField> rows;
+    for (const ForeignKeyRow* key : ForeignKeysOf(objectID))
+        if (const ValueRow* value = FindValue(key->ValueID))
+            rows.push_back({value->FieldName, key->FKObjectID, key->FKValueID});
+    return RowsOf(ForeignKeyFieldColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::ForeignKeyRows(std::int32_t objectID, std::optional<std::int32_t> valueID,
+                                    std::optional<std::int32_t> parentID) {
+    std::vector<ForeignKeyRow> rows;
+    for (const ForeignKeyRow* key : ForeignKeysOf(objectID))
+        if (key->ValueID == valueID.value_or(key->ValueID) &&
+            key->FKObjectID == parentID.value_or(key->FKObjectID))
+            rows.push_back(*key);
+    return RowsOf(ForeignKeyColumns, std::move(rows), [this](ForeignKeyRow row, const ForeignKeyRow* before) {
+        std::vector<ForeignKeyRow>& keys = ForeignKeyList(row.ObjectID);
+        const auto place = std::ranges::find_if(keys, [&](const ForeignKeyRow& key) {
+            return before != nullptr && key.ValueID == row.ValueID && key.FKObjectID == row.FKObjectID;
+        });
+        if (place != keys.end()) {
+            *place = std::move(row);
+        } else {
+            keys.push_back(std::move(row));
+        }
+        return before;
+    });
+}
+
+/// Only the keys of objects that were related, and of values that these share with others, are asked about.
+Rows RelatedCatalog::NumberedForeignKeys() {
+    std::vector<NumberedForeignKey> rows;
+    std::unordered_set<std::int32_t> values;
+    const auto add = [&](const ForeignKeyRow& key) {
+        const ValueRow* value = FindValue(key.ValueID);
+        const InterfaceRow* interface = value == nullptr ? nullptr : FindInterface(value->InterfaceID);
+        if (interface != nullptr && IsKeyVid(value->VID))
+            rows.push_back({key.ObjectID, key.ValueID, key.FKObjectID, interface->Name});
+    };
+    for (const auto& [objectID, object] : m_objects) {
+        for (const ForeignKeyRow* key : ForeignKeysOf(objectID)) {
+            values.insert(key->ValueID);
+            add(*key);
+        }
+    }
+    for (const ForeignKeyRow& key : m_catalog.ForeignKeys())
+        if (values.contains(key.ValueID) && !m_objects.contains(key.ObjectID)) add(key);
+    return RowsOf(NumberedColumns, std::move(rows));
+}
+
+Rows RelatedCatalog::HeldObjects(std::int32_t objectID) {
+    std::vector<const ValueRow*> values = ValuesOf(objectID);
+    std::erase_if(values, [](const ValueRow* value) { return value->ChildObjectID <= 0; });
+    return ValueRows(std::move(values));
+}
+
+void RelatedCatalog::DeleteForeignKey(std::int32_t objectID, std::int32_t valueID, std::int32_t parentID) {
+    std::erase_if(ForeignKeyList(objectID), [&](const ForeignKeyRow& key) {
+        return key.ValueID == valueID && key.FKObjectID == parentID;
+    });
+}
+
+void RelatedCatalog::DeleteValue(std::int32_t valueID) {
+    if (const ValueRow* value = FindValue(valueID)) std::erase(ValueIDs(value->InterfaceID), valueID);
+    m_deletedValues.insert(valueID);
+}
+
+}  // namespace korvex::repository
