@@ -11,11 +11,12 @@ namespace {
 
 /// Runs `action` and answers whether it raised no error; the error is passed over.
 template <class Action>
-bool Succeeds(Action&& action) {
+bool Succeeds(Session& session, Action&& action) {
     try {
         action();
         return true;
-    } catch (const automation::Error&) {
+    } catch (const automation::Error& error) {
+        session.Trap(error);
         return false;
     }
 }
@@ -44,7 +45,7 @@ bool DbGetField(Session& session, const Variant& lKey, const std::string& sKeyFi
     const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;
     const bool read = CheckRecord(session, *records) &&
-                      Succeeds([&] { vntFieldValue = records->Fields(sFieldName)->Value(); });
+                      Succeeds(session, [&] { vntFieldValue = records->Fields(sFieldName)->Value(); });
     records->Close();
     return read;
 }
@@ -54,9 +55,9 @@ bool DbSaveField(Session& session, const Variant& lKey, const std::string& sKeyF
     const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;
     const bool written = CheckRecord(session, *records) &&
-                         Succeeds([&] { records->Fields(sFieldName)->Value(vntFieldValue); });
-    if (written) Succeeds([&] { records->Update(); });
-    Succeeds([&] { records->Close(); });
+                         Succeeds(session, [&] { records->Fields(sFieldName)->Value(vntFieldValue); });
+    if (written) Succeeds(session, [&] { records->Update(); });
+    Succeeds(session, [&] { records->Close(); });
     return written;
 }
 

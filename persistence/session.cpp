@@ -37,8 +37,9 @@ bool Session::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
         m_bConnected = true;
     } catch (const Error& error) {
         m_bConnected = false;
-        m_platform.desktop->ShowMessage(error.Description(), platform::StyleOkOnly, "");
         m_oConn = nullptr;
+        Trap(error);
+        m_platform.desktop->ShowMessage(error.Description(), platform::StyleOkOnly, "");
         Fail(dbConnectError);
     }
     return m_bConnected;
@@ -66,7 +67,8 @@ std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) 
         records->LockType(ado::adLockOptimistic);
         records->Open(sSQL, m_oConn, ado::adUnspecified, ado::adUnspecified, ado::adUnspecified);
         return records;
-    } catch (const Error&) {
+    } catch (const Error& error) {
+        Trap(error);
         ++m_failedOpens;
         Fail(dbCannotOpenRecordset);
         return nullptr;
@@ -91,6 +93,7 @@ DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
 
 Descent::Descent(Session& session) : m_session(session), m_outermost(!session.m_stack) {
     if (m_outermost) {
+        session.m_trapped.reset();
         session.m_stack.emplace();
         session.m_writes = 0;
     }

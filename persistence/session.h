@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/error.h"
 #include "persistence/db_results.h"
 #include "persistence/definition_reading.h"
 #include "persistence/public_members.h"
@@ -23,7 +24,10 @@ class Session {
     PublicMembers& Members() const noexcept { return m_members; }
 
     dbResults LastResult() const noexcept { return m_lLastResult; }
-    void ResetLastResult() noexcept { m_lLastResult = dbNoError; }
+    void ResetLastResult() noexcept {
+        m_lLastResult = dbNoError;
+        if (!m_stack) m_trapped.reset();
+    }
     /// Leaves `code`; answers False, so that a failing check reads `return Fail(...)`.
     bool Fail(dbResults code) noexcept;
 
@@ -40,6 +44,12 @@ class Session {
     bool ConnectDB(const automation::Variant& sConnection, const automation::Variant& sFKPrefix);
     void DisconnectDB();
     std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+    /// The first error of the engine that the call in hand, or the last one, answered with a code or passed
+    /// over.
+    const std::optional<automation::Error>& TrappedError() const noexcept { return m_trapped; }
+    void Trap(const automation::Error& error) {
+        if (!m_trapped) m_trapped = error;
+    }
     /// Statements that did not open so far. Steps that go on after one, as the inserts and deletes of a tree
     /// do, leave no other trace of it when later calls reset the last result.
     std::size_t FailedOpens() const noexcept { return m_failedOpens; }
@@ -70,6 +80,7 @@ class Session {
     bool m_bConnected = false;
     std::string m_sFKPrefix;
     dbResults m_lLastResult = dbNoError;
+    std::optional<automation::Error> m_trapped;
     std::size_t m_failedOpens = 0;
     std::size_t m_passedOver = 0;
     std::size_t m_writes = 0;

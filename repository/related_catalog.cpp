@@ -174,7 +174,9 @@ void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string
             return false;
         }
     };
-    if (!storageName.empty() && !isRelated(""))
+    const auto isOther = [&](const DataDefRow& row) { return row.Storage != storageName; };
+    const bool hasOthers = !storageName.empty() && std::ranges::any_of(m_catalog.DataDefs(), isOther);
+    if (hasOthers && !isRelated(""))
         for (const DataDefRow& other : m_catalog.DataDefs())
             isRelated(other.Storage);
     Relate(storageName, sFKPrefix);

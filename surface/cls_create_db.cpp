@@ -111,6 +111,7 @@ struct clsCreateDb::Impl {
     Platform platform;
     repository::Repository repository;
     scriptgen::RunState run;
+    std::vector<automation::Error> unwritten;  ///< why files were not written
     std::string m_sFKPrefix;
     std::string m_sScriptFilePath;
 };
@@ -142,11 +143,14 @@ void clsCreateDb::Impl::SetupRun(clsCreateDb& self, const ScriptTypeInfo& type,
 
 /// Writes a text to its file and opens it; only a failure of the first file is raised.
 void clsCreateDb::Impl::ShowScript(const std::string& path, const std::string& text, bool isFirst) {
-    const auto write = [&] { platform.files->WriteText(path, text, automation::CrLf); };
-    if (isFirst) {
-        write();
-    } else {
-        IgnoreErrors(write);
+    if (isFirst) unwritten.clear();
+    try {
+        platform.files->WriteText(path, text, automation::CrLf);
+    } catch (const automation::Error& error) {
+        if (isFirst) throw;
+        unwritten.push_back(error);
+    } catch (const std::exception&) {
+        if (isFirst) throw;
     }
     IgnoreErrors([&] { platform.desktop->OpenEditor(path); });
 }
@@ -251,6 +255,10 @@ void clsCreateDb::OpenRepository(const std::string& sConnection) {
 void clsCreateDb::CloseRepository() {
     m_impl->desktop->ExpectNoOpenBox();
     if (m_impl->repository.IsOpen()) IgnoreErrors([&] { m_impl->repository.Close(); });
+}
+
+const std::vector<automation::Error>& clsCreateDb::UnwrittenFiles() const noexcept {
+    return m_impl->unwritten;
 }
 
 std::vector<std::string> clsCreateDb::DoEngineDb(const std::string& sEngine, const std::string& FileName,

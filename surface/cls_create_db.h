@@ -2,6 +2,7 @@
 
 #include "automation/collection.h"
 #include "automation/dispatch.h"
+#include "automation/error.h"
 #include "platform/platform.h"
 
 #include <memory>
@@ -81,6 +82,9 @@ class clsCreateDb : public automation::TableObject {
     /// CreateRelationship on their own, and closes it without writing files (nothing when none is open).
     void OpenRepository(const std::string& sConnection);
     void CloseRepository();
+
+    /// For C++ hosts only: why files of the last run were not written, but for the first one, which ends it.
+    const std::vector<automation::Error>& UnwrittenFiles() const noexcept;
 
     /// For C++ hosts only: one whole run for a database engine, as DoMSsqlDb; `sEngine` is "sqlite",
     /// "mariadb" or "postgresql" (InvalidProcedureCall, 5, for any other). There are no procedures, and every

@@ -62,6 +62,10 @@ dbResults clsCRUD::LastResult() { return m_impl->session.LastResult(); }
 
 std::size_t clsCRUD::Writes() const noexcept { return m_impl->session.Writes(); }
 
+const std::optional<automation::Error>& clsCRUD::TrappedError() const noexcept {
+    return m_impl->session.TrappedError();
+}
+
 std::string clsCRUD::FKPrefix() { return m_impl->session.FKPrefix(); }
 
 void clsCRUD::FKPrefix(const std::string& value) { m_impl->session.FKPrefix(value); }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "automation/dispatch.h"
+#include "automation/error.h"
 #include "persistence/db_results.h"
 #include "persistence/qor_object.h"
 #include "platform/platform.h"
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace korvex {
@@ -70,6 +72,12 @@ class clsCRUD : public automation::TableObject {
     /// Inserts, changes and deletes that the last load, save, update or delete of an object tree sent. For
     /// C++ hosts; it is in no member table.
     std::size_t Writes() const noexcept;
+
+    /// The engine's error behind a code or an answer of the last call: of a connection or the first statement
+    /// that did not open (dbConnectError, dbCannotOpenRecordset), and of a field that DbGetField could not
+    /// read or DbSaveField not write. Nothing when the call trapped none. For C++ hosts; it is in no member
+    /// table.
+    const std::optional<automation::Error>& TrappedError() const noexcept;
 
     const automation::ClassInfo& Class() const noexcept override;
 

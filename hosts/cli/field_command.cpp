@@ -28,8 +28,8 @@ struct FieldOptions {
 
 /// A failure that left no code has its reason in the engine's error.
 [[noreturn]] void FailField(const DataSession& session, const FieldOptions& options) {
-    if (session.Crud().LastResult() == dbNoError && session.Failures().Last())
-        throw *session.Failures().Last();
+    const auto& failure = session.Crud().TrappedError();
+    if (session.Crud().LastResult() == dbNoError && failure) throw *failure;
     session.FailWithLastResult(RecordText(options.table, options.keyField, ReadKey(options.key)));
 }
 
@@ -69,7 +69,7 @@ void RunSet(const FieldOptions& options, Console& console) {
     const Variant value = NewValue(session.Crud(), options);
     const bool isSet = session.Crud().DbSaveField(key, options.keyField, options.table, options.field, value);
     // A write that the database refuses does not show in the answer.
-    if (!isSet || session.Failures().Last()) FailField(session, options);
+    if (!isSet || session.Crud().TrappedError()) FailField(session, options);
 }
 
 void AddFieldOptions(CLI::App& command, FieldOptions& options) {

@@ -1,4 +1,3 @@
-#include "automation/text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
@@ -20,15 +19,6 @@ struct SaveOptions {
 
 using DataObjects = std::vector<std::shared_ptr<objects::DataObject>>;
 
-/// A root without a table leaves no code.
-void ExpectTable(const DataSession& session, const std::shared_ptr<objects::DataObject>& object) {
-    if (session.Crud().LastResult() != dbNoError) return;
-    objects::Definition& definition = object->Type();
-    if (!definition.StringAttribute(attTableName).empty()) return;
-    session.Fail(dbTableNameMissing,
-                 "The object " + automation::Quoted(definition.Name()) + " has no table.");
-}
-
 /// Saves the objects in one transaction; their keys.
 std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects& objects, Console& console) {
     std::vector<std::int32_t> keys;
@@ -37,7 +27,6 @@ std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects&
         console.Progress("saving " + std::to_string(keys.size() + 1) + "/" + std::to_string(objects.size()));
         const std::int32_t key = session.Crud().DbSaveData(object);
         session.ExpectAllOpened();
-        if (key < 1) ExpectTable(session, object);
         if (key < 1) session.FailWithLastResult();
         keys.push_back(key);
     }

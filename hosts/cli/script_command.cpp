@@ -66,13 +66,13 @@ void CreateFolder(const std::string& folder) {
 }
 
 /// A run raises the failure of its first file only; the others are told here.
-void ExpectAllWritten(const RecordingFiles& files) {
-    if (files.Failures().empty()) return;
+void ExpectAllWritten(const clsCreateDb& scripts) {
+    const std::vector<Error>& failures = scripts.UnwrittenFiles();
+    if (failures.empty()) return;
     std::string descriptions;
-    for (const Error& failure : files.Failures()) {
+    for (const Error& failure : failures)
         descriptions += (descriptions.empty() ? "" : "; ") + failure.Description();
-    }
-    throw Error(files.Failures().front().Number(), descriptions);
+    throw Error(failures.front().Number(), descriptions);
 }
 
 /// One run of one dialect; the paths of its files. Every run has an instance of its own: the create script of
@@ -89,7 +89,7 @@ std::vector<std::string> RunDialect(const Dialect& dialect, const ScriptOptions&
              scripts->DoEngineDb(dialect.name, options.repository, options.storage, prefix))
             console.Message(dialect.name + ": " + note);
     }
-    ExpectAllWritten(*session.files);
+    ExpectAllWritten(*scripts);
     session.ExpectNoFailedQuery("the " + dialect.name + " scripts in " + options.out + " are not complete");
     return session.desktop->Paths();
 }

@@ -44,20 +44,9 @@ void CliDesktop::ShowMessage(std::string_view text, std::int32_t style, std::str
     m_console.Text(text);
 }
 
-void RecordingFiles::WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) {
-    try {
-        m_files->WriteText(path, text, lineEnd);
-    } catch (const Error& error) {
-        m_failures.push_back(error);
-        throw;
-    }
-}
-
 Session::Session(Console& console) : platform(DefaultPlatform()) {
     desktop = std::make_shared<CliDesktop>(console);
-    files = std::make_shared<RecordingFiles>(platform.files);
     platform.desktop = desktop;
-    platform.files = files;
     platform.repositoryEngine = EngineForSources(platform.repositoryEngine);
 }
 

@@ -33,28 +33,11 @@ class CliDesktop : public platform::Desktop {
     std::vector<std::string> m_paths;
 };
 
-/// Passes everything on, and remembers every write that failed: a run goes on after most of them.
-class RecordingFiles : public platform::Files {
-  public:
-    explicit RecordingFiles(std::shared_ptr<platform::Files> files) : m_files(std::move(files)) {}
-
-    void WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) override;
-    std::string LibraryFolder() override { return m_files->LibraryFolder(); }
-    char Separator() const noexcept override { return m_files->Separator(); }
-
-    const std::vector<automation::Error>& Failures() const noexcept { return m_failures; }
-
-  private:
-    std::shared_ptr<platform::Files> m_files;
-    std::vector<automation::Error> m_failures;
-};
-
-/// This build's platform with the command's own desktop and files.
+/// This build's platform with the command's own desktop.
 struct Session {
     explicit Session(Console& console);
 
     std::shared_ptr<CliDesktop> desktop;
-    std::shared_ptr<RecordingFiles> files;
     Platform platform;
 
     /// Raises QueryFailed (3146) when a query failed on the way; `work` says of what.

@@ -9,7 +9,7 @@
 #include "objects/json_value.h"
 #include "objects/load_definition.h"
 #include "platform/stack.h"
-#include "repository/private_copy.h"
+#include "repository/repository.h"
 #include "surface/target_tables.h"
 
 #include <pybind11/stl.h>
@@ -27,8 +27,7 @@ Handle LoadDefinition(const std::string& source, const std::string& storageName,
     const py::gil_scoped_release others;
     repository::Repository repository(HostPlatform());
     repository.OpenRepository(source);
-    repository::Repository copy = repository::PrivateRelatedCopy(repository, storageName, prefix);
-    return Handle(objects::LoadDefinition(repository::Catalog::Read(copy.Open()), storageName, prefix));
+    return Handle(objects::LoadDefinition(repository::Catalog::Read(repository.Open()), storageName, prefix));
 }
 
 /// What an object holds, as a dict in the form of its JSON text, with Python's own values.

@@ -23,15 +23,11 @@ namespace {
 
 using automation::Error;
 
-/// Keeps what the connection's message box would say.
-class MessageKeeper final : public platform::Desktop {
+/// Says nothing: the connection's error is asked for.
+class SilentDesktop final : public platform::Desktop {
   public:
-    void ShowMessage(std::string_view text, std::int32_t, std::string_view) override { m_text = text; }
+    void ShowMessage(std::string_view, std::int32_t, std::string_view) override {}
     void OpenEditor(std::string_view) override {}
-    const std::string& Text() const noexcept { return m_text; }
-
-  private:
-    std::string m_text;
 };
 
 repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
@@ -96,24 +92,23 @@ std::string RecordText(objects::Definition& definition, std::int32_t key) {
 }
 
 DataSession::DataSession(const std::string& connection, const std::string& fkPrefix, Console& console)
-    : m_console(console), m_failures(std::make_shared<FailureLog>()) {
+    : m_console(console) {
     Platform platform = DefaultPlatform();
-    const auto messages = std::make_shared<MessageKeeper>();
-    platform.desktop = messages;
-    platform.targetProvider = WatchProvider(platform.targetProvider, m_failures);
+    platform.desktop = std::make_shared<SilentDesktop>();
     m_crud = std::make_shared<clsCRUD>(platform);
-    if (!m_crud->ConnectDB(connection, fkPrefix)) Fail(dbConnectError, messages->Text());
+    if (!m_crud->ConnectDB(connection, fkPrefix)) Fail(dbConnectError);
 }
 
 void DataSession::Fail(dbResults code, std::string reason) const {
     const ResultText& text = TextOf(code);
     std::string_view remedy = text.remedy;
-    if (reason.empty() && code == dbCannotOpenRecordset && m_failures->Opening()) {
-        const Error& failure = *m_failures->Opening();
-        reason = failure.Description();
-        const bool isMadeOtherwise =
-            failure.Number() == ado::DbENoTable || failure.Number() == ado::DbEStatement;
-        if (!isMadeOtherwise) remedy = {};
+    const std::optional<Error>& failure = m_crud->TrappedError();
+    if (reason.empty() && failure && (code == dbConnectError || code == dbCannotOpenRecordset)) {
+        reason = failure->Description();
+        // Only tables that are missing, or made otherwise, are to be made.
+        if (code == dbCannotOpenRecordset && failure->Number() != ado::DbENoTable &&
+            failure->Number() != ado::DbEStatement)
+            remedy = {};
     }
     if (reason.empty()) reason = text.meaning;
     m_console.Message(std::string(NameOf(text.code)) + ": " +
@@ -129,7 +124,7 @@ void DataSession::ExpectUsableKey(const std::shared_ptr<objects::DataObject>& ob
 }
 
 void DataSession::ExpectAllOpened() const {
-    if (m_failures->Opening()) Fail(dbCannotOpenRecordset);
+    if (m_crud->TrappedError()) Fail(dbCannotOpenRecordset);
 }
 
 std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console) {

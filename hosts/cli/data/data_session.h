@@ -1,7 +1,6 @@
 #pragma once
 
 #include "hosts/cli/console.h"
-#include "hosts/cli/data/watched_provider.h"
 #include "objects/data_object.h"
 #include "surface/cls_crud.h"
 
@@ -44,7 +43,6 @@ class DataSession {
     DataSession(const std::string& connection, const std::string& fkPrefix, Console& console);
 
     clsCRUD& Crud() const noexcept { return *m_crud; }
-    const FailureLog& Failures() const noexcept { return *m_failures; }
 
     /// Ends the command with the code that clsCRUD left; `record` is the one that was looked for.
     [[noreturn]] void FailWithLastResult(const std::string& record = {}) const {
@@ -55,12 +53,11 @@ class DataSession {
     [[noreturn]] void Fail(dbResults code, std::string reason = {}) const;
     /// Ends the command for a record whose key is 0 or less: nothing beneath it can be found.
     void ExpectUsableKey(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
-    /// Ends the command when a table did not open, wherever in the tree that was.
+    /// Ends the command when a table did not open in the last call, wherever in the tree that was.
     void ExpectAllOpened() const;
 
   private:
     Console& m_console;
-    std::shared_ptr<FailureLog> m_failures;
     std::shared_ptr<clsCRUD> m_crud;
 };
 

@@ -8,15 +8,14 @@ namespace korvex::cli {
 namespace {
 
 constexpr std::array Texts = {
-    ResultText{dbNoError, "Nothing was done.",
-               "Bring the keys of the definition up to date (korvex relate)."},
+    ResultText{dbNoError, "Nothing was done.", "Check the definition (korvex repository check)."},
     ResultText{dbConnectError, "The database cannot be opened.", "Check --connection."},
     ResultText{dbNotConnected, "There is no connection to the database.", "Check --connection."},
     ResultText{dbPrimaryKeyFieldNameMissing, "An object of the definition has no primary key.",
-               "Bring the keys of the definition up to date (korvex relate)."},
+               "Check the definition (korvex repository check)."},
     ResultText{dbPrimaryKeyMissing, "A record has no key above 0.", "Correct the key in the database."},
     ResultText{dbTableNameMissing, "An object of the definition has no table.",
-               "Bring the definition up to date (korvex relate)."},
+               "Check the definition (korvex repository check)."},
     ResultText{dbBadParameter, "A name is empty.", "Give --table, --key-field and --field."},
     ResultText{dbNoMatchingRecord, "No record has that key.", "Check the key."},
     ResultText{dbCannotOpenRecordset, "A table cannot be opened.",
@@ -25,7 +24,7 @@ constexpr std::array Texts = {
                "Check --fk-prefix."},
     ResultText{dbObjectNotModified, "Nothing differs from what is stored.", ""},
     ResultText{dbTableNotIncluded, "An object of the definition is not stored.",
-               "Bring the definition up to date (korvex relate)."},
+               "Check the definition (korvex repository check)."},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/target_database.h"
+#include "support/definition_repository.h"
 #include "support/json_holds.h"
 #include "support/text_files.h"
 
@@ -42,7 +43,6 @@ class StoredData : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         s_repository = std::make_unique<RepositoryFile>(ReadFile(KORVEX_TEST_DATA "/orders.json"));
-        ASSERT_EQ(RunKorvex({"relate", "--repository", s_repository->Path()}).exitCode, 0);
         const TargetDatabase target;
         ASSERT_EQ(RunKorvex({"database", "create", "--repository", s_repository->Path(), "--storage",
                              "Orders", "--connection", target.Connection()})
@@ -300,7 +300,6 @@ TEST_F(StoredData, BadSettings) {
     } cases[] = {
         {{"--storage", "Order"}, "error 5: No definition has the storage name \"Order\"; there is Orders."},
         {{"--storage", "O'"}, "error 5: "},
-        {{"--fk-prefix", "X_"}, "korvex relate"},
         {{"--repository", "/nowhere/r.db"}, "error 3024: "},
         {{"--connection", ""},
          "dbConnectError: The connection string names no provider. Use \"Provider=SQLite;Data Source=FILE\""},
@@ -312,14 +311,6 @@ TEST_F(StoredData, BadSettings) {
     };
     for (const auto& test : cases)
         ExpectFailure(Run("exists", Merge({"--key", "1"}, test.arguments)), test.message);
-}
-
-TEST_F(StoredData, ARootWithoutATableIsNamed) {
-    const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
-    ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
-    repository.Execute({"update tObjects set TableName = null where Name = 'Order'"});
-    ExpectFailure(Run("save", {"--repository", repository.Path(), OrderFile}),
-                  "dbTableNameMissing: The object \"Order\" has no table. Bring the definition up to date");
 }
 
 TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
@@ -353,9 +344,6 @@ TEST_F(StoredData, WhatCannotBeWrittenStaysAsItIs) {
 class SmallModel : public testing::Test {
   protected:
     void SetUp() override {
-        ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path()}).exitCode, 0);
-        ASSERT_EQ(RunKorvex({"relate", "--repository", m_repository.Path(), "--storage", "Orders"}).exitCode,
-                  0);
         ASSERT_EQ(RunKorvex({"database", "create", "--repository", m_repository.Path(), "--storage", "Orders",
                              "--connection", m_target.Connection()})
                       .messages,
@@ -413,6 +401,28 @@ TEST_F(SmallModel, WhatIsNotStoredIsNamed) {
         EXPECT_EQ(result.messages, test.messages);
         EXPECT_THAT(m_target.Query("select group_concat(OrderID || ' ' || Number) from tOrder"),
                     ElementsAre(test.orders));
+    }
+}
+
+/// A run of both definitions meets the address twice, and so gives it another table.
+TEST_F(SmallModel, TablesAreThoseOfTheDefinitionWhateverWasScriptedLast) {
+    const std::string order = R"({"Number": "b", "Address": {"City": "Ghent"}, "Lines": {"$items": []}})";
+    for (const char* prefix : {"FK_", "P2_"}) {
+        ASSERT_EQ(RunKorvex({"script", "--repository", m_repository.Path(), "--dialect", "mssql", "--out",
+                             m_target.Folder().Path("out"), "--fk-prefix", prefix})
+                      .exitCode,
+                  0);
+        ASSERT_THAT(ReadRows(DefaultPlatform(), m_repository.Path(),
+                             "select TableName from tObjects where Name = 'Address'", {"TableName"}),
+                    ElementsAre("tAddress2"));
+        const std::string key = Run("Orders", "save", order).output;
+        const CommandResult updated =
+            Run("Orders", "update --key " + key, R"({"Address": {"City": "Lier"}})");
+        EXPECT_EQ(updated.exitCode, 0) << updated.messages;
+        EXPECT_EQ(json::parse(Run("Orders", "load --key " + key, "-").output)["Address"]["City"], "Lier");
+        EXPECT_EQ(Run("Addresses", "exists --key 2", "-").output, "true\n");
+        EXPECT_EQ(Run("Orders", "delete --key " + key, "-").messages, "");
+        EXPECT_THAT(m_target.Query("select count(*) from tAddress"), ElementsAre("1"));
     }
 }
 
