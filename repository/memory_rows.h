@@ -59,7 +59,7 @@ class MemoryRecordset final : public dao::Recordset {
   public:
     using Columns = std::span<const RowColumn<Row>>;
     /// Keeps a row that was added, or changed in place of `before`; gives it where it stands from then on.
-    using Store = std::function<const Row*(Row row, const Row* before)>;
+    using Store = std::function<const Row*(Row&& row, const Row* before)>;
 
     MemoryRecordset(Columns columns, std::vector<const Row*> rows, Store store = {})
         : m_rows(std::move(rows)), m_store(std::move(store)) {

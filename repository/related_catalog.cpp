@@ -276,7 +276,7 @@ Rows RelatedCatalog::ObjectRows(std::int32_t objectID, bool (*takes)(const Objec
     const ObjectRow* object = FindObject(objectID);
     std::vector<const ObjectRow*> rows;
     if (object != nullptr && takes(*object)) rows.push_back(object);
-    return RowsOf(ObjectColumns, std::move(rows), [this](ObjectRow row, const ObjectRow*) {
+    return RowsOf(ObjectColumns, std::move(rows), [this](ObjectRow&& row, const ObjectRow*) {
         return &(m_objects[row.ObjectID] = std::move(row));
     });
 }
@@ -306,15 +306,15 @@ Rows RelatedCatalog::CollectionObject(std::int32_t objectID) {
 Rows RelatedCatalog::InterfacesLike(std::int32_t objectID, std::string_view name) {
     std::vector<const InterfaceRow*> rows;
     for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
-        const InterfaceRow* interface = FindInterface(interfaceID);
-        if (interface != nullptr && IsLike(interface->Name, name)) rows.push_back(interface);
+        const InterfaceRow* named = FindInterface(interfaceID);
+        if (named != nullptr && IsLike(named->Name, name)) rows.push_back(named);
     }
     return RowsOf(InterfaceColumns, std::move(rows));
 }
 
 Rows RelatedCatalog::NewInterfaces() {
     return RowsOf(InterfaceColumns, std::vector<const InterfaceRow*>(),
-                  [this](InterfaceRow row, const InterfaceRow*) {
+                  [this](InterfaceRow&& row, const InterfaceRow*) {
                       row.InterfaceID = ++m_lastInterfaceID;
                       return &(m_interfaces[row.InterfaceID] = std::move(row));
                   });
@@ -332,7 +332,7 @@ Rows RelatedCatalog::NewObjectInterfaces() {
 }
 
 Rows RelatedCatalog::ValueRows(std::vector<const ValueRow*> values) {
-    return RowsOf(ValueColumns, std::move(values), [this](ValueRow row, const ValueRow* before) {
+    return RowsOf(ValueColumns, std::move(values), [this](ValueRow&& row, const ValueRow* before) {
         return StoreValue(std::move(row), before);
     });
 }
@@ -391,9 +391,9 @@ Rows RelatedCatalog::Value(std::int32_t valueID) {
 }
 
 Rows RelatedCatalog::InterfaceName(std::int32_t interfaceID) {
-    const InterfaceRow* interface = FindInterface(interfaceID);
+    const InterfaceRow* named = FindInterface(interfaceID);
     return RowsOf(InterfaceColumns,
-                  interface == nullptr ? std::vector<const InterfaceRow*>() : std::vector{interface});
+                  named == nullptr ? std::vector<const InterfaceRow*>() : std::vector{named});
 }
 
 Rows RelatedCatalog::KeyNumbers(std::int32_t interfaceID) {
@@ -423,18 +423,19 @@ Rows RelatedCatalog::ForeignKeyRows(std::int32_t objectID, std::optional<std::in
         if (key->ValueID == valueID.value_or(key->ValueID) &&
             key->FKObjectID == parentID.value_or(key->FKObjectID))
             rows.push_back(*key);
-    return RowsOf(ForeignKeyColumns, std::move(rows), [this](ForeignKeyRow row, const ForeignKeyRow* before) {
-        std::vector<ForeignKeyRow>& keys = ForeignKeyList(row.ObjectID);
-        const auto place = std::ranges::find_if(keys, [&](const ForeignKeyRow& key) {
-            return before != nullptr && key.ValueID == row.ValueID && key.FKObjectID == row.FKObjectID;
+    return RowsOf(
+        ForeignKeyColumns, std::move(rows), [this](ForeignKeyRow&& row, const ForeignKeyRow* before) {
+            std::vector<ForeignKeyRow>& keys = ForeignKeyList(row.ObjectID);
+            const auto place = std::ranges::find_if(keys, [&](const ForeignKeyRow& key) {
+                return before != nullptr && key.ValueID == row.ValueID && key.FKObjectID == row.FKObjectID;
+            });
+            if (place != keys.end()) {
+                *place = std::move(row);
+            } else {
+                keys.push_back(std::move(row));
+            }
+            return before;
         });
-        if (place != keys.end()) {
-            *place = std::move(row);
-        } else {
-            keys.push_back(std::move(row));
-        }
-        return before;
-    });
 }
 
 /// Only the keys of objects that were related, and of values that these share with others, are asked about.
@@ -443,9 +444,9 @@ Rows RelatedCatalog::NumberedForeignKeys() {
     std::unordered_set<std::int32_t> values;
     const auto add = [&](const ForeignKeyRow& key) {
         const ValueRow* value = FindValue(key.ValueID);
-        const InterfaceRow* interface = value == nullptr ? nullptr : FindInterface(value->InterfaceID);
-        if (interface != nullptr && IsKeyVid(value->VID))
-            rows.push_back({key.ObjectID, key.ValueID, key.FKObjectID, interface->Name});
+        const InterfaceRow* named = value == nullptr ? nullptr : FindInterface(value->InterfaceID);
+        if (named != nullptr && IsKeyVid(value->VID))
+            rows.push_back({key.ObjectID, key.ValueID, key.FKObjectID, named->Name});
     };
     for (const auto& [objectID, object] : m_objects) {
         for (const ForeignKeyRow* key : ForeignKeysOf(objectID)) {

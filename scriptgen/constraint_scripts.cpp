@@ -25,10 +25,10 @@ void AddForeignKeyScripts(RunState& run, std::string_view table, std::string_vie
         Append(constraints, "ALTER TABLE ", table, "\r\n");
         Append(constraints, "ADD CONSTRAINT ", constraint, " FOREIGN KEY (", foreignKey.Text(), ")\r\n");
         Append(constraints, " REFERENCES ", referencedTable, "(", referenced.Text(), ")", terminator, "\r\n");
-        Append(run.m_sFkConstraintSQL, constraints, "\r\n");
+        Append(run.Text(ScriptKind::CreateForeignKeys), constraints, "\r\n");
 
-        Append(run.m_sDropFkConstraintSQL, "ALTER TABLE ", table, "\r\n");
-        Append(run.m_sDropFkConstraintSQL, "DROP CONSTRAINT ", constraint, terminator, "\r\n\r\n");
+        Append(run.Text(ScriptKind::DropForeignKeys), "ALTER TABLE ", table, "\r\n");
+        Append(run.Text(ScriptKind::DropForeignKeys), "DROP CONSTRAINT ", constraint, terminator, "\r\n\r\n");
     }
 }
 

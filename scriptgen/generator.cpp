@@ -54,7 +54,7 @@ bool TableScripts::EnterTable(std::int32_t lObjectID, const std::string& table) 
     m_dialect.AddStoredProcedures(m_run);
     m_createText.clear();
     m_dialect.AddTable(m_run, m_createText);
-    Append(m_run.m_sDbSQL, m_createText, "\r\n");
+    Append(m_run.Text(ScriptKind::Create), m_createText, "\r\n");
     return true;
 }
 

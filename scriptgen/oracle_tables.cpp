@@ -2,7 +2,7 @@
 
 #include "automation/convert.h"
 #include "scriptgen/column_text.h"
-#include "scriptgen/oracle_procedures.h"
+#include "scriptgen/procedures.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 #include "scriptgen/table_parts.h"
@@ -101,17 +101,15 @@ void AppendTrigger(std::string& text, std::string_view table, std::string_view c
 
 std::string OracleDialect::ColumnTypeText(const RunState&, Column&) const { return {}; }
 
-void OracleDialect::AddStoredProcedures(RunState& run) const {
-    AddOracleStoredProcedures(run, run.m_sCurrentTable);
-}
+void OracleDialect::AddStoredProcedures(RunState& run) const { OracleProcedures().Add(run); }
 
 void OracleDialect::AddTable(RunState& run, std::string& createText) const {
     const std::string& table = run.m_sCurrentTable;
     const auto counter = std::ranges::find_if(run.m_colFields, &Column::IsAutoNumber);
     const bool hasCounter = counter != run.m_colFields.end();
 
-    if (hasCounter) Append(run.m_sDropSQL, "DROP SEQUENCE ", SequenceName(table), "; \r\n\r\n");
-    Append(run.m_sDropSQL, "DROP TABLE ", table, "; \r\n\r\n");
+    if (hasCounter) Append(run.Text(ScriptKind::Drop), "DROP SEQUENCE ", SequenceName(table), "; \r\n\r\n");
+    Append(run.Text(ScriptKind::Drop), "DROP TABLE ", table, "; \r\n\r\n");
 
     Append(createText, "\r\n");
     Append(createText, "rem  ***** Creating table ", table, "\r\n\r\n");

@@ -5,10 +5,9 @@
 namespace korvex::scriptgen {
 
 void ResetRun(RunState& run) {
-    run.m_sDbSQL.clear();
-    run.m_sDropSQL.clear();
-    run.m_sStoredProcSQL.clear();
-    run.m_sDropFkConstraintSQL.clear();
+    for (const ScriptKind kind :
+         {ScriptKind::Create, ScriptKind::Drop, ScriptKind::Procedures, ScriptKind::DropForeignKeys})
+        run.Text(kind).clear();
     run.m_lCurrentObjectID = -1;
     run.m_sCurrentTable.clear();
 }
@@ -22,14 +21,8 @@ std::string ScriptFilePath(std::string_view folder, char separator, std::string_
 void BuildScriptFileNames(RunState& run, std::string_view folder, char separator) {
     const ScriptTypeInfo* info = FindScriptType(run.m_nScriptType);
     if (info == nullptr) return;
-    const auto path = [&](std::size_t buffer) {
-        return ScriptFilePath(folder, separator, info->fileNames[buffer]);
-    };
-    run.m_sCreateFile = path(0);
-    run.m_sDropFile = path(1);
-    run.m_sProcFile = path(2);
-    run.m_sFkCreateFile = path(3);
-    run.m_sFkDropFile = path(4);
+    for (std::size_t i = 0; i < run.m_scripts.size(); ++i)
+        run.m_scripts[i].path = ScriptFilePath(folder, separator, info->fileNames[i]);
 }
 
 }  // namespace korvex::scriptgen

@@ -1,8 +1,8 @@
 #include "scriptgen/sql_server_tables.h"
 
 #include "scriptgen/column_text.h"
+#include "scriptgen/procedures.h"
 #include "scriptgen/script_text.h"
-#include "scriptgen/sql_server_procedures.h"
 #include "scriptgen/table_parts.h"
 
 namespace korvex::scriptgen {
@@ -50,15 +50,13 @@ std::string ServerFamilyDialect::ColumnTypeText(const RunState& run, Column& col
     return SizedTypeText(typeName, column, length);
 }
 
-void ServerFamilyDialect::AddStoredProcedures(RunState& run) const {
-    scriptgen::AddStoredProcedures(run, run.m_sCurrentTable);
-}
+void ServerFamilyDialect::AddStoredProcedures(RunState& run) const { ServerProcedures().Add(run); }
 
 void ServerFamilyDialect::AddTable(RunState& run, std::string& createText) const {
     const std::string_view owner = TableOwner();
     const std::string& table = run.m_sCurrentTable;
 
-    std::string& drop = run.m_sDropSQL;
+    std::string& drop = run.Text(ScriptKind::Drop);
     Append(drop, "if exists(select * from sysobjects where id = object_id('", owner, table,
            "') and sysstat & 0xf = 3)\r\n");
     Append(drop, "\tDROP TABLE ", owner, table, "\r\n");

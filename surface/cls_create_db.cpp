@@ -5,8 +5,8 @@
 #include "automation/text.h"
 #include "repository/names.h"
 #include "repository/relationship_builder.h"
-#include "repository/stored_rows.h"
 #include "repository/repository.h"
+#include "repository/stored_rows.h"
 #include "scriptgen/engine_dialect.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/run_state.h"
@@ -14,12 +14,14 @@
 #include "surface/language_service.h"
 
 #include <exception>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
 namespace korvex {
 
 using automation::Variant;
+using scriptgen::ScriptKind;
 using scriptgen::ScriptType;
 using scriptgen::ScriptTypeInfo;
 
@@ -32,19 +34,10 @@ constexpr std::string_view LongWarning =
     "LONG or LONG RAW fields.  You will not be able\r\n"
     "to create tables using the scripts.";
 
-/// A script of a run: where its file stands, and its text.
-struct Script {
-    std::string scriptgen::RunState::*path;
-    const std::string& (clsCreateDb::*text)();
-};
-
-constexpr Script Scripts[] = {
-    {&scriptgen::RunState::m_sCreateFile, &clsCreateDb::DbSQL},
-    {&scriptgen::RunState::m_sDropFile, &clsCreateDb::DropSQL},
-    {&scriptgen::RunState::m_sProcFile, &clsCreateDb::StoredProcSQL},
-    {&scriptgen::RunState::m_sFkCreateFile, &clsCreateDb::FkConstraintSQL},
-    {&scriptgen::RunState::m_sFkDropFile, &clsCreateDb::DropFkConstraintSQL},
-};
+/// The members that give the texts of a run's scripts, in the order of these.
+using TextMember = const std::string& (clsCreateDb::*)();
+constexpr TextMember Texts[] = {&clsCreateDb::DbSQL, &clsCreateDb::DropSQL, &clsCreateDb::StoredProcSQL,
+                                &clsCreateDb::FkConstraintSQL, &clsCreateDb::DropFkConstraintSQL};
 
 template <class Action>
 void IgnoreErrors(Action action) noexcept {
@@ -228,21 +221,23 @@ void clsCreateDb::ShutDown() {
     ShowLog();
 }
 
-const std::string& clsCreateDb::DbSQL() { return m_impl->run.m_sDbSQL; }
-const std::string& clsCreateDb::DropSQL() { return m_impl->run.m_sDropSQL; }
-const std::string& clsCreateDb::StoredProcSQL() { return m_impl->run.m_sStoredProcSQL; }
-const std::string& clsCreateDb::FkConstraintSQL() { return m_impl->run.m_sFkConstraintSQL; }
-const std::string& clsCreateDb::DropFkConstraintSQL() { return m_impl->run.m_sDropFkConstraintSQL; }
+const std::string& clsCreateDb::DbSQL() { return m_impl->run.Text(ScriptKind::Create); }
+const std::string& clsCreateDb::DropSQL() { return m_impl->run.Text(ScriptKind::Drop); }
+const std::string& clsCreateDb::StoredProcSQL() { return m_impl->run.Text(ScriptKind::Procedures); }
+const std::string& clsCreateDb::FkConstraintSQL() { return m_impl->run.Text(ScriptKind::CreateForeignKeys); }
+const std::string& clsCreateDb::DropFkConstraintSQL() {
+    return m_impl->run.Text(ScriptKind::DropForeignKeys);
+}
 
 void clsCreateDb::ShowLog() {
-    if (m_impl->run.m_sCreateFile.empty()) {
+    if (m_impl->run.m_scripts.front().path.empty()) {
         throw automation::Error(
             automation::PathNotFound,
             "Path not found: the script files have no names before a run. DoScript or the run of "
             "a dialect names, writes and opens them.");
     }
-    for (const Script& script : Scripts)
-        m_impl->ShowScript(m_impl->run.*script.path, (this->*script.text)(), &script == &Scripts[0]);
+    for (std::size_t i = 0; i < std::size(Texts); ++i)
+        m_impl->ShowScript(m_impl->run.m_scripts[i].path, (this->*Texts[i])(), i == 0);
 }
 
 Variant clsCreateDb::ConnectDB(const std::string& /*sConnection*/) { return {}; }

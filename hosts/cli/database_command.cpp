@@ -90,19 +90,17 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
     run.m_nScriptType = type.type;
     run.m_nMaxCharLen = type.maxCharLen;
     scriptgen::GenerateForStorage(run, rows, options.storage);
-    const std::pair<std::string_view, std::string*> created[] = {
-        {type.fileNames[0], &run.m_sDbSQL},
-        {type.fileNames[2], &run.m_sStoredProcSQL},
-        {type.fileNames[3], &run.m_sFkConstraintSQL}};
-    const std::pair<std::string_view, std::string*> dropped[] = {
-        {type.fileNames[4], &run.m_sDropFkConstraintSQL}, {type.fileNames[1], &run.m_sDropSQL}};
+    using scriptgen::ScriptKind;
+    const std::vector<ScriptKind> kinds =
+        creates ? std::vector{ScriptKind::Create, ScriptKind::Procedures, ScriptKind::CreateForeignKeys}
+                : std::vector{ScriptKind::DropForeignKeys, ScriptKind::Drop};
     std::vector<ScriptStatement> statements;
-    const auto add = [&](const auto& scripts) {
-        for (const auto& [name, text] : scripts)
-            for (ScriptStatement& statement : ReadScript(std::string(name), *text, GuessStyle(*text)))
-                statements.push_back(std::move(statement));
-    };
-    creates ? add(created) : add(dropped);
+    for (const ScriptKind kind : kinds) {
+        const std::string& text = run.Text(kind);
+        const std::string name(type.fileNames[static_cast<std::size_t>(kind)]);
+        for (ScriptStatement& statement : ReadScript(name, text, GuessStyle(text)))
+            statements.push_back(std::move(statement));
+    }
     for (const std::string& line : RunStatements(connection, statements, false, console))
         console.Results() << line << '\n';
 }

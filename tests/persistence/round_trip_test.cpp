@@ -2,7 +2,6 @@
 #include "objects/json.h"
 #include "objects/load_definition.h"
 #include "platform/ado_fixture.h"
-#include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
 #include "surface/cls_crud.h"
@@ -58,14 +57,14 @@ class RoundTrip : public AdoTest {
             .Value(6, "City", 8);
         repository::Repository repository(m_platform);
         repository.OpenRepository(repositoryFile);
-        repository::CreateRelationship(repository, "Orders", "FK_");
         const auto catalog = repository::Catalog::Read(repository.Open());
         m_definition = objects::LoadDefinition(catalog, "Orders");
         m_addressDefinition = objects::LoadDefinition(catalog, "Addresses");
         repository.Close();
 
         ASSERT_TRUE(m_crud->ConnectDB(ConnectionString()));
-        TargetTables(m_platform, repositoryFile, "Orders").Create(m_crud->DbConn());
+        for (const char* storage : {"Orders", "Addresses"})
+            TargetTables(m_platform, repositoryFile, storage).Create(m_crud->DbConn());
     }
     void TearDown() override {
         m_crud->DisconnectDB();

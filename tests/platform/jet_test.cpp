@@ -1,6 +1,6 @@
 #include "automation/text.h"
 #include "platform/native/native_platform.h"
-#include "repository/private_copy.h"
+#include "repository/repository.h"
 #include "repository/whole_tables.h"
 #include "support/error_of.h"
 #include "support/temp_folder.h"

@@ -58,8 +58,8 @@ std::string AllTexts(ScriptType type, const Table& table) {
     std::string text = CreateText(run);
     text += "-- procedures\r\n" + ProcedureText(run);
     AddForeignKeyScripts(run, table.name, FindDialect(type)->ConstraintTerminator(), names);
-    text += "-- foreign keys\r\n" + run.m_sFkConstraintSQL;
-    return text + "-- drop\r\n" + run.m_sDropFkConstraintSQL + run.m_sDropSQL;
+    text += "-- foreign keys\r\n" + run.Text(ScriptKind::CreateForeignKeys);
+    return text + "-- drop\r\n" + run.Text(ScriptKind::DropForeignKeys) + run.Text(ScriptKind::Drop);
 }
 
 class Emitters : public testing::TestWithParam<std::pair<ScriptType, const char*>> {};

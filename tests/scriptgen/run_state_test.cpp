@@ -9,7 +9,10 @@ std::vector<std::string> Files(ScriptType type, const std::string& folder, char 
     RunState run;
     run.m_nScriptType = type;
     BuildScriptFileNames(run, folder, separator);
-    return {run.m_sCreateFile, run.m_sDropFile, run.m_sProcFile, run.m_sFkCreateFile, run.m_sFkDropFile};
+    std::vector<std::string> paths;
+    for (const Script& script : run.m_scripts)
+        paths.push_back(script.path);
+    return paths;
 }
 
 using Names = std::vector<std::string>;
@@ -27,10 +30,10 @@ TEST(BuildScriptFileNames, JoinsFolderAndNamesWithOneSeparator) {
 
 TEST(BuildScriptFileNames, KeepsThePathsWithoutAScriptType) {
     RunState run;
-    run.m_sDropFile = "earlier";
+    run.m_scripts[1].path = "earlier";
     BuildScriptFileNames(run, "/out", '/');
-    EXPECT_EQ(run.m_sDropFile, "earlier");
-    EXPECT_EQ(run.m_sCreateFile, "");
+    EXPECT_EQ(run.m_scripts[1].path, "earlier");
+    EXPECT_EQ(run.m_scripts[0].path, "");
 }
 
 }  // namespace

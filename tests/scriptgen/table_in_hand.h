@@ -71,7 +71,7 @@ inline std::string CreateText(RunState& run) {
 
 inline std::string ProcedureText(RunState& run) {
     FindDialect(run.m_nScriptType)->AddStoredProcedures(run);
-    return run.m_sStoredProcSQL;
+    return run.Text(ScriptKind::Procedures);
 }
 
 }  // namespace korvex::scriptgen

@@ -64,7 +64,7 @@ class TableWalk : public testing::Test {
 
     std::vector<std::string> Tables() const {
         static const std::regex Header("CREATE TABLE ([^\r]*)\r\n");
-        const std::string& script = m_run.m_sDbSQL;
+        const std::string& script = m_run.Text(ScriptKind::Create);
         std::vector<std::string> names;
         for (std::sregex_iterator match(script.begin(), script.end(), Header), end; match != end; ++match) {
             names.push_back((*match)[1]);
@@ -157,7 +157,7 @@ TEST_F(TableWalk, SendsEachStatementOnce) {
             "select FieldName from tValues where ValueID= 900",
             "select InterfaceID from tObjectInterfaces where ObjectID= 1",
             "SELECT ChildObjectID FROM tValues WHERE ChildObjectID > 0 and InterfaceID = 10"));
-    EXPECT_EQ(m_run.m_sFkConstraintSQL,
+    EXPECT_EQ(m_run.Text(ScriptKind::CreateForeignKeys),
               "ALTER TABLE tOrder\r\nADD CONSTRAINT FK_tOrder_1 FOREIGN KEY (FK_CustomerID)\r\n"
               " REFERENCES tCustomer(CustomerID)\r\nGO\r\n\r\n");
 }
@@ -185,7 +185,7 @@ TEST_F(TableWalk, ColumnsOfATable) {
     Run("INSERT INTO tForeignKeys VALUES (2, 121, 1, 110, '')");
 
     Generate(ScriptType::SqlServer, "Shop");
-    EXPECT_EQ(m_run.m_sDbSQL,
+    EXPECT_EQ(m_run.Text(ScriptKind::Create),
               "CREATE TABLE dbo.tOrder\r\n"
               "( \r\n"
               "\tOrderNo int Not NULL,\r\n"
@@ -244,7 +244,7 @@ TEST_F(TableWalk, HundredThousandLevels) {
         "1, 1 "
         "FROM n");
     Generate(ScriptType::Oracle, "Deep");
-    const auto& drops = m_run.m_sDropSQL;
+    const auto& drops = m_run.Text(ScriptKind::Drop);
     EXPECT_EQ(std::count(drops.begin(), drops.end(), ';'), 100000);
     EXPECT_THAT(drops.substr(drops.size() - 30), HasSubstr("DROP TABLE t100000; \r\n"));
 }
@@ -261,7 +261,7 @@ TEST_F(TableWalk, FailedQueryIsShownAndTheRunGoesOn) {
     Generate(ScriptType::Sybase, "Shop");
     EXPECT_THAT(*m_messages, ElementsAre(HasSubstr("tPrimaryKeys"), HasSubstr("tPrimaryKeys")));
     EXPECT_THAT(Tables(), ElementsAre("tOrder", "tLine"));
-    EXPECT_THAT(m_run.m_sDbSQL, HasSubstr("\tOrderNo int default 0,\r\n"));
+    EXPECT_THAT(m_run.Text(ScriptKind::Create), HasSubstr("\tOrderNo int default 0,\r\n"));
 }
 
 TEST_F(TableWalk, FailedQueryForAnObjectLeavesItOut) {
@@ -270,7 +270,7 @@ TEST_F(TableWalk, FailedQueryForAnObjectLeavesItOut) {
     Run("DROP TABLE tObjects");
     Generate(ScriptType::Sybase, "Shop");
     EXPECT_THAT(*m_messages, ElementsAre(HasSubstr("tObjects")));
-    EXPECT_EQ(m_run.m_sDbSQL, "");
+    EXPECT_EQ(m_run.Text(ScriptKind::Create), "");
 }
 
 TEST_F(TableWalk, ValueThatDoesNotConvertEndsTheRunAndNamesItsTable) {

@@ -5,7 +5,6 @@
 #include "objects/json.h"
 #include "objects/load_definition.h"
 #include "repository/catalog.h"
-#include "repository/relationship_builder.h"
 #include "repository/repository.h"
 #include "support/definition_repository.h"
 #include "surface/target_tables.h"
@@ -34,7 +33,6 @@ std::shared_ptr<objects::Definition> OrdersDefinition() {
     const OrdersRepository orders;
     repository::Repository repository(orders.Engines());
     repository.OpenRepository(orders.Path());
-    repository::CreateRelationship(repository, "Orders", "FK_");
     return objects::LoadDefinition(repository::Catalog::Read(repository.Open()), "Orders");
 }
 

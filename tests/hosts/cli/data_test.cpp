@@ -420,7 +420,7 @@ TEST_F(SmallModel, TablesAreThoseOfTheDefinitionWhateverWasScriptedLast) {
             Run("Orders", "update --key " + key, R"({"Address": {"City": "Lier"}})");
         EXPECT_EQ(updated.exitCode, 0) << updated.messages;
         EXPECT_EQ(json::parse(Run("Orders", "load --key " + key, "-").output)["Address"]["City"], "Lier");
-        EXPECT_EQ(Run("Addresses", "exists --key 2", "-").output, "true\n");
+        EXPECT_EQ(Run("Addresses", "exists --key 1", "-").output, "true\n");
         EXPECT_EQ(Run("Orders", "delete --key " + key, "-").messages, "");
         EXPECT_THAT(m_target.Query("select count(*) from tAddress"), ElementsAre("1"));
     }

@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "repository/repository.h"
 #include "repository/schema.h"
+#include "repository/stored_rows.h"
 #include "scriptgen/engine_dialect.h"
 
 #include <iostream>
@@ -34,7 +35,8 @@ void MakeTarget(const std::string& connectionString, const std::string& file, co
     connection->Open(connectionString);
     repository::Repository repository(DefaultPlatform());
     repository.OpenRepository(file);
-    const auto tables = scriptgen::DescribeTables(repository, storage);
+    repository::StoredRows rows(repository);
+    const auto tables = scriptgen::DescribeTables(rows, storage);
     for (const scriptgen::EngineStatement& statement :
          scriptgen::EngineDialectOf("sqlite").Write(tables).create)
         connection->Execute(statement.text);
