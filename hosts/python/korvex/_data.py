@@ -138,8 +138,8 @@ _register(Definition, DataObject)
 
 
 def load_definition(repository: _Text, storageName: str, sFKPrefix: str = "FK_") -> Definition:
-    """The definition of a storage name from a repository: whatever a script run takes. The repository itself is left as
-    it is; keys that are not up to date for the prefix are brought so in a private copy."""
+    """The definition of a storage name from a repository: whatever a script run takes. The repository is left as it is, and
+    need not have its keys up to date."""
     return _wrap_definition(_korvex.load_definition(os.fspath(repository), storageName, sFKPrefix))
 
 
