@@ -106,33 +106,40 @@ class Store {
     std::shared_ptr<Definition> m_definition;
 };
 
-Comparison CompareSave(const Store& store, TreeFloor& floor, int rounds, int count) {
+/// Rounds of `count` trees. What is in memory waits for nothing.
+struct Rounds {
+    int rounds;
+    int count;
+    double (*clock)(const std::function<void()>&) = Seconds;
+};
+
+Comparison CompareSave(const Store& store, TreeFloor& floor, const Rounds& size) {
     const DataObject::Shared tree = store.Tree();
     return Compare(
-        rounds, count, [&] { store.Save(tree); }, [&] { floor.Save(); });
+        size.rounds, size.count, [&] { store.Save(tree); }, [&] { floor.Save(); }, size.clock);
 }
 
-Comparison CompareLoad(const Store& store, TreeFloor& floor, int rounds, int count) {
+Comparison CompareLoad(const Store& store, TreeFloor& floor, const Rounds& size) {
     const std::int32_t key = store.Save(store.Tree());
     const std::int64_t floorKey = floor.Save();
     return Compare(
-        rounds, count, [&] { store.Load(key); }, [&] { floor.Load(floorKey); });
+        size.rounds, size.count, [&] { store.Load(key); }, [&] { floor.Load(floorKey); }, size.clock);
 }
 
 /// Saves what is to be deleted beforehand, so that only the deletes are timed.
-Comparison CompareDelete(const Store& store, TreeFloor& floor, int rounds, int count) {
+Comparison CompareDelete(const Store& store, TreeFloor& floor, const Rounds& size) {
     std::vector<std::int32_t> keys;
     std::vector<std::int64_t> floorKeys;
     const DataObject::Shared tree = store.Tree();
-    for (int i = 0; i < rounds * count; ++i) {
+    for (int i = 0; i < size.rounds * size.count; ++i) {
         keys.push_back(store.Save(tree));
         floorKeys.push_back(floor.Save());
     }
     std::size_t next = 0;
     std::size_t nextFloor = 0;
     return Compare(
-        rounds, count, [&] { store.Delete(tree, keys[next++]); },
-        [&] { floor.Delete(floorKeys[nextFloor++]); });
+        size.rounds, size.count, [&] { store.Delete(tree, keys[next++]); },
+        [&] { floor.Delete(floorKeys[nextFloor++]); }, size.clock);
 }
 
 /// Time of a save into tables of a million rows over that of one into empty tables.
@@ -178,17 +185,19 @@ void Run(int rounds) {
     const Store inMemory(":memory:");
     TreeFloor floorInMemory(":memory:");
 
-    const Comparison saveFile = CompareSave(onFile, floorOnFile, rounds, 50);
+    const Rounds memory{5 * rounds, 100, ProcessorSeconds};
+
+    const Comparison saveFile = CompareSave(onFile, floorOnFile, {rounds, 50});
     Report("save a tree, file", saveFile);
-    const Comparison saveMemory = CompareSave(inMemory, floorInMemory, rounds, 500);
+    const Comparison saveMemory = CompareSave(inMemory, floorInMemory, memory);
     Report("save a tree, memory", saveMemory);
-    const Comparison loadMemory = CompareLoad(inMemory, floorInMemory, rounds, 500);
+    const Comparison loadMemory = CompareLoad(inMemory, floorInMemory, memory);
     Report("load a tree, memory", loadMemory);
-    const Comparison deletionMemory = CompareDelete(inMemory, floorInMemory, rounds, 500);
+    const Comparison deletionMemory = CompareDelete(inMemory, floorInMemory, memory);
     Report("delete a tree, memory", deletionMemory);
-    const Comparison load = CompareLoad(onFile, floorOnFile, rounds, 500);
+    const Comparison load = CompareLoad(onFile, floorOnFile, {rounds, 500});
     Report("load a tree, file", load);
-    const Comparison deletion = CompareDelete(onFile, floorOnFile, rounds, 50);
+    const Comparison deletion = CompareDelete(onFile, floorOnFile, {rounds, 50});
     Report("delete a tree, file", deletion);
     const double million = SaveIntoMillion(folder.Path().string(), rounds);
     const int writes = UpdateUnchanged();

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <stdexcept>
 #include <string>
@@ -25,13 +26,10 @@ std::size_t StatusBytes(std::string_view key) {
     throw std::runtime_error("no " + std::string(key) + " in /proc/self/status");
 }
 
-/// Seconds that `work` takes, on the average of `count` runs.
-double SecondsOfOne(const std::function<void()>& work, int count) {
-    const double seconds = Seconds([&] {
-        for (int i = 0; i < count; ++i)
-            work();
-    });
-    return seconds / count;
+double ProcessorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 }  // namespace
@@ -40,6 +38,12 @@ double Seconds(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double ProcessorSeconds(const std::function<void()>& work) {
+    const double start = ProcessorTime();
+    work();
+    return ProcessorTime() - start;
 }
 
 double Median(std::vector<double> values) {
@@ -62,9 +66,16 @@ Comparison CompareTimed(int rounds, const std::function<double()>& ours,
 }
 
 Comparison Compare(int rounds, int count, const std::function<void()>& ours,
-                   const std::function<void()>& floor) {
+                   const std::function<void()>& floor, double (*clock)(const std::function<void()>&)) {
+    const auto secondsOfOne = [&](const std::function<void()>& work) {
+        const double seconds = clock([&] {
+            for (int i = 0; i < count; ++i)
+                work();
+        });
+        return seconds / count;
+    };
     return CompareTimed(
-        rounds, [&] { return SecondsOfOne(ours, count); }, [&] { return SecondsOfOne(floor, count); });
+        rounds, [&] { return secondsOfOne(ours); }, [&] { return secondsOfOne(floor); });
 }
 
 void Report(std::string_view name, const Comparison& comparison) {

@@ -11,6 +11,9 @@ namespace korvex::bench {
 
 /// Wall-clock seconds that `work` takes.
 double Seconds(const std::function<void()>& work);
+/// Seconds that processors spend on it, in the system's calls as well: for work that waits for nothing, where
+/// other programs on the machine would count only against the longer of two runs.
+double ProcessorSeconds(const std::function<void()>& work);
 
 double Median(std::vector<double> values);
 
@@ -28,7 +31,8 @@ Comparison CompareTimed(int rounds, const std::function<double()>& ours,
 
 /// Times both, `count` runs a round each; the times are those of one run.
 Comparison Compare(int rounds, int count, const std::function<void()>& ours,
-                   const std::function<void()>& floor);
+                   const std::function<void()>& floor,
+                   double (*clock)(const std::function<void()>&) = Seconds);
 
 /// Prints the two times and their ratio for a person.
 void Report(std::string_view name, const Comparison& comparison);
