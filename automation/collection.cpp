@@ -13,23 +13,23 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr Parameter addParameters[] = {
+constexpr Parameter AddParameters[] = {
     {.name = "Item"},
     {.name = "Key", .optional = true},
     {.name = "Before", .optional = true},
     {.name = "After", .optional = true},
 };
-constexpr Parameter indexParameters[] = {{.name = "Index"}};
+constexpr Parameter IndexParameters[] = {{.name = "Index"}};
 
-constexpr Member members[] = {
-    GetRow<&Collection::Item>("Item", {indexParameters}),
-    MethodRow<&Collection::Add>("Add", {addParameters}),
+constexpr Member Members[] = {
+    GetRow<&Collection::Item>("Item", {IndexParameters}),
+    MethodRow<&Collection::Add>("Add", {AddParameters}),
     GetRow<&Collection::Count>("Count"),
-    MethodRow<&Collection::Remove>("Remove", {indexParameters}),
+    MethodRow<&Collection::Remove>("Remove", {IndexParameters}),
 };
 
-constexpr ClassInfo classInfo = {
-    .name = "Collection", .description = {}, .members = members, .defaultMember = "Item"};
+constexpr ClassInfo Description = {
+    .name = "Collection", .description = {}, .members = Members, .defaultMember = "Item"};
 
 bool IsLeftOut(const Variant& value) noexcept { return value.IsMissing() || value.IsEmpty(); }
 
@@ -62,7 +62,7 @@ class Collection::Cursor : public Enumerator {
     std::size_t m_next = 0;
 };
 
-const ClassInfo& Collection::Class() const noexcept { return classInfo; }
+const ClassInfo& Collection::Class() const noexcept { return Description; }
 
 std::int32_t Collection::Count() const noexcept { return static_cast<std::int32_t>(m_entries.size()); }
 

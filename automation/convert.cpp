@@ -17,8 +17,8 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr std::int64_t unitsPerOne = 10'000;  ///< Currency units in 1
-constexpr int currencyPlaces = 4;
+constexpr std::int64_t UnitsPerOne = 10'000;  ///< Currency units in 1
+constexpr int CurrencyPlaces = 4;
 
 std::string_view TypeName(VarType type) noexcept {
     switch (type) {
@@ -92,9 +92,9 @@ T RoundToWhole(double value) {
 }
 
 std::int64_t RoundCurrency(Currency value) noexcept {
-    const std::int64_t whole = value.units / unitsPerOne;
-    const std::int64_t rest = std::abs(value.units % unitsPerOne);
-    const bool awayFromZero = rest * 2 > unitsPerOne || (rest * 2 == unitsPerOne && whole % 2 != 0);
+    const std::int64_t whole = value.units / UnitsPerOne;
+    const std::int64_t rest = std::abs(value.units % UnitsPerOne);
+    const bool awayFromZero = rest * 2 > UnitsPerOne || (rest * 2 == UnitsPerOne && whole % 2 != 0);
     if (!awayFromZero) return whole;
     return value.units < 0 ? whole - 1 : whole + 1;
 }
@@ -160,7 +160,7 @@ double ToReal(const Variant& value, VarType target) {
         case VarType::LongLong:
             return static_cast<double>(*value.If<std::int64_t>());
         case VarType::Currency:
-            return static_cast<double>(value.If<Currency>()->units) / unitsPerOne;
+            return static_cast<double>(value.If<Currency>()->units) / UnitsPerOne;
         case VarType::Single:
             return static_cast<double>(*value.If<float>());
         case VarType::Double:
@@ -175,15 +175,15 @@ double ToReal(const Variant& value, VarType target) {
 }
 
 Currency WholeCurrency(std::int64_t value) {
-    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max() / unitsPerOne;
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max() / UnitsPerOne;
     if (value < -largest || value > largest) throw Error(Overflow);
-    return {value * unitsPerOne};
+    return {value * UnitsPerOne};
 }
 
 Currency ParseCurrency(const std::string& text) {
     const NumberText number = ReadNumber(text);
     if (number.isBitPattern) return WholeCurrency(Narrow<std::int64_t>(ParseWhole<std::int64_t>(text)));
-    return {ScaledWhole(number, currencyPlaces)};
+    return {ScaledWhole(number, CurrencyPlaces)};
 }
 
 bool ParseBoolean(const std::string& text) {
@@ -251,7 +251,7 @@ Currency ToCurrency(const Variant& value) {
         case VarType::String:
             return ParseCurrency(*value.If<std::string>());
         default:
-            return {RoundToWhole<std::int64_t>(ToReal(value, VarType::Currency) * unitsPerOne)};
+            return {RoundToWhole<std::int64_t>(ToReal(value, VarType::Currency) * UnitsPerOne)};
     }
 }
 

@@ -16,14 +16,14 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr std::int64_t msPerSecond = 1000;
-constexpr std::int64_t msPerMinute = 60 * msPerSecond;
-constexpr std::int64_t msPerHour = 60 * msPerMinute;
-constexpr std::int64_t msPerDay = 24 * msPerHour;
+constexpr std::int64_t MsPerSecond = 1000;
+constexpr std::int64_t MsPerMinute = 60 * MsPerSecond;
+constexpr std::int64_t MsPerHour = 60 * MsPerMinute;
+constexpr std::int64_t MsPerDay = 24 * MsPerHour;
 
-constexpr std::chrono::sys_days dayZero = std::chrono::year(1899) / 12 / 30;
-constexpr double firstDay = -657434;  ///< 0100-01-01
-constexpr double lastDay = 2958465;   ///< 9999-12-31
+constexpr std::chrono::sys_days DayZero = std::chrono::year(1899) / 12 / 30;
+constexpr double FirstDay = -657434;  ///< 0100-01-01
+constexpr double LastDay = 2958465;   ///< 9999-12-31
 
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsLetter(char c) noexcept { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -33,9 +33,9 @@ struct Moment {
     int day = 0;
     std::int64_t ms = 0;
 
-    std::chrono::year_month_day Calendar() const { return dayZero + std::chrono::days(day); }
+    std::chrono::year_month_day Calendar() const { return DayZero + std::chrono::days(day); }
     Date Join() const {
-        const double time = static_cast<double>(ms) / static_cast<double>(msPerDay);
+        const double time = static_cast<double>(ms) / static_cast<double>(MsPerDay);
         return Date{day < 0 ? day - time : day + time};
     }
 };
@@ -43,13 +43,13 @@ struct Moment {
 /// Rounds to multiples of `resolution` milliseconds; rounding up at the end of a day reaches the next one.
 Moment Split(Date date, std::int64_t resolution) {
     if (!IsDateInRange(date)) throw Error(Overflow);
-    const std::int64_t partsPerDay = msPerDay / resolution;
+    const std::int64_t partsPerDay = MsPerDay / resolution;
     const double wholeDays = std::trunc(date.days);
     const double exact = std::abs(date.days - wholeDays) * static_cast<double>(partsPerDay);
     std::int64_t ms = std::llround(exact) * resolution;
     auto day = static_cast<int>(wholeDays);
-    if (ms >= msPerDay) {
-        ms -= msPerDay;
+    if (ms >= MsPerDay) {
+        ms -= MsPerDay;
         ++day;
     }
     return {day, ms};
@@ -60,7 +60,7 @@ std::optional<Date> Join(int year, int month, int day, std::int64_t ms) {
     if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
     const auto calendarDay = std::chrono::year(year) / month / day;
     if (!calendarDay.ok()) return std::nullopt;
-    return Moment{static_cast<int>((std::chrono::sys_days(calendarDay) - dayZero).count()), ms}.Join();
+    return Moment{static_cast<int>((std::chrono::sys_days(calendarDay) - DayZero).count()), ms}.Join();
 }
 
 void AppendPadded(std::string& text, std::int64_t number, std::size_t width) {
@@ -72,12 +72,12 @@ void AppendPadded(std::string& text, std::int64_t number, std::size_t width) {
 }
 
 std::string FormatTime(std::int64_t ms) {
-    const std::int64_t hour = ms / msPerHour;
+    const std::int64_t hour = ms / MsPerHour;
     std::string text = std::to_string(hour % 12 == 0 ? 12 : hour % 12);
     text.push_back(':');
-    AppendPadded(text, ms / msPerMinute % 60, 2);
+    AppendPadded(text, ms / MsPerMinute % 60, 2);
     text.push_back(':');
-    AppendPadded(text, ms / msPerSecond % 60, 2);
+    AppendPadded(text, ms / MsPerSecond % 60, 2);
     return text.append(hour < 12 ? " AM" : " PM");
 }
 
@@ -149,11 +149,11 @@ std::optional<std::int64_t> ReadIsoTime(TextReader& reader) {
     if (!hour || *hour > 23 || !reader.Take(':')) return std::nullopt;
     const auto minute = reader.TakeNumber(2);
     if (!minute || *minute > 59) return std::nullopt;
-    std::int64_t ms = *hour * msPerHour + *minute * msPerMinute;
+    std::int64_t ms = *hour * MsPerHour + *minute * MsPerMinute;
     if (reader.Take(':')) {
         const auto second = reader.TakeNumber(2);
         if (!second || *second > 59) return std::nullopt;
-        ms += *second * msPerSecond;
+        ms += *second * MsPerSecond;
         if (reader.Take('.')) {
             std::string fraction(reader.TakeDigits());
             if (fraction.empty()) return std::nullopt;
@@ -206,7 +206,7 @@ class LooseDateReader {
             expectsMore = m_reader.TakeAny("/-,");
         }
         if (expectsMore) return std::nullopt;
-        if (m_numberCount == 0 && !m_month && m_time) return Date{static_cast<double>(*m_time) / msPerDay};
+        if (m_numberCount == 0 && !m_month && m_time) return Date{static_cast<double>(*m_time) / MsPerDay};
         return JoinParts();
     }
 
@@ -242,11 +242,11 @@ class LooseDateReader {
     bool ReadTimeAfterHour(int hour) {
         const int minute = TextReader::NumberIn(m_reader.TakeDigits());
         if (minute < 0 || minute > 59) return false;
-        std::int64_t ms = minute * msPerMinute;
+        std::int64_t ms = minute * MsPerMinute;
         if (m_reader.Take(':')) {
             const int second = TextReader::NumberIn(m_reader.TakeDigits());
             if (second < 0 || second > 59) return false;
-            ms += second * msPerSecond;
+            ms += second * MsPerSecond;
         }
         return SetTime(hour, m_reader.TakeIsAfternoon(), ms);
     }
@@ -255,7 +255,7 @@ class LooseDateReader {
         const bool isMorning = isAfternoon && !*isAfternoon;
         if (m_time || hour < 0 || hour > (isMorning ? 12 : 23)) return false;
         if (isAfternoon) hour = hour % 12 + (isMorning ? 0 : 12);
-        m_time = hour * msPerHour + msAfterHour;
+        m_time = hour * MsPerHour + msAfterHour;
         return true;
     }
 
@@ -285,10 +285,10 @@ class LooseDateReader {
 
 }  // namespace
 
-bool IsDateInRange(Date date) noexcept { return date.days > firstDay - 1 && date.days < lastDay + 1; }
+bool IsDateInRange(Date date) noexcept { return date.days > FirstDay - 1 && date.days < LastDay + 1; }
 
 std::string FormatDate(Date date) {
-    const Moment moment = Split(date, msPerSecond);
+    const Moment moment = Split(date, MsPerSecond);
     if (moment.day == 0) return FormatTime(moment.ms);
     const auto day = moment.Calendar();
     std::string text = std::to_string(static_cast<unsigned>(day.month()));
@@ -317,14 +317,14 @@ std::string FormatIsoDate(Date date) {
     AppendPadded(text, static_cast<unsigned>(day.day()), 2);
     if (moment.ms == 0) return text;
     text.push_back('T');
-    AppendPadded(text, moment.ms / msPerHour, 2);
+    AppendPadded(text, moment.ms / MsPerHour, 2);
     text.push_back(':');
-    AppendPadded(text, moment.ms / msPerMinute % 60, 2);
+    AppendPadded(text, moment.ms / MsPerMinute % 60, 2);
     text.push_back(':');
-    AppendPadded(text, moment.ms / msPerSecond % 60, 2);
-    if (moment.ms % msPerSecond == 0) return text;
+    AppendPadded(text, moment.ms / MsPerSecond % 60, 2);
+    if (moment.ms % MsPerSecond == 0) return text;
     text.push_back('.');
-    AppendPadded(text, moment.ms % msPerSecond, 3);
+    AppendPadded(text, moment.ms % MsPerSecond, 3);
     return text;
 }
 

@@ -16,11 +16,11 @@ namespace {
 
 constexpr unsigned Flags(InvokeKind kind) noexcept { return static_cast<unsigned>(kind); }
 
-constexpr unsigned methodFlag = Flags(InvokeKind::Method);
-constexpr unsigned getFlag = Flags(InvokeKind::PropertyGet);
-constexpr unsigned assignFlags = Flags(InvokeKind::PropertyLet) | Flags(InvokeKind::PropertySet);
+constexpr unsigned MethodFlag = Flags(InvokeKind::Method);
+constexpr unsigned GetFlag = Flags(InvokeKind::PropertyGet);
+constexpr unsigned AssignFlags = Flags(InvokeKind::PropertyLet) | Flags(InvokeKind::PropertySet);
 
-constexpr bool IsAssignment(InvokeKind kind) noexcept { return (Flags(kind) & assignFlags) != 0; }
+constexpr bool IsAssignment(InvokeKind kind) noexcept { return (Flags(kind) & AssignFlags) != 0; }
 
 const Member* FindByFlags(const ClassInfo& info, std::string_view name, unsigned flags) noexcept {
     for (const Member& member : info.members) {
@@ -36,7 +36,7 @@ const Member* FindByFlags(const ClassInfo& info, std::string_view name, unsigned
 }
 
 [[noreturn]] void RaiseNotFound(const ClassInfo& info, std::string_view name, InvokeKind kind) {
-    const bool isReadOnly = IsAssignment(kind) && FindByFlags(info, name, getFlag) != nullptr;
+    const bool isReadOnly = IsAssignment(kind) && FindByFlags(info, name, GetFlag) != nullptr;
     RaiseFor(isReadOnly ? PropertyIsReadOnly : MemberNotFound, info, name);
 }
 
@@ -141,8 +141,8 @@ Variant TableObject::Invoke(std::string_view name, InvokeKind kind, std::span<Va
 
 const Member* FindMember(const ClassInfo& info, std::string_view name, InvokeKind kind) noexcept {
     if (const Member* exact = FindByFlags(info, name, Flags(kind))) return exact;
-    if ((Flags(kind) & methodFlag) != 0) return FindByFlags(info, name, getFlag);
-    if (IsAssignment(kind)) return FindByFlags(info, name, assignFlags);
+    if ((Flags(kind) & MethodFlag) != 0) return FindByFlags(info, name, GetFlag);
+    if (IsAssignment(kind)) return FindByFlags(info, name, AssignFlags);
     return nullptr;
 }
 

@@ -14,7 +14,7 @@ struct StandardText {
 };
 
 /// Sorted by number.
-constexpr auto standardTexts = std::to_array<StandardText>({
+constexpr auto StandardTexts = std::to_array<StandardText>({
     {3, "Return without GoSub"},
     {5, "Invalid procedure call or argument"},
     {6, "Overflow"},
@@ -91,7 +91,7 @@ constexpr auto standardTexts = std::to_array<StandardText>({
     {462, "The remote server machine does not exist or is unavailable"},
     {463, "Class not registered on local machine"},
 });
-static_assert(std::ranges::is_sorted(standardTexts, {}, &StandardText::number));
+static_assert(std::ranges::is_sorted(StandardTexts, {}, &StandardText::number));
 
 }  // namespace
 
@@ -101,8 +101,8 @@ Error::Error(std::int32_t number, std::string description, std::string source)
 }
 
 std::string_view StandardErrorText(std::int32_t number) noexcept {
-    const auto* found = std::ranges::lower_bound(standardTexts, number, {}, &StandardText::number);
-    if (found != standardTexts.end() && found->number == number) return found->text;
+    const auto* found = std::ranges::lower_bound(StandardTexts, number, {}, &StandardText::number);
+    if (found != StandardTexts.end() && found->number == number) return found->text;
     return "Application-defined or object-defined error";
 }
 

@@ -14,7 +14,7 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr int exponentLimit = 100'000;  ///< beyond any number type; keeps the arithmetic on exponents safe
+constexpr int ExponentLimit = 100'000;  ///< beyond any number type; keeps the arithmetic on exponents safe
 
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
@@ -116,7 +116,7 @@ class NumberReader {
         if (m_rest.empty() || !IsDigit(m_rest.front())) return false;
         int power = 0;
         for (; !m_rest.empty() && IsDigit(m_rest.front()); m_rest.remove_prefix(1)) {
-            power = std::min(power * 10 + (m_rest.front() - '0'), exponentLimit);
+            power = std::min(power * 10 + (m_rest.front() - '0'), ExponentLimit);
         }
         result.exponent += negative ? -power : power;
         return true;

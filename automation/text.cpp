@@ -8,7 +8,7 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr char32_t replacementCharacter = 0xFFFD;
+constexpr char32_t ReplacementCharacter = 0xFFFD;
 
 /// One character of a UTF-8 text.
 struct Decoded {
@@ -49,15 +49,15 @@ Decoded Decode(std::string_view text, std::size_t position) noexcept {
     const std::uint8_t first = ByteAt(text, position);
     const Lead lead = LeadOf(first);
     if (lead.length == 1) return {first, 1};
-    if (lead.length == 0) return {replacementCharacter, 1};
+    if (lead.length == 0) return {ReplacementCharacter, 1};
 
     char32_t character = first & (0x7FU >> lead.length);
     for (std::size_t i = 1; i < lead.length; ++i) {
-        if (position + i >= text.size()) return {replacementCharacter, i};
+        if (position + i >= text.size()) return {ReplacementCharacter, i};
         const std::uint8_t next = ByteAt(text, position + i);
         const std::uint8_t lowest = i == 1 ? lead.secondMin : std::uint8_t{0x80};
         const std::uint8_t highest = i == 1 ? lead.secondMax : std::uint8_t{0xBF};
-        if (next < lowest || next > highest) return {replacementCharacter, i};
+        if (next < lowest || next > highest) return {ReplacementCharacter, i};
         character = (character << 6) | (next & 0x3FU);
     }
     return {character, lead.length};
@@ -98,8 +98,8 @@ void AppendUtf8(std::string& text, char32_t character) {
     }
 }
 
-constexpr char16_t highSurrogates = 0xD800;
-constexpr char16_t lowSurrogates = 0xDC00;
+constexpr char16_t HighSurrogates = 0xD800;
+constexpr char16_t LowSurrogates = 0xDC00;
 
 constexpr bool IsSurrogate(char16_t unit, char16_t half) noexcept { return (unit & 0xFC00) == half; }
 
@@ -146,8 +146,8 @@ std::u16string ToUtf16(std::string_view utf8) {
         const Decoded next = Decode(utf8, position);
         if (next.Units() == 2) {
             const char32_t offset = next.character - 0x10000;
-            result.push_back(static_cast<char16_t>(highSurrogates + (offset >> 10)));
-            result.push_back(static_cast<char16_t>(lowSurrogates + (offset & 0x3FF)));
+            result.push_back(static_cast<char16_t>(HighSurrogates + (offset >> 10)));
+            result.push_back(static_cast<char16_t>(LowSurrogates + (offset & 0x3FF)));
         } else {
             result.push_back(static_cast<char16_t>(next.character));
         }
@@ -161,13 +161,13 @@ std::string ToUtf8(std::u16string_view utf16) {
     result.reserve(utf16.size());
     for (std::size_t i = 0; i < utf16.size(); ++i) {
         const char16_t unit = utf16[i];
-        if (IsSurrogate(unit, highSurrogates) && i + 1 < utf16.size() &&
-            IsSurrogate(utf16[i + 1], lowSurrogates)) {
+        if (IsSurrogate(unit, HighSurrogates) && i + 1 < utf16.size() &&
+            IsSurrogate(utf16[i + 1], LowSurrogates)) {
             const char32_t high = unit & 0x3FFU;
             const char32_t low = utf16[++i] & 0x3FFU;
             AppendUtf8(result, 0x10000 + (high << 10) + low);
-        } else if (IsSurrogate(unit, highSurrogates) || IsSurrogate(unit, lowSurrogates)) {
-            AppendUtf8(result, replacementCharacter);
+        } else if (IsSurrogate(unit, HighSurrogates) || IsSurrogate(unit, LowSurrogates)) {
+            AppendUtf8(result, ReplacementCharacter);
         } else {
             AppendUtf8(result, unit);
         }

@@ -12,13 +12,13 @@ namespace {
 constexpr char Tail(unsigned bits) noexcept { return static_cast<char>(0x80 | (bits & 0x3F)); }
 
 /// Starts what stands for an odd byte: a character beyond the last one of Unicode, plus the byte.
-constexpr std::string_view oddByteLead = "\xF4\x90";
-constexpr std::size_t oddByteSize = 4;
+constexpr std::string_view OddByteLead = "\xF4\x90";
+constexpr std::size_t OddByteSize = 4;
 
-std::string OddByteText(unsigned byte) { return std::string(oddByteLead) + Tail(byte >> 6) + Tail(byte); }
+std::string OddByteText(unsigned byte) { return std::string(OddByteLead) + Tail(byte >> 6) + Tail(byte); }
 
 bool EndsWithOddByte(std::string_view text) noexcept {
-    return text.size() >= oddByteSize && text.substr(text.size() - oddByteSize).starts_with(oddByteLead);
+    return text.size() >= OddByteSize && text.substr(text.size() - OddByteSize).starts_with(OddByteLead);
 }
 
 constexpr bool IsHalf(wchar_t unit, unsigned half) noexcept { return (unit & 0xFC00u) == half; }
@@ -82,7 +82,7 @@ std::string FromBstr(const OLECHAR* text) {
 
 BSTR ToBstr(std::string_view utf8) {
     const bool isOdd = EndsWithOddByte(utf8);
-    const std::wstring units = ToWide(utf8.substr(0, utf8.size() - (isOdd ? oddByteSize : 0)));
+    const std::wstring units = ToWide(utf8.substr(0, utf8.size() - (isOdd ? OddByteSize : 0)));
     const std::size_t size = units.size() * sizeof(wchar_t);
     BSTR text = SysAllocStringByteLen(nullptr, static_cast<UINT>(size + (isOdd ? 1 : 0)));
     if (text == nullptr) throw automation::Error(automation::OutOfMemory);

@@ -12,7 +12,7 @@ namespace {
 
 using automation::Error;
 
-constexpr HRESULT runtimeBase = static_cast<HRESULT>(0x800A0000);
+constexpr HRESULT RuntimeBase = static_cast<HRESULT>(0x800A0000);
 
 /// The runtime's numbers for results that automation itself gives to a late-bound caller.
 std::int32_t RuntimeNumber(HRESULT result) noexcept {
@@ -81,12 +81,12 @@ void FillExceptionInfo(const Error& error, EXCEPINFO& info) {
 }  // namespace
 
 HRESULT ResultOf(std::int32_t number) noexcept {
-    if (number > 0 && number <= 0xFFFF) return runtimeBase + number;
+    if (number > 0 && number <= 0xFFFF) return RuntimeBase + number;
     return number < 0 ? static_cast<HRESULT>(number) : E_FAIL;
 }
 
 std::int32_t NumberOf(HRESULT result) noexcept {
-    const bool isRuntimes = (result & static_cast<HRESULT>(0xFFFF0000)) == runtimeBase;
+    const bool isRuntimes = (result & static_cast<HRESULT>(0xFFFF0000)) == RuntimeBase;
     return isRuntimes ? result & 0xFFFF : result;
 }
 

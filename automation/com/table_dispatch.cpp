@@ -19,7 +19,7 @@ using automation::Member;
 using automation::Parameter;
 using automation::Variant;
 
-constexpr std::string_view enumeratorName = "_NewEnum";
+constexpr std::string_view EnumeratorName = "_NewEnum";
 
 /// The default member has the identifier of the object's value.
 DISPID MemberId(const automation::ClassInfo& info, std::string_view name) {
@@ -112,7 +112,7 @@ HRESULT TableDispatch::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT coun
         std::fill_n(ids, count, DISPID_UNKNOWN);
         const automation::ClassInfo& info = m_object->Class();
         const std::string member = FromWide(names[0]);
-        const bool isEnumerator = automation::EqualsIgnoreCase(member, enumeratorName) && NewEnum();
+        const bool isEnumerator = automation::EqualsIgnoreCase(member, EnumeratorName) && NewEnum();
         ids[0] = isEnumerator ? DISPID_NEWENUM : MemberId(info, member);
         for (UINT i = 1; i < count; ++i)
             ids[i] = ParameterId(info, member, FromWide(names[i]));

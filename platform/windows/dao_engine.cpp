@@ -26,13 +26,13 @@ constexpr std::int32_t dbFailOnError = 128;
 /// DAO's dbLangGeneral, the sort order of a new database file.
 constexpr std::string_view dbLangGeneral = ";LANGID=0x0409;CP=1252;COUNTRY=0";
 
-constexpr std::string_view engineClasses[] = {"DAO.DBEngine.36", "DAO.DBEngine.120"};
-constexpr std::string_view width = sizeof(void*) == 8 ? "64-bit" : "32-bit";
+constexpr std::string_view EngineClasses[] = {"DAO.DBEngine.36", "DAO.DBEngine.120"};
+constexpr std::string_view Width = sizeof(void*) == 8 ? "64-bit" : "32-bit";
 
 [[noreturn]] void RaiseNoEngine(HRESULT failure) {
     std::string description = "The database engine of the definition repository is not installed: ";
-    description.append("neither DAO.DBEngine.36 nor DAO.DBEngine.120 can be created in this ").append(width);
-    description.append(" process (").append(com::SystemText(failure)).append("). The ").append(width);
+    description.append("neither DAO.DBEngine.36 nor DAO.DBEngine.120 can be created in this ").append(Width);
+    description.append(" process (").append(com::SystemText(failure)).append("). The ").append(Width);
     description.append(" Microsoft Access Database Engine Redistributable installs DAO.DBEngine.120");
     if (sizeof(void*) == 4) description.append("; DAO.DBEngine.36 (dao360.dll) is a part of Windows");
     throw automation::Error(automation::CannotCreateObject, description.append("."));
@@ -40,7 +40,7 @@ constexpr std::string_view width = sizeof(void*) == 8 ? "64-bit" : "32-bit";
 
 std::shared_ptr<HostObject> CreateEngine() {
     HRESULT failure = S_OK;
-    for (const std::string_view progId : engineClasses) {
+    for (const std::string_view progId : EngineClasses) {
         if (auto engine = com::CreateHostObject(progId, failure)) return engine;
     }
     RaiseNoEngine(failure);

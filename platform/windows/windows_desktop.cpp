@@ -11,14 +11,14 @@ namespace korvex::windows {
 
 namespace {
 
-constexpr std::string_view defaultTitle = "Korvex";
-constexpr std::int32_t fileNotFound = 53;
+constexpr std::string_view DefaultTitle = "Korvex";
+constexpr std::int32_t FileNotFound = 53;
 
 class MessageBoxDesktop final : public platform::Desktop {
   public:
     void ShowMessage(std::string_view text, std::int32_t style, std::string_view title) override {
         MessageBoxW(GetActiveWindow(), com::ToWide(text).c_str(),
-                    com::ToWide(title.empty() ? defaultTitle : title).c_str(), static_cast<UINT>(style));
+                    com::ToWide(title.empty() ? DefaultTitle : title).c_str(), static_cast<UINT>(style));
     }
 
     void OpenEditor(std::string_view path) override {
@@ -31,7 +31,7 @@ class MessageBoxDesktop final : public platform::Desktop {
         if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                            &process) == 0) {
             const HRESULT failure = HRESULT_FROM_WIN32(GetLastError());
-            throw automation::Error(fileNotFound, "notepad.exe does not start: " + com::SystemText(failure));
+            throw automation::Error(FileNotFound, "notepad.exe does not start: " + com::SystemText(failure));
         }
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);

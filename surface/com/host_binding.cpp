@@ -14,7 +14,7 @@ namespace {
 using automation::ObjectRef;
 
 /// GetString(library, category, number): the number is the third argument.
-constexpr HostObject::ByReference languageServiceReferences = 1u << 2;
+constexpr HostObject::ByReference LanguageServiceReferences = 1u << 2;
 
 ObjectRef BindConnection(ObjectRef object) {
     if (dynamic_cast<ado::Connection*>(object.get()) != nullptr) return object;
@@ -26,7 +26,7 @@ ObjectRef BindConnection(ObjectRef object) {
 ObjectRef BindLanguageService(ObjectRef object) {
     const auto* host = dynamic_cast<const HostBacked*>(object.get());
     if (host == nullptr) return object;
-    return std::make_shared<HostObject>(ComPtr<IDispatch>(host->HostDispatch()), languageServiceReferences);
+    return std::make_shared<HostObject>(ComPtr<IDispatch>(host->HostDispatch()), LanguageServiceReferences);
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ namespace korvex::com {
 
 namespace {
 
-constexpr LCID libraryLocale = 0x409;
-constexpr SYSKIND thisSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr LCID LibraryLocale = 0x409;
+constexpr SYSKIND ThisSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
 
 /// Marshalling between apartments looks the library up under the neutral language, whatever its own is.
 std::wstring NeutralKey() { return L"TypeLib\\" + GuidText(LIBID_Korvex) + L"\\1.0\\0"; }
@@ -22,7 +22,7 @@ const wchar_t* const neutralSystem = sizeof(void*) == 8 ? L"\\win64" : L"\\win32
 
 bool IsTypeLibraryRegistered() {
     Bstr path;
-    return SUCCEEDED(QueryPathOfRegTypeLib(LIBID_Korvex, 1, 0, libraryLocale, path.Put()));
+    return SUCCEEDED(QueryPathOfRegTypeLib(LIBID_Korvex, 1, 0, LibraryLocale, path.Put()));
 }
 
 HRESULT UnregisterClasses() {
@@ -44,7 +44,7 @@ HRESULT UnregisterTypeLibrary() {
     RegDeleteKeyW(HKEY_CLASSES_ROOT, (NeutralKey() + neutralSystem).c_str());
     // The key above stays while the other width has its own.
     RegDeleteKeyW(HKEY_CLASSES_ROOT, NeutralKey().c_str());
-    const HRESULT result = UnRegisterTypeLib(LIBID_Korvex, 1, 0, libraryLocale, thisSystem);
+    const HRESULT result = UnRegisterTypeLib(LIBID_Korvex, 1, 0, LibraryLocale, ThisSystem);
     return IsTypeLibraryRegistered() ? result : S_OK;
 }
 
