@@ -22,8 +22,8 @@ bool IsEmptyText(const Variant& value) {
 
 /// The value is kept as it is; Converted gives what is kept of others.
 bool IsKept(const ValueInfo& info, const Variant& value) {
-    const VarType type = KeptType(info.dataType);
-    return value.Type() == type || type == VarType::Variant || value.IsEmpty() || value.IsNull();
+    return value.Type() == static_cast<VarType>(info.dataType) || value.IsEmpty() || value.IsNull() ||
+           KeptType(info.dataType) == VarType::Variant;
 }
 
 Variant Converted(const Definition& definition, const ValueInfo& info, const Variant& value) {
@@ -34,6 +34,16 @@ Variant Converted(const Definition& definition, const ValueInfo& info, const Var
         throw Error(error.Number(), definition.Name() + "." + info.name + ": " + error.Description(),
                     error.Source());
     }
+}
+
+template <class T>
+bool IsSame(const T& kept, const T& value) {
+    return kept == value;
+}
+
+/// Most values are set once.
+bool IsSame(const Variant& kept, const Variant& value) {
+    return kept.IsEmpty() ? value.IsEmpty() : kept == value;
 }
 
 class Elements final : public automation::Enumerator {
@@ -140,7 +150,7 @@ void DataObject::Replace(std::vector<Shared> items) {
 
 template <class T, class NewValue>
 void DataObject::Assign(T& target, NewValue&& value) {
-    if (target == value) return;
+    if (IsSame(target, value)) return;
     target = std::forward<NewValue>(value);
     m_isModified = true;
 }

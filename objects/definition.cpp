@@ -150,10 +150,12 @@ void Definition::Append(std::shared_ptr<ValueDefinition> value) {
     if (!info.column.empty()) m_byColumn.emplace(info.column, value.get());
     m_valueList->Add(value);
     m_values.push_back(std::move(value));
+    ++m_revision;
 }
 
 void Definition::AddPrimaryKey(const std::string& column) {
     m_primaryKeys.push_back(column);
+    ++m_revision;
     m_primaryKeyList->Add(std::make_shared<KeyEntry>(attName, column));
 }
 
@@ -171,11 +173,9 @@ const ValueDefinition* Definition::FindColumn(std::string_view column) const {
     return found == m_byColumn.end() ? nullptr : found->second;
 }
 
-const ValueDefinition& Definition::ValueAt(std::int32_t index) const {
-    if (index < 1 || static_cast<std::size_t>(index) > m_values.size())
-        throw Error(automation::SubscriptOutOfRange,
-                    "The object " + m_name + " has no value " + std::to_string(index) + ".");
-    return *m_values[static_cast<std::size_t>(index) - 1];
+void Definition::RaiseNoValue(std::int32_t index) const {
+    throw Error(automation::SubscriptOutOfRange,
+                "The object " + m_name + " has no value " + std::to_string(index) + ".");
 }
 
 const ValueDefinition* Definition::KeyValue() const {

@@ -81,7 +81,11 @@ class Definition final : public persistence::PlainObject {
     const ValueDefinition* FindValue(std::string_view name) const;
     const ValueDefinition* FindColumn(std::string_view column) const;
     /// The value at an index; SubscriptOutOfRange (9).
-    const ValueDefinition& ValueAt(std::int32_t index) const;
+    const ValueDefinition& ValueAt(std::int32_t index) const {
+        const auto position = static_cast<std::size_t>(index) - 1;
+        if (position >= m_values.size()) RaiseNoValue(index);
+        return *m_values[position];
+    }
     /// The value of the own key; nullptr when there is none.
     const ValueDefinition* KeyValue() const;
 
@@ -89,9 +93,11 @@ class Definition final : public persistence::PlainObject {
     bool BooleanAttribute(std::int32_t id) override;
     Ref ObjectAttribute(std::int32_t id) override;
     bool HasAttribute(std::int32_t id) override;
+    std::uint64_t Revision() override { return m_revision; }
 
   private:
     class EntryList;
+    [[noreturn]] void RaiseNoValue(std::int32_t index) const;
     void Append(std::shared_ptr<ValueDefinition> value);
     void TakeParts(std::vector<std::shared_ptr<Definition>>& parts);
 
@@ -102,6 +108,7 @@ class Definition final : public persistence::PlainObject {
     std::map<std::string, const ValueDefinition*, std::less<>> m_byName;
     std::map<std::string, const ValueDefinition*, std::less<>> m_byColumn;
     std::vector<std::string> m_primaryKeys;
+    std::uint64_t m_revision = 1;
     std::shared_ptr<Definition> m_element;
     /// The collections that the interface hands out.
     std::shared_ptr<EntryList> m_valueList, m_primaryKeyList, m_foreignKeyList;

@@ -1,5 +1,6 @@
 #include "persistence/definition_reading.h"
 
+#include "automation/error.h"
 #include "persistence/definition_walk.h"
 
 #include <algorithm>
@@ -11,8 +12,9 @@ namespace {
 
 /// Hosts may hand out a new definition object at each look.
 constexpr std::size_t ReadingLimit = 64;
+constexpr std::size_t UsualValues = 16;
 
-PlainValue ReadValue(QORObject& valueDef) {
+PlainValue ReadPlainValue(QORObject& valueDef) {
     return {.column = valueDef.StringAttribute(attFieldName),
             .index = valueDef.LongAttribute(attValueIndex),
             .isIncluded = valueDef.BooleanAttribute(attIsIncluded),
@@ -36,24 +38,55 @@ std::string ReadKeyColumn(QORObject& definition, const std::vector<PlainValue>& 
 
 DefinitionReading ReadDefinition(QORObject& definition) {
     DefinitionReading reading;
+    reading.values.reserve(UsualValues);
     const auto values = definition.ObjectAttribute(attValues);
     ForEach(values.get(), [&](const QORObject::Ref& valueDef) {
         if (IsChild(*valueDef))
             reading.childNames.push_back(valueDef->StringAttribute(attName));
         else
-            reading.values.push_back(ReadValue(*valueDef));
+            reading.values.push_back(ReadPlainValue(*valueDef));
     });
     reading.keyColumn = ReadKeyColumn(definition, reading.values);
     return reading;
 }
 
+const std::vector<std::int32_t>& ColumnIndexes::In(ado::Recordset& records,
+                                                   const std::vector<PlainValue>& values) {
+    auto layout = records.Layout();
+    if (layout != nullptr && layout == m_layout) return m_indexes;
+    m_indexes.clear();
+    m_layout = std::move(layout);
+    if (m_layout == nullptr) return m_indexes;
+    try {
+        for (const PlainValue& value : values)
+            m_indexes.push_back(value.IsStored() ? records.FieldIndex(value.column) : None);
+    } catch (const automation::Error&) {
+        m_indexes.clear();  // the value without a column is met in its turn
+    }
+    return m_indexes;
+}
+
 DefinitionReadings::Reading DefinitionReadings::Of(const QORObject::Ref& definition) {
-    if (const auto known = m_readings.find(definition.get()); known != m_readings.end())
-        return known->second.reading;
+    const auto known = m_readings.find(definition.get());
+    if (known != m_readings.end()) {
+        Entry& entry = known->second;
+        if (entry.definition != nullptr) return entry.reading;
+        if (entry.between.lock() == definition && entry.revision == definition->Revision()) {
+            entry.definition = definition;
+            return entry.reading;
+        }
+        m_readings.erase(known);
+    }
     auto reading = std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
     if (m_readings.size() >= ReadingLimit) m_readings.clear();
-    m_readings.emplace(definition.get(), Entry{definition, reading});
+    m_readings.emplace(definition.get(), Entry{definition, definition, definition->Revision(), reading});
     return reading;
+}
+
+void DefinitionReadings::Forget() {
+    std::erase_if(m_readings, [](const auto& item) { return item.second.revision == 0; });
+    for (auto& item : m_readings)
+        item.second.definition.reset();
 }
 
 }  // namespace korvex::persistence

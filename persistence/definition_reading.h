@@ -1,6 +1,7 @@
 #pragma once
 
 #include "persistence/qor_object.h"
+#include "platform/ado.h"
 
 #include <cstdint>
 #include <memory>
@@ -22,28 +23,46 @@ struct PlainValue {
     bool IsStored() const noexcept { return isIncluded && !column.empty(); }
 };
 
+/// Where the columns of values stand among the fields of recordsets of one layout.
+class ColumnIndexes {
+  public:
+    static constexpr std::int32_t None = -1;  ///< the value has no place in the records
+
+    /// The indexes for these values, always the same ones; empty where a recordset does not tell, or lacks a
+    /// column.
+    const std::vector<std::int32_t>& In(ado::Recordset& records, const std::vector<PlainValue>& values);
+
+  private:
+    std::shared_ptr<const void> m_layout;
+    std::vector<std::int32_t> m_indexes;
+};
+
 /// What a definition says of its values, in one walk over them.
 struct DefinitionReading {
     std::vector<PlainValue> values;       ///< in the order of the definition
     std::vector<std::string> childNames;  ///< of the child objects among the values, in the same order
     std::string keyColumn;                ///< the own key; "" when no key entry names a plain value
+    mutable ColumnIndexes indexes;        ///< of `values`
 };
 
 DefinitionReading ReadDefinition(QORObject& definition);
 
 /// The readings of one call of a host: a tree's objects share few definitions, which are read once each
-/// instead of once for each object.
+/// instead of once for each object. Those that count their revisions are not even read for each call.
 class DefinitionReadings {
   public:
     using Reading = std::shared_ptr<const DefinitionReading>;
 
     /// The reading of a definition, made at the first look.
     Reading Of(const QORObject::Ref& definition);
-    void Forget() noexcept { m_readings.clear(); }
+    /// The call ends.
+    void Forget();
 
   private:
     struct Entry {
-        QORObject::Ref definition;  ///< kept, so that no other one takes its place in memory
+        QORObject::Ref definition;         ///< in a call, so that no other one takes its place in memory
+        std::weak_ptr<QORObject> between;  ///< the same
+        std::uint64_t revision = 0;
         Reading reading;
     };
     std::unordered_map<const QORObject*, Entry> m_readings;

@@ -11,7 +11,7 @@ namespace {
 
 /// Runs `action` and answers whether it raised no error; the error is passed over.
 template <class Action>
-bool Succeeds(Session& session, Action&& action) {
+bool Succeeds(CrudState& session, Action&& action) {
     try {
         action();
         return true;
@@ -23,7 +23,7 @@ bool Succeeds(Session& session, Action&& action) {
 
 /// The records with that key; nullptr and a code when a name is missing or the statement does not open. The
 /// field's name stands in no statement: one that names no column is an unknown column, whatever it holds.
-RecordsetRef OpenFieldRecords(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+RecordsetRef OpenFieldRecords(CrudState& session, const Variant& lKey, const std::string& sKeyFieldName,
                               const std::string& sTableName, const std::string& sFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return nullptr;
@@ -34,13 +34,13 @@ RecordsetRef OpenFieldRecords(Session& session, const Variant& lKey, const std::
     return OpenRecords(session, SelectWhere(sTableName, sKeyFieldName, lKey, KeyClause::Spaced));
 }
 
-bool CheckRecord(Session& session, ado::Recordset& records) {
+bool CheckRecord(CrudState& session, ado::Recordset& records) {
     return !records.Eof() || session.Fail(dbNoMatchingRecord);
 }
 
 }  // namespace
 
-bool DbGetField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+bool DbGetField(CrudState& session, const Variant& lKey, const std::string& sKeyFieldName,
                 const std::string& sTableName, const std::string& sFieldName, Variant& vntFieldValue) {
     const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;
@@ -50,7 +50,7 @@ bool DbGetField(Session& session, const Variant& lKey, const std::string& sKeyFi
     return read;
 }
 
-bool DbSaveField(Session& session, const Variant& lKey, const std::string& sKeyFieldName,
+bool DbSaveField(CrudState& session, const Variant& lKey, const std::string& sKeyFieldName,
                  const std::string& sTableName, const std::string& sFieldName, const Variant& vntFieldValue) {
     const auto records = OpenFieldRecords(session, lKey, sKeyFieldName, sTableName, sFieldName);
     if (records == nullptr) return false;

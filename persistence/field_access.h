@@ -1,6 +1,6 @@
 #pragma once
 
-#include "persistence/session.h"
+#include "persistence/crud_state.h"
 
 #include <string>
 
@@ -8,12 +8,12 @@
 namespace korvex::persistence {
 
 /// True when the value was read; an unknown column gives False and no code.
-bool DbGetField(Session& session, const automation::Variant& lKey, const std::string& sKeyFieldName,
+bool DbGetField(CrudState& session, const automation::Variant& lKey, const std::string& sKeyFieldName,
                 const std::string& sTableName, const std::string& sFieldName,
                 automation::Variant& vntFieldValue);
 
 /// True when the column took the value; a failure of the update that follows is passed over.
-bool DbSaveField(Session& session, const automation::Variant& lKey, const std::string& sKeyFieldName,
+bool DbSaveField(CrudState& session, const automation::Variant& lKey, const std::string& sKeyFieldName,
                  const std::string& sTableName, const std::string& sFieldName,
                  const automation::Variant& vntFieldValue);
 

@@ -51,7 +51,7 @@ void WriteValue(ado::Field& field, const Variant& value) {
 }
 
 bool SameInField(ado::Field& field, const Variant& value) {
-    const Variant stored = ReadField(field);
+    const Variant stored = field.WholeValue();
     if (!IsBlank(value) && field.Type() == ado::adVarChar)
         return SameAsStored(stored, CutText(value, field.DefinedSize()));
     return SameAsStored(stored, value);
@@ -84,7 +84,7 @@ bool UpdateOptionalLink(const PlainValue& value, QORObject& coData, ado::Records
 
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records) {
     if (!value.IsStored() || (value.isOptionalLink && !HasColumn(records, value.column))) return;
-    coData.MoveValue(value.index, ReadField(*records.Fields(value.column)));
+    coData.MoveValue(value.index, records.FieldValue(value.column));
 }
 
 void WriteFieldValue(const PlainValue& value, QORObject& coData, ado::Recordset& records,

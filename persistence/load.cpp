@@ -21,7 +21,7 @@ struct LoadedRecord {
     bool isCollection = false;
 };
 
-std::optional<LoadedRecord> LoadRecord(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                                        const std::string& sKeyFieldName) {
     LoadedRecord loaded;
     loaded.definition = DefinitionOf(coData);
@@ -33,8 +33,13 @@ std::optional<LoadedRecord> LoadRecord(Session& session, const QORObject::Ref& c
     loaded.ownKey = place->ownKey;
     loaded.isCollection = IsCollection(*loaded.definition);
     loaded.reading = session.Read(loaded.definition);
-    for (const auto& value : loaded.reading->values) {
-        LoadFieldValue(*coData, value, *records);
+    const auto& indexes = loaded.reading->indexes.In(*records, loaded.reading->values);
+    for (std::size_t i = 0; i < loaded.reading->values.size(); ++i) {
+        const auto& value = loaded.reading->values[i];
+        if (indexes.empty())
+            LoadFieldValue(*coData, value, *records);
+        else if (indexes[i] != ColumnIndexes::None)
+            coData->MoveValue(value.index, records->FieldValue(indexes[i]));
         if (!loaded.ownKey.empty() && value.column == loaded.ownKey)
             loaded.key = automation::ToLong(coData->Value(value.index));
     }
@@ -48,7 +53,7 @@ std::optional<LoadedRecord> LoadRecord(Session& session, const QORObject::Ref& c
 
 /// Appends one element per stored record, with nothing but its key. Answers the index of the key in the
 /// elements; nothing when there are no records, or no table or key column to look for them.
-std::optional<std::int32_t> AddElements(Session& session, QORObject& coData, const LoadedRecord& owner) {
+std::optional<std::int32_t> AddElements(CrudState& session, QORObject& coData, const LoadedRecord& owner) {
     const auto elementDef =
         Need(owner.definition->ObjectAttribute(attElementDef), "definition of the collection's elements");
     const std::string table = session.Members().GetTableName(elementDef);
@@ -63,13 +68,13 @@ std::optional<std::int32_t> AddElements(Session& session, QORObject& coData, con
     for (; !records->Eof(); records->MoveNext()) {
         const auto item = Need(coData.AddItem(), "new element of the collection");
         keyIndex = item->ValueIndex(keyColumn);
-        item->Value(*keyIndex, records->Fields(keyColumn)->Value());
+        item->Value(*keyIndex, records->FieldValue(keyColumn));
     }
     records->Close();
     return keyIndex;
 }
 
-void LoadElements(Session& session, QORObject& coData, const LoadedRecord& owner) {
+void LoadElements(CrudState& session, QORObject& coData, const LoadedRecord& owner) {
     const auto keyIndex = AddElements(session, coData, owner);
     if (!keyIndex) return;
     ForEach(&coData, [&](const QORObject::Ref& element) {
@@ -79,7 +84,7 @@ void LoadElements(Session& session, QORObject& coData, const LoadedRecord& owner
 
 }  // namespace
 
-bool DbDataExists(Session& session, const QORObject::Ref& coData, const Variant& lKey) {
+bool DbDataExists(CrudState& session, const QORObject::Ref& coData, const Variant& lKey) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return false;
     const auto definition = DefinitionOf(coData);
@@ -94,7 +99,7 @@ bool DbDataExists(Session& session, const QORObject::Ref& coData, const Variant&
     return exists;
 }
 
-std::int32_t DbGetData(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+std::int32_t DbGetData(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                        const std::string& sKeyFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;

@@ -4,7 +4,7 @@
 
 namespace korvex::persistence {
 
-std::string GetTableName(Session& session, const QORObject::Ref& coDataDef) {
+std::string GetTableName(CrudState& session, const QORObject::Ref& coDataDef) {
     session.ResetLastResult();
     if (Need(coDataDef, "data definition")->BooleanAttribute(attIsIncluded))
         return coDataDef->StringAttribute(attTableName);
@@ -12,12 +12,12 @@ std::string GetTableName(Session& session, const QORObject::Ref& coDataDef) {
     return {};
 }
 
-std::string GetPrimaryKeyFieldName(Session& session, const QORObject::Ref& coDataDef) {
+std::string GetPrimaryKeyFieldName(CrudState& session, const QORObject::Ref& coDataDef) {
     session.ResetLastResult();
     return session.Read(Need(coDataDef, "data definition"))->keyColumn;
 }
 
-std::string GetForeignKeyFieldName(Session& session, const QORObject::Ref& coDataDef) {
+std::string GetForeignKeyFieldName(CrudState& session, const QORObject::Ref& coDataDef) {
     session.ResetLastResult();
     const auto keys = Need(coDataDef, "data definition")->ObjectAttribute(attForeignKeys);
     if (keys == nullptr) return {};

@@ -100,6 +100,10 @@ class QORObject : public automation::TableObject {
     /// all.
     virtual bool IsOptionalLink() { return false; }
 
+    /// Of a definition: a number that grows whenever what it says of its values and keys changes, so that it
+    /// need not be read for each call; 0 where nobody counts.
+    virtual std::uint64_t Revision() { return 0; }
+
     /// Sets a value that the caller needs no more. An object that keeps it as it is may take it over instead
     /// of copying it.
     virtual void MoveValue(std::int32_t index, automation::Variant&& value) { Value(index, value); }

@@ -7,13 +7,13 @@ namespace korvex::persistence {
 
 using automation::Variant;
 
-bool CheckConnected(Session& session) { return session.IsConnected() || session.Fail(dbNotConnected); }
+bool CheckConnected(CrudState& session) { return session.IsConnected() || session.Fail(dbNotConnected); }
 
-bool CheckKey(Session& session, const Variant& lKey) {
+bool CheckKey(CrudState& session, const Variant& lKey) {
     return !IsEmptyOrNull(lKey) || session.Fail(dbPrimaryKeyMissing);
 }
 
-std::optional<RecordPlace> FindKeyColumn(Session& session, const QORObject::Ref& definition,
+std::optional<RecordPlace> FindKeyColumn(CrudState& session, const QORObject::Ref& definition,
                                          const std::string& sKeyFieldName) {
     RecordPlace place;
     place.ownKey = session.Members().GetPrimaryKeyFieldName(definition);
@@ -23,19 +23,19 @@ std::optional<RecordPlace> FindKeyColumn(Session& session, const QORObject::Ref&
     return std::nullopt;
 }
 
-bool FindTable(Session& session, const QORObject::Ref& definition, RecordPlace& place) {
+bool FindTable(CrudState& session, const QORObject::Ref& definition, RecordPlace& place) {
     place.table = session.Members().GetTableName(definition);
     return !place.table.empty() || session.Fail(dbTableNameMissing);
 }
 
-std::optional<RecordPlace> FindPlace(Session& session, const QORObject::Ref& definition,
+std::optional<RecordPlace> FindPlace(CrudState& session, const QORObject::Ref& definition,
                                      const std::string& sKeyFieldName) {
     auto place = FindKeyColumn(session, definition, sKeyFieldName);
     if (place && !FindTable(session, definition, *place)) place.reset();
     return place;
 }
 
-std::optional<RecordPlace> FindStoredPlace(Session& session, const QORObject::Ref& definition) {
+std::optional<RecordPlace> FindStoredPlace(CrudState& session, const QORObject::Ref& definition) {
     RecordPlace place;
     place.ownKey = session.Members().GetPrimaryKeyFieldName(definition);
     if (place.ownKey.empty()) return std::nullopt;
@@ -45,13 +45,13 @@ std::optional<RecordPlace> FindStoredPlace(Session& session, const QORObject::Re
     return place;
 }
 
-RecordsetRef OpenRecords(Session& session, const std::string& sSQL) {
+RecordsetRef OpenRecords(CrudState& session, const std::string& sSQL) {
     auto records = session.Members().OpenRecordset(sSQL);
     if (records == nullptr) session.Fail(dbCannotOpenRecordset);
     return records;
 }
 
-RecordsetRef OpenExisting(Session& session, const std::string& sSQL) {
+RecordsetRef OpenExisting(CrudState& session, const std::string& sSQL) {
     auto records = OpenRecords(session, sSQL);
     if (records == nullptr || !records->Eof()) return records;
     records->Close();
@@ -64,7 +64,7 @@ std::string SelectRecord(const RecordPlace& place, const Variant& lKey) {
 }
 
 std::int32_t KeyOfRecord(ado::Recordset& records, const std::string& column) {
-    return automation::ToLong(records.Fields(column)->Value());
+    return automation::ToLong(records.FieldValue(column));
 }
 
 }  // namespace korvex::persistence

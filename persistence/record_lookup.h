@@ -1,6 +1,6 @@
 #pragma once
 
-#include "persistence/session.h"
+#include "persistence/crud_state.h"
 #include "persistence/statements.h"
 
 #include <memory>
@@ -20,27 +20,27 @@ struct RecordPlace {
     std::string table;
 };
 
-bool CheckConnected(Session& session);                             ///< dbNotConnected
-bool CheckKey(Session& session, const automation::Variant& lKey);  ///< Empty, Null: dbPrimaryKeyMissing
+bool CheckConnected(CrudState& session);                             ///< dbNotConnected
+bool CheckKey(CrudState& session, const automation::Variant& lKey);  ///< Empty, Null: dbPrimaryKeyMissing
 
 /// Key columns of a definition: `sKeyFieldName` selects the record, or the own key column when it is "".
 /// dbPrimaryKeyFieldNameMissing when both are "".
-std::optional<RecordPlace> FindKeyColumn(Session& session, const QORObject::Ref& definition,
+std::optional<RecordPlace> FindKeyColumn(CrudState& session, const QORObject::Ref& definition,
                                          const std::string& sKeyFieldName = {});
 /// Adds the table; dbTableNameMissing when there is none.
-bool FindTable(Session& session, const QORObject::Ref& definition, RecordPlace& place);
+bool FindTable(CrudState& session, const QORObject::Ref& definition, RecordPlace& place);
 /// Both of the above.
-std::optional<RecordPlace> FindPlace(Session& session, const QORObject::Ref& definition,
+std::optional<RecordPlace> FindPlace(CrudState& session, const QORObject::Ref& definition,
                                      const std::string& sKeyFieldName = {});
 
 /// The same place for the steps beneath a root, which leave out what is not stored: nothing, and no code of
 /// its own, when there is no key column or no table.
-std::optional<RecordPlace> FindStoredPlace(Session& session, const QORObject::Ref& definition);
+std::optional<RecordPlace> FindStoredPlace(CrudState& session, const QORObject::Ref& definition);
 
 /// Opens a statement through the public member; nullptr and dbCannotOpenRecordset when it did not open.
-RecordsetRef OpenRecords(Session& session, const std::string& sSQL);
+RecordsetRef OpenRecords(CrudState& session, const std::string& sSQL);
 /// As OpenRecords; nullptr and dbNoMatchingRecord, the recordset closed, when it has no record.
-RecordsetRef OpenExisting(Session& session, const std::string& sSQL);
+RecordsetRef OpenExisting(CrudState& session, const std::string& sSQL);
 /// The statement that selects the records of `place` with that key.
 std::string SelectRecord(const RecordPlace& place, const automation::Variant& lKey);
 

@@ -13,7 +13,7 @@ using automation::Variant;
 namespace {
 
 /// Deletes every element record of an owner.
-void DeleteCollectionElements(Session& session, const QORObject::Ref& coData, const std::string& ownKey,
+void DeleteCollectionElements(CrudState& session, const QORObject::Ref& coData, const std::string& ownKey,
                               std::int32_t lPK) {
     const auto elementDef =
         Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
@@ -22,7 +22,7 @@ void DeleteCollectionElements(Session& session, const QORObject::Ref& coData, co
 }
 
 /// A working data object with that definition: one of the host's where it has one that takes it.
-QORObject::Ref WorkingObject(Session& session, const QORObject::Ref& definition) {
+QORObject::Ref WorkingObject(CrudState& session, const QORObject::Ref& definition) {
     if (auto object = session.NewDataObject()) {
         try {
             object->DataDef(definition);
@@ -39,7 +39,7 @@ QORObject::Ref WorkingObject(Session& session, const QORObject::Ref& definition)
 }  // namespace
 
 // The keys are gathered first, so that no recordset is open while the deletes run.
-std::optional<std::vector<Variant>> ElementKeys(Session& session, const QORObject::Ref& elementDef,
+std::optional<std::vector<Variant>> ElementKeys(CrudState& session, const QORObject::Ref& elementDef,
                                                 const std::string& ownKey, std::int32_t lPK) {
     const std::string table = session.Members().GetTableName(elementDef);
     if (table.empty()) return std::nullopt;
@@ -53,12 +53,12 @@ std::optional<std::vector<Variant>> ElementKeys(Session& session, const QORObjec
     }
     std::vector<Variant> keys;
     for (; !records->Eof(); records->MoveNext())
-        keys.push_back(records->Fields(keyColumn)->Value());
+        keys.push_back(records->FieldValue(keyColumn));
     records->Close();
     return keys;
 }
 
-void DeleteElements(Session& session, const QORObject::Ref& elementDef, const std::vector<Variant>& keys) {
+void DeleteElements(CrudState& session, const QORObject::Ref& elementDef, const std::vector<Variant>& keys) {
     if (keys.empty()) return;
     const auto working = WorkingObject(session, elementDef);
     for (const auto& key : keys)
@@ -66,7 +66,7 @@ void DeleteElements(Session& session, const QORObject::Ref& elementDef, const st
     working->DataDef(nullptr);
 }
 
-void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::string& ownKey,
+void DeleteBeneath(CrudState& session, const QORObject::Ref& coData, const std::string& ownKey,
                    std::int32_t lPK) {
     const auto definition = DefinitionOf(coData);
     const auto reading = session.Read(definition);
@@ -76,7 +76,7 @@ void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::st
     if (IsCollection(*definition)) DeleteCollectionElements(session, coData, ownKey, lPK);
 }
 
-std::int32_t DbDeleteData(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                           const std::string& sSelKey) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;

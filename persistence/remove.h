@@ -1,6 +1,6 @@
 #pragma once
 
-#include "persistence/session.h"
+#include "persistence/crud_state.h"
 
 #include <string>
 #include <vector>
@@ -10,23 +10,23 @@ namespace korvex::persistence {
 
 /// Deletes the record whose column `sSelKey` (the own key column when it is "") holds `lKey`, and everything
 /// beneath it; `coData` only carries the definition. Answers `lKey` once the record was looked up.
-std::int32_t DbDeleteData(Session& session, const QORObject::Ref& coData, const automation::Variant& lKey,
+std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, const automation::Variant& lKey,
                           const std::string& sSelKey);
 
 /// Deletes the records of all children and elements of the object whose record has the key `lPK` in its
 /// column `ownKey`.
-void DeleteBeneath(Session& session, const QORObject::Ref& coData, const std::string& ownKey,
+void DeleteBeneath(CrudState& session, const QORObject::Ref& coData, const std::string& ownKey,
                    std::int32_t lPK);
 
 /// Keys of the element records that belong to an owner, in the database's order. Nothing when the elements
 /// have no table, their statement did not open (dbCannotOpenRecordset) or they have no key column
 /// (dbPrimaryKeyFieldNameMissing).
-std::optional<std::vector<automation::Variant>> ElementKeys(Session& session,
+std::optional<std::vector<automation::Variant>> ElementKeys(CrudState& session,
                                                             const QORObject::Ref& elementDef,
                                                             const std::string& ownKey, std::int32_t lPK);
 
 /// Deletes elements by their own keys, each with everything beneath it.
-void DeleteElements(Session& session, const QORObject::Ref& elementDef,
+void DeleteElements(CrudState& session, const QORObject::Ref& elementDef,
                     const std::vector<automation::Variant>& keys);
 
 }  // namespace korvex::persistence

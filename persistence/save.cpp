@@ -16,7 +16,7 @@ using automation::Variant;
 namespace {
 
 /// Adds the record and answers its key: the one that the database gave it, or the one written.
-std::int32_t InsertRecord(Session& session, ado::Recordset& records, QORObject& coData,
+std::int32_t InsertRecord(CrudState& session, ado::Recordset& records, QORObject& coData,
                           const QORObject::Ref& definition, const std::string& ownKey,
                           const ParentLink& parent) {
     const auto reading = session.Read(definition);
@@ -45,7 +45,8 @@ std::optional<std::string> ParentKeyColumn(const std::string& fkColumn, const st
 
 /// The key that a root's record is to carry in its foreign-key column: its own when it has one, else its
 /// parent's. Nothing, and a code, when the parent is not stored.
-std::optional<std::int32_t> FindParentKey(Session& session, QORObject& coData, const std::string& fkColumn) {
+std::optional<std::int32_t> FindParentKey(CrudState& session, QORObject& coData,
+                                          const std::string& fkColumn) {
     const Variant own = ColumnValue(coData, fkColumn);
     if (!IsEmptyOrNull(own)) {
         const std::int32_t key = automation::ToLong(own);
@@ -65,7 +66,7 @@ std::optional<std::int32_t> FindParentKey(Session& session, QORObject& coData, c
 
 /// An update stores no element twice that its collection, being loaded twice, holds twice. Elements without a
 /// key are new ones. The key is the one that the element has before it is saved.
-bool IsFirstOfItsKey(Session& session, QORObject& element, std::unordered_set<std::int32_t>& seen) {
+bool IsFirstOfItsKey(CrudState& session, QORObject& element, std::unordered_set<std::int32_t>& seen) {
     const std::string ownKey = session.Members().GetPrimaryKeyFieldName(element.DataDef());
     const std::int32_t key = ownKey.empty() ? 0 : ToKey(ColumnValue(element, ownKey));
     return key < 1 || seen.insert(key).second;
@@ -73,7 +74,7 @@ bool IsFirstOfItsKey(Session& session, QORObject& element, std::unordered_set<st
 
 }  // namespace
 
-std::int32_t SaveRecord(Session& session, const QORObject::Ref& coData, const ParentLink& parent) {
+std::int32_t SaveRecord(CrudState& session, const QORObject::Ref& coData, const ParentLink& parent) {
     const Descent descent(session);
     const auto definition = DefinitionOf(coData);
     const auto place = FindStoredPlace(session, definition);
@@ -95,7 +96,7 @@ void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, co
         coData.Value(coData.ValueIndex(parent.column), parent.value);
 }
 
-void SaveBeneath(Session& session, QORObject& coData, const QORObject::Ref& definition, std::int32_t key,
+void SaveBeneath(CrudState& session, QORObject& coData, const QORObject::Ref& definition, std::int32_t key,
                  const std::string& ownKey) {
     const ParentLink link{session.ForeignKeyColumn(ownKey), key};
     const auto save = [&](const QORObject::Ref& object) { SaveRecord(session, object, link); };
@@ -110,7 +111,7 @@ void SaveBeneath(Session& session, QORObject& coData, const QORObject::Ref& defi
     });
 }
 
-std::int32_t DbSaveData(Session& session, const QORObject::Ref& coData) {
+std::int32_t DbSaveData(CrudState& session, const QORObject::Ref& coData) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
     ParentLink parent{session.Members().GetForeignKeyFieldName(DefinitionOf(coData))};

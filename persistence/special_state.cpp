@@ -34,7 +34,7 @@ Variant Attribute(QORObject& coData, const StateColumn& state) {
 
 void Load(QORObject& coData, ado::Recordset& records, const StatePair& pair) {
     for (const auto& state : pair) {
-        const Variant value = records.Fields(state.column)->Value();
+        const Variant value = records.FieldValue(state.column);
         if (IsEmptyOrNull(value)) continue;
         if (state.is16Bit)
             coData.IntegerAttribute(state.attribute, automation::ToInteger(value));

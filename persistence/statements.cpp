@@ -45,7 +45,7 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
                   const Variant& key, KeyClause clause) {
     std::string text = Begin(verb, table, keyColumn.size() + 32);
     text.append(" where ").append(keyColumn);
-    text.append(clause == KeyClause::Tight ? "=" : " = ").append(KeyText(key));
+    text.append(clause == KeyClause::Tight ? "=" : " = ").append(KeyLiteral(key));
     return text;
 }
 
@@ -53,7 +53,7 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
 
 // Keys stand in the statements without quotes, so nothing but a plain number may pass. What the conversions
 // read as a number in another form ("1,200", "$5", "(12)") passes as the number that it is.
-std::string KeyText(const Variant& key) {
+std::string KeyLiteral(const Variant& key) {
     if (const auto* number = key.If<std::int32_t>()) return std::to_string(*number);
     if (key.IsEmpty() || key.IsNull()) return {};
     std::string text = automation::ToString(key);

@@ -14,7 +14,7 @@ enum class KeyClause { Tight, Spaced };  ///< "Key=1", "Key = 1"
 
 /// Text of a key for a statement: a number, also where the key is a text that converts to one. TypeMismatch
 /// (13) for anything else. Empty and Null give "".
-std::string KeyText(const automation::Variant& key);
+std::string KeyLiteral(const automation::Variant& key);
 
 std::string SelectAll(std::string_view table);
 std::string SelectWhere(std::string_view table, std::string_view keyColumn, const automation::Variant& key,

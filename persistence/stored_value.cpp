@@ -16,13 +16,6 @@ bool IsZero(const Variant& stored) {
 
 }  // namespace
 
-Variant ReadField(ado::Field& field) {
-    const std::int32_t type = field.Type();
-    if (type != ado::adLongVarChar && type != ado::adLongVarBinary) return field.Value();
-    const std::int32_t size = field.ActualSize();
-    return size < 1 ? field.Value() : field.GetChunk(size);
-}
-
 bool SameAsStored(const Variant& stored, const Variant& value) {
     if (IsBlank(value)) return IsBlank(stored) || IsZero(stored);
     if (IsEmptyOrNull(stored)) return false;

@@ -28,7 +28,7 @@ struct RootRecord {
 
 /// Finds the root's record by `lKey`, or by the key in the object when that is missing. A record without a
 /// usable key has nothing beneath it that could be found, so it counts as missing its key.
-std::optional<RootRecord> OpenRoot(Session& session, QORObject& coData, const QORObject::Ref& definition,
+std::optional<RootRecord> OpenRoot(CrudState& session, QORObject& coData, const QORObject::Ref& definition,
                                    const Variant& lKey, const std::string& sKeyFieldName) {
     auto place = FindKeyColumn(session, definition, sKeyFieldName);
     if (!place) return std::nullopt;
@@ -48,7 +48,7 @@ std::optional<RootRecord> OpenRoot(Session& session, QORObject& coData, const QO
 
 /// The link of a root to its parent: the key that the object carries. An object that carries the key of its
 /// record, and so was loaded or saved, has no parent any more when it carries 0 or Null.
-ParentLink LinkOfRoot(Session& session, QORObject& coData, const QORObject::Ref& definition,
+ParentLink LinkOfRoot(CrudState& session, QORObject& coData, const QORObject::Ref& definition,
                       const RootRecord& root) {
     ParentLink link{session.Members().GetForeignKeyFieldName(definition)};
     if (link.column.empty()) return link;
@@ -63,14 +63,14 @@ ParentLink LinkOfRoot(Session& session, QORObject& coData, const QORObject::Ref&
 
 /// What an update may pass over, counted.
 struct Omissions {
-    explicit Omissions(const Session& session)
+    explicit Omissions(const CrudState& session)
         : failedOpens(session.FailedOpens()), passedOver(session.PassedOver()) {}
     std::size_t failedOpens;
     std::size_t passedOver;
 };
 
 /// The end of an update: nothing may have been passed over since `before`.
-std::int32_t Finish(Session& session, const QORObject::Ref& coData, std::int32_t key,
+std::int32_t Finish(CrudState& session, const QORObject::Ref& coData, std::int32_t key,
                     const Omissions& before) {
     const Omissions now(session);
     const bool allOpened = now.failedOpens == before.failedOpens;
@@ -85,7 +85,7 @@ std::int32_t Finish(Session& session, const QORObject::Ref& coData, std::int32_t
 
 }  // namespace
 
-std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const Variant& lKey,
+std::int32_t DbUpdateData(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                           const std::string& sKeyFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
@@ -109,7 +109,7 @@ std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const 
 
 // The record is written before anything beneath it is deleted: when the database refuses the values, all is
 // as it was.
-std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coData, const Variant& lKey) {
+std::int32_t DbUpdateDataRetainRoot(CrudState& session, const QORObject::Ref& coData, const Variant& lKey) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
     const Descent descent(session);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "persistence/session.h"
+#include "persistence/crud_state.h"
 
 #include <string>
 
@@ -12,12 +12,12 @@ namespace korvex::persistence {
 /// list lacks. Records beneath the root are found through their parents, so none outside the stored tree is
 /// ever touched. Answers the record's key, also with dbObjectNotModified; 0 on failure, which includes
 /// changed elements whose records are gone (dbNoMatchingRecord, everything else is written).
-std::int32_t DbUpdateData(Session& session, const QORObject::Ref& coData, const automation::Variant& lKey,
+std::int32_t DbUpdateData(CrudState& session, const QORObject::Ref& coData, const automation::Variant& lKey,
                           const std::string& sKeyFieldName);
 
 /// Gives the root's record the object's values under its old key, deletes what is stored beneath it and saves
 /// the tree's children and elements anew. Answers the key, 0 on failure.
-std::int32_t DbUpdateDataRetainRoot(Session& session, const QORObject::Ref& coData,
+std::int32_t DbUpdateDataRetainRoot(CrudState& session, const QORObject::Ref& coData,
                                     const automation::Variant& lKey);
 
 }  // namespace korvex::persistence

@@ -18,7 +18,7 @@ namespace {
 
 /// Calls `visit` for the object, its children and its elements, all the way down, until one answers True.
 template <class Visit>
-bool AnyInTree(Session& session, const QORObject::Ref& coData, const Visit& visit) {
+bool AnyInTree(CrudState& session, const QORObject::Ref& coData, const Visit& visit) {
     const Descent descent(session);
     if (visit(*coData)) return true;
     const auto definition = DefinitionOf(coData);
@@ -32,8 +32,8 @@ bool AnyInTree(Session& session, const QORObject::Ref& coData, const Visit& visi
 }
 
 /// Sends the columns that differ; nothing when none does.
-void WriteDifferences(Session& session, QORObject& coData, ado::Recordset& records, const std::string& ownKey,
-                      const ParentLink& parent) {
+void WriteDifferences(CrudState& session, QORObject& coData, ado::Recordset& records,
+                      const std::string& ownKey, const ParentLink& parent) {
     const auto definition = coData.DataDef();
     const auto reading = session.Read(definition);
     bool changed = false;
@@ -46,7 +46,7 @@ void WriteDifferences(Session& session, QORObject& coData, ado::Recordset& recor
 }
 
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
-void UpdateStored(Session& session, const QORObject::Ref& object, const RecordsetRef& records,
+void UpdateStored(CrudState& session, const QORObject::Ref& object, const RecordsetRef& records,
                   const std::string& ownKey, const ParentLink& link, bool isOfAnother) {
     auto stored = UpdateRecord(session, object, records, ownKey, link, Columns::Modified);
     stored.isOfAnother = isOfAnother;
@@ -55,19 +55,19 @@ void UpdateStored(Session& session, const QORObject::Ref& object, const Recordse
 
 /// The stored record of a child: the one with the child's own key if it belongs to this parent, else the
 /// first that does. Nullptr when the table did not open.
-RecordsetRef OpenChild(Session& session, const RecordPlace& place, std::int32_t key, const ParentLink& link) {
+RecordsetRef OpenChild(CrudState& session, const RecordPlace& place, std::int32_t key,
+                       const ParentLink& link) {
     if (key > 0) {
         auto records = OpenRecords(session, SelectRecord(place, key));
         if (records == nullptr) return nullptr;
-        if (!records->Eof() && SameAsStored(records->Fields(link.column)->Value(), link.value))
-            return records;
+        if (!records->Eof() && SameAsStored(records->FieldValue(link.column), link.value)) return records;
         records->Close();
     }
     return OpenRecords(session, SelectWhere(place.table, link.column, link.value));
 }
 
 /// A child without a record is saved, as it would have been with its parent.
-void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink& link,
+void UpdateChild(CrudState& session, const QORObject::Ref& child, const ParentLink& link,
                  const UpdatedObject& parent) {
     const auto place = FindStoredPlace(session, DefinitionOf(child));
     if (!place) return;
@@ -85,7 +85,7 @@ void UpdateChild(Session& session, const QORObject::Ref& child, const ParentLink
 /// The elements of a collection, from a look at the keys of those that are stored.
 class ElementUpdate {
   public:
-    ElementUpdate(Session& session, QORObject& coData, const UpdatedObject& owner)
+    ElementUpdate(CrudState& session, QORObject& coData, const UpdatedObject& owner)
         : m_session(session),
           m_coData(coData),
           m_isTruth(owner.isListModified || owner.isOfAnother),
@@ -133,7 +133,7 @@ class ElementUpdate {
         m_session.NotePassedOver();  // it went since the look at the keys
     }
 
-    Session& m_session;
+    CrudState& m_session;
     QORObject& m_coData;
     bool m_isTruth;  ///< the list says which elements there are to be
     ParentLink m_link;
@@ -142,7 +142,7 @@ class ElementUpdate {
     std::unordered_set<std::int32_t> m_seen;
 };
 
-void UpdateElements(Session& session, const QORObject::Ref& coData, const UpdatedObject& owner) {
+void UpdateElements(CrudState& session, const QORObject::Ref& coData, const UpdatedObject& owner) {
     const auto elementDef =
         Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
     const auto place = FindStoredPlace(session, elementDef);
@@ -153,18 +153,18 @@ void UpdateElements(Session& session, const QORObject::Ref& coData, const Update
 
 }  // namespace
 
-bool TreeModified(Session& session, const QORObject::Ref& coData) {
+bool TreeModified(CrudState& session, const QORObject::Ref& coData) {
     return AnyInTree(session, coData, [](QORObject& object) { return object.Modified(); });
 }
 
-void ClearModified(Session& session, const QORObject::Ref& coData) {
+void ClearModified(CrudState& session, const QORObject::Ref& coData) {
     AnyInTree(session, coData, [](QORObject& object) {
         object.Modified(false);
         return false;
     });
 }
 
-UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
+UpdatedObject UpdateRecord(CrudState& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns) {
     const std::int32_t key = KeyOfRecord(*records, ownKey);
     const std::int32_t carried = ToKey(ColumnValue(*coData, ownKey));
@@ -177,7 +177,7 @@ UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const
     return {ownKey, key, carried == key, isOfAnother, isListModified};
 }
 
-void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored) {
+void UpdateBeneath(CrudState& session, const QORObject::Ref& coData, const UpdatedObject& stored) {
     const Descent descent(session);
     const auto definition = DefinitionOf(coData);
     const ParentLink link{session.ForeignKeyColumn(stored.ownKey), stored.key};

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "persistence/crud_state.h"
 #include "persistence/field_values.h"
 #include "persistence/record_lookup.h"
-#include "persistence/session.h"
 
 #include <string>
 
@@ -10,8 +10,8 @@
 namespace korvex::persistence {
 
 /// The object, or anything beneath it, reads Modified True.
-bool TreeModified(Session& session, const QORObject::Ref& coData);
-void ClearModified(Session& session, const QORObject::Ref& coData);
+bool TreeModified(CrudState& session, const QORObject::Ref& coData);
+void ClearModified(CrudState& session, const QORObject::Ref& coData);
 
 /// An object whose record is up to date.
 struct UpdatedObject {
@@ -30,13 +30,13 @@ enum class Columns { Modified, All };
 /// Brings the current record up to date and closes the recordset. An object that reads Modified False is left
 /// alone, unless it carries the key of another record or `columns` asks for all. The object takes the
 /// record's key.
-UpdatedObject UpdateRecord(Session& session, const QORObject::Ref& coData, const RecordsetRef& records,
+UpdatedObject UpdateRecord(CrudState& session, const QORObject::Ref& coData, const RecordsetRef& records,
                            const std::string& ownKey, const ParentLink& parent, Columns columns);
 
 /// Updates the stored children and elements and saves new ones. Where the list of a collection's elements
 /// changed, or the tree is of another record, stored elements that the list lacks are deleted, and elements
 /// without a record are saved anew; elsewhere others deleted these records, and changed elements of theirs
 /// are noted as passed over. Passes over what does not open.
-void UpdateBeneath(Session& session, const QORObject::Ref& coData, const UpdatedObject& stored);
+void UpdateBeneath(CrudState& session, const QORObject::Ref& coData, const UpdatedObject& stored);
 
 }  // namespace korvex::persistence

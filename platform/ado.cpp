@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/member_rows.h"
+#include "automation/text.h"
 
 #include <utility>
 
@@ -236,6 +237,20 @@ constexpr ClassInfo ConnectionClass{"Connection", "A connection to a database, i
 const ClassInfo& FieldCollection::Class() const noexcept { return FieldCollectionClass; }
 
 }  // namespace
+
+Variant Field::WholeValue() {
+    const std::int32_t type = Type();
+    if (type != adLongVarChar && type != adLongVarBinary) return Value();
+    const std::int32_t size = ActualSize();
+    return size < 1 ? Value() : GetChunk(size);
+}
+
+std::int32_t Recordset::FieldIndex(std::string_view name) {
+    for (std::int32_t index = 0; index < FieldCount(); ++index)
+        if (automation::EqualsIgnoreCase(Fields(index)->Name(), name)) return index;
+    throw automation::Error(adErrItemNotFound,
+                            "The recordset has no field " + automation::Quoted(name) + ".");
+}
 
 const ClassInfo& Field::Class() const noexcept { return FieldClass; }
 const ClassInfo& Recordset::Class() const noexcept { return RecordsetClass; }

@@ -95,6 +95,8 @@ class Field : public automation::TableObject {
     /// Beside ADO's own members: False when the column is known to refuse "", so that nobody has to try it
     /// for the error.
     virtual bool TakesBlankText() const { return true; }
+    /// Likewise: the value, a long one that is not empty in one chunk.
+    automation::Variant WholeValue();
     const automation::ClassInfo& Class() const noexcept override;
 };
 
@@ -121,6 +123,13 @@ class Recordset : public automation::TableObject {
     virtual std::shared_ptr<Field> Fields(std::string_view name) = 0;
     virtual std::shared_ptr<Field> Fields(std::int32_t index) = 0;  ///< zero-based, as ADO's collection is
     virtual std::int32_t FieldCount() const = 0;
+    /// Beside ADO's own members: WholeValue() of a field, for which no Field need be made.
+    virtual automation::Variant FieldValue(std::string_view name) { return Fields(name)->WholeValue(); }
+    virtual automation::Variant FieldValue(std::int32_t index) { return Fields(index)->WholeValue(); }
+    /// Likewise: the index of the field of that name, and what all recordsets have in common whose fields are
+    /// the same in the same order, so that an index found in one serves for the others; nullptr for nothing.
+    virtual std::int32_t FieldIndex(std::string_view name);
+    virtual std::shared_ptr<const void> Layout() { return nullptr; }
     const automation::ClassInfo& Class() const noexcept override;
 };
 

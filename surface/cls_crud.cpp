@@ -1,12 +1,12 @@
 #include "surface/cls_crud.h"
 
+#include "persistence/crud_state.h"
 #include "persistence/field_access.h"
 #include "persistence/load.h"
 #include "persistence/naming.h"
 #include "persistence/public_members.h"
 #include "persistence/remove.h"
 #include "persistence/save.h"
-#include "persistence/session.h"
 #include "persistence/update.h"
 
 #include <exception>
@@ -43,7 +43,7 @@ struct clsCRUD::Impl final : persistence::PublicMembers {
     }
 
     clsCRUD& self;
-    persistence::Session session;
+    persistence::CrudState session;
 };
 
 clsCRUD::clsCRUD() : clsCRUD(DefaultPlatform()) {}

@@ -333,6 +333,12 @@ TEST_P(RoundTrip, ErrorsOfTheDatabaseReachTheCaller) {
     EXPECT_EQ(ErrorOf([&] { save(R"({"String": "a"})"); }), ado::DbEConstraint);
     EXPECT_EQ(Counts(), "1 1 1 0 0 1 ");
 
+    // What is kept of definitions and columns from call to call follows when they change.
+    Load(1);
+    m_definition->AddValue({.name = "Late", .column = "Late"});
+    EXPECT_EQ(ErrorOf([&] { Load(1); }), ado::adErrItemNotFound);
+    Run(connection, "alter table tOrder add column Late varchar(20)");
+    Load(1);
     Run(connection, "alter table tCustomer rename column Name to Other");
     EXPECT_EQ(ErrorOf([&] { m_crud->DbGetData(std::make_shared<DataObject>(m_definition), 1); }),
               ado::adErrItemNotFound);

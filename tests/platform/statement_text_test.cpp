@@ -79,6 +79,25 @@ TEST(StatementText, LiteralsBehindComparisonsAreLiftedAndTouchingWordsParted) {
     }
 }
 
+TEST(StatementText, AnotherNumberInTheSamePlaceNeedsNoScan) {
+    StatementText scan;
+    for (const char* never :
+         {"select * from t where ID=1 and V=2", "select * from t where ID=5x", "select * from t where ID='5'",
+          "select * from t where N=? and ID=5", "select * from t where ID=-5",
+          "select * from t where ID=5; drop table t", "select * from t"}) {
+        ScanStatement(never, {.liftsTexts = true}, scan);
+        EXPECT_FALSE(scan.Repeats(never)) << never;
+    }
+    const std::string before = "select * from t where ID=";
+    ScanStatement(before + "12 order by N", {}, scan);
+    for (const char* other : {"7", "-7 order by N", " order by N", "7 or 1=1 order by N", "0x7 order by N",
+                              "1234567890123456789 order by N", "7' order by N"})
+        EXPECT_FALSE(scan.Repeats(before + other)) << other;
+    EXPECT_TRUE(scan.Repeats(before + "7 order by N"));
+    EXPECT_EQ(scan.text, before + "? order by N");
+    EXPECT_EQ(scan.literals, Literals{std::int64_t{7}});
+}
+
 TEST(StatementText, TextsThatAQueryComparesAreLiftedWhereThatPays) {
     const struct {
         const char* composed;
@@ -174,8 +193,8 @@ TEST(StatementText, ASecondStatementIsSeen) {
 }
 
 TEST(StatementText, TheFirstWordTellsTheKind) {
-    using enum StatementKind;
-    const std::vector<std::pair<std::string, StatementKind>> cases = {
+    using enum StatementVerb;
+    const std::vector<std::pair<std::string, StatementVerb>> cases = {
         {"Select 1", Select},
         {" -- update\n\tUPDATE t", Update},
         {"(select 1)", Select},
@@ -192,7 +211,7 @@ TEST(StatementText, TheFirstWordTellsTheKind) {
     for (const auto& [text, kind] : cases) {
         ScanStatement(text, {}, result);
         EXPECT_EQ(result.kind, kind) << text;
-        EXPECT_EQ(KindOfStatement(text), kind) << text;
+        EXPECT_EQ(VerbOf(text), kind) << text;
     }
 }
 

@@ -12,7 +12,7 @@ namespace korvex::native::ado_engine {
 
 namespace {
 
-constexpr auto noContext = [] { return std::string_view(); };
+constexpr auto NoContext = [] { return std::string_view(); };
 
 }  // namespace
 
@@ -57,18 +57,18 @@ std::int32_t NativeConnection::BeginTrans() {
         throw automation::Error(ado::XactEExists,
                                 "A transaction is active on this connection; transactions do not nest.");
     }
-    WithAdoErrors([this] { m_session->Begin(); }, noContext);
+    WithAdoErrors([this] { m_session->Begin(); }, NoContext);
     return 1;
 }
 
 void NativeConnection::CommitTrans() {
     sql::Session& session = SessionInTransaction();
-    WithAdoErrors([&session] { session.Commit(); }, noContext);
+    WithAdoErrors([&session] { session.Commit(); }, NoContext);
 }
 
 void NativeConnection::RollbackTrans() {
     sql::Session& session = SessionInTransaction();
-    WithAdoErrors([&session] { session.Rollback(); }, noContext);
+    WithAdoErrors([&session] { session.Rollback(); }, NoContext);
 }
 
 sql::Session& NativeConnection::Session() const {

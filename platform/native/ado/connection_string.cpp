@@ -12,12 +12,12 @@ namespace korvex::native::ado_engine {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view Blanks = " \t\r\n";
 
 std::string_view TrimAll(std::string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t first = text.find_first_not_of(Blanks);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 /// Reads one connection string from front to back.
@@ -30,13 +30,13 @@ class Reader {
         if (m_position >= m_text.size()) return std::nullopt;
         m_start = m_position;
         ConnectionEntry entry;
-        entry.key = ReadKey();
-        entry.value = ReadValue();
+        entry.key = TakeKey();
+        entry.value = TakeValue();
         return entry;
     }
 
   private:
-    std::string ReadKey() {
+    std::string TakeKey() {
         std::string key;
         for (; m_position < m_text.size() && m_text[m_position] != ';'; ++m_position) {
             if (m_text[m_position] == '=') {
@@ -45,7 +45,7 @@ class Reader {
             }
             key += m_text[m_position];
         }
-        Raise("has no \"=\"", connectionForms);
+        Raise("has no \"=\"", ConnectionForms);
     }
 
     std::string FinishedKey(std::string_view key) const {
@@ -54,18 +54,18 @@ class Reader {
         return std::string(trimmed);
     }
 
-    std::string ReadValue() {
-        m_position = std::min(m_text.find_first_not_of(blanks, m_position), m_text.size());
+    std::string TakeValue() {
+        m_position = std::min(m_text.find_first_not_of(Blanks, m_position), m_text.size());
         const char first = Current();
-        if (first == '"' || first == '\'') return ReadEnclosed(first, false);
-        if (first == '{') return ReadEnclosed('}', true);
+        if (first == '"' || first == '\'') return TakeEnclosed(first, false);
+        if (first == '{') return TakeEnclosed('}', true);
         const std::size_t start = m_position;
         m_position = std::min(m_text.find(';', m_position), m_text.size());
         return std::string(TrimAll(m_text.substr(start, m_position - start)));
     }
 
     /// A value that ends with `close`, which is doubled inside. `verbatim` keeps it as it stands.
-    std::string ReadEnclosed(char close, bool verbatim) {
+    std::string TakeEnclosed(char close, bool verbatim) {
         std::string value;
         if (verbatim) value += Current();
         for (++m_position; m_position < m_text.size(); ++m_position) {

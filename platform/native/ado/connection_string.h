@@ -8,7 +8,7 @@
 namespace korvex::native::ado_engine {
 
 /// What a message says to somebody who has no connection string of a known form.
-inline constexpr std::string_view connectionForms =
+inline constexpr std::string_view ConnectionForms =
     "Use \"Provider=SQLite;Data Source=FILE\" for a database file, or \"DSN=NAME\" or \"Driver={NAME};...\", "
     "with or without \"Provider=MSDASQL\", for an ODBC data source.";
 

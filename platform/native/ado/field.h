@@ -31,7 +31,7 @@ class NativeField final : public ado::Field {
     }
 
   private:
-    const sql::ColumnInfo& Column() const noexcept { return m_rows->Column(m_column); }
+    const sql::ColumnInfo& Column() const { return m_rows->Column(m_column); }
 
     OpenRows* m_rows = nullptr;
     std::size_t m_column = 0;

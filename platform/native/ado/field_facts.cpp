@@ -13,15 +13,15 @@ namespace {
 
 using sql::ColumnType;
 
-constexpr std::int32_t noLimit = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t NoLimit = std::numeric_limits<std::int32_t>::max();
 
 /// Sizes that OLE DB gives the structures in which it hands these types over.
-constexpr std::int32_t numericBytes = 19;
-constexpr std::int32_t timeStampBytes = 16;
-constexpr std::int32_t variantBytes = 16;
+constexpr std::int32_t NumericBytes = 19;
+constexpr std::int32_t TimeStampBytes = 16;
+constexpr std::int32_t VariantBytes = 16;
 
 std::int32_t Clamp(std::size_t size) noexcept {
-    return static_cast<std::int32_t>(std::min(size, static_cast<std::size_t>(noLimit)));
+    return static_cast<std::int32_t>(std::min(size, static_cast<std::size_t>(NoLimit)));
 }
 
 }  // namespace
@@ -79,20 +79,20 @@ std::int32_t FieldDefinedSize(const sql::ColumnInfo& column) noexcept {
         case ColumnType::Currency:
             return 8;
         case ColumnType::Decimal:
-            return numericBytes;
+            return NumericBytes;
         case ColumnType::Date:
-            return timeStampBytes;
+            return TimeStampBytes;
         case ColumnType::Char:
         case ColumnType::VarChar:
         case ColumnType::Binary:
-            return column.size == 0 ? noLimit : Clamp(column.size);
+            return column.size == 0 ? NoLimit : Clamp(column.size);
         case ColumnType::LongText:
         case ColumnType::LongBinary:
-            return noLimit;
+            return NoLimit;
         case ColumnType::Unknown:
             break;
     }
-    return variantBytes;
+    return VariantBytes;
 }
 
 std::int32_t FieldAttributes(const sql::ColumnInfo& column, bool isUpdatable) noexcept {

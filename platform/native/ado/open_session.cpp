@@ -9,7 +9,7 @@ namespace korvex::native::ado_engine {
 
 namespace {
 
-constexpr std::string_view memoryFile = ":memory:";
+constexpr std::string_view MemoryFile = ":memory:";
 
 std::string SqliteFailureHint(const Target& target, sql::ErrorKind kind) {
     std::string context = target.file;
@@ -22,7 +22,7 @@ std::unique_ptr<sql::Session> OpenSqlite(const Target& target, std::shared_ptr<s
     sql::SqliteOptions options;
     options.fullSync = target.fullSync;
     options.seam = std::move(seam);
-    if (target.file == memoryFile) {
+    if (target.file == MemoryFile) {
         options.mode = sql::SqliteMode::Memory;
     } else if (target.mode == TargetMode::Read) {
         options.mode = sql::SqliteMode::ReadOnly;

@@ -48,10 +48,6 @@ void NativeRecordset::LockType(std::int32_t type) {
     m_lockType = type;
 }
 
-std::int32_t NativeRecordset::State() const {
-    return m_rows && m_rows->IsOpen() ? ado::adStateOpen : ado::adStateClosed;
-}
-
 void NativeRecordset::Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
                            std::int32_t cursorType, std::int32_t lockType, std::int32_t /*options*/) {
     RequireClosed();
@@ -84,36 +80,37 @@ void NativeRecordset::Close() {
     m_rows.reset();
 }
 
+std::size_t NativeRecordset::PositionOf(OpenRows& rows, std::string_view name) {
+    if (const std::optional<std::size_t> column = rows.Find(name)) return *column;
+    throw Error(ado::adErrItemNotFound,
+                rows.Shape().DescribeMissing(name) + " (" + sql::ReadableStatement(rows.Text()) + ")");
+}
+
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
     OpenRows& rows = Rows();
-    const std::optional<std::size_t> column = rows.Find(name);
-    if (!column) {
-        throw Error(ado::adErrItemNotFound,
-                    rows.Shape().DescribeMissing(name) + " (" + sql::ReadableStatement(rows.Text()) + ")");
-    }
-    return {m_rows, &rows.Field(*column)};
+    return {m_rows, &rows.Field(PositionOf(rows, name))};
+}
+
+std::size_t NativeRecordset::Checked(std::int32_t index) const {
+    const auto position = static_cast<std::size_t>(index);
+    if (index >= 0 && Rows().HasColumn(position)) return position;
+    throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) + " (" +
+                                            sql::ReadableStatement(Rows().Text()) + ")");
 }
 
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {
     OpenRows& rows = Rows();
-    if (index < 0 || index >= FieldCount()) {
-        throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) +
-                                                " (" + sql::ReadableStatement(rows.Text()) + ")");
-    }
-    return {m_rows, &rows.Field(static_cast<std::size_t>(index))};
+    return {m_rows, &rows.Field(Checked(index))};
 }
 
 std::int32_t NativeRecordset::FieldCount() const {
     return static_cast<std::int32_t>(Rows().Shape().columns.size());
 }
 
-OpenRows& NativeRecordset::Rows() const {
-    if (State() == ado::adStateClosed) throw Error(ado::adErrObjectClosed, "The recordset is not open.");
-    return *m_rows;
-}
+void NativeRecordset::RaiseClosed() { throw Error(ado::adErrObjectClosed, "The recordset is not open."); }
 
 void NativeRecordset::RequireClosed() const {
-    if (State() == ado::adStateOpen) throw Error(ado::adErrObjectOpen, "The recordset is open already.");
+    if (IsOpen()) throw Error(ado::adErrObjectOpen, "The recordset is open already.");
 }
 
 }  // namespace korvex::native::ado_engine

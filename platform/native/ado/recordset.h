@@ -21,7 +21,7 @@ class NativeRecordset final : public ado::Recordset {
     void CursorType(std::int32_t type) override;
     std::int32_t LockType() const override { return m_lockType; }
     void LockType(std::int32_t type) override;
-    std::int32_t State() const override;
+    std::int32_t State() const override { return IsOpen() ? ado::adStateOpen : ado::adStateClosed; }
     void Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
               std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override;
     bool Eof() override { return Rows().Eof(); }
@@ -33,6 +33,15 @@ class NativeRecordset final : public ado::Recordset {
     std::shared_ptr<ado::Field> Fields(std::string_view name) override;
     std::shared_ptr<ado::Field> Fields(std::int32_t index) override;
     std::int32_t FieldCount() const override;
+    automation::Variant FieldValue(std::string_view name) override {
+        OpenRows& rows = Rows();
+        return rows.Value(PositionOf(rows, name));
+    }
+    automation::Variant FieldValue(std::int32_t index) override { return Rows().NextValue(Checked(index)); }
+    std::int32_t FieldIndex(std::string_view name) override {
+        return static_cast<std::int32_t>(PositionOf(Rows(), name));
+    }
+    std::shared_ptr<const void> Layout() override { return Rows().Layout(); }
 
     /// Runs a statement at once, with these values for its placeholders, for reading; gives the number of
     /// records that an action changed.
@@ -40,7 +49,14 @@ class NativeRecordset final : public ado::Recordset {
                               std::span<const automation::Variant> values = {});
 
   private:
-    OpenRows& Rows() const;
+    bool IsOpen() const noexcept { return m_rows && m_rows->IsOpen(); }
+    OpenRows& Rows() const {
+        if (!IsOpen()) RaiseClosed();
+        return *m_rows;
+    }
+    [[noreturn]] static void RaiseClosed();
+    std::size_t Checked(std::int32_t index) const;
+    static std::size_t PositionOf(OpenRows& rows, std::string_view name);
     void RequireClosed() const;
 
     std::int32_t m_cursorType = ado::adOpenForwardOnly;

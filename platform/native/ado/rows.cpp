@@ -145,7 +145,7 @@ void OpenRows::StartEdit() {
 }
 
 void OpenRows::EndChunks() noexcept {
-    if (m_chunks.column != none) m_chunks = {};
+    if (m_chunks.column != None) m_chunks = {};
 }
 
 void OpenRows::ReadLong(std::size_t column) {
@@ -159,10 +159,10 @@ void OpenRows::ReadLong(std::size_t column) {
 
 Variant OpenRows::NextChunk(std::size_t length) {
     const std::size_t start = m_chunks.next;
-    if (start == none) return Variant::Null();
+    if (start == None) return Variant::Null();
     const bool isWhole = start == 0 && m_chunks.size > 0 && length >= static_cast<std::size_t>(m_chunks.size);
     if (isWhole) {
-        m_chunks.next = none;
+        m_chunks.next = None;
         return std::exchange(m_chunks.value, {});
     }
     if (const auto* text = m_chunks.value.If<std::string>(); text != nullptr && start < text->size()) {

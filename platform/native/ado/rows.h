@@ -29,8 +29,10 @@ class OpenRows {
     OpenRows& operator=(const OpenRows&) = delete;
 
     bool HasColumns() const noexcept { return m_cursor.HasColumns(); }
-    const sql::RowShape& Shape() noexcept { return m_cursor.Shape(); }
-    const sql::ColumnInfo& Column(std::size_t column) noexcept { return Shape().columns[column]; }
+    const sql::RowShape& Shape() { return m_cursor.Shape(); }
+    const std::shared_ptr<const sql::RowShape>& Layout() { return m_cursor.SharedShape(); }
+    const sql::ColumnInfo& Column(std::size_t column) { return Shape().columns[column]; }
+    bool HasColumn(std::size_t column) { return column < Shape().columns.size(); }
     bool IsOpen() const noexcept { return m_cursor.IsOpen(); }
     const std::string& Text() const noexcept { return m_cursor.Text(); }
     bool IsUpdatable() const noexcept { return m_isUpdatable; }
@@ -47,6 +49,11 @@ class OpenRows {
     void CancelUpdate();
 
     automation::Variant Value(std::size_t column);
+    /// Its value, where hosts go through the columns in their order.
+    automation::Variant NextValue(std::size_t column) {
+        m_cursor.Expect(column + 1);
+        return Value(column);
+    }
     /// Outside an edit it starts one on the current record.
     void Value(std::size_t column, const automation::Variant& value);
     std::int32_t ActualSize(std::size_t column);
@@ -55,18 +62,18 @@ class OpenRows {
 
     NativeField& Field(std::size_t column);
     /// The position of a field, in any case; nothing when there is none of that name.
-    std::optional<std::size_t> Find(std::string_view name) noexcept { return m_cursor.Find(name); }
+    std::optional<std::size_t> Find(std::string_view name) { return m_cursor.Find(name); }
 
   private:
     /// The long value that is read or written in chunks. Touching another field's value ends it.
     struct Chunks {
-        std::size_t column = none;
+        std::size_t column = None;
         bool isAppending = false;
         automation::Variant value;  ///< being read
         std::int32_t size = 0;      ///< of the value being read
         std::size_t next = 0;       ///< where the next chunk starts: bytes of text, or of binary data
     };
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    static constexpr std::size_t None = static_cast<std::size_t>(-1);
 
     void RequireUpdatable() const;
     void RequireLong(std::size_t column);

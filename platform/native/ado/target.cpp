@@ -21,18 +21,18 @@ struct OdbcWord {
     std::string_view ado;
     std::string_view odbc;  ///< empty: says nothing to a driver
 };
-constexpr OdbcWord odbcWords[] = {
+constexpr OdbcWord OdbcWords[] = {
     {"Provider", ""},   {"Persist Security Info", ""}, {"Data Source", "DSN"},
     {"User ID", "UID"}, {"Password", "PWD"},           {"Initial Catalog", "DATABASE"},
 };
 
 /// Every provider takes these; the embedded engine has no use for them.
-constexpr std::string_view commonWords[] = {"Provider", "Persist Security Info", "User ID", "Password"};
+constexpr std::string_view CommonWords[] = {"Provider", "Persist Security Info", "User ID", "Password"};
 
 [[noreturn]] void RaiseNoProvider(std::string_view found) {
     std::string description = found.empty() ? std::string("The connection string names no provider.")
                                             : "There is no provider \"" + std::string(found) + "\" here.";
-    description.append(" ").append(connectionForms);
+    description.append(" ").append(ConnectionForms);
     throw automation::Error(ado::adErrProviderNotFound, std::move(description));
 }
 
@@ -69,7 +69,7 @@ Target ReadSqliteTarget(const ConnectionString& settings) {
             target.mode = ReadMode(entry);
         } else if (isKey("Synchronous")) {
             target.fullSync = ReadSynchronous(entry);
-        } else if (std::ranges::none_of(commonWords, isKey)) {
+        } else if (std::ranges::none_of(CommonWords, isKey)) {
             RaiseBadString("The connection string has the unknown word \"" + entry.key +
                            "\"; the provider SQLite takes Data Source, Mode and Synchronous.");
         }
@@ -119,10 +119,10 @@ Target ReadOdbcTarget(const ConnectionString& settings, std::string_view user, s
     OdbcStringWriter writer;
     for (const ConnectionEntry& entry : settings.Entries()) {
         const auto* word = std::ranges::find_if(
-            odbcWords, [&entry](const OdbcWord& w) { return EqualsIgnoreCase(w.ado, entry.key); });
+            OdbcWords, [&entry](const OdbcWord& w) { return EqualsIgnoreCase(w.ado, entry.key); });
         if (EqualsIgnoreCase(entry.key, "Extended Properties")) {
             writer.AddVerbatim(entry.value);
-        } else if (word == std::ranges::end(odbcWords)) {
+        } else if (word == std::ranges::end(OdbcWords)) {
             writer.Add(entry.key, entry.value);
         } else if (!word->odbc.empty()) {
             writer.Add(word->odbc, entry.value);

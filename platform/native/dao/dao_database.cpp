@@ -10,9 +10,9 @@ namespace {
 
 /// An action is run by Execute; opened as a recordset it would take effect unseen.
 void RequireQuery(std::string_view text) {
-    switch (sql::KindOfStatement(text)) {
-        case sql::StatementKind::Select:
-        case sql::StatementKind::Other:
+    switch (sql::VerbOf(text)) {
+        case sql::StatementVerb::Select:
+        case sql::StatementVerb::Other:
             return;
         default:
             throw automation::Error(dao::InvalidOperation, "An action statement opens no recordset (" +

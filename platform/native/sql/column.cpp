@@ -127,8 +127,7 @@ std::string RowShape::DescribeMissing(std::string_view name) const {
     return "The recordset has no field " + automation::Quoted(name) + automation::DidYouMean(name, names);
 }
 
-std::optional<std::size_t> RowShape::Find(std::string_view name, std::size_t expected) const noexcept {
-    if (expected < columns.size() && columns[expected].name == name && !m_hasEqualNames) return expected;
+std::optional<std::size_t> RowShape::LookUp(std::string_view name) const noexcept {
     const std::uint32_t column = m_slots[SlotOf(name)].column;
     return column == 0 ? std::nullopt : std::optional<std::size_t>(column - 1);
 }

@@ -61,7 +61,13 @@ class RowShape {
 
     /// Position of the column of that name, in any case; the first one when several bear it. A caller that
     /// goes through the columns in their order finds them sooner when it says where it expects the next.
-    std::optional<std::size_t> Find(std::string_view name, std::size_t expected = 0) const noexcept;
+    std::optional<std::size_t> Find(std::string_view name, std::size_t expected = 0) const noexcept {
+        for (std::size_t column = expected; column < columns.size() && !m_hasEqualNames; --column) {
+            if (columns[column].name == name) return column;
+            if (column != expected) break;  // nor is it the one before, asked for again
+        }
+        return LookUp(name);
+    }
     /// Says that there is no such column, and which is near.
     std::string DescribeMissing(std::string_view name) const;
 
@@ -73,6 +79,7 @@ class RowShape {
         std::uint32_t hash = 0;
         std::uint32_t column = 0;  ///< its position plus one; 0 in a free slot
     };
+    std::optional<std::size_t> LookUp(std::string_view name) const noexcept;
     /// Where the first column of that name stands, or would stand.
     std::size_t SlotOf(std::string_view name) const noexcept;
 

@@ -150,6 +150,24 @@ Variant ForColumn(const Variant& value, const ColumnInfo& column) {
     }
 }
 
+Variant FromCell(const Cell& cell, const ColumnInfo& column) {
+    switch (cell.kind) {
+        case Cell::Kind::Integer:
+            if (column.type == ColumnType::Integer) return WholeNumber(cell.integer);
+            return FromInteger(cell.integer, column);
+        case Cell::Kind::Real:
+            return FromReal(cell.real, column);
+        case Cell::Kind::Null:
+            return Variant::Null();
+        default:
+            break;
+    }
+    if (IsBinary(column.type) || (cell.kind == Cell::Kind::Bytes && !IsText(column.type)))
+        return automation::Bytes(cell.data.begin(), cell.data.end());
+    if (IsText(column.type)) return cell.data;
+    return FromText(cell.data, column);
+}
+
 Variant FromInteger(std::int64_t stored, const ColumnInfo& column) {
     switch (column.type) {
         case ColumnType::Boolean:

@@ -2,6 +2,7 @@
 
 #include "automation/variant.h"
 #include "platform/native/sql/column.h"
+#include "platform/native/sql/kept_row.h"
 
 #include <cstdint>
 #include <string>

@@ -17,14 +17,6 @@ using automation::Variant;
 
 }  // namespace
 
-Row ReadRow(Statement& statement, std::size_t count) {
-    Row row;
-    row.reserve(count);
-    for (std::size_t i = 0; i < count; ++i)
-        row.push_back(statement.Value(i));
-    return row;
-}
-
 void Changes::Set(std::size_t column, Variant value) {
     if (!IsSet(column)) m_columns.push_back(column);
     m_values[column] = std::move(value);
@@ -56,7 +48,7 @@ RowIdentity RowWriter::Identify(const Row& row) const {
 
 std::optional<RowIdentity> RowWriter::Insert(const Changes& changes) {
     const std::string& text = m_plan->InsertText(changes.Columns());
-    StatementLease insert = m_session.PrepareExact(text, StatementKind::Insert);
+    StatementLease insert = m_session.PrepareExact(text, StatementVerb::Insert);
     BindChanges(insert, changes);
     insert.Execute(text);
     return NewIdentity(changes, insert, text);
@@ -103,7 +95,7 @@ Variant RowWriter::NewKey(StatementLease& insert, std::string_view insertText) {
         case NewKeySource::Query:
         case NewKeySource::Sequence: {
             const std::string text = m_plan->NewKeyQuery();
-            StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
+            StatementLease query = m_session.PrepareExact(text, StatementVerb::Select);
             query.Execute(text);
             if (query.Fetch(text)) return WholeNumber(automation::ToLongLong(query->Value(0)));
             break;
@@ -120,7 +112,7 @@ void RowWriter::Update(const RowIdentity& identity, const Changes& changes) {
     if (!identity.unique) RequireSingle(identity);
     std::string text = m_plan->UpdateText(changes.Columns());
     AppendWhere(text, identity);
-    StatementLease update = m_session.PrepareExact(text, StatementKind::Update);
+    StatementLease update = m_session.PrepareExact(text, StatementVerb::Update);
     BindChanges(update, changes);
     BindIdentity(update, changes.Columns().size(), identity);
     update.Execute(text);
@@ -131,7 +123,7 @@ void RowWriter::Update(const RowIdentity& identity, const Changes& changes) {
 void RowWriter::RequireSingle(const RowIdentity& identity) {
     std::string text = "SELECT COUNT(*) FROM " + m_plan->QuotedTable();
     AppendWhere(text, identity);
-    StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
+    StatementLease query = m_session.PrepareExact(text, StatementVerb::Select);
     BindIdentity(query, 0, identity);
     query.Execute(text);
     const std::int64_t count = query.Fetch(text) ? automation::ToLongLong(query->Value(0)) : 0;
@@ -148,11 +140,11 @@ std::optional<Row> RowWriter::Read(const RowIdentity& identity) {
         text.append(i == 0 ? "" : ", ").append(m_plan->QuotedName(i));
     text.append(" FROM ").append(m_plan->QuotedTable());
     AppendWhere(text, identity);
-    StatementLease query = m_session.PrepareExact(text, StatementKind::Select);
+    StatementLease query = m_session.PrepareExact(text, StatementVerb::Select);
     BindIdentity(query, 0, identity);
     query.Execute(text);
     if (!query.Fetch(text)) return std::nullopt;
-    return ReadRow(*query, count);
+    return query->CurrentRow();
 }
 
 void RowWriter::BindChanges(StatementLease& statement, const Changes& changes) const {
@@ -164,7 +156,7 @@ void RowWriter::BindChanges(StatementLease& statement, const Changes& changes) c
 void RowWriter::AppendWhere(std::string& text, const RowIdentity& identity) const {
     std::string_view before = " WHERE ";
     for (std::size_t i = 0; i < identity.columns.size(); ++i) {
-        text.append(before).append(QuoteName(m_session.Traits(), identity.columns[i]));
+        text.append(before).append(m_session.Traits().Quote(identity.columns[i]));
         text += identity.values[i].IsNull() ? " IS NULL" : " = ?";
         before = " AND ";
     }

@@ -14,11 +14,6 @@
 
 namespace korvex::native::sql {
 
-using Row = std::vector<automation::Variant>;
-
-/// The first `count` values of a statement's current row.
-Row ReadRow(Statement& statement, std::size_t count);
-
 /// New values for the columns of one row after another, in the form of ForColumn.
 class Changes {
   public:

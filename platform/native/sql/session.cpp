@@ -3,6 +3,7 @@
 #include "automation/nearest_name.h"
 #include "automation/text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace korvex::native::sql {
@@ -50,7 +51,7 @@ void StatementLease::Swap(StatementLease& other) noexcept {
 void StatementLease::Execute(std::string_view text) {
     const bool writes = m_statement->Writes();
     // The columns of a query are not asked for before it runs: that may cost an answer of a server.
-    const bool isQuery = m_kind == StatementKind::Select;
+    const bool isQuery = m_kind == StatementVerb::Select;
     if (writes || (!isQuery && m_statement->Shape()->columns.empty())) m_session->BeforeWrite();
     m_session->Check(CallKind::Execute, text, writes);
     m_failed = true;
@@ -60,7 +61,7 @@ void StatementLease::Execute(std::string_view text) {
         m_session->RaiseNamingNear(error);
     }
     m_failed = false;
-    if (m_kind == StatementKind::Definition) m_session->DefinitionsChanged();
+    if (m_kind == StatementVerb::Definition) m_session->DefinitionsChanged();
 }
 
 bool StatementLease::Fetch(std::string_view text) {
@@ -81,16 +82,14 @@ void StatementLease::Return() noexcept {
     }
     m_session->m_cache.Give(*std::exchange(m_bucket, nullptr), std::move(m_statement));
     m_literals.clear();
-    // The next scan finds room again.
-    if (m_session->m_scan.literals.capacity() == 0) m_session->m_scan.literals.swap(m_literals);
+    if (m_session->m_spareLiterals.capacity() == 0) m_session->m_spareLiterals.swap(m_literals);
 }
 
 Session::~Session() = default;
 
 void Session::CloseAll() noexcept {
-    while (m_streaming != nullptr || m_idle != nullptr) {
-        (m_streaming != nullptr ? m_streaming : m_idle)->SessionClosing();
-    }
+    while (m_cursors != nullptr)
+        m_cursors->SessionClosing();
     m_cache.Clear();
 }
 
@@ -107,7 +106,7 @@ void Session::RaiseNamingNear(const EngineError& error) {
     throw EngineError(error.Kind(), error.NativeCode(), error.what() + hint, error.Database());
 }
 
-StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementKind kind) {
+StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementVerb kind) {
     StatementLease lease;
     StatementCache::Bucket& bucket = m_cache.Find(text);
     std::unique_ptr<Statement> statement = m_cache.Take(bucket);
@@ -129,32 +128,42 @@ StatementLease Session::Obtain(std::string_view text, std::string_view composed,
     return lease;
 }
 
+StatementText& Session::Scan(std::string_view composed) {
+    const auto known =
+        std::ranges::find_if(m_scans, [&](StatementText& scan) { return scan.Repeats(composed); });
+    if (known != m_scans.end()) return *known;
+    StatementText& scan = m_scans[m_nextScan++ % m_scans.size()];
+    ScanStatement(composed, m_traits.lexical, scan);
+    return scan;
+}
+
 StatementLease Session::Prepare(std::string_view composed, std::span<const automation::Variant> values) {
     if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, 0, "The statement is empty");
     if (!m_traits.textsHoldNul && composed.find('\0') != std::string_view::npos) {
         throw EngineError(ErrorKind::Syntax, 0,
                           "The statement holds the character NUL, where this engine would end it");
     }
-    ScanStatement(composed, m_traits.lexical, m_scan);
-    if (m_scan.secondStatement) {
+    StatementText& scan = Scan(composed);
+    if (scan.secondStatement) {
         throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");
     }
-    m_scan.literals.insert(m_scan.literals.end(), values.begin(), values.end());
-    StatementLease lease = Obtain(m_scan.text, composed, m_scan.kind);
-    if (lease->ParameterCount() != m_scan.literals.size()) {
-        const std::size_t missing = lease->ParameterCount() - m_scan.literals.size();
+    scan.literals.insert(scan.literals.end(), values.begin(), values.end());
+    StatementLease lease = Obtain(scan.text, composed, scan.kind);
+    if (lease->ParameterCount() != scan.literals.size()) {
+        const std::size_t missing = lease->ParameterCount() - scan.literals.size();
         throw EngineError(ErrorKind::TooFewParameters, 0,
                           "Too few parameters: expected " + std::to_string(missing));
     }
-    lease.m_wholeTable = m_scan.wholeTable;
-    lease.m_literals.swap(m_scan.literals);
+    lease.m_wholeTable = scan.wholeTable;
+    lease.m_literals = std::exchange(m_spareLiterals, {});
+    lease.m_literals.swap(scan.literals);
     for (std::size_t i = 0; i < lease.m_literals.size(); ++i) {
         lease->Bind(i, lease.m_literals[i], nullptr);
     }
     return lease;
 }
 
-StatementLease Session::PrepareExact(std::string_view text, StatementKind kind) {
+StatementLease Session::PrepareExact(std::string_view text, StatementVerb kind) {
     return Obtain(text, text, kind);
 }
 
@@ -204,8 +213,8 @@ std::shared_ptr<const TableInfo> Session::Table(const TableName& name, const Row
 }
 
 void Session::BeforeWrite() noexcept {
-    while (m_streaming != nullptr)
-        m_streaming->TakeRows();
+    for (SessionCursor* cursor = m_cursors; m_streaming > 0; cursor = cursor->m_next)
+        if (cursor->m_streaming) cursor->TakeRows();
 }
 
 void Session::DefinitionsChanged() noexcept {
@@ -217,28 +226,23 @@ void Session::DefinitionsChanged() noexcept {
 }
 
 void Session::Attach(SessionCursor& cursor) noexcept {
-    SessionCursor*& head = ListOf(cursor);
-    cursor.m_previous = nullptr;
-    cursor.m_next = head;
-    if (head != nullptr) head->m_previous = &cursor;
-    head = &cursor;
+    cursor.m_next = m_cursors;
+    if (m_cursors != nullptr) m_cursors->m_previous = &cursor;
+    m_cursors = &cursor;
 }
 
 void Session::Detach(SessionCursor& cursor) noexcept {
-    if (cursor.m_previous != nullptr) {
-        cursor.m_previous->m_next = cursor.m_next;
-    } else {
-        ListOf(cursor) = cursor.m_next;
-    }
+    (cursor.m_previous != nullptr ? cursor.m_previous->m_next : m_cursors) = cursor.m_next;
     if (cursor.m_next != nullptr) cursor.m_next->m_previous = cursor.m_previous;
-    cursor.m_previous = cursor.m_next = nullptr;
 }
 
 void Session::SetStreaming(SessionCursor& cursor, bool streaming) noexcept {
     if (cursor.m_streaming == streaming) return;
-    Detach(cursor);
     cursor.m_streaming = streaming;
-    Attach(cursor);
+    if (streaming)
+        ++m_streaming;
+    else
+        --m_streaming;
 }
 
 }  // namespace korvex::native::sql

@@ -8,6 +8,7 @@
 #include "platform/native/sql/traits.h"
 #include "platform/native/sql/write_plan.h"
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -15,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace korvex::native::sql {
@@ -36,7 +38,6 @@ class StatementLease {
     explicit operator bool() const noexcept { return m_statement != nullptr; }
     Statement& operator*() const noexcept { return *m_statement; }
     Statement* operator->() const noexcept { return m_statement.get(); }
-    StatementKind Kind() const noexcept { return m_kind; }
     bool IsWholeTable() const noexcept { return m_wholeTable; }
 
     /// Executes. What writes, or gives no rows, makes the session's cursors take their rows first. `text` is
@@ -53,7 +54,7 @@ class StatementLease {
     StatementCache::Bucket* m_bucket = nullptr;
     std::unique_ptr<Statement> m_statement;
     std::vector<automation::Variant> m_literals;  ///< bound to the statement, which does not copy them
-    StatementKind m_kind = StatementKind::Other;
+    StatementVerb m_kind = StatementVerb::Other;
     bool m_wholeTable = false;
     std::uint64_t m_generation = 0;
     bool m_failed = false;
@@ -87,7 +88,8 @@ class SessionCursor {
 /// closed.
 class Session {
   public:
-    explicit Session(std::shared_ptr<Seam> seam) : m_seam(std::move(seam)) {}
+    /// `traits` are those of the driver, which outlive the session and may be filled in later.
+    Session(std::shared_ptr<Seam> seam, EngineTraits& traits) : m_traits(traits), m_seam(std::move(seam)) {}
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     virtual ~Session();
@@ -101,7 +103,7 @@ class Session {
     /// refused.
     StatementLease Prepare(std::string_view composed, std::span<const automation::Variant> values = {});
     /// A text of our own, with "?" for the values that the caller binds.
-    StatementLease PrepareExact(std::string_view text, StatementKind kind);
+    StatementLease PrepareExact(std::string_view text, StatementVerb kind);
     /// Runs one statement and gives the rows it touched; rows that it gives are dropped.
     std::int64_t Execute(std::string_view composed);
 
@@ -129,13 +131,22 @@ class Session {
         if (m_seam) m_seam->BeforeCall({kind, text, writes});
     }
 
+    /// Room for a row, from cursor to cursor.
+    void LendRow(KeptRow& row) noexcept {
+        if (!row.IsReusable()) row = std::exchange(m_spareRow, {});
+    }
+    void GiveRow(KeptRow row) noexcept {
+        row.Clear();
+        if (row.IsReusable()) m_spareRow = std::move(row);
+    }
+
     /// A cursor makes itself known, says when it begins and ends to hold a half-read statement, and goes.
     void Attach(SessionCursor& cursor) noexcept;
     void SetStreaming(SessionCursor& cursor, bool streaming) noexcept;
     void Detach(SessionCursor& cursor) noexcept;
 
   protected:
-    virtual std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) = 0;
+    virtual std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementVerb kind) = 0;
     virtual void DoBegin() = 0;
     virtual void DoCommit() = 0;
     virtual void DoRollback() = 0;
@@ -148,26 +159,27 @@ class Session {
     /// Ends cursors and idle statements; the driver calls it before it closes its connection.
     void CloseAll() noexcept;
 
-    EngineTraits m_traits;
+    EngineTraits& m_traits;
 
   private:
     friend class StatementLease;
     /// Raises a failure anew; where a table is missing, it says which one is near.
     [[noreturn]] void RaiseNamingNear(const EngineError& error);
-    StatementLease Obtain(std::string_view text, std::string_view composed, StatementKind kind);
-    SessionCursor*& ListOf(const SessionCursor& cursor) noexcept {
-        return cursor.m_streaming ? m_streaming : m_idle;
-    }
+    StatementText& Scan(std::string_view composed);
+    StatementLease Obtain(std::string_view text, std::string_view composed, StatementVerb kind);
 
     std::shared_ptr<Seam> m_seam;
     StatementCache m_cache;
-    std::uint64_t m_generation = 0;  ///< rises when definitions change
-    bool m_isLost = false;           ///< a statement found the connection gone
-    StatementText m_scan;
+    std::uint64_t m_generation = 0;        ///< rises when definitions change
+    bool m_isLost = false;                 ///< a statement found the connection gone
+    std::array<StatementText, 4> m_scans;  ///< of statements that come again and again in turn
+    std::size_t m_nextScan = 0;
+    std::vector<automation::Variant> m_spareLiterals;  ///< room for those of the next lease
+    KeptRow m_spareRow;
     std::map<std::string, std::shared_ptr<const TableInfo>, std::less<>> m_tables;
     std::unordered_map<std::shared_ptr<const RowShape>, std::shared_ptr<const WritePlan>> m_plans;
-    SessionCursor* m_streaming = nullptr;
-    SessionCursor* m_idle = nullptr;
+    SessionCursor* m_cursors = nullptr;  ///< made last in front
+    std::size_t m_streaming = 0;         ///< how many of them hold a half-read statement
 };
 
 }  // namespace korvex::native::sql

@@ -2,6 +2,7 @@
 
 #include "automation/variant.h"
 #include "platform/native/sql/column.h"
+#include "platform/native/sql/kept_row.h"
 
 #include <cstdint>
 #include <memory>
@@ -31,6 +32,16 @@ class Statement {
     virtual bool Fetch() = 0;
     /// A value of the current row.
     virtual automation::Variant Value(std::size_t column) = 0;
+    /// The current row, to be read when the statement is somewhere else.
+    virtual void Keep(KeptRow& row) { row.Take(CurrentRow()); }
+    /// All values of the current row.
+    Row CurrentRow() {
+        Row values;
+        values.reserve(Shape()->columns.size());
+        for (std::size_t i = 0; i < Shape()->columns.size(); ++i)
+            values.push_back(Value(i));
+        return values;
+    }
     /// Rows that the last action inserted, changed or removed.
     virtual std::int64_t AffectedRows() const noexcept = 0;
     /// Ends the execution and lets go of everything it held; the statement can be executed again.

@@ -15,13 +15,13 @@ namespace {
 using automation::EqualsIgnoreCase;
 using namespace automation::sql;
 
-StatementKind KindOf(std::string_view firstWord) noexcept {
-    if (IsWord(firstWord, "select")) return StatementKind::Select;
-    if (IsWord(firstWord, "insert") || IsWord(firstWord, "replace")) return StatementKind::Insert;
-    if (IsWord(firstWord, "update")) return StatementKind::Update;
-    if (IsWord(firstWord, "delete")) return StatementKind::Delete;
+StatementVerb VerbOfWord(std::string_view firstWord) noexcept {
+    if (IsWord(firstWord, "select")) return StatementVerb::Select;
+    if (IsWord(firstWord, "insert") || IsWord(firstWord, "replace")) return StatementVerb::Insert;
+    if (IsWord(firstWord, "update")) return StatementVerb::Update;
+    if (IsWord(firstWord, "delete")) return StatementVerb::Delete;
     static constexpr std::array<std::string_view, 4> Definitions = {"create", "drop", "alter", "rename"};
-    return IsOneOf(firstWord, Definitions) ? StatementKind::Definition : StatementKind::Other;
+    return IsOneOf(firstWord, Definitions) ? StatementVerb::Definition : StatementVerb::Other;
 }
 
 constexpr bool IsComparison(std::string_view text) noexcept {
@@ -68,7 +68,7 @@ class Scanner {
     void Run() {
         m_result.text.clear();
         m_result.literals.clear();
-        m_result.kind = StatementKind::Other;
+        m_result.kind = StatementVerb::Other;
         m_result.secondStatement = false;
         m_result.arrangesRows = false;
         m_result.placeholders = 0;
@@ -83,6 +83,18 @@ class Scanner {
     }
 
     bool HasWhere() const noexcept { return m_hasWhere; }
+
+    /// Tells what stands around the one literal, where another number there would be read in the same way.
+    void Frame() const {
+        m_result.isFramed =
+            m_result.placeholders == 0 && m_result.literals.size() == 1 &&
+            m_result.literals[0].Holds<std::int64_t>() && IsDigit(m_text[m_liftedAt]) &&
+            !m_result.secondStatement &&
+            (m_liftedEnd == m_text.size() || IsBlank(m_text[m_liftedEnd]) || m_text[m_liftedEnd] == ')');
+        if (!m_result.isFramed) return;
+        m_result.before = m_text.substr(0, m_liftedAt);
+        m_result.behind = m_text.substr(m_liftedEnd);
+    }
 
   private:
     static constexpr std::size_t NoComparison = static_cast<std::size_t>(-1);
@@ -149,9 +161,9 @@ class Scanner {
         const std::string_view word = m_text.substr(start, m_at - start);
         if (!m_sawWord) {
             m_sawWord = true;
-            m_result.kind = KindOf(word);
+            m_result.kind = VerbOfWord(word);
             m_lifting = m_mayLift &&
-                        (m_result.kind == StatementKind::Update || m_result.kind == StatementKind::Delete);
+                        (m_result.kind == StatementVerb::Update || m_result.kind == StatementVerb::Delete);
         } else if (IsWord(word, "like")) {
             if (m_rules.exactLike) Replace(start, "ILIKE");
             m_likeEnd = m_at;
@@ -159,7 +171,7 @@ class Scanner {
             if (ArrangesRows(word)) {
                 m_lifting = false;
                 m_result.arrangesRows = true;
-            } else if (m_result.kind == StatementKind::Select && IsWord(word, "where")) {
+            } else if (m_result.kind == StatementVerb::Select && IsWord(word, "where")) {
                 m_hasWhere = true;
                 m_lifting = m_mayLift;
             }
@@ -209,7 +221,7 @@ class Scanner {
     /// Replaces the text that begins here by "?" when it is all that is compared or matched with, and reads
     /// as it stands.
     bool LiftText() {
-        if (!m_lifting || !m_rules.liftsTexts || m_result.kind != StatementKind::Select) return false;
+        if (!m_lifting || !m_rules.liftsTexts || m_result.kind != StatementVerb::Select) return false;
         const std::size_t before = BeforeBlanks(m_at);
         if (before != m_comparisonEnd && before != m_likeEnd) return false;
         const std::size_t start = m_at;
@@ -312,6 +324,8 @@ class Scanner {
         const auto [end, error] = std::from_chars(m_text.data() + digits, m_text.data() + m_at, value);
         if (error != std::errc() || end != m_text.data() + m_at) return;
         m_result.literals.emplace_back(value);
+        m_liftedAt = start;
+        m_liftedEnd = m_at;
         Replace(start, "?");
     }
 
@@ -330,6 +344,8 @@ class Scanner {
     std::size_t m_copied = 0;  ///< the text before this position is in the result
     std::size_t m_comparisonEnd = NoComparison;
     std::size_t m_likeEnd = NoComparison;
+    std::size_t m_liftedAt = 0;  ///< the number lifted last
+    std::size_t m_liftedEnd = 0;
     int m_depth = 0;
     bool m_sawWord = false;
     bool m_lifting = false;
@@ -349,24 +365,40 @@ bool HoldsStatement(std::string_view text) noexcept {
     return false;
 }
 
-StatementKind KindOfStatement(std::string_view text) noexcept {
+StatementVerb VerbOf(std::string_view text) noexcept {
     std::size_t at = 0;
     while (at < text.size() && ClassOf(text[at]) != CharClass::Letter) {
         at = std::max(at + 1, BehindComment(text, at));
     }
-    return KindOf(text.substr(at, BehindWord(text, at) - at));
+    return VerbOfWord(text.substr(at, BehindWord(text, at) - at));
+}
+
+bool StatementText::Repeats(std::string_view composed) {
+    constexpr std::size_t mostDigits = 18;
+    const std::size_t around = before.size() + behind.size();
+    if (!isFramed || composed.size() <= around || composed.size() > around + mostDigits ||
+        !composed.starts_with(before) || !composed.ends_with(behind))
+        return false;
+    std::int64_t value = 0;
+    const char* end = composed.data() + composed.size() - behind.size();
+    const auto read = std::from_chars(composed.data() + before.size(), end, value);
+    if (read.ptr != end || value < 0) return false;
+    literals.clear();
+    literals.emplace_back(value);
+    return true;
 }
 
 void ScanStatement(std::string_view composed, const LexicalRules& rules, StatementText& result) {
     result.text.reserve(composed.size() + 8);
     Scanner scanner(composed, rules, true, result);
     scanner.Run();
+    scanner.Frame();
     if (result.placeholders > 0 && !result.literals.empty()) {
         // Values of ours would mix with the host's own.
         Scanner(composed, rules, false, result).Run();
     }
     result.wholeTable =
-        result.kind == StatementKind::Select && !scanner.HasWhere() && SoleTableOf(composed).isWhole;
+        result.kind == StatementVerb::Select && !scanner.HasWhere() && SoleTableOf(composed).isWhole;
 }
 
 SoleTable SoleTableOf(std::string_view text) noexcept {

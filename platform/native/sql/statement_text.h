@@ -22,7 +22,7 @@ struct LexicalRules {
     bool plainBackslashes = false;
 };
 
-enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
+enum class StatementVerb : std::uint8_t { Select, Insert, Update, Delete, Definition, Other };
 
 /// A statement as it goes to the engine. Reused from call to call, so that a scan allocates nothing.
 struct StatementText {
@@ -34,7 +34,7 @@ struct StatementText {
     std::vector<automation::Variant> literals;
     /// Values that the caller has to give to `text`, beside the lifted ones.
     std::size_t placeholders = 0;
-    StatementKind kind = StatementKind::Other;
+    StatementVerb kind = StatementVerb::Other;
     /// Another statement stands behind a semicolon (never said of a routine's or trigger's body).
     bool secondStatement = false;
     /// A query of a whole table and nothing more: "select * from T".
@@ -42,6 +42,14 @@ struct StatementText {
     /// A query that says itself in what order its rows come, or whose rows are made of several (DISTINCT,
     /// GROUP BY, UNION ...).
     bool arrangesRows = false;
+
+    /// Whether `composed` is the statement scanned last but for the one number that was lifted from it, or
+    /// the same again. Makes it the one scanned last.
+    bool Repeats(std::string_view composed);
+
+    /// What stood around the one number that was lifted; said of such statements alone.
+    bool isFramed = false;
+    std::string before, behind;
 };
 
 /// Reads a statement once, outside its quotes and comments. In SELECT (its WHERE clause), UPDATE and DELETE,
@@ -57,7 +65,7 @@ struct SoleTable {
 SoleTable SoleTableOf(std::string_view text) noexcept;
 
 /// What kind of statement a text is, by its first word.
-StatementKind KindOfStatement(std::string_view text) noexcept;
+StatementVerb VerbOf(std::string_view text) noexcept;
 
 /// Whether `text` holds anything but blanks, comments and semicolons.
 bool HoldsStatement(std::string_view text) noexcept;

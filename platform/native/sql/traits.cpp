@@ -2,14 +2,14 @@
 
 namespace korvex::native::sql {
 
-std::string QuoteName(const EngineTraits& traits, std::string_view name) {
-    std::string quoted = traits.quoteOpen;
+std::string EngineTraits::Quote(std::string_view name) const {
+    std::string quoted = quoteOpen;
     quoted.reserve(name.size() + 2);
     for (const char c : name) {
         quoted.push_back(c);
-        if (traits.quoteClose.size() == 1 && c == traits.quoteClose[0]) quoted.push_back(c);
+        if (quoteClose.size() == 1 && c == quoteClose[0]) quoted.push_back(c);
     }
-    return quoted += traits.quoteClose;
+    return quoted += quoteClose;
 }
 
 }  // namespace korvex::native::sql

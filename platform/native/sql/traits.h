@@ -37,9 +37,9 @@ struct EngineTraits {
     /// Long texts and bytes may stand in a comparison.
     bool comparesLongValues = false;
     LexicalRules lexical;
-};
 
-/// `name` as a quoted name.
-std::string QuoteName(const EngineTraits& traits, std::string_view name);
+    /// `name` as a quoted name.
+    std::string Quote(std::string_view name) const;
+};
 
 }  // namespace korvex::native::sql

@@ -31,7 +31,7 @@ WritePlan::WritePlan(const EngineTraits& traits, std::shared_ptr<const RowShape>
     : m_traits(traits), m_shape(std::move(shape)), m_table(std::move(table)) {
     m_quotedTable = Qualified(m_table->name.table);
     for (const ColumnInfo& column : m_shape->columns) {
-        m_quotedNames.push_back(column.baseColumn.empty() ? "NULL" : QuoteName(traits, column.baseColumn));
+        m_quotedNames.push_back(column.baseColumn.empty() ? "NULL" : traits.Quote(column.baseColumn));
     }
     std::vector<std::size_t> key;
     for (const TableColumn& column : m_table->columns) {
@@ -97,7 +97,7 @@ std::string WritePlan::ComposeInsert(std::span<const std::size_t> columns) const
 std::string WritePlan::ReturningText() const {
     std::string text;
     for (const TableColumn& column : m_table->columns) {
-        if (column.key) text += (text.empty() ? " RETURNING " : ", ") + QuoteName(m_traits, column.name);
+        if (column.key) text += (text.empty() ? " RETURNING " : ", ") + m_traits.Quote(column.name);
     }
     return text;
 }
@@ -115,9 +115,9 @@ std::string WritePlan::NewKeyQuery() const {
 std::string WritePlan::Qualified(std::string_view name) const {
     std::string text;
     for (const std::string* part : {&m_table->name.catalog, &m_table->name.schema}) {
-        if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+        if (!part->empty()) text += m_traits.Quote(*part) + ".";
     }
-    return text + QuoteName(m_traits, name);
+    return text + m_traits.Quote(name);
 }
 
 }  // namespace korvex::native::sql

@@ -142,7 +142,7 @@ OdbcDialect Sqlite() {
     dialect.traits.newKeyQuery = "SELECT last_insert_rowid()";
     dialect.traits.rowIdName = "rowid";
     dialect.dynamicTypes = true;
-    dialect.narrowStatements = true;
+    dialect.calls.areNarrow = true;
     dialect.traits.textsHoldNul = false;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineSqlite;

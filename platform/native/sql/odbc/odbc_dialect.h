@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/odbc/odbc_calls.h"
 #include "platform/native/sql/odbc/odbc_handle.h"
 #include "platform/native/sql/traits.h"
 
@@ -35,9 +36,7 @@ struct OdbcDialect {
     /// table, column (Null for a table without a key), in the order of the columns. Empty: each table is
     /// asked for by the driver's own function.
     std::string keysQuery;
-    /// The driver knows narrow statements and names alone, in UTF-8. The driver manager would bring wide ones
-    /// to it in Latin-1.
-    bool narrowStatements = false;
+    OdbcCalls calls;
     /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
     ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
 };

@@ -2,6 +2,8 @@
 
 #include "platform/native/sql/odbc/odbc_api.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -59,5 +61,11 @@ class WideText {
 
 /// `units` characters of a wide buffer.
 std::string FromWide(const SQLWCHAR* text, std::size_t units);
+/// The text in front of the first zero.
+template <std::size_t N>
+std::string FromWide(const std::array<SQLWCHAR, N>& text) {
+    return FromWide(text.data(),
+                    static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
+}
 
 }  // namespace korvex::native::sql

@@ -17,7 +17,7 @@ SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTE
 }  // namespace
 
 OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam> seam)
-    : Session(std::move(seam)) {
+    : Session(std::move(seam), m_dialect.traits) {
     Check(CallKind::Connect, connectionString);
     m_environment = OdbcHandle(SQL_HANDLE_ENV, nullptr);
     SQLSetEnvAttr(m_environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
@@ -26,10 +26,9 @@ OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam
     Connect(string);
     m_dialect = DialectOf(Info(SQL_DBMS_NAME));
     m_dialect.source = string.WithoutPassword();
-    m_traits = m_dialect.traits;
     m_dialect.bindsColumns = !m_dialect.dynamicTypes && ReadsInAnyOrder();
     if (!m_dialect.firstStatement.empty()) {
-        OdbcStatement(m_connection, m_dialect, m_dialect.firstStatement, StatementKind::Definition).Execute();
+        OdbcStatement(m_connection, m_dialect, m_dialect.firstStatement, StatementVerb::Definition).Execute();
     }
     if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
         m_traits.quoteOpen = m_traits.quoteClose = quote;
@@ -75,15 +74,14 @@ std::string OdbcSession::Info(SQLUSMALLINT what) const {
                                    static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes))) {
         return {};
     }
-    return FromWide(text.data(),
-                    static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
+    return FromWide(text);
 }
 
-std::unique_ptr<Statement> OdbcSession::DoPrepare(std::string_view text, StatementKind kind) {
+std::unique_ptr<Statement> OdbcSession::DoPrepare(std::string_view text, StatementVerb kind) {
     const auto ask = [&](std::string_view order = {}) {
         return std::make_unique<OdbcStatement>(m_connection, m_dialect, text, kind, order);
     };
-    if (kind != StatementKind::Select || m_dialect.rowOrderColumn.empty()) return ask();
+    if (kind != StatementVerb::Select || m_dialect.rowOrderColumn.empty()) return ask();
     StatementText scan;
     ScanStatement(text, m_traits.lexical, scan);
     if (scan.arrangesRows || text.find(';') != std::string_view::npos) return ask();
@@ -99,7 +97,7 @@ const OdbcSession::TableKey* OdbcSession::KeyOf(const std::string& table) {
     if (!m_keys) {
         m_keys.emplace();
         try {
-            OdbcStatement query(m_connection, m_dialect, m_dialect.keysQuery, StatementKind::Select);
+            OdbcStatement query(m_connection, m_dialect, m_dialect.keysQuery, StatementVerb::Select);
             query.Execute();
             while (query.Fetch()) {
                 TableKey& key = (*m_keys)[automation::ToString(query.Value(1))];
@@ -126,7 +124,7 @@ std::string OdbcSession::OrderOf(std::string_view table) {
     if (key->columns.empty()) return "\nORDER BY " + m_dialect.rowOrderColumn;
     std::string order;
     for (const std::string& column : key->columns)
-        order.append(order.empty() ? "\nORDER BY " : ", ").append(QuoteName(m_traits, column));
+        order.append(order.empty() ? "\nORDER BY " : ", ").append(m_traits.Quote(column));
     return order;
 }
 
@@ -150,11 +148,10 @@ std::string OdbcSession::OrderOf(const RowShape& shape) {
             const auto shown = std::ranges::find_if(shape.columns, [&](const ColumnInfo& column) {
                 return column.base == name && column.baseColumn == key.name;
             });
-            append(shown == shape.columns.end()
-                       ? QuoteName(m_traits, name.table) + "." + QuoteName(m_traits, key.name)
-                       : std::to_string(shown - shape.columns.begin() + 1));
+            append(shown == shape.columns.end() ? m_traits.Quote(name.table) + "." + m_traits.Quote(key.name)
+                                                : std::to_string(shown - shape.columns.begin() + 1));
         }
-        if (!table->HasKey()) append(QuoteName(m_traits, name.table) + "." + m_dialect.rowOrderColumn);
+        if (!table->HasKey()) append(m_traits.Quote(name.table) + "." + m_dialect.rowOrderColumn);
     }
     return order;
 }
@@ -186,10 +183,10 @@ TableInfo OdbcSession::DoDescribeTable(const TableName& name, const RowShape& sh
     if (!shown.isWholeTable) {
         std::string text = "SELECT * FROM ";
         for (const std::string* part : {&name.catalog, &name.schema}) {
-            if (!part->empty()) text += QuoteName(m_traits, *part) + ".";
+            if (!part->empty()) text += m_traits.Quote(*part) + ".";
         }
-        text += QuoteName(m_traits, name.table);
-        statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, StatementKind::Select);
+        text += m_traits.Quote(name.table);
+        statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, StatementVerb::Select);
         shape = statement->Shape().get();
     }
     TableInfo table{.name = name, .columns = {}};
@@ -214,22 +211,6 @@ void OdbcSession::MarkNumberedKey(TableInfo& table, const RowShape& shape) const
     }
 }
 
-SQLRETURN OdbcSession::AskForPrimaryKey(const OdbcHandle& query, TableName table) const {
-    if (m_dialect.narrowStatements) {
-        const auto text = [](std::string& part) {
-            return part.empty() ? nullptr : reinterpret_cast<SQLCHAR*>(part.data());
-        };
-        return SQLPrimaryKeys(query.Get(), text(table.catalog), SQL_NTS, text(table.schema), SQL_NTS,
-                              text(table.table), SQL_NTS);
-    }
-    WideText catalog(table.catalog);
-    WideText schema(table.schema);
-    WideText name(table.table);
-    const auto pointer = [](WideText& text) { return text.IsEmpty() ? nullptr : text.Data(); };
-    return SQLPrimaryKeysW(query.Get(), pointer(catalog), catalog.Length(), pointer(schema), schema.Length(),
-                           name.Data(), name.Length());
-}
-
 std::vector<std::string> OdbcSession::DoListTables() {
     const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
     char types[] = "TABLE,VIEW";
@@ -249,8 +230,7 @@ std::vector<std::string> OdbcSession::ReadNames(const OdbcHandle& query, SQLUSMA
         CheckOdbc(SQLGetData(query.Get(), column, SQL_C_WCHAR, text.data(),
                              static_cast<SQLLEN>(text.size() * sizeof(SQLWCHAR)), &bytes),
                   query, m_dialect);
-        names.push_back(FromWide(
-            text.data(), static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin())));
+        names.push_back(FromWide(text));
     }
     return names;
 }
@@ -267,7 +247,7 @@ void OdbcSession::MarkKeyColumns(TableInfo& table) {
         return;
     }
     const OdbcHandle query(SQL_HANDLE_STMT, m_connection.Get());
-    CheckOdbc(AskForPrimaryKey(query, table.name), query, m_dialect);
+    CheckOdbc(m_dialect.calls.PrimaryKeys(query.Get(), table.name), query, m_dialect);
     constexpr SQLUSMALLINT columnName = 4;
     for (const std::string& column : ReadNames(query, columnName)) {
         mark(column);

@@ -30,7 +30,7 @@ class OdbcSession final : public Session {
         std::vector<std::string> columns;
     };
 
-    std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) override;
+    std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementVerb kind) override;
     void DoBegin() override;
     void DoCommit() override;
     void DoRollback() override;
@@ -43,7 +43,6 @@ class OdbcSession final : public Session {
     bool ReadsInAnyOrder() const;
     void SetAutoCommit(bool on);
     void EndTransaction(SQLSMALLINT completion);
-    SQLRETURN AskForPrimaryKey(const OdbcHandle& query, TableName table) const;
     std::vector<std::string> ReadNames(const OdbcHandle& query, SQLUSMALLINT column) const;
     void MarkKeyColumns(TableInfo& table);
     void MarkNumberedKey(TableInfo& table, const RowShape& shape) const;

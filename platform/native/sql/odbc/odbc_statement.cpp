@@ -58,7 +58,7 @@ constexpr SQLULEN LargestSize = 1U << 24U;
 }  // namespace
 
 OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
-                             StatementKind kind, std::string_view order)
+                             StatementVerb kind, std::string_view order)
     : m_dialect(dialect),
       m_kind(kind),
       m_text(text),
@@ -78,30 +78,18 @@ OdbcStatement::OdbcStatement(const OdbcHandle& connection, const OdbcDialect& di
 }
 
 void OdbcStatement::Prepare() {
-    std::string text = m_text + m_order;
-    if (m_dialect.narrowStatements) {
-        Check(SQLPrepare(Handle(), reinterpret_cast<SQLCHAR*>(text.data()),
-                         static_cast<SQLINTEGER>(text.size())));
-    } else {
-        WideText wide(text);
-        Check(SQLPrepareW(Handle(), wide.Data(), wide.LongLength()));
-    }
+    Check(m_dialect.calls.Prepare(Handle(), m_text + m_order));
     m_stage = Stage::Prepared;
-}
-
-SQLRETURN OdbcStatement::Send(const std::string& text) {
-    WideText wide(text);
-    return SQLExecDirectW(Handle(), wide.Data(), wide.LongLength());
 }
 
 SQLRETURN OdbcStatement::Run() {
     if (m_stage == Stage::New && m_dialect.preparesLate) {
         m_stage = Stage::Used;
-        const SQLRETURN result = Send(m_text + m_order);
+        const SQLRETURN result = m_dialect.calls.Execute(Handle(), m_text + m_order);
         if (m_order.empty() || result != SQL_ERROR || !ReadDiagnosis(m_statement).state.starts_with("42"))
             return result;
         m_order.clear();  // what it names is not there: another client changed the table
-        return Send(m_text);
+        return m_dialect.calls.Execute(Handle(), m_text);
     }
     if (m_stage != Stage::Prepared) Prepare();
     return SQLExecute(Handle());
@@ -116,7 +104,7 @@ const std::shared_ptr<const RowShape>& OdbcStatement::Shape() {
 /// prepare.
 void OdbcStatement::LearnColumns() {
     if (SoleTableOf(m_text).isWhole) {
-        Check(Send(m_text + " WHERE 1 = 0"));
+        Check(m_dialect.calls.Execute(Handle(), m_text + " WHERE 1 = 0"));
         m_executing = true;
         auto shape = Describe();
         Reset();
@@ -139,7 +127,7 @@ void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
 }
 
 bool OdbcStatement::Writes() {
-    return m_kind != StatementKind::Select && (m_kind != StatementKind::Other || Shape()->columns.empty());
+    return m_kind != StatementVerb::Select && (m_kind != StatementVerb::Other || Shape()->columns.empty());
 }
 
 std::shared_ptr<const RowShape> OdbcStatement::Describe() const {
@@ -182,7 +170,7 @@ ColumnInfo OdbcStatement::DescribeColumn(SQLUSMALLINT index) const {
         column.scale = static_cast<std::uint32_t>(std::max<SQLSMALLINT>(scale, 0));
         column.declaredType = typeName;
     }
-    column.name = m_dialect.narrowStatements
+    column.name = m_dialect.calls.areNarrow
                       ? TextAttribute(index, SQL_DESC_NAME)
                       : FromWide(name.data(), std::min(static_cast<std::size_t>(length), name.size() - 1));
     column.base.catalog = TextAttribute(index, SQL_DESC_CATALOG_NAME);
@@ -201,24 +189,6 @@ std::string OdbcStatement::DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQ
     if (precision <= 0 || (!IsText(TypeOf(type)) && !IsBinary(TypeOf(type)))) return {};
     if (static_cast<SQLULEN>(precision) == size) return "(" + std::to_string(size) + ")";
     return "(" + std::to_string(size) + "," + std::to_string(precision) + ")";
-}
-
-/// Empty for what a driver does not know.
-std::string OdbcStatement::TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
-    SQLSMALLINT bytes = 0;
-    if (m_dialect.narrowStatements) {
-        std::array<char, 256> narrow{};
-        const SQLRETURN result = SQLColAttribute(Handle(), index, attribute, narrow.data(),
-                                                 static_cast<SQLSMALLINT>(narrow.size()), &bytes, nullptr);
-        return SQL_SUCCEEDED(result) ? narrow.data() : std::string();
-    }
-    std::array<SQLWCHAR, 256> text{};
-    const SQLRETURN result =
-        SQLColAttributeW(Handle(), index, attribute, text.data(),
-                         static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes, nullptr);
-    if (!SQL_SUCCEEDED(result)) return {};
-    return FromWide(text.data(),
-                    static_cast<std::size_t>(std::ranges::find(text, SQLWCHAR{0}) - text.begin()));
 }
 
 SQLLEN OdbcStatement::NumberAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
@@ -250,7 +220,7 @@ void OdbcStatement::Execute() {
     SQLLEN rows = 0;
     if (Writes() && SQL_SUCCEEDED(SQLRowCount(Handle(), &rows)) && rows > 0) m_affectedRows = rows;
     const bool isBatch =
-        m_kind == StatementKind::Insert && m_dialect.traits.newKey == NewKeySource::SameBatch;
+        m_kind == StatementVerb::Insert && m_dialect.traits.newKey == NewKeySource::SameBatch;
     if (isBatch) SkipToRows();
     if (isBatch || !m_shape || m_shape->columns.empty()) {
         // Some drivers know the columns only now.

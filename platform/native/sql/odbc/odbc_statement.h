@@ -18,7 +18,7 @@ class OdbcStatement final : public Statement {
     /// `dialect` outlives the statement. `order` is put behind a query whose rows must be asked for in their
     /// order, unless the server refuses it there.
     OdbcStatement(const OdbcHandle& connection, const OdbcDialect& dialect, std::string_view text,
-                  StatementKind kind, std::string_view order = {});
+                  StatementVerb kind, std::string_view order = {});
 
     const std::shared_ptr<const RowShape>& Shape() override;
     std::size_t ParameterCount() const noexcept override { return m_parameters.size(); }
@@ -37,19 +37,20 @@ class OdbcStatement final : public Statement {
     void Check(SQLRETURN result) const { CheckOdbc(result, m_statement, m_dialect); }
     void SkipToRows();
     void Prepare();
-    SQLRETURN Send(const std::string& text);
     SQLRETURN Run();
     void LearnColumns();
     std::shared_ptr<const RowShape> Describe() const;
     bool ShowsWholeTable(const std::vector<ColumnInfo>& columns) const;
     ColumnInfo DescribeColumn(SQLUSMALLINT index) const;
     std::string DeclaredSize(SQLUSMALLINT index, SQLSMALLINT type, SQLULEN size) const;
-    std::string TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const;
+    std::string TextAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const {
+        return m_dialect.calls.Attribute(Handle(), index, attribute);
+    }
     SQLLEN NumberAttribute(SQLUSMALLINT index, SQLUSMALLINT attribute) const;
     void TakeShape(std::shared_ptr<const RowShape> shape);
 
     const OdbcDialect& m_dialect;
-    StatementKind m_kind;
+    StatementVerb m_kind;
     std::string m_text;
     std::string m_order;
     enum class Stage : std::uint8_t { New, Used, Prepared };

@@ -55,8 +55,8 @@ class NewFile {
 
 }  // namespace
 
-SqliteSession::SqliteSession(std::string_view path, const SqliteOptions& options) : Session(options.seam) {
-    m_traits = SqliteTraits();
+SqliteSession::SqliteSession(std::string_view path, const SqliteOptions& options)
+    : Session(options.seam, m_ownTraits), m_ownTraits(SqliteTraits()) {
     const std::string file(path);
     Check(CallKind::Connect, file);
     try {
@@ -139,9 +139,7 @@ bool SqliteSession::InTransaction() const noexcept { return sqlite3_get_autocomm
 
 std::int64_t SqliteSession::LastRowId() const noexcept { return sqlite3_last_insert_rowid(m_database.get()); }
 
-bool SqliteSession::IsReadOnly() const noexcept { return sqlite3_db_readonly(m_database.get(), "main") == 1; }
-
-std::unique_ptr<Statement> SqliteSession::DoPrepare(std::string_view text, StatementKind) {
+std::unique_ptr<Statement> SqliteSession::DoPrepare(std::string_view text, StatementVerb) {
     return std::make_unique<SqliteStatement>(m_database.get(), m_shapes, text);
 }
 
@@ -188,8 +186,8 @@ std::vector<std::string> SqliteSession::DoListTables() {
 
 /// The engine numbers the key that is its row number: asked for that, it names the key column.
 void SqliteSession::MarkNumberedColumn(TableInfo& table) {
-    const std::string from = QuoteName(m_traits, table.name.schema.empty() ? "main" : table.name.schema) +
-                             "." + QuoteName(m_traits, table.name.table);
+    const std::string from = m_traits.Quote(table.name.schema.empty() ? "main" : table.name.schema) + "." +
+                             m_traits.Quote(table.name.table);
     try {
         SqliteStatement query(m_database.get(), m_shapes, "SELECT " + m_traits.rowIdName + " FROM " + from);
         const std::string& origin = query.Shape()->columns.front().baseColumn;

@@ -39,13 +39,12 @@ class SqliteSession final : public Session {
 
     bool InTransaction() const noexcept override;
     std::int64_t LastRowId() const noexcept override;
-    bool IsReadOnly() const noexcept;
 
   private:
     struct Closer {
         void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
     };
-    std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementKind kind) override;
+    std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementVerb kind) override;
     void DoBegin() override;
     void DoCommit() override;
     void DoRollback() override;
@@ -62,6 +61,7 @@ class SqliteSession final : public Session {
 
     std::unique_ptr<sqlite3, Closer> m_database;
     SqliteShapes m_shapes;
+    EngineTraits m_ownTraits;
 };
 
 }  // namespace korvex::native::sql

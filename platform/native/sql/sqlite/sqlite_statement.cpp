@@ -145,29 +145,37 @@ int SqliteStatement::RepreparedCount() const noexcept {
     return sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
 }
 
-Variant SqliteStatement::Value(std::size_t index) {
+/// The data stay where they are until the next row.
+Cell SqliteStatement::CellAt(int index) const {
     // Reading a value in place is safe on a connection that one thread uses, as this one.
-    sqlite3_value* value = sqlite3_column_value(m_statement.get(), static_cast<int>(index));
-    const ColumnInfo& column = m_shape->columns[index];
-    const int storage = sqlite3_value_type(value);
-    switch (storage) {
+    sqlite3_value* value = sqlite3_column_value(m_statement.get(), index);
+    switch (const int storage = sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
-            return FromInteger(sqlite3_value_int64(value), column);
+            return {.kind = Cell::Kind::Integer, .integer = sqlite3_value_int64(value)};
         case SQLITE_FLOAT:
-            return FromReal(sqlite3_value_double(value), column);
+            return {.kind = Cell::Kind::Real, .real = sqlite3_value_double(value)};
         case SQLITE_NULL:
-            return Variant::Null();
-        default:
-            break;
+            return {};
+        default: {
+            const bool isText = storage == SQLITE_TEXT;
+            const void* data = isText ? sqlite3_value_text(value) : sqlite3_value_blob(value);
+            const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
+            if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
+            return {.kind = isText ? Cell::Kind::Text : Cell::Kind::Bytes,
+                    .data = {static_cast<const char*>(data), length}};
+        }
     }
-    const bool isBlob = storage == SQLITE_BLOB;
-    const void* data = isBlob ? sqlite3_value_blob(value) : sqlite3_value_text(value);
-    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
-    if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
-    const auto* bytes = static_cast<const std::uint8_t*>(data);
-    if (isBlob && !IsText(column.type)) return automation::Bytes(bytes, bytes + length);
-    const std::string_view text(static_cast<const char*>(data), length);
-    return IsBinary(column.type) ? Variant(automation::Bytes(bytes, bytes + length)) : FromText(text, column);
+}
+
+Variant SqliteStatement::Value(std::size_t column) {
+    return FromCell(CellAt(static_cast<int>(column)), m_shape->columns[column]);
+}
+
+void SqliteStatement::Keep(KeptRow& row) {
+    int index = 0;
+    for (Cell& cell : row.Begin(m_shape->columns.size()))
+        cell = CellAt(index++);
+    row.Own();
 }
 
 void SqliteStatement::Reset() noexcept {

@@ -22,6 +22,7 @@ class SqliteStatement final : public Statement {
     void Execute() override;
     bool Fetch() override;
     automation::Variant Value(std::size_t column) override;
+    void Keep(KeptRow& row) override;
     std::int64_t AffectedRows() const noexcept override { return m_affectedRows; }
     void Reset() noexcept override;
 
@@ -30,6 +31,7 @@ class SqliteStatement final : public Statement {
         void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
     };
     bool Step();
+    Cell CellAt(int index) const;
     int RepreparedCount() const noexcept;
 
     sqlite3* m_database;

@@ -16,9 +16,9 @@
 namespace korvex::persistence {
 
 /// What one clsCRUD keeps between calls: its connection, the foreign-key prefix and the last result.
-class Session {
+class CrudState {
   public:
-    Session(Platform platform, PublicMembers& members);
+    CrudState(Platform platform, PublicMembers& members);
 
     /// The instance's own public members, for inner calls.
     PublicMembers& Members() const noexcept { return m_members; }
@@ -94,27 +94,27 @@ class Session {
 /// an error instead of a crash.
 class Descent {
   public:
-    explicit Descent(Session& session);
+    explicit Descent(CrudState& session);
     Descent(const Descent&) = delete;
     Descent& operator=(const Descent&) = delete;
     ~Descent();
 
   private:
-    Session& m_session;
+    CrudState& m_session;
     bool m_outermost;
 };
 
 /// Stands in an update, for as long as it runs.
 class UpdateInHand {
   public:
-    explicit UpdateInHand(Session& session)
+    explicit UpdateInHand(CrudState& session)
         : m_session(session), m_outer(std::exchange(session.m_isUpdating, true)) {}
     UpdateInHand(const UpdateInHand&) = delete;
     UpdateInHand& operator=(const UpdateInHand&) = delete;
     ~UpdateInHand() { m_session.m_isUpdating = m_outer; }
 
   private:
-    Session& m_session;
+    CrudState& m_session;
     bool m_outer;
 };
 

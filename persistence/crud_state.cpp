@@ -1,4 +1,4 @@
-#include "persistence/session.h"
+#include "persistence/crud_state.h"
 
 #include "automation/convert.h"
 #include "automation/error.h"
@@ -12,21 +12,21 @@ namespace korvex::persistence {
 using automation::Error;
 using automation::Variant;
 
-Session::Session(Platform platform, PublicMembers& members)
+CrudState::CrudState(Platform platform, PublicMembers& members)
     : m_platform(std::move(platform)), m_members(members) {}
 
-bool Session::Fail(dbResults code) noexcept {
+bool CrudState::Fail(dbResults code) noexcept {
     m_lLastResult = code;
     return false;
 }
 
-std::string Session::ForeignKeyColumn(const std::string& parentKeyColumn) const {
+std::string CrudState::ForeignKeyColumn(const std::string& parentKeyColumn) const {
     return m_sFKPrefix + parentKeyColumn;
 }
 
 // DisconnectDB leaves dbNotConnected on an instance that has no connection yet, and nothing clears it: the
 // first successful ConnectDB reports dbNotConnected, a reconnect dbNoError.
-bool Session::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
+bool CrudState::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
     ResetLastResult();
     m_members.DisconnectDB();
     m_sFKPrefix =
@@ -45,7 +45,7 @@ bool Session::ConnectDB(const Variant& sConnection, const Variant& sFKPrefix) {
     return m_bConnected;
 }
 
-void Session::DisconnectDB() {
+void CrudState::DisconnectDB() {
     ResetLastResult();
     const auto connection = std::exchange(m_oConn, nullptr);
     const bool wasConnected = std::exchange(m_bConnected, false);
@@ -55,7 +55,7 @@ void Session::DisconnectDB() {
         connection->Close();
 }
 
-std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) {
+std::shared_ptr<ado::Recordset> CrudState::OpenRecordset(const std::string& sSQL) {
     ResetLastResult();
     if (!m_bConnected) {
         Fail(dbNotConnected);
@@ -75,23 +75,23 @@ std::shared_ptr<ado::Recordset> Session::OpenRecordset(const std::string& sSQL) 
     }
 }
 
-void Session::Execute(const std::string& sSQL) {
+void CrudState::Execute(const std::string& sSQL) {
     if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn).");
     m_oConn->Execute(sSQL, ado::adUnspecified);
     NoteWrite();
 }
 
-QORObject::Ref Session::NewDataObject() const {
+QORObject::Ref CrudState::NewDataObject() const {
     const auto object = m_platform.newDataObject ? m_platform.newDataObject() : nullptr;
     return object != nullptr ? ToQORObject(object, "factory of data objects") : nullptr;
 }
 
-DefinitionReadings::Reading Session::Read(const QORObject::Ref& definition) {
+DefinitionReadings::Reading CrudState::Read(const QORObject::Ref& definition) {
     if (m_stack) return m_readings.Of(definition);
     return std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
 }
 
-Descent::Descent(Session& session) : m_session(session), m_outermost(!session.m_stack) {
+Descent::Descent(CrudState& session) : m_session(session), m_outermost(!session.m_stack) {
     if (m_outermost) {
         session.m_trapped.reset();
         session.m_stack.emplace();

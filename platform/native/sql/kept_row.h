@@ -1,0 +1,66 @@
+#pragma once
+
+#include "automation/variant.h"
+#include "platform/native/sql/column.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex::native::sql {
+
+using Row = std::vector<automation::Variant>;
+
+/// A value as the engine holds it, before its column says what it is.
+struct Cell {
+    enum class Kind : std::uint8_t { Null, Integer, Real, Text, Bytes };
+
+    Kind kind = Kind::Null;
+    std::int64_t integer = 0;
+    double real = 0;
+    std::string_view data = {};  ///< of Text and Bytes
+};
+
+/// Its value in the form of the column's type.
+automation::Variant FromCell(const Cell& cell, const ColumnInfo& column);
+
+/// A row taken out of its statement, in little room: what a column holds is worked out when somebody asks for
+/// it. Used again and again, it allocates nothing.
+class KeptRow {
+  public:
+    void Clear() noexcept {
+        m_bytes.clear();
+        m_values.clear();
+    }
+    /// Cells for a new row. Behind them Own copies what they point at.
+    std::vector<Cell>& Begin(std::size_t count) {
+        Clear();
+        m_cells.resize(count);
+        return m_cells;
+    }
+    void Own();
+    /// Takes a row whose values are known.
+    void Take(Row values) noexcept { m_values = std::move(values); }
+
+    automation::Variant Value(std::size_t column, const RowShape& shape) const {
+        if (!m_values.empty()) return m_values[column];
+        const Cell& cell = m_cells[column];
+        if (cell.kind < Cell::Kind::Text) return FromCell(cell, shape.columns[column]);
+        return FromCell({.kind = cell.kind, .data = {m_bytes.data() + cell.integer, cell.data.size()}},
+                        shape.columns[column]);
+    }
+    /// All values, which the row holds from now on; a caller may put others in their place.
+    Row& Values(const RowShape& shape);
+    /// Whether there is room in it that is worth using again: that of large values is not kept.
+    bool IsReusable() const noexcept { return m_cells.capacity() > 0 && m_bytes.capacity() <= MostBytes; }
+
+  private:
+    static constexpr std::size_t MostBytes = 65536;
+
+    std::vector<Cell> m_cells;
+    std::string m_bytes;  ///< what the cells hold; `integer` of a cell says where
+    Row m_values;         ///< instead of the cells
+};
+
+}  // namespace korvex::native::sql
