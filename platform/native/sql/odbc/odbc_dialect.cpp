@@ -160,10 +160,13 @@ OdbcDialect MariaDb() {
     dialect.traits.lexical.liftsTexts = true;
     dialect.traits.transactionOutlivesFailure = true;
     dialect.refine = RefineMariaDb;
-    // Texts in another character set would lose what it does not hold.
+    // Texts in another character set would lose what it does not hold; and a column that does not hold a
+    // value must refuse it, whatever the server is set to. Oracle's language comes with a mode of its own.
     dialect.firstStatement =
         "SET character_set_client = utf8mb4, character_set_results = utf8mb4, collation_connection = "
-        "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci')";
+        "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci'), "
+        "sql_mode = IF(FIND_IN_SET('ORACLE', @@sql_mode), @@sql_mode, "
+        "CONCAT_WS(',', NULLIF(@@sql_mode, ''), 'STRICT_TRANS_TABLES'))";
     dialect.narrowTexts = true;
     dialect.preparesLate = true;
     dialect.traits.comparesLongValues = true;
