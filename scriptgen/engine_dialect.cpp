@@ -230,26 +230,19 @@ std::string EngineDialect::DefaultLiteral(const DescribedTable& table, const Col
     }
 }
 
+std::string EngineDialect::ColumnText(const DescribedTable& table, const Column& column) const {
+    std::string text = column.FieldName + " ";
+    if (IsNumbered(table, column)) return text + NumberedColumn(table);
+    text += column.TypeSize;
+    if (column.IsPrimaryKey) return text + " NOT NULL";
+    return text + (column.DefaultText.empty() ? " NULL" : " DEFAULT " + column.DefaultText);
+}
+
 std::string EngineDialect::TableText(const DescribedTable& table) const {
     std::string text;
     Append(text, "CREATE TABLE ", table.Name, " (");
-    for (std::size_t i = 0; i < table.Columns.size(); ++i) {
-        const Column& column = table.Columns[i];
-        Append(text, i == 0 ? "\r\n\t" : ",\r\n\t", column.FieldName, " ");
-        if (IsNumbered(table, column)) {
-            Append(text, NumberedColumn(table));
-            continue;
-        }
-        Append(text, column.TypeSize);
-        const std::string literal = DefaultLiteral(table, column);
-        if (column.IsPrimaryKey) {
-            Append(text, " NOT NULL");
-        } else if (literal.empty()) {
-            Append(text, " NULL");
-        } else {
-            Append(text, " DEFAULT ", literal);
-        }
-    }
+    for (std::size_t i = 0; i < table.Columns.size(); ++i)
+        Append(text, i == 0 ? "\r\n\t" : ",\r\n\t", ColumnText(table, table.Columns[i]));
     AppendConstraints(text, table);
     Append(text, "\r\n)", TableOptions());
     return text;
@@ -297,6 +290,8 @@ std::vector<DescribedTable> EngineDialect::Resolve(std::span<const DescribedTabl
         const std::vector<std::string> types = ColumnTypes(table, notes);
         for (std::size_t i = 0; i < types.size(); ++i)
             table.Columns[i].TypeSize = types[i];
+        for (Column& column : table.Columns)
+            column.DefaultText = DefaultLiteral(table, column);
         for (ForeignKey& key : table.ForeignKeys) {
             table.Indexes.push_back({ColumnThingName("IX_", table.Name, key.FieldName), {key.FieldName}});
             if (CanBeKept(key, tables)) continue;

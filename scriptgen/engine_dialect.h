@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/text.h"
 #include "scriptgen/table_model.h"
 
 #include <cstddef>
@@ -52,10 +53,14 @@ struct EngineLimits {
 
 /// Queries by which an engine tells what is there. Each row begins with the name of the table.
 struct CatalogueQueries {
-    std::string_view columns;      ///< column, its type, 1 if numbered, 1 if of the primary key, default
-    std::string_view indexes;      ///< index, one of its columns; in their order
-    std::string_view foreignKeys;  ///< column, table and column referred to (Null for that table's key)
-    std::string_view triggers;     ///< trigger
+    /// column, its type, 1 for a numbered one, 1 for one of the primary key, its default (Null for none)
+    std::string_view columns;
+    std::string_view indexes;  ///< index, one of its columns; in their order
+    /// column, table and column referred to (Null for that table's key), the constraint (Null for no name)
+    std::string_view foreignKeys;
+    std::string_view triggers;  ///< trigger
+    /// index or trigger, the statement that makes it; "" where an engine keeps none
+    std::string_view dependents = {};
 };
 
 /// How tables are made on one engine. What most engines agree on stands here; each overrides the rest.
@@ -71,15 +76,24 @@ class EngineDialect {
     /// type, TypeMismatch (13) for a length that is no number, both naming table and column.
     EngineScripts Write(std::span<const DescribedTable> tables) const;
 
-    /// The tables as the engine will tell of them once they are made: column types, indexes, triggers, and
+    /// The tables as the engine will tell of them once they are made: column types, defaults, indexes,
+    /// triggers, and
     /// only such references in the run as it can keep. Errors as above.
     std::vector<DescribedTable> Tables(std::span<const DescribedTable> tables) const;
     /// What makes a table alone, as Tables() gives it.
     std::string TableText(const DescribedTable& table) const;
+    /// A column with its type and default, as it stands in TableText.
+    std::string ColumnText(const DescribedTable& table, const Column& column) const;
+    /// Whether the engine's "float" keeps single precision.
+    bool FloatIsSingle() const noexcept { return Types().single == "float"; }
 
     virtual const CatalogueQueries& Catalogue() const noexcept = 0;
     /// A column type that the engine tells, as the scripts write it.
     virtual std::string TypeAsWritten(std::string type) const { return type; }
+    /// A default that the engine tells, as the scripts write it; "" for Null.
+    virtual std::string DefaultAsWritten(std::string text) const {
+        return automation::EqualsIgnoreCase(text, "NULL") ? std::string() : text;
+    }
     /// Whether what was made in a transaction goes when that is rolled back.
     virtual bool DefinitionsRollBack() const noexcept { return true; }
     /// Whether references can be added to a table that is there, and removed.

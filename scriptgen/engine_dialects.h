@@ -31,6 +31,7 @@ class MariaDbDialect final : public EngineDialect {
     std::span<const EngineFile> Files() const noexcept override;
     const CatalogueQueries& Catalogue() const noexcept override;
     std::string TypeAsWritten(std::string type) const override;
+    std::string DefaultAsWritten(std::string text) const override;
     bool DefinitionsRollBack() const noexcept override { return false; }
     bool FoldsTableNames() const noexcept override { return false; }
 
@@ -59,6 +60,7 @@ class PostgreSqlDialect final : public EngineDialect {
     std::span<const EngineFile> Files() const noexcept override;
     const CatalogueQueries& Catalogue() const noexcept override;
     std::string TypeAsWritten(std::string type) const override;
+    std::string DefaultAsWritten(std::string text) const override;
 
   protected:
     const EngineTypes& Types() const noexcept override;

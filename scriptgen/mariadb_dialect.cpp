@@ -58,15 +58,15 @@ constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
 constexpr CatalogueQueries Queries = {
     .columns =
         "select table_name, column_name, column_type, extra = 'auto_increment', column_key = 'PRI', "
-        "column_default "
-        "from information_schema.columns where table_schema = database() order by table_name, "
+        "column_default from information_schema.columns where table_schema = database() order by table_name, "
         "ordinal_position",
     .indexes =
         "select table_name, index_name, column_name from information_schema.statistics where "
         "table_schema = database() and index_name <> 'PRIMARY' order by table_name, index_name, "
         "seq_in_index",
     .foreignKeys =
-        "select table_name, column_name, referenced_table_name, referenced_column_name from "
+        "select table_name, column_name, referenced_table_name, referenced_column_name, "
+        "constraint_name from "
         "information_schema.key_column_usage where constraint_schema = database() and "
         "referenced_table_name is not null",
     .triggers =
@@ -127,6 +127,18 @@ std::string MariaDbDialect::TypeAsWritten(std::string type) const {
     if (begin != std::string::npos && (name.ends_with("int") || name == "bit"))
         type.erase(begin, type.find(')') + 1 - begin);
     return type;
+}
+
+/// The engine tells texts with escapes, and bits as texts of bits.
+std::string MariaDbDialect::DefaultAsWritten(std::string text) const {
+    if (text.starts_with("b'")) return text.substr(2, text.size() - 3);
+    if (!text.starts_with('\'')) return EngineDialect::DefaultAsWritten(std::move(text));
+    std::string value;
+    for (std::size_t i = 1; i + 1 < text.size(); ++i) {
+        if (text[i] == '\'' || text[i] == '\\') ++i;
+        value += text[i];
+    }
+    return TextLiteral(value);
 }
 
 /// A backslash is an escape or none, as the server is set; digits mean the same on each.

@@ -99,6 +99,17 @@ void AppendTrigger(std::string& text, std::string_view table, std::string_view c
 
 }  // namespace
 
+std::string OracleTypeText(const RunState& run, Column& column) {
+    std::int16_t longColumns = 0;
+    return TypeText(run, column, longColumns);
+}
+
+std::string OracleTriggerText(std::string_view table, std::string_view counter) {
+    std::string text;
+    AppendTrigger(text, table, counter);
+    return text;
+}
+
 std::string OracleDialect::ColumnTypeText(const RunState&, Column&) const { return {}; }
 
 void OracleDialect::AddStoredProcedures(RunState& run) const { OracleProcedures().Add(run); }

@@ -54,7 +54,7 @@ constexpr CatalogueQueries Queries = {
         "i.indexrelid join pg_catalog.pg_attribute a on a.attrelid = t.oid and a.attnum = any(i.indkey) "
         "where not i.indisprimary order by x.oid, array_position(cast(i.indkey as smallint[]), a.attnum)",
     .foreignKeys =
-        "select t.relname, a.attname, r.relname, b.attname from " KORVEX_OWN_TABLES
+        "select t.relname, a.attname, r.relname, b.attname, f.conname from " KORVEX_OWN_TABLES
         "join pg_catalog.pg_constraint f on f.conrelid = t.oid and f.contype = 'f' "
         "join pg_catalog.pg_class r on r.oid = f.confrelid join pg_catalog.pg_attribute a on "
         "a.attrelid = t.oid and a.attnum = f.conkey[1] join pg_catalog.pg_attribute b on b.attrelid = "
@@ -87,6 +87,20 @@ std::string PostgreSqlDialect::TypeAsWritten(std::string type) const {
             type.replace(at, longName.size(), name);
     }
     return type;
+}
+
+/// The engine tells of what type a literal is, and of numbers below zero as texts.
+std::string PostgreSqlDialect::DefaultAsWritten(std::string text) const {
+    const bool hasEscapes = text.starts_with("E'");
+    if (hasEscapes) text.erase(0, 1);
+    if (const std::size_t type =
+            text.find("::", text.rfind('\'') == std::string::npos ? 0 : text.rfind('\''));
+        type != std::string::npos)
+        text.erase(type);
+    for (std::size_t at = text.find("\\\\"); hasEscapes && at != std::string::npos;
+         at = text.find("\\\\", at + 1))
+        text.erase(at, 1);
+    return EngineDialect::DefaultAsWritten(std::move(text));
 }
 
 std::vector<std::string> PostgreSqlDialect::TriggerNames(const DescribedTable& table) const {

@@ -43,9 +43,12 @@ constexpr CatalogueQueries Queries = {
         "select t.name, i.name as ind, c.name as col from sqlite_master t, pragma_index_list(t.name) i, "
         "pragma_index_info(i.name) c where t.type = 'table' and i.origin <> 'pk'",
     .foreignKeys =
-        "select t.name, f.\"from\", f.\"table\", f.\"to\" from sqlite_master t, "
+        "select t.name, f.\"from\", f.\"table\", f.\"to\", null from sqlite_master t, "
         "pragma_foreign_key_list(t.name) f where t.type = 'table'",
-    .triggers = "select tbl_name, name from sqlite_master where type = 'trigger'"};
+    .triggers = "select tbl_name, name from sqlite_master where type = 'trigger'",
+    .dependents =
+        "select tbl_name, name, sql from sqlite_master where type in ('index', 'trigger') and sql "
+        "is not null order by rowid"};
 
 }  // namespace
 

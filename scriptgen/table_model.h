@@ -19,11 +19,26 @@ struct ForeignKey {
     std::string Table;     ///< of the object referred to; "" when it has none
     std::string KeyField;  ///< the column referred to; "" when it is none of a described table
     bool IsInRun = false;  ///< the table referred to is among those described
+    std::string Name;      ///< of the constraint in a database; "" for the name that the dialect gives it
 };
 
 struct TableIndex {
     std::string Name;
     std::vector<std::string> Columns;
+};
+
+/// An index or a trigger of a table of a database that stands, where that tells its statement.
+struct TableDependent {
+    std::string Name;
+    std::string Text;
+};
+
+/// Where an object stands: the object that holds it (0 for a root) and the value that it is held by: its
+/// name (the storage name for a root, "" for an element of a collection).
+struct TablePlace {
+    std::int32_t ParentID = 0;
+    std::string Value;
+    std::int32_t VID = 0;
 };
 
 struct DescribedTable {
@@ -36,6 +51,12 @@ struct DescribedTable {
     std::vector<std::int32_t> Parents;
     std::vector<TableIndex> Indexes;    ///< on an engine: but for that of the primary key
     std::vector<std::string> Triggers;  ///< on an engine: their names
+    std::vector<TableDependent> Dependents;
+
+    // What tells the object from others when two definitions are compared (DescribeIdentified).
+    std::string ObjectName;
+    std::string Guid;
+    std::vector<TablePlace> Places;
 };
 
 /// The tables of every data definition of that storage name (of all when it is empty), in the order of the

@@ -56,6 +56,7 @@ class LiveReader {
             column.IsAutoNumber = automation::ToLong(row.Fields(3)->Value()) != 0;
             column.IsPrimaryKey = automation::ToLong(row.Fields(4)->Value()) != 0;
             column.DefaultVal = Text(row, 5);
+            column.DefaultText = dialect.DefaultAsWritten(column.DefaultVal);
             if (column.IsPrimaryKey) table.PrimaryKey.push_back(column.FieldName);
         });
         ForEach(queries.indexes, [](DescribedTable& table, ado::Recordset& row) {
@@ -69,10 +70,15 @@ class LiveReader {
             key.FieldName = Text(row, 1);
             key.Table = Text(row, 2);
             key.KeyField = Text(row, 3);
+            key.Name = Text(row, 4);
             key.IsInRun = true;
         });
         ForEach(queries.triggers,
                 [](DescribedTable& table, ado::Recordset& row) { table.Triggers.push_back(Text(row, 1)); });
+        if (!queries.dependents.empty())
+            ForEach(queries.dependents, [](DescribedTable& table, ado::Recordset& row) {
+                table.Dependents.push_back({Text(row, 1), Text(row, 2)});
+            });
         for (DescribedTable& table : m_tables)
             NameKeysReferredTo(table);
         return std::move(m_tables);

@@ -18,8 +18,9 @@ bool IsEmbedded(ado::Connection& connection);
 std::string EngineBehind(ado::Connection& connection);
 
 /// The tables of the database, described as the dialect describes those of a definition: names, columns with
-/// their types, keys, indexes, references and triggers. What only a definition knows (objects, values, data
-/// types) is left empty; defaults stand as the engine writes them. Engine errors reach the caller.
+/// their types and defaults, keys, indexes, references and triggers. What only a definition knows (objects,
+/// values, data types) is left empty; DefaultVal is the default as the engine writes it. Engine errors reach
+/// the caller.
 std::vector<DescribedTable> ReadLiveTables(ado::Connection& connection, const EngineDialect& dialect);
 
 /// The first column of every row, as text.

@@ -6,7 +6,7 @@
 #include "scriptgen/script_text.h"
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
 namespace korvex::scriptgen {
 
@@ -19,6 +19,7 @@ ReferencesOff::ReferencesOff(ado::Connection& connection)
 
 ReferencesOff::~ReferencesOff() {
     try {
+        m_connection.Execute("PRAGMA legacy_alter_table = OFF");
         if (m_wereOn) m_connection.Execute("PRAGMA foreign_keys = ON");
     } catch (const Error&) {
         // The connection is gone, and the switch with it.
@@ -35,39 +36,42 @@ void ReferencesOff::CheckReferences() {
                 "Records of " + table + " refer to records of " + parent + " that are not there.");
 }
 
+std::vector<std::string> RebuildStatements(const DescribedTable& table, std::string text,
+                                           std::string_view columns, std::string_view values) {
+    constexpr std::string_view Making = "CREATE TABLE ";
+    text.replace(Making.size(), table.Name.size(), "korvex_new");
+    std::vector<std::string> statements = {"PRAGMA legacy_alter_table=ON", std::move(text)};
+    const auto add = [&](const auto&... pieces) { Append(statements.emplace_back(), pieces...); };
+    add("INSERT INTO korvex_new (", columns, ") SELECT ", values, " FROM ", table.Name);
+    if (std::ranges::any_of(table.Columns, &Column::IsAutoNumber)) {
+        add("DELETE FROM sqlite_sequence WHERE name = 'korvex_new'");
+        add("INSERT INTO sqlite_sequence (name, seq) SELECT 'korvex_new', seq FROM sqlite_sequence WHERE name = ",
+            QuoteText(table.Name), " COLLATE NOCASE");
+    }
+    add("DROP TABLE ", table.Name);
+    add("ALTER TABLE korvex_new RENAME TO ", table.Name);
+    add("PRAGMA legacy_alter_table=OFF");
+    return statements;
+}
+
 void RebuildTable(ado::Connection& connection, const DescribedTable& table, const std::string& statement) {
-    const std::string name = QuoteText(table.Name) + " collate nocase";
     const std::vector<std::string> dependents =
         ReadTexts(connection,
                   "select sql from sqlite_master where type in ('index', 'trigger') and sql is not "
                   "null and tbl_name = " +
-                      name + " order by rowid");
-    // The counter may be past the records that are left.
-    const std::vector<std::string> counter =
-        ReadTexts(connection, "select name from sqlite_master where name = 'sqlite_sequence'").empty()
-            ? std::vector<std::string>()
-            : ReadTexts(connection, "select seq from sqlite_sequence where name = " + name);
+                      QuoteText(table.Name) + " collate nocase order by rowid");
     JoinedText columns(", ");
     JoinedText values(", ");
     for (const Column& column : table.Columns) {
-        const std::string quoted = QuoteName(column.FieldName);
-        columns.Add(quoted);
+        columns.Add(column.FieldName);
         const bool refers = std::ranges::find(table.ForeignKeys, column.FieldName, &ForeignKey::FieldName) !=
                             table.ForeignKeys.end();
-        values.Add(refers ? "nullif(" : "", quoted, refers ? ", 0)" : "");
+        values.Add(refers ? "nullif(" : "", column.FieldName, refers ? ", 0)" : "");
     }
-    connection.Execute("CREATE TEMP TABLE korvex_records AS SELECT * FROM " + QuoteName(table.Name));
-    connection.Execute("DROP TABLE main." + QuoteName(table.Name));
-    connection.Execute(statement);
-    connection.Execute("INSERT INTO " + QuoteName(table.Name) + " (" + columns.Text() + ") SELECT " +
-                       values.Text() + " FROM temp.korvex_records");
-    connection.Execute("DROP TABLE temp.korvex_records");
+    for (const std::string& text : RebuildStatements(table, statement, columns.Text(), values.Text()))
+        connection.Execute(text);
     for (const std::string& dependent : dependents)
         connection.Execute(dependent);
-    if (counter.empty()) return;
-    connection.Execute("DELETE FROM sqlite_sequence WHERE name = " + name);
-    connection.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES (" + QuoteText(table.Name) + ", " +
-                       counter.front() + ")");
 }
 
 }  // namespace korvex::scriptgen

@@ -1,0 +1,321 @@
+#include "scriptgen/migration/alter_plan.h"
+
+#include "automation/text.h"
+#include "scriptgen/migration/match_columns.h"
+#include "scriptgen/migration/rename_order.h"
+#include "scriptgen/script_text.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+
+namespace korvex::scriptgen {
+
+using automation::EqualsIgnoreCase;
+
+namespace {
+
+/// Whether the table has an index of that name on the same columns, before and now.
+bool StaysIndex(const TablePlan& plan, const TableIndex& before, const TableIndex& now) {
+    if (!EqualsIgnoreCase(before.Name, now.Name)) return false;
+    return std::ranges::equal(before.Columns, now.Columns,
+                              [&](const std::string& from, const std::string& to) {
+                                  const ColumnPlan* column = ColumnBefore(plan, from);
+                                  return column != nullptr && column->now != nullptr &&
+                                         EqualsIgnoreCase(column->now->FieldName, to);
+                              });
+}
+
+class AlterPlanner {
+  public:
+    AlterPlanner(const Comparison& comparison, const AlterText& text, bool allowsLoss)
+        : m_comparison(comparison), m_text(text), m_allowsLoss(allowsLoss) {}
+
+    std::vector<AlterStep> Plan() {
+        if (m_comparison.Changes().empty()) return {};
+        PlanTableNames();
+        ForEach([this](const TablePlan& plan) {
+            if (plan.before != nullptr && (plan.now != nullptr || MakesRoom(plan)))
+                m_text.DropProcedures(m_steps, *plan.before, plan.now);
+        });
+        ForEach([this](const TablePlan& plan) { DropForeignKeys(plan); });
+        ForEach([this](const TablePlan& plan) { DropTriggersAndIndexes(plan); });
+        for (const auto& [plan, name] : m_tableNames)
+            m_text.RenameTable(m_steps, *plan->before, name);
+        ForEach([this](const TablePlan& plan) { RenameColumns(plan); });
+        ForEach([this](const TablePlan& plan) {
+            if (plan.before == nullptr) m_text.CreateTable(m_steps, *plan.now);
+        });
+        ForEach([this](const TablePlan& plan) { ChangeColumns(plan); });
+        ForEach([this](const TablePlan& plan) { CreateIndexes(plan); });
+        ForEach([this](const TablePlan& plan) { AddForeignKeys(plan); });
+        ForEach([this](const TablePlan& plan) {
+            if (plan.now != nullptr && !IsWhole(plan) && !StayTriggers(plan))
+                m_text.CreateTriggers(m_steps, *plan.now);
+        });
+        ForEach([this](const TablePlan& plan) {
+            if (plan.now != nullptr) m_text.CreateProcedures(m_steps, plan.before, *plan.now);
+        });
+        ForEach([this](const TablePlan& plan) { Drop(plan); });
+        return m_steps.All();
+    }
+
+  private:
+    template <class Action>
+    void ForEach(Action&& action) {
+        m_steps.Begin();
+        for (const TablePlan& plan : m_comparison.Tables())
+            action(plan);
+        m_steps.Begin();
+    }
+
+    bool IsWhole(const TablePlan& plan) const {
+        return plan.before == nullptr && m_text.CreatesWholeTables();
+    }
+
+    /// A table that goes makes room for one that takes its name.
+    void PlanTableNames() {
+        std::vector<NameChange> wanted;
+        std::vector<std::string> taken, named;
+        std::unordered_map<std::string, const TablePlan*> holders;
+        for (const TablePlan& plan : m_comparison.Tables()) {
+            if (plan.now != nullptr) named.push_back(plan.now->Name);
+            if (plan.before == nullptr) continue;
+            taken.push_back(plan.before->Name);
+            holders.emplace(plan.before->Name, &plan);
+            if (plan.isRenamed) wanted.push_back({plan.before->Name, plan.now->Name});
+            if (plan.now == nullptr && m_comparison.NamedNow(plan.before->Name) != nullptr)
+                wanted.push_back({plan.before->Name, ""});
+        }
+        for (const NameChange& change : OrderRenames(std::move(wanted), taken, named)) {
+            const TablePlan* plan = holders.at(change.from);
+            holders.emplace(change.to, plan);
+            m_nameOf[plan] = change.to;
+            m_tableNames.emplace_back(plan, change);
+        }
+    }
+    std::string NameOf(const TablePlan& plan) const {
+        const auto found = m_nameOf.find(&plan);
+        return found != m_nameOf.end() ? found->second
+               : plan.now != nullptr   ? plan.now->Name
+                                       : plan.before->Name;
+    }
+    bool MakesRoom(const TablePlan& plan) const { return plan.now == nullptr && m_nameOf.contains(&plan); }
+    bool Rebuilds(const TablePlan& plan) const {
+        return plan.before != nullptr && m_text.Rebuilds(m_comparison, plan, m_allowsLoss);
+    }
+
+    bool StaysNamed(const TablePlan& plan, const ForeignKey& before) const {
+        const ColumnPlan* column = ColumnBefore(plan, before.FieldName);
+        return !m_text.NamesForeignKeys() || !(plan.isRenamed || column->isRenamed || !before.Name.empty());
+    }
+
+    void DropForeignKeys(const TablePlan& plan) {
+        if (plan.before == nullptr) return;
+        for (const ForeignKey& key : plan.before->ForeignKeys) {
+            const bool stays = m_comparison.SameKeyNow(plan, key) != nullptr && StaysNamed(plan, key);
+            if (key.IsInRun && !stays) m_text.DropForeignKey(m_steps, *plan.before, key);
+        }
+    }
+
+    void AddForeignKeys(const TablePlan& plan) {
+        if (plan.now == nullptr) return;
+        for (const ForeignKey& key : plan.now->ForeignKeys) {
+            const ForeignKey* before = m_comparison.SameKeyBefore(plan, key);
+            if (!key.IsInRun || (before != nullptr && StaysNamed(plan, *before))) continue;
+            if (before == nullptr && plan.Stays() && ColumnNow(plan, key.FieldName)->before != nullptr)
+                m_text.ClearNoParent(m_steps, *plan.now, key);
+            m_text.AddForeignKey(m_steps, *plan.now, key);
+        }
+    }
+
+    bool StayTriggers(const TablePlan& plan) const {
+        if (!plan.Stays() || plan.isRenamed || plan.hasRenamedColumns || Rebuilds(plan)) return false;
+        const auto columns = [](const DescribedTable& table) {
+            std::vector<std::string> names = table.PrimaryKey;
+            for (const ForeignKey& key : table.ForeignKeys)
+                names.push_back(key.FieldName);
+            std::ranges::sort(names);
+            return names;
+        };
+        return std::ranges::equal(columns(*plan.before), columns(*plan.now), EqualsIgnoreCase) &&
+               std::ranges::all_of(plan.now->Triggers, [&](const std::string& trigger) {
+                   return std::ranges::any_of(plan.before->Triggers, [&](const std::string& other) {
+                       return EqualsIgnoreCase(trigger, other);
+                   });
+               });
+    }
+
+    void DropTriggersAndIndexes(const TablePlan& plan) {
+        if (plan.before == nullptr || (plan.now == nullptr && !MakesRoom(plan))) return;
+        if (!StayTriggers(plan)) {
+            for (const std::string& trigger : plan.before->Triggers)
+                if (plan.before->ObjectID != 0 || m_text.IsTriggerOf(*plan.before, trigger))
+                    m_text.DropTrigger(m_steps, *plan.before, trigger);
+        }
+        for (const TableIndex& index : plan.before->Indexes)
+            if (GoesIndex(plan, index)) m_text.DropIndex(m_steps, *plan.before, index.Name);
+    }
+
+    /// An index that somebody added to a database stays as long as its columns do.
+    bool GoesIndex(const TablePlan& plan, const TableIndex& index) const {
+        if (plan.now == nullptr) return true;
+        if (std::ranges::any_of(plan.now->Indexes,
+                                [&](const TableIndex& now) { return StaysIndex(plan, index, now); }))
+            return false;
+        if (plan.before->ObjectID != 0) return true;
+        std::vector<std::string> columns;
+        for (const std::string& name : index.Columns) {
+            const ColumnPlan* column = ColumnBefore(plan, name);
+            if (column == nullptr || column->now == nullptr) return m_allowsLoss;
+            columns.push_back(column->now->FieldName);
+        }
+        return std::ranges::any_of(plan.now->Indexes, [&](const TableIndex& now) {
+            return EqualsIgnoreCase(now.Name, index.Name) ||
+                   std::ranges::equal(now.Columns, columns, EqualsIgnoreCase);
+        });
+    }
+
+    void CreateIndexes(const TablePlan& plan) {
+        if (plan.now == nullptr || IsWhole(plan)) return;
+        for (const TableIndex& index : plan.now->Indexes) {
+            const bool stays = plan.Stays() && !Rebuilds(plan) &&
+                               std::ranges::any_of(plan.before->Indexes, [&](const TableIndex& before) {
+                                   return StaysIndex(plan, before, index);
+                               });
+            if (!stays) m_text.CreateIndex(m_steps, *plan.now, index);
+        }
+    }
+
+    /// A column that goes makes room for one that takes its name.
+    void RenameColumns(const TablePlan& plan) {
+        if (!plan.Stays()) return;
+        std::vector<NameChange> wanted;
+        std::vector<std::string> taken, named;
+        for (const ColumnPlan& column : plan.columns) {
+            if (column.now != nullptr) named.push_back(column.now->FieldName);
+            if (column.before == nullptr) continue;
+            taken.push_back(column.before->FieldName);
+            if (column.isRenamed) wanted.push_back({column.before->FieldName, column.now->FieldName});
+            if (column.now == nullptr && ColumnNow(plan, column.before->FieldName) != nullptr)
+                wanted.push_back({column.before->FieldName, ""});
+        }
+        std::map<std::string, std::string> origins;
+        for (const NameChange& change : OrderRenames(std::move(wanted), taken, named)) {
+            m_text.RenameColumn(m_steps, plan.now->Name, change);
+            const auto origin = origins.find(change.from);
+            const std::string before = origin == origins.end() ? change.from : origin->second;
+            origins[change.to] = before;
+            m_columnNames[ColumnBefore(plan, before)] = change.to;
+        }
+    }
+    std::string NameOf(const ColumnPlan& column) const {
+        const auto found = m_columnNames.find(&column);
+        return found == m_columnNames.end() ? column.before->FieldName : found->second;
+    }
+
+    void ChangeColumns(const TablePlan& plan) {
+        if (Rebuilds(plan)) {
+            std::vector<const ColumnPlan*> gone;
+            std::vector<std::string> names;
+            for (const ColumnPlan& column : plan.columns) {
+                if (column.now != nullptr) continue;
+                gone.push_back(&column);
+                names.push_back(NameOf(column));
+            }
+            m_text.Rebuild(m_steps, m_comparison, plan, NameOf(plan), gone, names, m_allowsLoss);
+            m_steps.Begin();
+            RestoreOthers(plan);
+            return;
+        }
+        if (!plan.Stays()) return;
+        for (const ColumnPlan& column : plan.columns)
+            if (column.before == nullptr) m_text.AddColumn(m_steps, *plan.now, *column.now);
+        for (const ColumnPlan& column : plan.columns) {
+            if (column.before == nullptr || column.now == nullptr || !column.IsChanged()) continue;
+            m_steps.Begin(column.conversion.cls, ReasonOf(plan, column));
+            m_text.ChangeColumn(m_steps, *plan.now, column);
+            m_steps.Begin();
+        }
+    }
+
+    /// What somebody added to a table of a database that stands, and what went with it.
+    void RestoreOthers(const TablePlan& plan) {
+        for (const TableDependent& dependent : plan.before->Dependents) {
+            const auto isNamed = [&](const std::string& name) {
+                return EqualsIgnoreCase(name, dependent.Name);
+            };
+            const auto index = std::ranges::find_if(plan.before->Indexes, isNamed, &TableIndex::Name);
+            if (index != plan.before->Indexes.end() && GoesIndex(plan, *index)) continue;
+            if (std::ranges::none_of(plan.now->Indexes, isNamed, &TableIndex::Name) &&
+                !m_text.IsTriggerOf(*plan.before, dependent.Name))
+                m_steps.Add(dependent.Text);
+        }
+    }
+
+    /// What the list says of the column's type.
+    std::string ReasonOf(const TablePlan& plan, const ColumnPlan& column) const {
+        for (const TableChange& change : m_comparison.Changes())
+            if (change.cls != ChangeClass::Safe && change.table == plan.now->Name &&
+                change.column == (column.now != nullptr ? column.now : column.before)->FieldName)
+                return ChangeText(change);
+        return {};
+    }
+
+    void Drop(const TablePlan& plan) {
+        if (plan.now == nullptr) {
+            m_steps.Begin(ChangeClass::Destructive, plan.before->Name + " is dropped: its records are lost");
+            m_text.DropTable(m_steps, *plan.before, NameOf(plan));
+            return;
+        }
+        if (plan.before == nullptr || Rebuilds(plan)) return;
+        for (const ColumnPlan& column : plan.columns) {
+            if (column.now != nullptr) continue;
+            m_steps.Begin(column.conversion.cls, ReasonOf(plan, column));
+            m_text.DropColumn(m_steps, *plan.now, NameOf(column));
+        }
+    }
+
+    const Comparison& m_comparison;
+    const AlterText& m_text;
+    bool m_allowsLoss;
+    AlterSteps m_steps;
+    std::vector<std::pair<const TablePlan*, NameChange>> m_tableNames;
+    std::unordered_map<const TablePlan*, std::string> m_nameOf;        ///< what a renamed table is called
+    std::unordered_map<const ColumnPlan*, std::string> m_columnNames;  ///< the same of columns
+};
+
+std::string Commented(std::string_view text, std::string_view mark) {
+    std::string lines;
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = std::min(text.find('\n', at), text.size());
+        const std::size_t next = end + 1;
+        if (end > at && text[end - 1] == '\r') --end;
+        Append(lines, mark, text.substr(at, end - at), "\r\n");
+        at = next;
+    }
+    return lines;
+}
+
+}  // namespace
+
+std::vector<AlterStep> PlanAlter(const Comparison& comparison, const AlterText& text, bool allowsLoss) {
+    return AlterPlanner(comparison, text, allowsLoss).Plan();
+}
+
+std::string AlterScriptText(std::span<const AlterStep> steps, const AlterText& text, bool allowsLoss) {
+    if (steps.empty()) return {};
+    std::string script(text.Frame().first);
+    const AlterStep* previous = nullptr;
+    for (const AlterStep& step : steps) {
+        const bool isNew = previous == nullptr || previous->reason != step.reason;
+        if (step.cls != ChangeClass::Safe && isNew)
+            Append(script, text.CommentMark(), ClassName(step.cls), ": ", step.reason, "\r\n");
+        const std::string statement = step.text.empty() ? "" : step.isScript ? step.text : text.Ended(step);
+        script += step.IsRun(allowsLoss) ? statement : Commented(statement, text.CommentMark());
+        previous = &step;
+    }
+    return script.append(text.Frame().second);
+}
+
+}  // namespace korvex::scriptgen

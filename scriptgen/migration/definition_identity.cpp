@@ -1,0 +1,88 @@
+#include "scriptgen/migration/definition_identity.h"
+
+#include "repository/catalog.h"
+
+#include <unordered_map>
+
+namespace korvex::scriptgen {
+
+using repository::Catalog;
+
+namespace {
+
+/// What the numbers of one interface say.
+struct Numbering {
+    std::unordered_map<std::int32_t, int> uses;  ///< values of each number
+    bool countsOnly = true;
+};
+
+class Identifier {
+  public:
+    Identifier(const Catalog& catalog, const std::unordered_set<std::int32_t>* numbered)
+        : m_catalog(catalog), m_numbered(numbered) {
+        for (const repository::InterfaceRow& row : catalog.Interfaces()) {
+            Numbering& numbering = m_numberings[row.InterfaceID];
+            std::int32_t place = 0;
+            for (const repository::ValueRow* value : catalog.ValuesOfInterface(row.InterfaceID)) {
+                ++numbering.uses[value->VID];
+                numbering.countsOnly = numbering.countsOnly && value->VID == ++place;
+            }
+        }
+        for (const repository::DataDefRow& definition : catalog.DataDefs())
+            m_places[definition.RootObjectID].push_back({0, definition.Storage, 0});
+        for (const repository::ObjectRow& object : catalog.Objects())
+            AddPlaces(object);
+    }
+
+    void Identify(DescribedTable& table) const {
+        if (const repository::ObjectRow* object = m_catalog.FindObject(table.ObjectID)) {
+            table.ObjectName = object->Name;
+            table.Guid = object->Guid;
+        }
+        if (const auto places = m_places.find(table.ObjectID); places != m_places.end())
+            table.Places = places->second;
+        for (Column& column : table.Columns) {
+            const repository::ValueRow* value = m_catalog.FindValue(column.ValueID);
+            if (value == nullptr) continue;
+            const repository::InterfaceRow* interface_ = m_catalog.FindInterface(value->InterfaceID);
+            if (interface_ == nullptr) continue;
+            const Numbering& numbering = m_numberings.at(value->InterfaceID);
+            column.Interface = interface_->Name;
+            column.VID = numbering.uses.at(value->VID) == 1 ? NumberOf(*value) : 0;
+            column.VIDIsGiven = m_numbered != nullptr && column.VID != 0;
+            column.VIDIsPlace = numbering.countsOnly && !column.VIDIsGiven;
+        }
+    }
+
+  private:
+    std::int32_t NumberOf(const repository::ValueRow& value) const {
+        return m_numbered == nullptr || m_numbered->contains(value.ValueID) ? value.VID : 0;
+    }
+    void AddPlaces(const repository::ObjectRow& object) {
+        if (object.CollectionObjectID > 0)
+            m_places[object.CollectionObjectID].push_back({object.ObjectID, "", 0});
+        for (const repository::ValueRow* value : m_catalog.ValuesOf(object.ObjectID))
+            if (value->ChildObjectID > 0)
+                m_places[value->ChildObjectID].push_back({object.ObjectID, value->Name, NumberOf(*value)});
+    }
+
+    const Catalog& m_catalog;
+    const std::unordered_set<std::int32_t>* m_numbered;
+    std::unordered_map<std::int32_t, Numbering> m_numberings;            ///< by InterfaceID
+    std::unordered_map<std::int32_t, std::vector<TablePlace>> m_places;  ///< by ObjectID
+};
+
+}  // namespace
+
+std::vector<DescribedTable> DescribeIdentified(repository::Repository& repository,
+                                               std::string_view storageName, std::string_view sFKPrefix,
+                                               const std::unordered_set<std::int32_t>* numbered) {
+    std::vector<DescribedTable> tables = DescribeDefinition(repository, storageName, sFKPrefix);
+    const Catalog catalog = Catalog::Read(repository.Open());
+    const Identifier identifier(catalog, numbered);
+    for (DescribedTable& table : tables)
+        identifier.Identify(table);
+    return tables;
+}
+
+}  // namespace korvex::scriptgen

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "scriptgen/migration/alter_text.h"
+#include "scriptgen/run_state.h"
+
+/// Changes of tables that the published scripts made.
+namespace korvex::scriptgen {
+
+/// The tables as the published scripts make them: types, defaults, indexes, triggers. All constraints of a
+/// table bear one name there, so that a server keeps the first: only that one is in the run.
+std::vector<DescribedTable> PublishedTables(ScriptType type, std::span<const DescribedTable> tables);
+
+/// What SQL Server and Oracle agree on.
+class PublishedAlter : public AlterText {
+  public:
+    explicit PublishedAlter(ScriptType type) : m_type(type) {}
+
+    bool CreatesWholeTables() const noexcept override { return true; }
+    void CreateTable(AlterSteps& steps, const DescribedTable& now) const override;
+    void CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const override;
+    void AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const override;
+    void DropColumn(AlterSteps& steps, const DescribedTable& now, const std::string& column) const override;
+    void ChangeColumn(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override;
+    void CreateProcedures(AlterSteps& steps, const DescribedTable* before,
+                          const DescribedTable& now) const override;
+
+  protected:
+    /// Changes type and default of a column whose values convert.
+    virtual void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const = 0;
+    /// What becomes a value of a column's new type.
+    virtual std::string Converted(const ColumnPlan& column) const = 0;
+
+    /// Type and default of a column.
+    static std::string ColumnText(const Column& column);
+    /// Carries the values through a column beside the old one.
+    void CarryOver(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const;
+
+    /// A run with this table in hand, and the same after the table's procedures were written.
+    RunState RunWith(const DescribedTable& table) const;
+    RunState ProceduresOf(const DescribedTable& table) const;
+    bool HaveSameProcedures(const DescribedTable& before, const DescribedTable& now) const;
+
+  private:
+    ScriptType m_type;
+};
+
+std::unique_ptr<AlterText> MakeSqlServerAlter();
+std::unique_ptr<AlterText> MakeOracleAlter();
+
+}  // namespace korvex::scriptgen
