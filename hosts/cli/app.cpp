@@ -32,6 +32,7 @@ void RequireSubcommand(CLI::App& app) {
 
 void AddCommands(CLI::App& app, Console& console) {
     AddScriptCommand(app, console);
+    AddDiffCommand(app, console);
     AddRelateCommand(app, console);
     CLI::App* repository =
         app.add_subcommand("repository", "Make, fill, show and check definition repositories");
@@ -43,7 +44,7 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryCheckCommand(*repository, console);
     RequireSubcommand(*repository);
     CLI::App* database =
-        app.add_subcommand("database", "Make, remove and check the tables of a target database");
+        app.add_subcommand("database", "Make, change, remove and check the tables of a target database");
     AddDatabaseCommands(*database, console);
     RequireSubcommand(*database);
     AddApplyCommand(app, console);

@@ -9,6 +9,7 @@
 namespace korvex::cli {
 
 void AddScriptCommand(CLI::App& parent, Console& console);
+void AddDiffCommand(CLI::App& parent, Console& console);
 void AddRelateCommand(CLI::App& parent, Console& console);
 void AddRepositoryNewCommand(CLI::App& parent, Console& console);
 void AddRepositoryImportCommand(CLI::App& parent, Console& console);
@@ -16,7 +17,7 @@ void AddRepositoryPullCommand(CLI::App& parent, Console& console);
 void AddRepositoryRemoveCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
-/// create, drop and check.
+/// create, drop, check and update.
 void AddDatabaseCommands(CLI::App& parent, Console& console);
 void AddApplyCommand(CLI::App& parent, Console& console);
 void AddSaveCommand(CLI::App& parent, Console& console);

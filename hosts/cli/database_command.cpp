@@ -3,6 +3,7 @@
 #include "hosts/cli/apply/apply_run.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/database_parts.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
@@ -35,27 +36,9 @@ struct DatabaseOptions {
     bool yes = false;
 };
 
-/// Refuses a definition with which data would be mixed up, before anything else happens.
-void CheckDefinition(const DatabaseOptions& options, Console& console) {
-    repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, options.repository);
-    ExpectStorage(repository, options.storage);
-    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
-    repository.Close();
-    Findings findings;
-    CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
-    RefuseDanger(findings);
-}
-
 TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
-    CheckDefinition(options, console);
+    CheckDefinition(options.repository, options.storage, options.fkPrefix, console);
     return {Session(console).platform, options.repository, options.storage, options.fkPrefix};
-}
-
-Connection Connect(const std::string& connectionString, Console& console) {
-    auto connection = Session(console).platform.targetProvider->CreateConnection();
-    connection->Open(connectionString);
-    return connection;
 }
 
 void Print(const TargetReport& report, Console& console) {
@@ -121,19 +104,6 @@ void RunCreate(const DatabaseOptions& options, Console& console) {
     }
 }
 
-/// Asks whoever sits at the terminal.
-void ExpectConsent(const std::string& question, Console& console) {
-    if (isatty(STDIN_FILENO) != 1) {
-        throw automation::Error(automation::InvalidProcedureCall,
-                                question + " Nobody can be asked here: say so with --yes.");
-    }
-    console.Text(question + " [y/N]");
-    std::string answer;
-    std::getline(std::cin, answer);
-    if (answer != "y" && answer != "yes")
-        throw automation::Error(automation::InvalidProcedureCall, "Nothing was dropped.");
-}
-
 void RunDrop(const DatabaseOptions& options, Console& console) {
     const TargetTables tables = OpenTables(options, console);
     const Connection connection = Connect(options.connection, console);
@@ -144,7 +114,7 @@ void RunDrop(const DatabaseOptions& options, Console& console) {
         const std::string what = type != nullptr ? "All tables of the definition are"
                                  : names.empty() ? "No table is"
                                                  : JoinNames(names) + (names.size() == 1 ? " is" : " are");
-        ExpectConsent(what + " to be dropped, with all records.", console);
+        ExpectConsent(what + " to be dropped, with all records.", "--yes", console);
     }
     if (type != nullptr) {
         RunPublished(*type, options, connection, false, console);
@@ -177,6 +147,36 @@ CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
 
 }  // namespace
 
+void CheckDefinition(const std::string& repository, const std::string& storage, const std::string& fkPrefix,
+                     Console& console) {
+    repository::Repository source(Session(console).platform);
+    OpenComplete(source, repository);
+    ExpectStorage(source, storage);
+    const repository::Catalog catalog = repository::Catalog::Read(source.Open());
+    source.Close();
+    Findings findings;
+    CheckDefinitions(catalog, storage, fkPrefix, findings);
+    RefuseDanger(findings);
+}
+
+std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console) {
+    auto connection = Session(console).platform.targetProvider->CreateConnection();
+    connection->Open(connectionString);
+    return connection;
+}
+
+void ExpectConsent(const std::string& question, const std::string& flag, Console& console) {
+    if (isatty(STDIN_FILENO) != 1) {
+        throw automation::Error(automation::InvalidProcedureCall,
+                                question + " Nobody can be asked here: say so with " + flag + ".");
+    }
+    console.Text(question + " [y/N]");
+    std::string answer;
+    std::getline(std::cin, answer);
+    if (answer != "y" && answer != "yes")
+        throw automation::Error(automation::InvalidProcedureCall, "Nothing was dropped.");
+}
+
 void AddDatabaseCommands(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<DatabaseOptions>();
     const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&)) {
@@ -188,6 +188,7 @@ void AddDatabaseCommands(CLI::App& parent, Console& console) {
     add("drop", "Remove the tables of a definition, with their records", RunDrop)
         ->add_flag("--yes", options->yes, "Do not ask");
     add("check", "Compare the tables of a target database with the definition", RunCheck);
+    AddDatabaseUpdateCommand(parent, console);
 }
 
 }  // namespace korvex::cli

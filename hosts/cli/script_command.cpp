@@ -3,15 +3,14 @@
 #include "hosts/cli/editor.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
+#include "hosts/cli/text_file.h"
 #include "repository/names.h"
 #include "scriptgen/engine_dialect.h"
 #include "surface/cls_create_db.h"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace korvex::cli {
@@ -53,16 +52,6 @@ std::vector<Dialect> ChosenDialects(const std::string& name) {
         return name != dialect.name && name != (dialect.run != nullptr ? "all" : "all-engines");
     });
     return chosen;
-}
-
-void CreateFolder(const std::string& folder) {
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
-    // An existing link to a folder counts as a failure above on some systems.
-    std::error_code ignored;
-    if (!failure || std::filesystem::is_directory(folder, ignored)) return;
-    throw Error(automation::PathFileAccessError,
-                "The folder cannot be created: " + folder + " (" + failure.message() + ")");
 }
 
 /// A run raises the failure of its first file only; the others are told here.

@@ -39,4 +39,14 @@ std::string ReadTextFile(const std::string& path) {
     return ReadAll(file, path);
 }
 
+void CreateFolder(const std::string& folder) {
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    // An existing link to a folder counts as a failure above on some systems.
+    std::error_code ignored;
+    if (!failure || std::filesystem::is_directory(folder, ignored)) return;
+    throw automation::Error(automation::PathFileAccessError,
+                            "The folder cannot be created: " + folder + " (" + failure.message() + ")");
+}
+
 }  // namespace korvex::cli

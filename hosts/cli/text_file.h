@@ -12,4 +12,7 @@ inline constexpr std::int32_t FileNotFoundError = 53;
 /// what cannot be read.
 std::string ReadTextFile(const std::string& path);
 
+/// Makes a folder where there is none; PathFileAccessError (75) when that cannot be.
+void CreateFolder(const std::string& folder);
+
 }  // namespace korvex::cli

@@ -1,6 +1,7 @@
 #include "scriptgen/migration/alter_plan.h"
 
 #include "automation/text.h"
+#include "scriptgen/engine_dialect.h"
 #include "scriptgen/migration/match_columns.h"
 #include "scriptgen/migration/rename_order.h"
 #include "scriptgen/script_text.h"
@@ -107,7 +108,10 @@ class AlterPlanner {
 
     bool StaysNamed(const TablePlan& plan, const ForeignKey& before) const {
         const ColumnPlan* column = ColumnBefore(plan, before.FieldName);
-        return !m_text.NamesForeignKeys() || !(plan.isRenamed || column->isRenamed || !before.Name.empty());
+        const bool isNamedSo =
+            before.Name.empty() ||
+            EqualsIgnoreCase(before.Name, ColumnThingName("FK_", plan.now->Name, column->now->FieldName));
+        return !m_text.NamesForeignKeys() || (isNamedSo && !plan.isRenamed && !column->isRenamed);
     }
 
     void DropForeignKeys(const TablePlan& plan) {

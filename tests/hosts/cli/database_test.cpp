@@ -253,7 +253,13 @@ TEST(DatabaseFile, IsPulledWithWordsForWhatAModelCannotSay) {
     ExpectSameText("model", ReadFile(model), ReadFile(KORVEX_EXPECTED "/pull.json"));
 }
 
-TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {
+/// A command that has printed something before it failed.
+void ExpectFailureAfterResults(const CommandResult& result, const std::string& message) {
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.messages, HasSubstr(message));
+}
+
+TEST(DatabaseFile, OfVersion01IsToldGoesOnWorkingAndIsBroughtToItsDialect) {
     const RepositoryFile repository(ReadFile(KORVEX_TEST_DATA "/orders.json"));
     ASSERT_EQ(RunKorvex({"relate", "--repository", repository.Path()}).exitCode, 0);
     const TargetDatabase target;
@@ -285,6 +291,30 @@ TEST(DatabaseFile, OfVersion01IsToldAndGoesOnWorking) {
     EXPECT_EQ(target.Query("select count(*) from tOrderLine"), std::vector<std::string>{"0"});
     target.Execute("alter table tPayment add More int");
     EXPECT_THAT(run({"database", "check"}).output, HasSubstr("tPayment.More is not in the definition"));
+
+    // Brought to the types of its engine, with its records and counters.
+    ASSERT_EQ(run({"save"}, {KORVEX_TEST_DATA "/order.json"}).output, "2\n");
+    const std::string before = run({"load"}, {"--key", "2"}).output;
+    const std::string notes = target.Query("select Notes from tOrder").front();
+    target.Execute("create index Own on tOrder (State)");
+    ExpectFailureAfterResults(run({"database", "update"}), "need --allow-loss. Nothing was changed.");
+    target.Execute("update tOrder set Notes = printf('%.3000c', 'x')");
+    ExpectFailureAfterResults(
+        run({"database", "update"}, {"--allow-loss"}),
+        "tOrder.Notes: varchar(2000) does not hold 1 of 1 values. Change them first. Nothing was changed.");
+    target.Execute("update tOrder set Notes = 'x'");
+    EXPECT_THAT(run({"database", "update"}, {"--dry-run"}).output,
+                HasSubstr("destructive: tPayment.More is dropped"));
+    EXPECT_THAT(run({"database", "update"}, {"--allow-loss"}).output, HasSubstr("statements run (sqlite)"));
+    EXPECT_EQ(run({"database", "check"}).output, Equal);
+    EXPECT_EQ(run({"database", "update"}).output, "0 statements run (sqlite)\n");
+    EXPECT_EQ(target.Query("select count(*) from tOrder where OrderID = 2 and Notes = 'x'"),
+              std::vector<std::string>{"1"});
+    target.Execute("update tOrder set Notes = '" + notes + "'");
+    EXPECT_EQ(run({"load"}, {"--key", "2"}).output, before);
+    EXPECT_EQ(target.Query("select count(*) from sqlite_master where name = 'Own'"),
+              std::vector<std::string>{"1"});
+    ASSERT_EQ(run({"save"}, {KORVEX_TEST_DATA "/order.json"}).output, "3\n");
 }
 
 }  // namespace

@@ -1,0 +1,101 @@
+#include "hosts/cli/diff_source.h"
+
+#include "automation/error.h"
+#include "automation/text.h"
+#include "hosts/cli/session.h"
+#include "hosts/cli/source.h"
+#include "repository/catalog.h"
+#include "scriptgen/migration/definition_identity.h"
+#include "scriptgen/migration/live_tables.h"
+
+#include <algorithm>
+
+namespace korvex::cli {
+
+using automation::Error;
+
+namespace {
+
+scriptgen::DiffOptions OptionsOf(const DiffSettings& settings, const DefinitionState& now) {
+    scriptgen::DiffOptions options;
+    options.kept = now.others;
+    for (const std::string& rename : settings.renames) {
+        const std::size_t sign = rename.find('=');
+        if (sign == std::string::npos)
+            throw Error(
+                automation::InvalidProcedureCall,
+                "--rename takes Old=New or Old.Column=New.Column, not " + automation::Quoted(rename) + ".");
+        options.renames.push_back({rename.substr(0, sign), rename.substr(sign + 1)});
+    }
+    return options;
+}
+
+}  // namespace
+
+void AddDiffOptions(CLI::App& command, DiffSettings& settings) {
+    command
+        .add_option("--storage", settings.storage,
+                    "Storage name of the definition; without it all definitions, as one run")
+        ->type_name("NAME");
+    command.add_option("--fk-prefix", settings.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
+        ->type_name("P");
+    command
+        .add_option("--rename", settings.renames,
+                    "Old.Column=New.Column, or Old=New for a table: what keeps its values under another name")
+        ->type_name("OLD=NEW");
+    command.add_flag("--allow-loss", settings.allowsLoss, "Run what rounds, cuts or drops values, too");
+}
+
+DefinitionState DescribeSource(const std::string& place, const DiffSettings& settings, Console& console) {
+    try {
+        Source source = OpenSource(Session(console).platform, place);
+        ExpectStorage(source.repository, settings.storage);
+        const auto* numbered = source.numbered ? &*source.numbered : nullptr;
+        DefinitionState state{
+            scriptgen::DescribeIdentified(source.repository, settings.storage, settings.fkPrefix, numbered),
+            {}};
+        std::set<std::string> storages = {settings.storage};
+        const repository::Catalog catalog = repository::Catalog::Read(source.repository.Open());
+        for (const repository::DataDefRow& definition : catalog.DataDefs()) {
+            if (settings.storage.empty() || !storages.insert(definition.Storage).second) continue;
+            for (const scriptgen::DescribedTable& table :
+                 scriptgen::DescribeDefinition(source.repository, definition.Storage, settings.fkPrefix))
+                state.others.insert(automation::ToUpperAscii(table.Name));
+        }
+        return state;
+    } catch (const Error& error) {
+        const bool isNamed = error.Description().find(place) != std::string::npos;
+        throw Error(error.Number(), (isNamed ? "" : place + ": ") + error.Description(), error.Source());
+    }
+}
+
+std::unique_ptr<scriptgen::DefinitionDiff> Compare(const std::string& dialect, const DefinitionState& before,
+                                                   const DefinitionState& now, const DiffSettings& settings) {
+    return std::make_unique<scriptgen::DefinitionDiff>(dialect, before.tables, now.tables,
+                                                       OptionsOf(settings, now));
+}
+
+std::unique_ptr<scriptgen::DefinitionDiff> CompareLive(const scriptgen::EngineDialect& dialect,
+                                                       ado::Connection& live, const DefinitionState& now,
+                                                       const DiffSettings& settings) {
+    return scriptgen::DefinitionDiff::FromLive(dialect, scriptgen::ReadLiveTables(live, dialect), now.tables,
+                                               OptionsOf(settings, now));
+}
+
+const scriptgen::EngineDialect& ReadableDialect(ado::Connection& connection) {
+    const std::string engine = scriptgen::EngineBehind(connection);
+    for (const scriptgen::EngineDialect* dialect : scriptgen::AllEngineDialects())
+        if (dialect->Name() == engine) return *dialect;
+    throw Error(ado::adErrFeatureNotAvailable,
+                "The tables of this server cannot be read: compare two definitions (korvex diff OLD NEW "
+                "--dialect " +
+                    engine + ") and run the script there.");
+}
+
+void PrintChanges(const scriptgen::DefinitionDiff& diff, Console& console) {
+    for (const scriptgen::TableChange& change : diff.Changes())
+        console.Results() << scriptgen::ClassName(change.cls) << ": " << scriptgen::ChangeText(change)
+                          << '\n';
+}
+
+}  // namespace korvex::cli

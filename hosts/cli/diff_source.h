@@ -1,0 +1,48 @@
+#pragma once
+
+#include "hosts/cli/console.h"
+#include "scriptgen/migration/definition_diff.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+/// What the commands share that compare a definition with what was.
+namespace korvex::cli {
+
+struct DiffSettings {
+    std::string storage;
+    std::string fkPrefix = "FK_";
+    std::vector<std::string> renames;
+    bool allowsLoss = false;
+};
+/// --storage, --fk-prefix, --rename and --allow-loss.
+void AddDiffOptions(CLI::App& command, DiffSettings& settings);
+
+/// A definition as one source has it.
+struct DefinitionState {
+    std::vector<scriptgen::DescribedTable> tables;
+    std::set<std::string> others;  ///< tables of the source's other definitions, in capitals
+};
+
+/// Opens a repository or a model and describes its definition; errors name the source.
+DefinitionState DescribeSource(const std::string& place, const DiffSettings& settings, Console& console);
+
+/// Compares on one dialect; with a `live` connection, whose dialect this must be, with what stands there.
+std::unique_ptr<scriptgen::DefinitionDiff> Compare(const std::string& dialect, const DefinitionState& before,
+                                                   const DefinitionState& now, const DiffSettings& settings);
+std::unique_ptr<scriptgen::DefinitionDiff> CompareLive(const scriptgen::EngineDialect& dialect,
+                                                       ado::Connection& live, const DefinitionState& now,
+                                                       const DiffSettings& settings);
+
+/// The engine dialect of an open connection; adErrFeatureNotAvailable for an engine whose tables cannot be
+/// read.
+const scriptgen::EngineDialect& ReadableDialect(ado::Connection& connection);
+
+/// One change a line: "lossy: tOrder.Notes: varchar(20) in place of ...".
+void PrintChanges(const scriptgen::DefinitionDiff& diff, Console& console);
+
+}  // namespace korvex::cli
