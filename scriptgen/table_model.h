@@ -16,10 +16,10 @@ namespace korvex::scriptgen {
 struct ForeignKey {
     std::string FieldName;
     std::int32_t FKObjectID = 0;
-    std::string Table;     ///< of the object referred to; "" when it has none
-    std::string KeyField;  ///< the column referred to; "" when it is none of a described table
-    bool IsInRun = false;  ///< the table referred to is among those described
-    std::string Name;      ///< of the constraint in a database; "" for the name that the dialect gives it
+    std::string Table;      ///< of the object referred to; "" when it has none
+    std::string KeyField;   ///< the column referred to; "" when it is none of a described table
+    bool IsInRun = false;   ///< the table referred to is among those described
+    std::string Name = {};  ///< of the constraint in a database; "" for the name that the dialect gives it
 };
 
 struct TableIndex {
