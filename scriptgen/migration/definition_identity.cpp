@@ -77,8 +77,8 @@ class Identifier {
 std::vector<DescribedTable> DescribeIdentified(repository::Repository& repository,
                                                std::string_view storageName, std::string_view sFKPrefix,
                                                const std::unordered_set<std::int32_t>* numbered) {
-    std::vector<DescribedTable> tables = DescribeDefinition(repository, storageName, sFKPrefix);
     const Catalog catalog = Catalog::Read(repository.Open());
+    std::vector<DescribedTable> tables = DescribeDefinition(catalog, storageName, sFKPrefix);
     const Identifier identifier(catalog, numbered);
     for (DescribedTable& table : tables)
         identifier.Identify(table);

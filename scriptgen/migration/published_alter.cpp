@@ -70,7 +70,8 @@ RunState PublishedAlter::ProceduresOf(const DescribedTable& table) const {
 }
 
 bool PublishedAlter::HaveSameProcedures(const DescribedTable& before, const DescribedTable& now) const {
-    return ProceduresOf(before).m_sStoredProcSQL == ProceduresOf(now).m_sStoredProcSQL;
+    return ProceduresOf(before).Text(ScriptKind::Procedures) ==
+           ProceduresOf(now).Text(ScriptKind::Procedures);
 }
 
 void PublishedAlter::CreateTable(AlterSteps& steps, const DescribedTable& now) const {
@@ -107,7 +108,7 @@ void PublishedAlter::ChangeColumn(AlterSteps& steps, const DescribedTable& now,
 void PublishedAlter::CreateProcedures(AlterSteps& steps, const DescribedTable* before,
                                       const DescribedTable& now) const {
     if (before == nullptr || !HaveSameProcedures(*before, now))
-        steps.Add(ProceduresOf(now).m_sStoredProcSQL, true);
+        steps.Add(ProceduresOf(now).Text(ScriptKind::Procedures), true);
 }
 
 std::string PublishedAlter::ColumnText(const Column& column) {

@@ -45,14 +45,14 @@ class SqlServerAlter final : public PublishedAlter {
         PublishedAlter::DropColumn(steps, now, column);
     }
     void DropTable(AlterSteps& steps, const DescribedTable& before, const std::string& name) const override {
-        if (name == before.Name) steps.Add(ProceduresOf(before).m_sDropSQL, true);
+        if (name == before.Name) steps.Add(ProceduresOf(before).Text(ScriptKind::Drop), true);
         steps.Add("DROP TABLE " + name);
     }
 
     void DropProcedures(AlterSteps& steps, const DescribedTable& before,
                         const DescribedTable* now) const override {
         if (now == nullptr || !HaveSameProcedures(before, *now))
-            steps.Add(ProceduresOf(before).m_sDropSQL, true);
+            steps.Add(ProceduresOf(before).Text(ScriptKind::Drop), true);
     }
 
   protected:
