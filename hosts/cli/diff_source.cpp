@@ -51,15 +51,14 @@ DefinitionState DescribeSource(const std::string& place, const DiffSettings& set
         Source source = OpenSource(Session(console).platform, place);
         ExpectStorage(source.repository, settings.storage);
         const auto* numbered = source.numbered ? &*source.numbered : nullptr;
-        DefinitionState state{
-            scriptgen::DescribeIdentified(source.repository, settings.storage, settings.fkPrefix, numbered),
-            {}};
-        std::set<std::string> storages = {settings.storage};
         const repository::Catalog catalog = repository::Catalog::Read(source.repository.Open());
+        DefinitionState state{
+            scriptgen::DescribeIdentified(catalog, settings.storage, settings.fkPrefix, numbered), {}};
+        std::set<std::string> storages = {settings.storage};
         for (const repository::DataDefRow& definition : catalog.DataDefs()) {
             if (settings.storage.empty() || !storages.insert(definition.Storage).second) continue;
             for (const scriptgen::DescribedTable& table :
-                 scriptgen::DescribeDefinition(source.repository, definition.Storage, settings.fkPrefix))
+                 scriptgen::DescribeDefinition(catalog, definition.Storage, settings.fkPrefix))
                 state.others.insert(automation::ToUpperAscii(table.Name));
         }
         return state;

@@ -55,13 +55,15 @@ void AddLoadCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<LoadOptions>();
     CLI::App* command = parent.add_subcommand("load", "Print stored objects as JSON");
     AddDataOptions(*command, options->data);
-    CLI::Option_group* which = command->add_option_group("Which");
-    AddKeyOption(*which, options->key)
+    CLI::Option* all = command->add_flag("--all", options->isAll, "All objects; as with -, one a line");
+    AddKeyOption(*command, options->key)
         ->required(false)
+        ->excludes(all)
         ->description("Key of the record; - for keys on standard input, one a line");
-    which->add_flag("--all", options->isAll, "All objects; as with -, one a line");
-    which->require_option(1);
-    command->callback([options, &console] { RunLoad(*options, console); });
+    command->callback([options, &console] {
+        if (!options->isAll && options->key.empty()) throw CLI::RequiredError("--key or --all");
+        RunLoad(*options, console);
+    });
 }
 
 }  // namespace korvex::cli

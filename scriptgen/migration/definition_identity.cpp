@@ -74,10 +74,9 @@ class Identifier {
 
 }  // namespace
 
-std::vector<DescribedTable> DescribeIdentified(repository::Repository& repository,
+std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix,
                                                const std::unordered_set<std::int32_t>* numbered) {
-    const Catalog catalog = Catalog::Read(repository.Open());
     std::vector<DescribedTable> tables = DescribeDefinition(catalog, storageName, sFKPrefix);
     const Identifier identifier(catalog, numbered);
     for (DescribedTable& table : tables)

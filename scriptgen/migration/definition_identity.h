@@ -13,7 +13,7 @@ namespace korvex::scriptgen {
 /// The tables of a definition (DescribeDefinition) with what tells its objects and values from others, for a
 /// comparison with the same definition at another time. `numbered`: ValueIDs of the values that have a number
 /// of their own, where that is known; the numbers of others are no identity then.
-std::vector<DescribedTable> DescribeIdentified(repository::Repository& repository,
+std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix,
                                                const std::unordered_set<std::int32_t>* numbered = nullptr);
 

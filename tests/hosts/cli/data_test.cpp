@@ -248,7 +248,7 @@ const BadCase Keys[] = {
     {"MoreThanANumber", "delete --key '1 or 1=1'", "error 13: "},
     {"Fraction", "get --key 1.5 --field State", "error 13: "},
     {"TooLarge", "exists --key 4294967297", "error 6: "},
-    {"Missing", "load", "--key is required", "", 2},
+    {"Missing", "load", "--key or --all is required", "", 2},
     {"LoadNoRecord", "load --key 2",
      "dbNoMatchingRecord: There is no record of tOrder with OrderID = 2. Check the key."},
     {"UpdateNoRecord", "update --key 2", "record of tOrder with OrderID = 2", "{}"},

@@ -56,7 +56,8 @@ class RandomPairs : public testing::TestWithParam<Driver> {
     Tables Describe(const std::string& json) {
         const std::string file = m_folder.Write("model.json", json);
         cli::Source source = cli::OpenSource(DefaultPlatform(), file);
-        return scriptgen::DescribeIdentified(source.repository, "S", "FK_", &*source.numbered);
+        return scriptgen::DescribeIdentified(repository::Catalog::Read(source.repository.Open()), "S", "FK_",
+                                             &*source.numbered);
     }
     Connection Create(const Tables& tables) {
         Connection connection = NewDatabase();
