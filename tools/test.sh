@@ -1,7 +1,7 @@
 #!/bin/sh
 # From a fresh Debian 12 machine to passing tests: test.sh [--quick | --all]
-# Formatting, the optimised build with GCC (its tests also run on private database servers), clang-tidy on the files that
-# differ from origin/main, an installed copy used by a separate project, the sanitizer build with clang, korvex.dll under
+# Formatting, the optimised build with GCC (its tests also run on private database servers), clang-tidy on the files of
+# the last commit and behind it, an installed copy used by a separate project, the sanitizer build with clang, korvex.dll under
 # Wine. Says how long each step took, and ends with the test runner's summary.
 # --quick is for one's own loop: formatting, a debug build and its tests on the embedded engines.
 # --all has clang-tidy read every file.

@@ -1,15 +1,12 @@
 #!/bin/sh
 # What clang-tidy has to say about sources of a build: tidy.sh BUILD [--all]
-# Without --all about those that differ from origin/main, or were changed by the last commit where nothing does; for a
-# header about the source of its name.
+# Without --all about what is not committed and what the last commit changed; for a header about the source of its name.
 set -eu
 cd "$(dirname "$0")/.."
 build=$1
 
 changed() {
-    base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse HEAD)
-    if git diff --quiet "$base"; then base=$(git rev-parse --verify -q HEAD~1 || echo HEAD); fi
-    git diff --name-only --diff-filter=d "$base"
+    git diff --name-only --diff-filter=d "$(git rev-parse --verify -q HEAD~1 || echo HEAD)"
     git ls-files --others --exclude-standard
 }
 
