@@ -307,18 +307,6 @@ Condition ReadCondition(std::string_view text) {
     return {std::string(value), found->comparison, std::string(operand)};
 }
 
-FoundObjects::FoundObjects(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
-                           const Search& search)
-    : m_limit(search.limit) {
-    Composer composer(definition);
-    std::string text = composer.Compose(search, m_names, m_types);
-    if (m_limit && TakesLimit(*connection)) text += " limit " + std::to_string(*m_limit);
-    const auto queries = std::dynamic_pointer_cast<ado::BoundQueries>(connection);
-    if (queries == nullptr)
-        throw Error(ado::adErrFeatureNotAvailable, "The connection's provider binds no values.");
-    m_rows = queries->Query(text, composer.Values());
-}
-
 std::optional<FoundObject> FoundObjects::Next() {
     if (m_rows == nullptr || m_rows->Eof() || m_limit == 0) {
         if (m_rows != nullptr) std::exchange(m_rows, nullptr)->Close();
@@ -331,6 +319,20 @@ std::optional<FoundObject> FoundObjects::Next() {
         found.values.push_back(stored.IsNull() ? stored : automation::ChangeType(stored, m_types[i]));
     }
     m_rows->MoveNext();
+    return found;
+}
+
+FoundObjects Find(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
+                  const Search& search) {
+    const auto queries = std::dynamic_pointer_cast<ado::BoundQueries>(connection);
+    if (queries == nullptr)
+        throw Error(ado::adErrFeatureNotAvailable, "The connection's provider binds no values.");
+    FoundObjects found;
+    Composer composer(definition);
+    std::string text = composer.Compose(search, found.m_names, found.m_types);
+    found.m_limit = search.limit;
+    if (search.limit && TakesLimit(*connection)) text += " limit " + std::to_string(*search.limit);
+    found.m_rows = queries->Query(text, composer.Values());
     return found;
 }
 

@@ -40,10 +40,11 @@ struct Condition {
 Condition ReadCondition(std::string_view text);
 
 struct Search {
-    std::vector<Condition> where = {};      ///< all of them hold
-    std::vector<std::string> fields = {};   ///< values to give, children's too; none: key and values of the root
-    std::string order = {};                 ///< a value; records without it stand last. Else by key
-    bool isDescending = false;              ///< the order turned round
+    std::vector<Condition> where = {};  ///< all of them hold
+    std::vector<std::string> fields =
+        {};                     ///< values to give, children's too; none: key and values of the root
+    std::string order = {};     ///< a value; records without it stand last. Else by key
+    bool isDescending = false;  ///< the order turned round
     std::optional<std::size_t> limit = {};  ///< at most so many objects
 };
 
@@ -52,27 +53,31 @@ struct FoundObject {
     std::vector<automation::Variant> values;  ///< in the order of FoundObjects::Names
 };
 
-/// The stored objects of a definition that a search finds, each once. One statement, whose rows are read as
-/// they are asked for. How texts compare and sort is the engine's business, but for Like.
+/// The stored objects that a search finds, each once. Their rows are read as they are asked for.
 class FoundObjects {
   public:
-    /// MemberNotFound (438) for a value that the definition does not know, with the nearest that it does;
-    /// InvalidProcedureCall (5) for one that is not stored or cannot be compared; TypeMismatch (13) and
-    /// Overflow (6) for an operand that is no value of its type; adErrFeatureNotAvailable on a provider that
-    /// binds no values. Engine errors reach the caller.
-    FoundObjects(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
-                 const Search& search);
-
     /// The ways of the fields, as the definition spells them.
     const std::vector<std::string>& Names() const noexcept { return m_names; }
     /// The next object; nothing behind the last one.
     std::optional<FoundObject> Next();
 
   private:
+    friend FoundObjects Find(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
+                             const Search& search);
+    FoundObjects() = default;
+
     std::vector<std::string> m_names;
     std::vector<automation::VarType> m_types;
     std::shared_ptr<ado::Recordset> m_rows;
     std::optional<std::size_t> m_limit;
 };
+
+/// Finds stored objects of a definition with one statement. How texts compare and sort is the engine's
+/// business, but for Like. MemberNotFound (438) for a value that the definition does not know, with the
+/// nearest that it does; InvalidProcedureCall (5) for one that is not stored or cannot be compared;
+/// TypeMismatch (13) and Overflow (6) for an operand that is no value of its type; adErrFeatureNotAvailable
+/// on a provider that binds no values. Engine errors reach the caller.
+FoundObjects Find(Definition& definition, const std::shared_ptr<ado::Connection>& connection,
+                  const Search& search);
 
 }  // namespace korvex::objects

@@ -35,7 +35,7 @@ void RunList(const ListOptions& options, Console& console) {
     const objects::Search search = SearchOf(options);
     const auto definition = OpenDefinition(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
-    objects::FoundObjects found(*definition, session.Crud().DbConn(), search);
+    objects::FoundObjects found = objects::Find(*definition, session.Crud().DbConn(), search);
     WriteFound(found, options.format, console.Results());
 }
 
@@ -44,7 +44,7 @@ void RunList(const ListOptions& options, Console& console) {
 void AddListCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<ListOptions>();
     CLI::App* command = parent.add_subcommand("list", "List stored objects, one line each");
-    AddDataOptions(*command, options->data);
+    AddDataOptions(*command, options->data, true);
     command
         ->add_option(
             "--where", options->where,

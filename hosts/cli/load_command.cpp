@@ -34,7 +34,7 @@ std::vector<std::int32_t> AllKeys(objects::Definition& definition, const DataSes
     const objects::ValueDefinition* key = definition.KeyValue();
     objects::Search search;
     if (key != nullptr) search.fields.push_back(key->Info().name);
-    objects::FoundObjects found(definition, session.Crud().DbConn(), search);
+    objects::FoundObjects found = objects::Find(definition, session.Crud().DbConn(), search);
     std::vector<std::int32_t> keys;
     while (const auto object = found.Next())
         if (object->key > 0) keys.push_back(object->key);

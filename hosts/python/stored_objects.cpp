@@ -27,8 +27,9 @@ class StoredObjects {
                   std::vector<std::string> fields, std::string order, bool isDescending,
                   std::optional<std::size_t> limit)
         : m_connection(connection),
-          m_found(*definition.As<objects::Definition>(), connection.As<ado::Connection>(),
-                  ReadSearch(where, std::move(fields), std::move(order), isDescending, limit)) {}
+          m_found(
+              objects::Find(*definition.As<objects::Definition>(), connection.As<ado::Connection>(),
+                            ReadSearch(where, std::move(fields), std::move(order), isDescending, limit))) {}
 
     const std::vector<std::string>& Names() const noexcept { return m_found.Names(); }
 

@@ -9,8 +9,6 @@
 
 #include <gmock/gmock.h>
 
-#include <ranges>
-
 namespace korvex::tests {
 namespace {
 
@@ -425,8 +423,8 @@ TEST_P(RoundTrip, AnyEngineCallMayFail) {
         for (std::size_t n = 1; reached; ++n) {
             SCOPED_TRACE(operation + ", call " + std::to_string(n));
             m_crud->DbConn()->BeginTrans();
-            for (const auto& table : std::views::reverse(m_tables))
-                m_crud->DbConn()->Execute("delete from " + table);
+            for (auto table = m_tables.rbegin(); table != m_tables.rend(); ++table)
+                m_crud->DbConn()->Execute("delete from " + *table);
             const auto order = FromJson(m_definition, small);
             const std::int32_t key = m_crud->DbSaveData(order);
             m_crud->DbConn()->CommitTrans();

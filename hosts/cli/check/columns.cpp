@@ -59,7 +59,7 @@ bool IsKey(const repository::RelatedCatalog& rows, const ValueRow& value, const 
 CheckedTable Checked(const repository::RelatedCatalog& rows, const scriptgen::DescribedTable& table) {
     CheckedTable checked{ObjectText(*rows.FindObject(table.ObjectID)), {}};
     for (const scriptgen::Column& column : table.Columns) {
-        CheckedColumn& entry = checked.columns.emplace_back(column);
+        CheckedColumn& entry = checked.columns.emplace_back(CheckedColumn{column, nullptr, {}});
         const ValueRow* value = column.ValueID == 0 ? nullptr : rows.FindValue(column.ValueID);
         if (value == nullptr) {
             entry.origins = {"an added column"};

@@ -41,8 +41,8 @@ repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
 
 }  // namespace
 
-void AddDataOptions(CLI::App& command, DataOptions& options) {
-    AddRepositoryOption(command, options.repository, false);
+void AddDataOptions(CLI::App& command, DataOptions& options, bool isPositional) {
+    AddRepositoryOption(command, options.repository, isPositional);
     command.add_option("--storage", options.storage, "Storage name of the definition")
         ->required()
         ->type_name("NAME");

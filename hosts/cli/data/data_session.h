@@ -22,8 +22,8 @@ struct DataOptions {
     std::string fkPrefix = "FK_";
 };
 
-/// --repository, --storage, --connection and --fk-prefix.
-void AddDataOptions(CLI::App& command, DataOptions& options);
+/// --repository (also as the first word where `isPositional`), --storage, --connection and --fk-prefix.
+void AddDataOptions(CLI::App& command, DataOptions& options, bool isPositional = false);
 /// --key, which is required.
 CLI::Option* AddKeyOption(CLI::App& command, std::string& key);
 /// The key, or for "-" those that stand on standard input, one a line. Raises as ReadKey does.

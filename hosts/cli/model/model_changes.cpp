@@ -71,7 +71,7 @@ class Changes {
     void Add(std::string line, const std::vector<std::size_t>& objects) {
         std::vector<std::string> names;
         for (const auto& [storage, reach] : m_others)
-            if (std::ranges::any_of(objects, [&](std::size_t object) { return reach[object]; }))
+            if (std::ranges::any_of(objects, [&reach = reach](std::size_t object) { return reach[object]; }))
                 names.push_back(storage);
         if (!names.empty()) line += "; also in " + JoinNames(names);
         m_lines.push_back(std::move(line));
