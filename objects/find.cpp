@@ -166,7 +166,7 @@ class Composer {
 
     /// The table of a child, and the condition that ties it to its parent's row.
     static std::string TableOf(const ValueDefinition& child) {
-        const std::string table = child.Child()->StringAttribute(attTableName);
+        std::string table = child.Child()->StringAttribute(attTableName);
         if (!table.empty() && child.Child()->KeyValue() != nullptr) return table;
         throw Error(automation::InvalidProcedureCall, Quoted(child.Info().name) + " is not stored.");
     }
