@@ -92,7 +92,8 @@ class EngineDialect {
     virtual std::string TypeAsWritten(std::string type) const { return type; }
     /// A default that the engine tells, as the scripts write it; "" for Null.
     virtual std::string DefaultAsWritten(std::string text) const {
-        return automation::EqualsIgnoreCase(text, "NULL") ? std::string() : text;
+        if (automation::EqualsIgnoreCase(text, "NULL")) text.clear();
+        return text;
     }
     /// Whether what was made in a transaction goes when that is rolled back.
     virtual bool DefinitionsRollBack() const noexcept { return true; }
