@@ -1,10 +1,12 @@
+#include "automation/error.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/model/model_export.h"
 #include "hosts/cli/model/model_writer.h"
+#include "hosts/cli/program.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/show/render.h"
+#include "hosts/cli/show/svg.h"
 #include "hosts/cli/source.h"
-#include "repository/catalog.h"
+#include "repository/names.h"
 
 #include <memory>
 #include <string>
@@ -17,38 +19,72 @@ struct ShowOptions {
     std::string repository;
     std::string storage;
     std::string format = "tree";
+    std::string fkPrefix = std::string(repository::DefaultFKPrefix);
+    std::string out;
+    bool open = false;
 };
 
-std::string Render(const Model& model, const std::string& format) {
-    if (format == "json") return ModelText(model);
-    if (format == "mermaid") return MermaidText(model);
-    if (format == "dot") return DotText(model);
-    return TreeText(model);
+void TellLeftOut(const std::vector<std::string>& leftOut, Console& console) {
+    for (const std::string& what : leftOut)
+        console.Message("Left out: " + what);
+}
+
+/// The definitions as they stand.
+std::string RenderModel(const repository::Catalog& catalog, const ShowOptions& options, Console& console) {
+    const ExportedModel exported = ExportModel(catalog, options.storage);
+    TellLeftOut(exported.leftOut, console);
+    return options.format == "json" ? ModelText(exported.model) : TreeText(exported.model);
+}
+
+std::string Svg(const ShownDefinition& shown) {
+    Picture picture = DrawPicture(shown, false);
+    if (picture.svg.empty()) throw automation::Error(automation::CannotCreateObject, picture.problem);
+    return std::move(picture.svg);
+}
+
+/// The definitions with the keys and tables that a run gives them.
+std::string RenderShown(const repository::Catalog& catalog, const ShowOptions& options, Console& console) {
+    const ShownDefinition shown(catalog, options.storage, options.fkPrefix);
+    TellLeftOut(shown.LeftOut(), console);
+    if (options.format == "mermaid") return MermaidText(shown);
+    if (options.format == "dot") return DotText(shown);
+    return Svg(shown);
 }
 
 void RunShow(const ShowOptions& options, Console& console) {
-    repository::Repository repository(Session(console).platform);
+    const Session session(console);
+    repository::Repository repository(session.platform);
     OpenComplete(repository, options.repository);
     if (!options.storage.empty()) ExpectStorage(repository, options.storage);
-    const ExportedModel exported = ExportModel(repository::Catalog::Read(repository.Open()), options.storage);
+    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
     repository.Close();
-    for (const std::string& what : exported.leftOut) {
-        console.Message("Left out: " + what);
+    const bool isModel = options.format == "tree" || options.format == "json";
+    const std::string text = (isModel ? RenderModel : RenderShown)(catalog, options, console);
+    if (options.out.empty()) {
+        console.Results() << text;
+        return;
     }
-    console.Results() << Render(exported.model, options.format);
+    session.platform.files->WriteText(options.out, text, "");
+    if (options.open) OpenInBrowser(options.out);
 }
 
 }  // namespace
 
 void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<ShowOptions>();
-    CLI::App* command = parent.add_subcommand("show", "Print definitions as a tree, as JSON or as a diagram");
+    CLI::App* command =
+        parent.add_subcommand("show", "Print definitions as a tree, as JSON, as a diagram or as a page");
     AddRepositoryOption(*command, options->repository);
     command->add_option("--storage", options->storage, "Storage name of the definition (all of them)")
         ->type_name("NAME");
-    command->add_option("--format", options->format, "tree (the default), json, mermaid or dot")
+    command->add_option("--format", options->format, "tree (the default), json, mermaid, dot or svg")
         ->type_name("FORMAT")
-        ->check(CLI::IsMember({"tree", "json", "mermaid", "dot"}));
+        ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg"}));
+    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in diagrams (FK_)")
+        ->type_name("P");
+    CLI::Option* out =
+        command->add_option("--out", options->out, "File to write to (standard output)")->type_name("FILE");
+    command->add_flag("--open", options->open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
     command->callback([options, &console] { RunShow(*options, console); });
 }
 

@@ -1,6 +1,6 @@
 #include "automation/error.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/editor.h"
+#include "hosts/cli/program.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/text_file.h"

@@ -23,52 +23,50 @@ std::string Word(std::string_view text) {
     return startsWell ? word : "_" + word;
 }
 
+/// What stands between quotes takes neither these nor percent signs, backslashes and control characters.
 std::string Quoted(std::string_view text) {
     std::string quoted = "\"";
     for (const char c : text) {
         if (c == '"') {
             quoted += "#quot;";
         } else {
-            quoted += c;
+            const bool isTaken = static_cast<unsigned char>(c) >= 0x20 && c != '%' && c != '\\';
+            quoted += isTaken ? c : '_';
         }
     }
     return quoted + "\"";
 }
 
-std::string KeyMark(const ModelObject& object, const ModelValueRef& ref) {
-    for (const ModelPrimaryKey& key : object.primaryKeys) {
-        if (key.value == ref) return " PK";
+std::string Title(const ShownObject& object) {
+    return object.row->Name + (object.table == nullptr ? "" : " (" + object.table->Name + ")");
+}
+
+std::string Entity(const ShownObject& object) {
+    std::string text = "    " + object.identifier + "[" + Quoted(Title(object)) + "] {\n";
+    for (const ShownValue& row : object.DiagramRows()) {
+        const std::string marks = row.KeyMarks(", ");
+        text += "        " + Word(row.TypeText()) + " " + Word(row.Name()) +
+                (marks.empty() ? "" : " " + marks) + "\n";
     }
-    for (const ModelForeignKey& key : object.foreignKeys) {
-        if (key.value == ref) return " FK";
-    }
-    return "";
+    return text + "    }\n";
 }
 
 }  // namespace
 
-std::string MermaidText(const Model& model) {
-    const std::vector<std::string> names = DiagramNames(model);
+std::string MermaidText(const ShownDefinition& shown) {
+    const std::vector<ShownObject>& objects = shown.Objects();
     std::string entities;
     std::string relations;
-    for (std::size_t i = 0; i < model.objects.size(); ++i) {
-        const ModelObject& object = model.objects[i];
-        entities += "    " + names[i] + " {\n";
+    for (const ShownObject& object : objects) {
+        entities += Entity(object);
         if (object.element)
-            relations += "    " + names[i] + " ||--o{ " + names[*object.element] + " : elements\n";
-        for (const std::size_t interface : object.interfaces) {
-            const std::vector<ModelValue>& values = model.interfaces[interface].values;
-            for (std::size_t v = 0; v < values.size(); ++v) {
-                if (values[v].child) {
-                    relations += "    " + names[i] + " ||--o| " + names[*values[v].child] + " : " +
-                                 Quoted(values[v].name) + "\n";
-                } else {
-                    entities += "        " + Word(TypeText(values[v])) + " " + Word(values[v].name) +
-                                KeyMark(object, {interface, v}) + "\n";
-                }
-            }
+            relations += "    " + object.identifier + " ||--o{ " + objects[*object.element].identifier +
+                         " : elements\n";
+        for (const ShownValue& value : object.values) {
+            if (!value.child) continue;
+            relations += "    " + object.identifier + " ||--o| " + objects[*value.child].identifier + " : " +
+                         Quoted(value.Name()) + "\n";
         }
-        entities += "    }\n";
     }
     return "erDiagram\n" + entities + relations;
 }

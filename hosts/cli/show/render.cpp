@@ -1,5 +1,6 @@
 #include "hosts/cli/show/render.h"
 
+#include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
 
 #include <algorithm>
@@ -7,12 +8,50 @@
 
 namespace korvex::cli {
 
-std::string TypeText(const ModelValue& value) {
-    const std::string_view name = DataTypeText(value.dataType);
-    std::string text = name.empty() ? std::to_string(value.dataType) : std::string(name);
-    const bool hasLength = !value.maxLength.empty() && value.maxLength != "0";
-    if (hasLength && HasLength(value.dataType, true)) text += "(" + value.maxLength + ")";
+namespace {
+
+const char* EscapeOf(char c) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        case '\'':
+            return "&#39;";
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+std::string TypeText(std::int32_t dataType, const std::string& maxLength) {
+    const std::string_view name = DataTypeText(dataType);
+    std::string text = name.empty() ? std::to_string(dataType) : std::string(name);
+    const bool hasLength = !maxLength.empty() && maxLength != "0";
+    if (hasLength && HasLength(dataType, true)) text += "(" + maxLength + ")";
     return text;
+}
+
+std::string ObjectLink(const ShownObject& object) { return "#object-" + object.identifier; }
+
+std::string MarkupText(std::string_view text) {
+    std::string markup;
+    for (const char c : automation::ToUtf8(automation::ToUtf16(text))) {
+        const bool isControl = static_cast<unsigned char>(c) < 0x20 || c == '\x7F';
+        if (const char* escape = EscapeOf(c)) {
+            markup += escape;
+        } else if (isControl && c != '\t' && c != '\n') {
+            markup += "\xEF\xBF\xBD";
+        } else {
+            markup += c;
+        }
+    }
+    return markup;
 }
 
 std::vector<std::string> DiagramNames(const Model& model) {

@@ -1,26 +1,36 @@
 #pragma once
 
 #include "hosts/cli/model/model.h"
+#include "hosts/cli/show/shown_definition.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
-/// Pictures of a model as text.
+/// Pictures of definitions as text.
 namespace korvex::cli {
 
 /// Every definition as an indented tree of objects and values. An object that was shown before is only named.
 std::string TreeText(const Model& model);
 
 /// An entity-relationship diagram for Mermaid.
-std::string MermaidText(const Model& model);
+std::string MermaidText(const ShownDefinition& shown);
 
-/// A directed graph for Graphviz.
-std::string DotText(const Model& model);
+/// A directed graph for Graphviz: boxes with the columns of a table, or, with very many objects, with its
+/// name only. With `links` each box leads to ObjectLink of its object.
+std::string DotText(const ShownDefinition& shown, bool links = false);
+
+/// Address of an object on the page.
+std::string ObjectLink(const ShownObject& object);
 
 /// "string(40)", "long", "17".
-std::string TypeText(const ModelValue& value);
+std::string TypeText(std::int32_t dataType, const std::string& maxLength);
 
 /// One name per object that diagram languages take as an identifier: letters, digits and underscores,
 /// numbered where two would be the same.
 std::vector<std::string> DiagramNames(const Model& model);
+
+/// Text as XML and HTML take it, also between double quotes; characters that they do not know become U+FFFD.
+std::string MarkupText(std::string_view text);
 
 }  // namespace korvex::cli

@@ -85,7 +85,7 @@ class Tree {
 
     std::string ValueText(const ModelObject& object, const ModelValueRef& ref) const {
         const ModelValue& value = m_model.interfaces[ref.interface].values[ref.value];
-        std::string text = TypeText(value);
+        std::string text = TypeText(value.dataType, value.maxLength);
         if (value.isAutoNumber) text += ", auto number";
         if (!value.defaultVal.empty()) text += ", default " + value.defaultVal;
         for (const ModelPrimaryKey& key : object.primaryKeys) {

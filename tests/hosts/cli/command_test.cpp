@@ -37,7 +37,7 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
         {"relate", "--repository is required"},
         {"repository new", "--repository is required"},
         {"repository import x", "MODEL is required"},
-        {"repository show x --format xml", "xml not in {tree,json,mermaid,dot}"},
+        {"repository show x --format xml", "xml not in {tree,json,mermaid,dot,svg}"},
     };
     for (const auto& [line, message] : cases)
         ExpectFailure(RunKorvex(Words(line)), message, 2);

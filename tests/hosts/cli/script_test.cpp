@@ -1,5 +1,5 @@
-#include "hosts/cli/editor.h"
 #include "hosts/cli/korvex_command.h"
+#include "hosts/cli/program.h"
 
 #include <gtest/gtest.h>
 

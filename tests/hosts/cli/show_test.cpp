@@ -1,9 +1,12 @@
 #include "hosts/cli/korvex_command.h"
+#include "hosts/cli/program.h"
 #include "support/text_files.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <iterator>
 
 namespace korvex::tests {
@@ -36,6 +39,36 @@ TEST(Show, EachFormatOfADefinition) {
         ExpectSameText(file, result.output, ReadFile(std::string(KORVEX_EXPECTED "/") + file));
         EXPECT_EQ(result.messages, "");
     }
+}
+
+/// The program that draws is the first `dot` on the path: here one that gives back what it reads.
+TEST(Show, DrawsWithTheProgramDot) {
+    const RepositoryFile repository(Model);
+    const auto show = [&](const std::string& program) {
+        std::filesystem::permissions(repository.Folder().Write("dot", program),
+                                     std::filesystem::perms::owner_all);
+        const std::string path = "PATH=" + repository.Folder().Path("") + ":/usr/bin:/bin";
+        return RunKorvex({"repository", "show", repository.Path(), "--format", "svg"}, {path});
+    };
+    const CommandResult drawn = show("#!/bin/sh\ntest \"$*\" = -Tsvg && cat\n");
+    ExpectSameText("dot", drawn.output, ReadFile(KORVEX_EXPECTED "/library.dot"));
+    EXPECT_EQ(drawn.messages, "");
+    ExpectFailure(show("#!/bin/sh\necho 'no memory' >&2; exit 3\n"),
+                  "error 429: There is no picture, because dot ended with a failure: no memory");
+    ExpectFailure(RunKorvex({"repository", "show", repository.Path(), "--format", "svg"}, {"PATH=/none"}),
+                  "error 429: There is no picture, because dot does not start: No such file or directory "
+                  "(Debian: graphviz).");
+}
+
+/// More than a pipe holds goes both ways, and a program that does not end is ended.
+TEST(Program, IsRunToItsEndOrToItsLimit) {
+    const std::string text(1'000'000, 'x');
+    const cli::ProgramResult echo = cli::RunProgram({"cat"}, text, std::chrono::minutes(1));
+    EXPECT_EQ(echo.output, text);
+    EXPECT_EQ(echo.failure, "");
+    EXPECT_EQ(cli::RunProgram({"true"}, text, std::chrono::minutes(1)).failure, "") << "reads nothing";
+    const cli::ProgramResult late = cli::RunProgram({"sleep", "600"}, "", std::chrono::milliseconds(20));
+    EXPECT_EQ(late.failure, "sleep took longer than 0 s");
 }
 
 TEST(Show, WhatLeadsNowhereIsLeftOutAndNamed) {
