@@ -34,11 +34,13 @@ struct TableDependent {
 };
 
 /// Where an object stands: the object that holds it (0 for a root) and the value that it is held by: its
-/// name (the storage name for a root, "" for an element of a collection).
+/// name (the storage name for a root, "" for an element of a collection), number and interface, as in Column.
 struct TablePlace {
     std::int32_t ParentID = 0;
     std::string Value;
+    std::string Interface = {};
     std::int32_t VID = 0;
+    bool VIDIsGiven = false;
 };
 
 struct DescribedTable {

@@ -10,7 +10,7 @@
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/database_update.h"
 #include "scriptgen/migration/live_tables.h"
-#include "scriptgen/migration/match_columns.h"
+#include "scriptgen/migration/match_tables.h"
 #include "scriptgen/script_text.h"
 
 #include <algorithm>

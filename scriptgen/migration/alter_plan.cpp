@@ -2,7 +2,6 @@
 
 #include "automation/text.h"
 #include "scriptgen/engine_dialect.h"
-#include "scriptgen/migration/match_columns.h"
 #include "scriptgen/migration/rename_order.h"
 #include "scriptgen/script_text.h"
 

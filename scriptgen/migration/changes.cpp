@@ -1,7 +1,6 @@
 #include "scriptgen/migration/changes.h"
 
 #include "automation/text.h"
-#include "scriptgen/migration/match_columns.h"
 #include "scriptgen/script_text.h"
 
 #include <algorithm>

@@ -29,7 +29,7 @@ class Identifier {
             }
         }
         for (const repository::DataDefRow& definition : catalog.DataDefs())
-            m_places[definition.RootObjectID].push_back({0, definition.Storage, 0});
+            m_places[definition.RootObjectID].push_back({0, definition.Storage});
         for (const repository::ObjectRow& object : catalog.Objects())
             AddPlaces(object);
     }
@@ -46,24 +46,29 @@ class Identifier {
             if (value == nullptr) continue;
             const repository::InterfaceRow* interface_ = m_catalog.FindInterface(value->InterfaceID);
             if (interface_ == nullptr) continue;
-            const Numbering& numbering = m_numberings.at(value->InterfaceID);
             column.Interface = interface_->Name;
-            column.VID = numbering.uses.at(value->VID) == 1 ? NumberOf(*value) : 0;
-            column.VIDIsGiven = m_numbered != nullptr && column.VID != 0;
-            column.VIDIsPlace = numbering.countsOnly && !column.VIDIsGiven;
+            column.VID = NumberOf(*value);
+            column.VIDIsGiven = IsGiven(column.VID);
+            column.VIDIsPlace = m_numberings.at(value->InterfaceID).countsOnly && !column.VIDIsGiven;
         }
     }
 
   private:
     std::int32_t NumberOf(const repository::ValueRow& value) const {
-        return m_numbered == nullptr || m_numbered->contains(value.ValueID) ? value.VID : 0;
+        const bool isOwn = m_numberings.at(value.InterfaceID).uses.at(value.VID) == 1;
+        return isOwn && (m_numbered == nullptr || m_numbered->contains(value.ValueID)) ? value.VID : 0;
     }
+    bool IsGiven(std::int32_t number) const { return m_numbered != nullptr && number != 0; }
     void AddPlaces(const repository::ObjectRow& object) {
         if (object.CollectionObjectID > 0)
-            m_places[object.CollectionObjectID].push_back({object.ObjectID, "", 0});
-        for (const repository::ValueRow* value : m_catalog.ValuesOf(object.ObjectID))
-            if (value->ChildObjectID > 0)
-                m_places[value->ChildObjectID].push_back({object.ObjectID, value->Name, NumberOf(*value)});
+            m_places[object.CollectionObjectID].push_back({object.ObjectID, ""});
+        for (const repository::ValueRow* value : m_catalog.ValuesOf(object.ObjectID)) {
+            const repository::InterfaceRow* interface_ = m_catalog.FindInterface(value->InterfaceID);
+            if (value->ChildObjectID <= 0 || interface_ == nullptr) continue;
+            const std::int32_t number = NumberOf(*value);
+            m_places[value->ChildObjectID].push_back(
+                {object.ObjectID, value->Name, interface_->Name, number, IsGiven(number)});
+        }
     }
 
     const Catalog& m_catalog;

@@ -2,7 +2,6 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
-#include "scriptgen/migration/match_columns.h"
 
 namespace korvex::scriptgen {
 

@@ -2,10 +2,10 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
-#include "scriptgen/migration/match_columns.h"
+#include "scriptgen/migration/identity.h"
 
 #include <algorithm>
-#include <map>
+#include <set>
 #include <unordered_map>
 
 namespace korvex::scriptgen {
@@ -17,6 +17,117 @@ using automation::ToUpperAscii;
 namespace {
 
 using Tables = std::span<const DescribedTable>;
+
+template <class Rows>
+auto* FindNamed(const Rows& rows, std::string_view name) {
+    const auto found =
+        std::ranges::find_if(rows, [&](const auto& row) { return EqualsIgnoreCase(row.FieldName, name); });
+    return found == rows.end() ? nullptr : &*found;
+}
+
+bool IsKey(const Column& column) { return column.IsPrimaryKey || column.IsForeignKey; }
+
+/// Tables as far as identity goes: one object each, whose values are its columns and what holds children.
+class TableIdentity {
+  public:
+    /// `namesOnly`: nothing but names is to tell them, as of a database that stands.
+    TableIdentity(Tables tables, bool namesOnly, bool folds)
+        : m_tables(tables), m_namesOnly(namesOnly), m_folds(folds) {
+        for (std::size_t i = 0; i < tables.size(); ++i) {
+            m_byName.emplace(Folded(tables[i].Name), i);
+            if (tables[i].ObjectID != 0) m_byID.emplace(tables[i].ObjectID, i);
+            m_result.objects.push_back(
+                {.name = namesOnly ? Folded(tables[i].Name) : ToUpperAscii(tables[i].ObjectName),
+                 .guid = namesOnly ? "" : ToUpperAscii(tables[i].Guid)});
+        }
+        for (std::size_t i = 0; i < tables.size(); ++i)
+            AddColumns(i);
+        for (std::size_t i = 0; i < tables.size() && !namesOnly; ++i)
+            for (const TablePlace& place : tables[i].Places)
+                AddPlace(i, place);
+    }
+
+    const DefinitionIdentity& Result() const noexcept { return m_result; }
+    /// Of a value; nullptr for one that holds a child.
+    const Column* ColumnOf(std::size_t value) const { return m_columns[value]; }
+    std::size_t PositionOf(const Column& column) const { return m_positions.at(&column); }
+    std::size_t PositionOf(const DescribedTable& table) const {
+        return static_cast<std::size_t>(&table - m_tables.data());
+    }
+    Tables All() const noexcept { return m_tables; }
+
+  private:
+    std::string Folded(const std::string& name) const { return m_folds ? ToUpperAscii(name) : name; }
+
+    std::optional<std::size_t> TargetOf(const DescribedTable& table, const Column& column) const {
+        const ForeignKey* key = FindForeignKey(table, column.FieldName);
+        if (key == nullptr) return std::nullopt;
+        if (key->FKObjectID != 0) {
+            const auto found = m_byID.find(key->FKObjectID);
+            return found == m_byID.end() ? std::nullopt : std::optional(found->second);
+        }
+        const auto found = m_byName.find(Folded(key->Table));
+        return found == m_byName.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    void AddColumns(std::size_t table) {
+        for (const Column& column : m_tables[table].Columns) {
+            const std::size_t position = m_result.values.size();
+            m_positions.emplace(&column, position);
+            const std::optional<std::size_t> target = TargetOf(m_tables[table], column);
+            if (column.IsPrimaryKey)
+                m_result.objects[table].keys.push_back(position);
+            else if (target)
+                m_result.objects[table].references.emplace_back(position, *target);
+            const bool isNumbered = !m_namesOnly && !IsKey(column);
+            InterfaceIdentity& interface_ = Interface(table, column.Interface);
+            interface_.countsOnly = interface_.countsOnly || column.VIDIsPlace;
+            AddValue(interface_, &column,
+                     {.name = ToUpperAscii(column.FieldName),
+                      .number = isNumbered ? column.VID : 0,
+                      .isGiven = column.VIDIsGiven,
+                      .isKey = !m_namesOnly && (column.IsPrimaryKey || target)});
+        }
+    }
+
+    void AddPlace(std::size_t table, const TablePlace& place) {
+        if (place.ParentID == 0) m_result.roots.emplace_back(ToUpperAscii(place.Value), table);
+        const auto parent = m_byID.find(place.ParentID);
+        if (parent == m_byID.end()) return;
+        if (place.Value.empty())
+            m_result.objects[parent->second].element = table;
+        else  // named so that no column bears its name
+            AddValue(Interface(parent->second, place.Interface), nullptr,
+                     {.name = "> " + ToUpperAscii(place.Value),
+                      .number = place.VID,
+                      .isGiven = place.VIDIsGiven,
+                      .child = table});
+    }
+
+    /// Of that name of the table's object, the only one where names alone count.
+    InterfaceIdentity& Interface(std::size_t table, const std::string& name) {
+        ObjectIdentity& object = m_result.objects[table];
+        const std::string folded = m_namesOnly ? object.name : ToUpperAscii(name);
+        for (const std::size_t position : object.interfaces)
+            if (m_result.interfaces[position].name == folded) return m_result.interfaces[position];
+        object.interfaces.push_back(m_result.interfaces.size());
+        return m_result.interfaces.emplace_back(InterfaceIdentity{.name = folded});
+    }
+
+    void AddValue(InterfaceIdentity& interface_, const Column* column, ValueIdentity value) {
+        interface_.values.push_back(m_result.values.size());
+        m_result.values.push_back(std::move(value));
+        m_columns.push_back(column);
+    }
+
+    Tables m_tables;
+    bool m_namesOnly, m_folds;
+    std::unordered_map<std::string, std::size_t> m_byName;
+    std::unordered_map<std::int32_t, std::size_t> m_byID;
+    std::unordered_map<const Column*, std::size_t> m_positions;
+    std::vector<const Column*> m_columns;
+    DefinitionIdentity m_result;
+};
 
 [[noreturn]] void RefuseRename(const NamedRename& rename, const std::string& why) {
     throw Error(automation::InvalidProcedureCall,
@@ -36,34 +147,40 @@ struct NamePair {
 class Matcher {
   public:
     Matcher(Tables before, Tables now, std::span<const NamedRename> renames, bool folds)
-        : m_before(before), m_now(now), m_renames(renames), m_folds(folds) {}
+        : m_namesOnly(!before.empty() &&
+                      std::ranges::all_of(before, [](const auto& table) { return table.ObjectID == 0; })),
+          m_before(before, m_namesOnly, folds),
+          m_now(now, m_namesOnly, folds) {
+        m_match.objects.resize(now.size());
+        m_match.values.resize(m_now.Result().values.size());
+        for (const NamedRename& rename : renames)
+            Settle(rename);
+        m_match = MatchDefinitions(m_before.Result(), m_now.Result(), m_match);
+        for (const NamedRename& rename : renames)
+            ExpectOneTable(rename);
+    }
 
-    std::vector<TablePair> Match() {
-        for (const NamedRename& rename : m_renames)
-            MatchNamed(rename);
-        MatchUnique(&DescribedTable::Guid);
-        MatchUnique(&DescribedTable::ObjectName);
-        MatchTableNames();
-        MatchPlaces();
+    std::vector<TablePair> Pairs() const {
+        const Tables before = m_before.All();
+        const Tables now = m_now.All();
         std::vector<TablePair> pairs;
-        for (const DescribedTable& table : m_now)
-            pairs.push_back({m_beforeOf.contains(&table) ? m_beforeOf.at(&table) : nullptr, &table, {}});
-        for (const DescribedTable& table : m_before)
-            if (!m_nowOf.contains(&table)) pairs.push_back({&table, nullptr, {}});
-        const ColumnMatcher columns(m_before, m_now, m_nowOf, m_folds);
-        for (TablePair& pair : pairs)
-            pair.columns = columns.Match(pair, RenamesOf(pair));
+        std::set<std::size_t> found;
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            const std::optional<std::size_t> same = m_match.objects[i];
+            pairs.push_back({same ? &before[*same] : nullptr, &now[i], {}});
+            if (!same) continue;
+            found.insert(*same);
+            pairs.back().columns = Columns(before[*same], now[i]);
+        }
+        for (std::size_t i = 0; i < before.size(); ++i)
+            if (!found.contains(i)) pairs.push_back({&before[i], nullptr, {}});
         return pairs;
     }
 
   private:
-    void Pair(const DescribedTable& before, const DescribedTable& now) {
-        m_nowOf.emplace(&before, &now);
-        m_beforeOf.emplace(&now, &before);
-    }
-
     /// The table that a person means: by its name, else by that of its object.
-    const DescribedTable& Named(Tables tables, const std::string& name, const NamedRename& rename) const {
+    static const DescribedTable& Named(Tables tables, const std::string& name, const NamedRename& rename,
+                                       std::string_view when) {
         for (const auto member : {&DescribedTable::Name, &DescribedTable::ObjectName}) {
             const auto isNamed = [&](const DescribedTable& table) {
                 return EqualsIgnoreCase(table.*member, name);
@@ -74,130 +191,83 @@ class Matcher {
                 RefuseRename(rename, "several tables are meant by " + automation::Quoted(name));
             return *found;
         }
-        RefuseRename(rename, std::string("there is no table ") + automation::Quoted(name) +
-                                 (tables.data() == m_before.data() ? " before" : " in the new definition"));
+        RefuseRename(rename,
+                     std::string("there is no table ") + automation::Quoted(name) + std::string(when));
+    }
+    std::pair<const DescribedTable*, const DescribedTable*> TablesOf(const NamedRename& rename) const {
+        return {&Named(m_before.All(), NamePair(rename.before).table, rename, " before"),
+                &Named(m_now.All(), NamePair(rename.now).table, rename, " in the new definition")};
     }
 
-    void MatchNamed(const NamedRename& rename) {
-        const NamePair from(rename.before);
-        const NamePair to(rename.now);
-        if (from.column.empty() != to.column.empty() || from.table.empty() || to.table.empty())
+    /// Takes down what a person said is the same.
+    void Settle(const NamedRename& rename) {
+        const std::string from = NamePair(rename.before).column;
+        const std::string to = NamePair(rename.now).column;
+        if (from.empty() != to.empty() || rename.before.empty() || rename.now.empty())
             RefuseRename(rename, "it takes Old=New for a table and Old.Column=New.Column for a column");
-        const DescribedTable& before = Named(m_before, from.table, rename);
-        const DescribedTable& now = Named(m_now, to.table, rename);
-        if (!from.column.empty()) return;
-        if (m_nowOf.contains(&before) || m_beforeOf.contains(&now))
-            RefuseRename(rename, "a table cannot be renamed twice, nor two tables to one");
-        Pair(before, now);
-    }
-
-    /// Pairs the tables by a text that one table of each side has.
-    void MatchUnique(std::string DescribedTable::*member) {
-        const auto index = [&](Tables tables) {
-            std::map<std::string, std::vector<const DescribedTable*>> byText;
-            for (const DescribedTable& table : tables)
-                if (!(table.*member).empty()) byText[ToUpperAscii(table.*member)].push_back(&table);
-            return byText;
+        const auto [old, recent] = TablesOf(rename);
+        if (from.empty())
+            return Add(m_match.objects, m_before.PositionOf(*old), m_now.PositionOf(*recent), rename,
+                       "table");
+        const auto find = [&](const DescribedTable& table, const std::string& name) -> const Column& {
+            const Column* column = FindColumn(table, name);
+            if (column == nullptr)
+                RefuseRename(rename, table.Name + " has no column " + automation::Quoted(name));
+            return *column;
         };
-        const auto before = index(m_before);
-        for (const auto& [text, tables] : index(m_now)) {
-            const auto found = before.find(text);
-            if (found == before.end() || found->second.size() > 1 || tables.size() > 1) continue;
-            PairIfFree(*found->second.front(), *tables.front());
+        Add(m_match.values, m_before.PositionOf(find(*old, from)), m_now.PositionOf(find(*recent, to)),
+            rename, "column");
+    }
+    static void Add(IdentityMatch::Positions& pairs, std::size_t before, std::size_t now,
+                    const NamedRename& rename, const std::string& noun) {
+        if (pairs[now] || std::ranges::find(pairs, before) != pairs.end())
+            RefuseRename(rename, "a " + noun + " cannot be renamed twice, nor two " + noun + "s to one");
+        pairs[now] = before;
+    }
+    void ExpectOneTable(const NamedRename& rename) const {
+        const auto [old, recent] = TablesOf(rename);
+        if (m_match.objects[m_now.PositionOf(*recent)] != m_before.PositionOf(*old))
+            RefuseRename(rename, "no value moves from one table to another");
+    }
+
+    std::vector<ColumnPair> Columns(const DescribedTable& before, const DescribedTable& now) const {
+        std::vector<ColumnPair> result;
+        std::set<const Column*> gone;
+        for (const Column& column : before.Columns)
+            gone.insert(&column);
+        for (const Column& column : now.Columns) {
+            const std::optional<std::size_t> same = m_match.values[m_now.PositionOf(column)];
+            result.push_back({same ? m_before.ColumnOf(*same) : nullptr, &column});
+            gone.erase(result.back().before);
         }
-    }
-
-    bool PairIfFree(const DescribedTable& before, const DescribedTable& now) {
-        if (m_nowOf.contains(&before) || m_beforeOf.contains(&now)) return false;
-        Pair(before, now);
-        return true;
-    }
-
-    /// Of a database that stands, names are all that is known.
-    void MatchTableNames() {
-        std::unordered_map<std::string, const DescribedTable*> byName;
-        const auto folded = [&](const std::string& name) { return m_folds ? ToUpperAscii(name) : name; };
-        for (const DescribedTable& table : m_before)
-            if (table.ObjectID == 0) byName.emplace(folded(table.Name), &table);
-        if (byName.empty()) return;
-        for (const DescribedTable& table : m_now)
-            if (const auto found = byName.find(folded(table.Name)); found != byName.end())
-                PairIfFree(*found->second, table);
-    }
-
-    /// From the top down: the place of an object begins with who its parent is.
-    void MatchPlaces() {
-        std::unordered_map<std::int32_t, const DescribedTable*> beforeByID;
-        for (const DescribedTable& table : m_before)
-            beforeByID.emplace(table.ObjectID, &table);
-        for (bool isNew = true; isNew;) {
-            isNew = false;
-            std::unordered_map<std::int32_t, std::int32_t> parents = {{0, 0}};
-            for (const auto& [before, now] : m_nowOf)
-                parents.emplace(before->ObjectID, now->ObjectID);
-            for (const DescribedTable& table : m_before) {
-                if (m_nowOf.contains(&table)) continue;
-                for (const DescribedTable& now : m_now)
-                    if (!m_beforeOf.contains(&now) && HaveOnePlace(table, now, parents) &&
-                        PairIfFree(table, now)) {
-                        isNew = true;
-                        break;
-                    }
-            }
+        // A value that went to another interface of its object stays in its column.
+        for (ColumnPair& pair : result) {
+            if (pair.before != nullptr || IsKey(*pair.now)) continue;
+            const Column* same = FindColumn(before, pair.now->FieldName);
+            if (same != nullptr && !IsKey(*same) && gone.erase(same) == 1) pair.before = same;
         }
+        for (const Column& column : before.Columns)
+            if (gone.contains(&column)) result.push_back({&column, nullptr});
+        return result;
     }
 
-    static bool HaveOnePlace(const DescribedTable& before, const DescribedTable& now,
-                             const std::unordered_map<std::int32_t, std::int32_t>& parents) {
-        return std::ranges::any_of(before.Places, [&](const TablePlace& old) {
-            const auto parent = parents.find(old.ParentID);
-            return parent != parents.end() && std::ranges::any_of(now.Places, [&](const TablePlace& place) {
-                       return place.ParentID == parent->second && (EqualsIgnoreCase(place.Value, old.Value) ||
-                                                                   (place.VID > 0 && place.VID == old.VID));
-                   });
-        });
-    }
-
-    /// Names of columns, before and now, that a person gave for a pair of tables.
-    std::vector<ColumnPair> RenamesOf(const TablePair& pair) const {
-        std::vector<ColumnPair> columns;
-        for (const NamedRename& rename : m_renames) {
-            const NamePair from(rename.before);
-            const NamePair to(rename.now);
-            if (from.column.empty()) continue;
-            const DescribedTable* before = &Named(m_before, from.table, rename);
-            const DescribedTable* now = &Named(m_now, to.table, rename);
-            if (before != pair.before && now != pair.now) continue;
-            if (before != pair.before || now != pair.now)
-                RefuseRename(rename, "no value moves from one table to another");
-            const auto find = [&](const DescribedTable& table, const std::string& name) {
-                const auto column = FindColumn(table, name);
-                if (column == nullptr)
-                    RefuseRename(rename, table.Name + " has no column " + automation::Quoted(name));
-                return column;
-            };
-            columns.push_back({find(*before, from.column), find(*now, to.column)});
-            for (std::size_t i = 0; i + 1 < columns.size(); ++i)
-                if (columns[i].before == columns.back().before || columns[i].now == columns.back().now)
-                    RefuseRename(rename, "a column cannot be renamed twice, nor two columns to one");
-        }
-        return columns;
-    }
-
-    Tables m_before;
-    Tables m_now;
-    std::span<const NamedRename> m_renames;
-    bool m_folds;
-    TableMap m_nowOf;
-    TableMap m_beforeOf;
+    bool m_namesOnly;
+    TableIdentity m_before, m_now;
+    IdentityMatch m_match;
 };
 
 }  // namespace
 
-std::vector<TablePair> MatchTables(std::span<const DescribedTable> before,
-                                   std::span<const DescribedTable> now, std::span<const NamedRename> renames,
+const Column* FindColumn(const DescribedTable& table, std::string_view name) {
+    return FindNamed(table.Columns, name);
+}
+const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column) {
+    return FindNamed(table.ForeignKeys, column);
+}
+
+std::vector<TablePair> MatchTables(Tables before, Tables now, std::span<const NamedRename> renames,
                                    bool foldsTableNames) {
-    return Matcher(before, now, renames, foldsTableNames).Match();
+    return Matcher(before, now, renames, foldsTableNames).Pairs();
 }
 
 }  // namespace korvex::scriptgen

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Which tables and columns of two models are the same, whatever they are called.
@@ -26,11 +27,14 @@ struct TablePair {
     std::vector<ColumnPair> columns;  ///< in their new order, then those that are gone
 };
 
-/// Pairs the tables of both models: in their new order, then those that are gone. An object is its guid where
-/// that is unique on both sides, else its name where that is, else its place; tables of a database that
-/// stands are their names. Keys match by the objects that they belong to; other columns by the number of
-/// their value within its interface, where that says more than a position, else by name. InvalidProcedureCall
-/// (5) for a rename that matches nothing, or several things.
+/// The column of that name, in any case; nullptr for none.
+const Column* FindColumn(const DescribedTable& table, std::string_view name);
+/// The reference of a column; nullptr for none.
+const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column);
+
+/// Pairs the tables of both models: in their new order, then those that are gone. Objects and values are told
+/// as MatchDefinitions tells them, those of a database that stands by their names. InvalidProcedureCall (5)
+/// for a rename that matches nothing, or several things.
 std::vector<TablePair> MatchTables(std::span<const DescribedTable> before,
                                    std::span<const DescribedTable> now, std::span<const NamedRename> renames,
                                    bool foldsTableNames);

@@ -1,5 +1,4 @@
 #include "scriptgen/migration/engine_alter.h"
-#include "scriptgen/migration/match_columns.h"
 #include "scriptgen/migration/table_rebuild.h"
 #include "scriptgen/script_text.h"
 

@@ -15,10 +15,8 @@ struct ModelMatch {
     std::vector<Positions> values;  ///< by interface; positions within the interface that it matches
 };
 
-/// Finds out what `now` and `before` have in common. An object is its guid where that is unique on both
-/// sides, else its name where that is, else its place: its parent and the value that holds it. A value is the
-/// number that `now` gives it within its interface, else its name; a key is the objects that it belongs to.
-/// `inScope` says of each object of `before` whether it may be told by its name.
+/// Finds out what `now` and `before` have in common (see scriptgen::MatchDefinitions). `inScope` says of each
+/// object of `before` whether it may be told by its name.
 ModelMatch MatchModels(const Model& before, const std::vector<bool>& inScope, const Model& now);
 
 /// Whether a value was written as a key by a run.

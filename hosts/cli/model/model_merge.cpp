@@ -258,13 +258,18 @@ class Merger {
         object.foreignKeys.push_back({*value, *m_objectOfBefore[key.object], *target, key.guid, {}});
     }
 
+    /// An object with what it is made of at its new positions; its keys stay.
+    static ModelObject Moved(ModelObject object, const Map& objects, const Map& interfaces) {
+        if (object.element) object.element = objects[*object.element];
+        for (std::size_t& interface : object.interfaces)
+            interface = *interfaces[interface];
+        return object;
+    }
+
     /// An object that the model says nothing of, as far as what it refers to is still there.
     void FillKept(std::size_t index) {
         const ModelObject& before = m_before.objects[index];
-        ModelObject object = before;
-        if (object.element) object.element = m_objectOfBefore[*object.element];
-        for (std::size_t& interface : object.interfaces)
-            interface = *m_interfaceOfBefore[interface];
+        ModelObject object = Moved(before, m_objectOfBefore, m_interfaceOfBefore);
         object.primaryKeys.clear();
         for (const ModelPrimaryKey& key : before.primaryKeys)
             if (const auto value = OfBefore(key.value)) object.primaryKeys.push_back({*value, key.seq, {}});
@@ -275,11 +280,7 @@ class Merger {
     }
 
     void FillNew(std::size_t index) {
-        const ModelObject& now = m_now.objects[index];
-        ModelObject object = now;
-        if (object.element) object.element = m_objectOfNow[*object.element];
-        for (std::size_t& interface : object.interfaces)
-            interface = *m_interfaceOfNow[interface];
+        ModelObject object = Moved(m_now.objects[index], m_objectOfNow, m_interfaceOfNow);
         for (ModelPrimaryKey& key : object.primaryKeys)
             key.value = OfNow(key.value);
         for (ModelForeignKey& key : object.foreignKeys)
