@@ -8,24 +8,4 @@ sh tools/packages.sh build
 cmake --preset release -DKORVEX_BUILD_TESTS=OFF -DKORVEX_BUILD_BENCH=OFF -DKORVEX_BUILD_PYTHON=OFF -B build/start >/dev/null
 cmake --build build/start
 
-PATH=$PWD/build/start/hosts/cli:$PATH
-orders() {
-    command=$1
-    shift
-    korvex $command --repository out/orders.db --storage Orders "$@"
-}
-
-mkdir -p out
-rm -f out/orders.db* out/target.db*
-korvex repository new out/orders.db
-korvex repository import out/orders.db examples/orders.json
-orders script --dialect all --out out/scripts
-for script in examples/scripts/*; do
-    cmp "$script" "out/scripts/${script##*/}"
-done
-
-target="Provider=SQLite;Data Source=out/target.db"
-orders "database create" --connection "$target"
-key=$(orders save --connection "$target" examples/order.json)
-orders load --connection "$target" --key "$key" >out/order.json
-echo "order $key is saved in out/target.db and loaded into out/order.json"
+PATH=$PWD/build/start/hosts/cli:$PATH sh tools/example.sh

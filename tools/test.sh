@@ -4,7 +4,7 @@
 # the last commit and behind it, an installed copy used by a separate project, the sanitizer build with clang, korvex.dll under
 # Wine. Says how long each step took, and ends with the test runner's summary.
 # --quick is for one's own loop: formatting, a debug build and its tests on the embedded engines.
-# --all has clang-tidy read every file.
+# --all has clang-tidy read every file, and tries the Debian packages in a bare root (it has to run as root).
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -48,7 +48,7 @@ fi
 
 step "optimised build (GCC)"
 sh tools/packages.sh servers
-cmake --preset release -DKORVEX_TEST_SERVERS=ON >/dev/null
+cmake --preset release -DKORVEX_TEST_SERVERS=ON -DCMAKE_INSTALL_PREFIX=/usr >/dev/null
 cmake --build --preset release
 
 step "clang-tidy"
@@ -56,6 +56,11 @@ sh tools/tidy.sh build/release $scope
 
 step "an installed copy, used by a project of its own"
 sh tests/consumer/run.sh build/release build/consumer
+
+if [ "$scope" = --all ]; then
+    step "the Debian packages, in a bare root"
+    sh tools/test-packages.sh build/release
+fi
 
 step "sanitizer build (clang)"
 cmake --preset asan-ubsan >/dev/null
