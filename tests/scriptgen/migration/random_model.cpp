@@ -132,8 +132,10 @@ void RandomModel::EditOnce() {
                 m_objects[static_cast<std::size_t>(at)].element = element;
             }
             break;
-        case 13:  // a child of two parents
-            if (!hasCircle && other != 0) Hold(at, other, false);
+        case 13:  // a child of two parents; of one alone it would stand twice behind one key
+            if (!hasCircle && other != 0 && object.element != other &&
+                std::ranges::find(object.values, other, &Value::child) == object.values.end())
+                Hold(at, other, false);
             break;
         case 14:  // a child of another parent
             if (value != nullptr && value->child < 0 && !hasCircle && other != 0 && ParentsOf(other) == 1) {

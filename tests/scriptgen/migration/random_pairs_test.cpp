@@ -1,12 +1,18 @@
 #include "automation/convert.h"
 #include "hosts/cli/source.h"
+#include "objects/json.h"
+#include "objects/load_definition.h"
 #include "random_model.h"
+#include "random_tree.h"
 #include "scriptgen/migration/database_update.h"
 #include "scriptgen/migration/definition_identity.h"
 #include "scriptgen/migration/live_tables.h"
 #include "scriptgen/script_text.h"
 #include "support/driver.h"
 #include "support/error_of.h"
+#include "support/json_holds.h"
+#include "support/recording_parts.h"
+#include "surface/cls_crud.h"
 
 #include <gmock/gmock.h>
 
@@ -25,8 +31,16 @@ using scriptgen::DescribedTable;
 using testing::IsEmpty;
 using Connection = std::shared_ptr<ado::Connection>;
 using Tables = std::vector<DescribedTable>;
+using objects::DataObject;
+
+/// A definition as tables, and as what objects are made of.
+struct Described {
+    Tables tables;
+    std::shared_ptr<objects::Definition> definition;
+};
 
 std::string Text(const automation::Variant& value) {
+    if (const auto* bytes = value.If<automation::Bytes>()) return {bytes->begin(), bytes->end()};
     return value.IsNull() ? "-" : automation::ToString(value);
 }
 
@@ -43,6 +57,8 @@ std::vector<std::string> Rows(ado::Connection& connection, const std::string& qu
 
 class RandomPairs : public testing::TestWithParam<Driver> {
   protected:
+    RandomPairs() { m_crud.ConnectDB("Provider=SQLite;Data Source=:memory:"); }
+
     /// Of an empty database.
     Connection NewDatabase() {
         const std::string place = m_places.New("db" + std::to_string(++m_databases));
@@ -53,11 +69,12 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         if (isFile) connection->Execute("PRAGMA synchronous=OFF");
         return connection;
     }
-    Tables Describe(const std::string& json) {
-        const std::string file = m_folder.Write("model.json", json);
+    Described Describe(const RandomModel& model) {
+        const std::string file = m_folder.Write("model.json", model.Json());
         cli::Source source = cli::OpenSource(DefaultPlatform(), file);
-        return scriptgen::DescribeIdentified(repository::Catalog::Read(source.repository.Open()), "S", "FK_",
-                                             &*source.numbered);
+        const repository::Catalog catalog = repository::Catalog::Read(source.repository.Open());
+        return {scriptgen::DescribeIdentified(catalog, "S", "FK_", &*source.numbered),
+                objects::LoadDefinition(catalog, "S")};
     }
     Connection Create(const Tables& tables) {
         Connection connection = NewDatabase();
@@ -95,46 +112,81 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         return lines;
     }
 
-    /// Records in all tables, parents first; values that every type can hold. The counters are past them.
-    void Fill(ado::Connection& connection, const Tables& tables) {
-        std::set<std::string> filled;
-        for (const DescribedTable& table : m_dialect.Tables(tables)) {
-            const std::string& key = table.PrimaryKey.front();
-            for (int row = 1; row <= 3; ++row) {
-                std::vector<std::string> names, values;
-                for (const Column& column : table.Columns) {
-                    names.push_back(column.FieldName);
-                    values.push_back(column.IsPrimaryKey ? std::to_string(row)
-                                                         : ValueFor(table, column, row, filled));
-                }
-                connection.Execute("insert into " + table.Name + " (" + scriptgen::Joined(names) +
-                                   ") values (" + scriptgen::Joined(values) + ")");
-            }
-            filled.insert(table.Name);
-            connection.Execute("delete from " + table.Name + " where " + key + " = 3");
-            if (GetParam() == Driver::PostgreSql)
-                connection.Execute("select setval(pg_get_serial_sequence(lower('" + table.Name +
-                                   "'), lower('" + key + "')), 3)");
-        }
+    /// Stores objects through a connection.
+    clsCRUD& Crud(const Connection& connection) {
+        m_crud.DbConn(connection);
+        return m_crud;
     }
-    std::string ValueFor(const DescribedTable& table, const Column& column, int row,
-                         const std::set<std::string>& filled) const {
-        const auto key =
-            std::ranges::find(table.ForeignKeys, column.FieldName, &scriptgen::ForeignKey::FieldName);
-        if (key != table.ForeignKeys.end())
-            return row == 3 || !filled.contains(key->Table) ? "null" : std::to_string(row);
-        switch (column.DataType) {
-            case 7:
-                return "'2024-02-29 20:30:0" + std::to_string(row) + "'";
-            case 11:
-                return GetParam() == Driver::PostgreSql ? (row == 1 ? "true" : "false")
-                                                        : std::to_string(row % 2);
-            case 12:
-                return "null";
-            case 8:
-                return "'" + std::to_string(row % 2) + "'";
-            default:
-                return std::to_string(row % 2);
+    void ExpectDone(const std::string& what) {
+        EXPECT_EQ(m_crud.LastResult(), dbNoError) << what;
+        EXPECT_THAT(*m_messages, IsEmpty()) << what;
+        m_messages->clear();
+    }
+
+    /// Columns whose values go into another type, by the names of one side.
+    static std::set<std::string> Converted(const DefinitionDiff& diff, bool isAfter) {
+        std::set<std::string> names;
+        for (const scriptgen::TablePlan& plan : diff.Compared().Tables())
+            for (const scriptgen::ColumnPlan& column : plan.columns)
+                if (plan.Stays() && IsConverted(column))
+                    names.insert(automation::ToUpperAscii((isAfter ? plan.now : plan.before)->Name + "." +
+                                                          (isAfter ? column.now : column.before)->FieldName));
+        return names;
+    }
+    static bool IsConverted(const scriptgen::ColumnPlan& column) {
+        return column.isRetyped && column.before->DataType != column.now->DataType;
+    }
+
+    /// Three objects with all beneath them, the last one deleted again: the counters are past the keys. Notes
+    /// how far they are.
+    void Save(const Connection& connection, const Described& before, const DefinitionDiff& diff) {
+        RandomTree trees(1, Converted(diff, false));
+        for (std::int32_t key = 1; key <= 3; ++key) {
+            EXPECT_EQ(Crud(connection).DbSaveData(trees.New(before.definition)), key);
+            ExpectDone("save");
+        }
+        m_lastKeys.clear();
+        for (const DescribedTable& table : before.tables) {
+            const std::string last =
+                Rows(*connection, "select max(" + table.PrimaryKey.front() + ") from " + table.Name).front();
+            m_lastKeys[table.Name] = last == "-|" ? 0 : std::stoi(last);
+        }
+        m_crud.DbDeleteData(std::make_shared<DataObject>(before.definition), 3);
+        ExpectDone("delete");
+    }
+
+    /// Objects that were stored before are loaded, changed and deleted as what they became, new ones are
+    /// stored; the first one stays.
+    void ExpectObjectsGoOn(const Connection& connection, const Described& now, const DefinitionDiff& diff) {
+        RandomTree trees(2, Converted(diff, true));
+        const auto read = [&](std::int32_t key) {
+            auto object = std::make_shared<DataObject>(now.definition);
+            EXPECT_EQ(Crud(connection).DbGetData(object, key), key);
+            return object;
+        };
+        const auto load = [&](std::int32_t key) {
+            auto object = read(key);
+            ExpectDone("load");
+            return object;
+        };
+        const auto expectStored = [&](std::int32_t key, DataObject& object) {
+            const std::string stored = objects::ToJson(*load(key));
+            EXPECT_TRUE(Holds(stored, objects::ToJson(object))) << stored << objects::ToJson(object);
+        };
+        const auto added = trees.New(now.definition);
+        const std::int32_t newest = m_crud.DbSaveData(added);
+        ExpectDone("save");
+        expectStored(newest, *added);
+        for (const std::int32_t key : {1, 2, newest}) {
+            const auto object = read(key);  // children that are new have no records yet
+            trees.Fill(*object);
+            EXPECT_EQ(m_crud.DbUpdateData(object, key), key);
+            ExpectDone("update");
+            expectStored(key, *object);
+            if (key == 1) continue;
+            EXPECT_EQ(m_crud.DbDeleteData(object, key), key);
+            ExpectDone("delete");
+            EXPECT_FALSE(m_crud.DbDataExists(object, key));
         }
     }
 
@@ -148,11 +200,12 @@ class RandomPairs : public testing::TestWithParam<Driver> {
             for (const scriptgen::ColumnPlan& column : plan.columns) {
                 if (column.before == nullptr || column.now == nullptr || !column.conversion.isPossible)
                     continue;
-                if (column.isRetyped && (column.before->DataType == 7 || column.now->DataType == 7)) continue;
+                const bool isConverted = IsConverted(column);
+                if (isConverted && (column.before->DataType == 7 || column.now->DataType == 7)) continue;
                 std::vector<std::string> rows =
                     Rows(connection, "select " + (isAfter ? column.now : column.before)->FieldName +
                                          " from " + table.Name + " order by " + table.PrimaryKey.front());
-                if (column.isRetyped) {
+                if (isConverted) {
                     for (std::string& row : rows)
                         row = row == "-|"
                                   ? row
@@ -168,12 +221,12 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         scriptgen::DatabaseUpdate(connection, m_dialect).Run(diff.Steps(true));
     }
 
-    void ExpectLeadsThereAndBack(const Tables& before, const Tables& now) {
-        const DefinitionDiff diff(m_dialect.Name(), before, now);
-        EXPECT_THAT(DefinitionDiff(m_dialect.Name(), now, now).Changes(), IsEmpty());
-        const Connection old = Create(before);
+    void ExpectLeadsThereAndBack(const Described& before, const Described& now) {
+        const DefinitionDiff diff(m_dialect.Name(), before.tables, now.tables);
+        EXPECT_THAT(DefinitionDiff(m_dialect.Name(), now.tables, now.tables).Changes(), IsEmpty());
+        const Connection old = Create(before.tables);
         const std::vector<std::string> oldCatalogue = Catalogue(*old);
-        Fill(*old, before);
+        Save(old, before, diff);
         // A point in time does not fit a short text.
         if (!scriptgen::CountMisfits(*old, m_dialect, diff.Compared()).empty()) {
             ++m_misfits;
@@ -181,12 +234,13 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         }
         const auto values = Kept(*old, diff, false);
         Run(old, diff);
-        const Connection fresh = Create(now);
+        const Connection fresh = Create(now.tables);
         EXPECT_EQ(Catalogue(*old), Catalogue(*fresh)) << diff.Script(true);
         EXPECT_EQ(Kept(*old, diff, true), values) << diff.Script(true);
-        EXPECT_THAT(LiveChanges(*old, now), IsEmpty());
+        EXPECT_THAT(LiveChanges(*old, now.tables), IsEmpty());
         ExpectNumbersGoOn(*old, diff);
-        Run(old, DefinitionDiff(m_dialect.Name(), now, before));
+        ExpectObjectsGoOn(old, now, diff);
+        Run(old, DefinitionDiff(m_dialect.Name(), now.tables, before.tables));
         EXPECT_EQ(Catalogue(*old), oldCatalogue) << diff.Script(true);
     }
 
@@ -212,7 +266,7 @@ class RandomPairs : public testing::TestWithParam<Driver> {
                                (isParent ? "0" : "null") + ")");
             const std::string newest =
                 Rows(connection, "select max(" + key + ") from " + plan.now->Name).front();
-            EXPECT_EQ(newest, "4|") << plan.now->Name;
+            EXPECT_EQ(newest, std::to_string(m_lastKeys.at(plan.before->Name) + 1) + "|") << plan.now->Name;
             if (!isParent) continue;
             EXPECT_EQ(Rows(connection, "select " + column + " from " + plan.now->Name + " where " + key +
                                            " = " + newest.substr(0, newest.size() - 1))
@@ -227,6 +281,13 @@ class RandomPairs : public testing::TestWithParam<Driver> {
     Places m_places{GetParam(), m_folder};
     int m_databases = 0;
     unsigned m_misfits = 0;
+    Journal m_messages = std::make_shared<std::vector<std::string>>();
+    clsCRUD m_crud{[this] {
+        Platform platform = DefaultPlatform();
+        platform.desktop = std::make_shared<RecordingDesktop>(m_messages);
+        return platform;
+    }()};
+    std::map<std::string, int> m_lastKeys;  ///< the highest one that records ever had, by table
 };
 
 /// How many pairs a test tries: those of the environment, or as many as take some seconds.
@@ -239,10 +300,10 @@ unsigned PairsToTry(Driver driver) {
 TEST_P(RandomPairs, OfDefinitionsLeadFromOneToTheOtherAndBack) {
     for (unsigned seed = 1; seed <= PairsToTry(GetParam()); ++seed) {
         RandomModel model(seed);
-        const std::string before = model.Json();
+        const Described before = Describe(model);
         model.Edit();
         SCOPED_TRACE("pair " + std::to_string(seed) + model.Story());
-        ASSERT_NO_THROW(ExpectLeadsThereAndBack(Describe(before), Describe(model.Json())));
+        ASSERT_NO_THROW(ExpectLeadsThereAndBack(before, Describe(model)));
         if (HasFailure()) return;
     }
     EXPECT_LE(m_misfits, PairsToTry(GetParam()) / 10);
@@ -253,15 +314,15 @@ TEST_P(RandomPairs, AFailureTakesAllBackOrLeavesARestThatLeadsThere) {
     const bool rollsBack = m_dialect.DefinitionsRollBack();
     for (unsigned seed = 1; seed <= (IsServer(GetParam()) ? 1U : 4U); ++seed) {
         RandomModel model(seed);
-        const Tables before = Describe(model.Json());
+        const Described before = Describe(model);
         model.Edit();
-        const Tables now = Describe(model.Json());
-        const DefinitionDiff diff(m_dialect.Name(), before, now);
+        const Tables now = Describe(model).tables;
+        const DefinitionDiff diff(m_dialect.Name(), before.tables, now);
         const std::vector<AlterStep> steps = diff.Steps(true);
         const std::vector<std::string> wanted = Catalogue(*Create(now));
         for (std::size_t n = 0; n < steps.size(); n += rollsBack ? 1 : 4) {
-            const Connection connection = Create(before);
-            Fill(*connection, before);
+            const Connection connection = Create(before.tables);
+            Save(connection, before, diff);
             const std::vector<std::string> catalogue = Catalogue(*connection);
             const auto values = Kept(*connection, diff, false);
             std::vector<AlterStep> broken = steps;
@@ -294,10 +355,10 @@ TEST_P(RandomPairs, AFailureTakesAllBackOrLeavesARestThatLeadsThere) {
 TEST_P(RandomPairs, ADatabaseIsBroughtToItsDefinitionFromAnyState) {
     for (unsigned seed = 300; seed < 300 + PairsToTry(GetParam()) / 4; ++seed) {
         RandomModel model(seed);
-        const Connection connection = Create(Describe(model.Json()));
+        const Connection connection = Create(Describe(model).tables);
         model.Edit();
         SCOPED_TRACE("pair " + std::to_string(seed) + model.Story());
-        const Tables now = Describe(model.Json());
+        const Tables now = Describe(model).tables;
         const auto diff =
             DefinitionDiff::FromLive(m_dialect, scriptgen::ReadLiveTables(*connection, m_dialect), now);
         ASSERT_NO_THROW(Run(connection, *diff)) << diff->Script(true);
