@@ -17,6 +17,7 @@ class Collection : public TableObject {
   public:
     const ClassInfo& Class() const noexcept override;
 
+    /// How many items there are.
     std::int32_t Count() const noexcept;
     /// `index` is a position (1 to Count) or a key. SubscriptOutOfRange (9) for a position beyond the
     /// collection, InvalidProcedureCall (5) for a key that is not there. The reference holds until the
@@ -27,6 +28,7 @@ class Collection : public TableObject {
     /// 5) place the item next to an existing one.
     void Add(Variant item, const Variant& key = Variant::Missing(),
              const Variant& before = Variant::Missing(), const Variant& after = Variant::Missing());
+    /// Takes out the item at a position or with a key; errors as for Item.
     void Remove(const Variant& index);
     /// The enumeration follows the live collection: items removed before it reaches them are not met, items
     /// added behind its place are, and no other item is skipped or met twice.

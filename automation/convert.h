@@ -17,13 +17,21 @@
 ///   "(12)"; anything else, the empty text included, raises TypeMismatch (13).
 namespace korvex::automation {
 
+/// Any number but zero is True; of texts "True" and "False", in any case, and those that are numbers.
 bool ToBoolean(const Variant& value);
+/// 0 to 255.
 std::uint8_t ToByte(const Variant& value);
+/// -32,768 to 32,767.
 std::int16_t ToInteger(const Variant& value);
+/// -2,147,483,648 to 2,147,483,647.
 std::int32_t ToLong(const Variant& value);
+/// 64 bits, signed.
 std::int64_t ToLongLong(const Variant& value);
+/// Rounded to the nearest that 32 bits can hold; Overflow (6) beyond their greatest.
 float ToSingle(const Variant& value);
+/// A 64-bit integer is rounded to the nearest that a double can hold.
 double ToDouble(const Variant& value);
+/// Four decimals, half to even; Overflow (6) beyond 922,337,203,685,477.5807.
 Currency ToCurrency(const Variant& value);
 /// Text is read as ISO 8601 ("2026-11-21", "2026-11-21T08:30:00", a blank for the "T"), month/day/year or
 /// with the month's name, with an optional time and AM or PM; a time alone is one of day zero. Overflow (6)

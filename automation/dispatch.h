@@ -14,12 +14,18 @@ namespace korvex::automation {
 struct ClassInfo;
 
 /// How a member is reached; the values are the platform's dispatch flags.
-enum class InvokeKind : std::uint16_t { Method = 1, PropertyGet = 2, PropertyLet = 4, PropertySet = 8 };
+enum class InvokeKind : std::uint16_t {
+    Method = 1,       ///< a call
+    PropertyGet = 2,  ///< reading a property
+    PropertyLet = 4,  ///< setting a property to a value
+    PropertySet = 8,  ///< setting a property to an object
+};
 
 /// For Each over an object: Next gives the items in order, then nothing.
 class Enumerator {
   public:
     virtual ~Enumerator() = default;
+    /// The next item; nothing behind the last one, and ever after.
     virtual std::optional<Variant> Next() = 0;
 };
 
@@ -46,24 +52,28 @@ class Object : public std::enable_shared_from_this<Object> {
     virtual bool IsA(const ClassInfo& /*info*/) const noexcept { return false; }
 };
 
-enum class Passing : std::uint8_t { ByValue, ByReference };
+/// How an argument reaches a member.
+enum class Passing : std::uint8_t {
+    ByValue,      ///< a copy
+    ByReference,  ///< the caller's variable, which the member may change
+};
 
 /// One declared parameter of a member.
 struct Parameter {
-    std::string_view name;
-    VarType type = VarType::Variant;
-    Passing passing = Passing::ByValue;
-    bool optional = false;
+    std::string_view name;               ///< as it is published: "sFKPrefix"
+    VarType type = VarType::Variant;     ///< what arguments are converted to
+    Passing passing = Passing::ByValue;  ///< by value or by reference
+    bool optional = false;               ///< may be left out
     /// For VarType::Object: the name of the interface expected ("QORObject"), or empty for any object.
     std::string_view interfaceName = {};
 };
 
 /// One row of a class's member table; rows stand in slot order.
 struct Member {
-    std::string_view name;
-    InvokeKind kind = InvokeKind::Method;
+    std::string_view name;                       ///< as it is published; found in any case
+    InvokeKind kind = InvokeKind::Method;        ///< one of the four
     std::span<const Parameter> parameters = {};  ///< for a let: the indexes, then the new value
-    VarType result = VarType::Void;
+    VarType result = VarType::Void;              ///< declared type of the result
     /// Receives one value per parameter, converted to the declared type. Missing optionals arrive as Missing
     /// (Variant parameters), as Nothing (Object) or as the Empty value of their type ("", 0, False). Changes
     /// to by-reference parameters go back.
@@ -78,15 +88,16 @@ struct Member {
 
 /// The member table of a public class: the one source for late binding on every build.
 struct ClassInfo {
-    std::string_view name;         ///< "clsCreateDb"
-    std::string_view description;  ///< published help text
-    std::span<const Member> members = {};
-    std::string_view defaultMember = {};  ///< what an object alone stands for, if anything ("Item")
+    std::string_view name;                 ///< "clsCreateDb"
+    std::string_view description;          ///< published help text
+    std::span<const Member> members = {};  ///< in slot order
+    std::string_view defaultMember = {};   ///< what an object alone stands for, if anything ("Item")
 };
 
 /// An object whose late-bound calls are served from its class's member table.
 class TableObject : public Object {
   public:
+    /// The member table of the object's class; lasts as long as the program.
     virtual const ClassInfo& Class() const noexcept = 0;
     Variant Invoke(std::string_view name, InvokeKind kind, std::span<Variant> arguments) override;
 };
@@ -112,14 +123,15 @@ std::shared_ptr<T> ObjectAs(const Variant& value) {
     return typed;
 }
 
-/// Shorthand for hosts: by-value calls on any object.
-/// `Call(o, "Add", 1, "x")`, `Get(o, "Count")`, `Let(o, "FKPrefix", "F_")`.
+/// Calls a method by name with arguments by value: `Call(o, "Add", 1, "x")`. Errors as for Object::Invoke.
 template <class... Args>
 Variant Call(Object& object, std::string_view name, Args&&... args) {
     Variant values[] = {Variant(std::forward<Args>(args))..., Variant()};
     return object.Invoke(name, InvokeKind::Method, std::span<Variant>(values, sizeof...(Args)));
 }
+/// Reads a property by name: `Get(o, "Count")`. Errors as for Object::Invoke.
 Variant Get(Object& object, std::string_view name);
+/// Sets a property by name: `Let(o, "FKPrefix", "F_")`. Errors as for Object::Invoke.
 void Let(Object& object, std::string_view name, Variant value);
 
 }  // namespace korvex::automation

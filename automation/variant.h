@@ -19,45 +19,48 @@ using Bytes = std::vector<std::uint8_t>;
 
 /// Type numbers of automation variants (the VARTYPE values of the platform).
 enum class VarType : std::uint16_t {
-    Empty = 0,
-    Null = 1,
-    Integer = 2,  ///< 16-bit signed
-    Long = 3,     ///< 32-bit signed
-    Single = 4,
-    Double = 5,
-    Currency = 6,
-    Date = 7,
-    String = 8,
-    Object = 9,
-    Missing = 10,  ///< an omitted optional argument (the runtime's "parameter not found" error value)
-    Boolean = 11,
-    Variant = 12,  ///< only as the declared type of a parameter or result: any value
-    Byte = 17,
+    Empty = 0,      ///< never set
+    Null = 1,       ///< SQL's NULL
+    Integer = 2,    ///< 16-bit signed
+    Long = 3,       ///< 32-bit signed
+    Single = 4,     ///< 32-bit floating point
+    Double = 5,     ///< 64-bit floating point
+    Currency = 6,   ///< automation::Currency
+    Date = 7,       ///< automation::Date
+    String = 8,     ///< text
+    Object = 9,     ///< a reference, Nothing included
+    Missing = 10,   ///< an omitted optional argument (the runtime's "parameter not found" error value)
+    Boolean = 11,   ///< True or False
+    Variant = 12,   ///< only as the declared type of a parameter or result: any value
+    Byte = 17,      ///< 8-bit unsigned
     LongLong = 20,  ///< 64-bit signed
     Void = 24,      ///< only as a declared result type: no result
     Bytes = 8209,   ///< array of bytes
 };
 
+/// The value of a variable that was never set.
 struct EmptyValue {
     friend bool operator==(EmptyValue, EmptyValue) = default;
 };
+/// The value of a column that holds none.
 struct NullValue {
     friend bool operator==(NullValue, NullValue) = default;
 };
+/// The value of an optional argument that was left out.
 struct MissingValue {
     friend bool operator==(MissingValue, MissingValue) = default;
 };
 
 /// Fixed-point money: `units` are ten-thousandths.
 struct Currency {
-    std::int64_t units = 0;
+    std::int64_t units = 0;  ///< ten-thousandths: 12345 is 1.2345
     friend bool operator==(Currency, Currency) = default;
 };
 
 /// Days since 1899-12-30 00:00; the fraction is the time of day (for negative values too, it counts
 /// forward from midnight, as the automation runtime has it).
 struct Date {
-    double days = 0;
+    double days = 0;  ///< 2.5 is 1900-01-01 12:00; -1.25 is 1899-12-29 06:00
     friend bool operator==(Date, Date) = default;
 };
 
@@ -65,11 +68,15 @@ struct Date {
 /// `==` compares type and value exactly, without conversion.
 class Variant {
   public:
+    /// What a value is kept as: one C++ type for each automation type that a value can have.
     using Storage =
         std::variant<EmptyValue, NullValue, MissingValue, bool, std::uint8_t, std::int16_t, std::int32_t,
                      std::int64_t, float, double, Currency, Date, std::string, Bytes, ObjectRef>;
 
+    /// Empty.
     Variant() = default;
+    /// A value of the automation type that the C++ type stands for; numbers keep their width, and a literal
+    /// such as 5 is a Long.
     Variant(NullValue value) : m_value(value) {}
     Variant(MissingValue value) : m_value(value) {}
     template <std::same_as<bool> T>
@@ -90,18 +97,27 @@ class Variant {
     template <std::derived_from<Object> T>
     Variant(std::shared_ptr<T> value) : m_value(ObjectRef(std::move(value))) {}
 
+    /// SQL's NULL.
     static Variant Null() { return NullValue{}; }
     /// Stands for an optional argument that the caller left out.
     static Variant Missing() { return MissingValue{}; }
 
+    /// The type of the value held; never VarType::Variant or VarType::Void.
     VarType Type() const noexcept;
+    /// Whether the value was never set.
     bool IsEmpty() const noexcept { return Holds<EmptyValue>(); }
+    /// Whether the value is Null, which IsEmpty is not.
     bool IsNull() const noexcept { return Holds<NullValue>(); }
+    /// Whether an optional argument was left out.
     bool IsMissing() const noexcept { return Holds<MissingValue>(); }
+    /// Whether the value is a text.
     bool IsString() const noexcept { return Holds<std::string>(); }
+    /// Whether the value is a reference to an object, Nothing included.
     bool IsObject() const noexcept { return Holds<ObjectRef>(); }
+    /// Whether the value is a reference to no object.
     bool IsNothing() const noexcept { return IsObject() && std::get<ObjectRef>(m_value) == nullptr; }
 
+    /// Whether the stored value is exactly a T, one of the types of Storage.
     template <class T>
     bool Holds() const noexcept {
         return std::holds_alternative<T>(m_value);
@@ -116,6 +132,7 @@ class Variant {
         return std::get_if<T>(&m_value);
     }
 
+    /// What is stored, for std::visit.
     const Storage& Value() const noexcept { return m_value; }
 
     friend bool operator==(const Variant&, const Variant&) = default;

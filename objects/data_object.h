@@ -18,23 +18,27 @@ namespace korvex::objects {
 /// tree asks all of it. Child objects come into being when they are first asked for, unmodified.
 class DataObject final : public persistence::PlainObject {
   public:
-    using Shared = std::shared_ptr<DataObject>;
+    using Shared = std::shared_ptr<DataObject>;  ///< how data objects are held
 
     /// An object without a definition; DataDef gives it one.
     DataObject() = default;
+    /// An object whose values are Empty, unmodified. It must be held by a shared_ptr (std::make_shared)
+    /// before its child objects or elements are asked for.
     explicit DataObject(std::shared_ptr<Definition> definition);
     ~DataObject() override;
 
     /// The definition; ObjectVariableNotSet (91) when there is none.
     Definition& Type() const;
-    /// Values by name; MemberNotFound (438) for a name that the definition does not have.
+    /// A value by name, case included; MemberNotFound (438) for a name that the definition does not have.
     automation::Variant Get(std::string_view name);
+    /// Sets a value by name, converted to its type; errors as for Get and Value.
     void Set(std::string_view name, const automation::Variant& value);
-    /// The child object of that name; ObjectRequired (424) for a plain value.
+    /// The child object of that name; ObjectRequired (424) for a plain value, MemberNotFound (438) for none.
     Shared Child(std::string_view name);
     /// The child object if it came into being already, else nullptr.
     Shared ExistingChild(const ValueDefinition& value) const;
 
+    /// The elements of a collection in their order; none for any other object.
     const std::vector<Shared>& Items() const noexcept { return m_items; }
     /// Appends a new element; InvalidProcedureCall (5) when the object is no collection.
     Shared Add();

@@ -21,16 +21,24 @@ namespace korvex::objects {
 /// database, each once: "Customer.Remark".
 using UnstoredMembers = std::vector<std::string>;
 
-/// A new object, modified wherever the text says something. `unstored` takes what of it a save leaves out.
+/// A new object, modified wherever the text says something.
 ///
 /// Errors name the place ("Lines.$items[3].Quantity"): InvalidProcedureCall (5) for text that is no JSON,
 /// with line and column; MemberNotFound (438) for a member that the definition does not know, with the
 /// nearest name that it does; TypeMismatch (13) and Overflow (6) for a value that does not fit its type;
 /// OutOfStackSpace (28) for objects nested deeper than the thread's stack allows.
+/// @param definition of the object
+/// @param text one JSON object, in UTF-8
+/// @param unstored where given, takes what of the text a save leaves out
+/// @return the object
 std::shared_ptr<DataObject> FromJson(const std::shared_ptr<Definition>& definition, std::string_view text,
                                      UnstoredMembers* unstored = nullptr);
 
-/// One new object for each item of a JSON array, or one for anything else.
+/// One new object for each item of a JSON array, or one for anything else; errors as for FromJson.
+/// @param definition of the objects
+/// @param text a JSON array of objects, or one object
+/// @param unstored where given, takes what of the text a save leaves out
+/// @return the objects in the order of the text
 std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Definition>& definition,
                                                       std::string_view text,
                                                       UnstoredMembers* unstored = nullptr);
@@ -38,16 +46,23 @@ std::vector<std::shared_ptr<DataObject>> ListFromJson(const std::shared_ptr<Defi
 /// Puts what the text says into an object; values and child objects that it does not mention stay. "$items"
 /// gives all elements: an item with the key of an element is put into that one, any other is a new element,
 /// and elements without an item leave the collection. KeyAlreadyUsed (457) for two items with one key. After
-/// an error the object is partly changed.
+/// an error, which is one of FromJson, the object is partly changed.
+/// @param object an object with a definition
+/// @param text one JSON object, in UTF-8
+/// @param unstored where given, takes what of the text a save leaves out
 void ApplyJson(DataObject& object, std::string_view text, UnstoredMembers* unstored = nullptr);
 
+/// How JSON text is laid out.
 enum class JsonForm : std::uint8_t {
     Indented,  ///< two blanks per level
     Line,      ///< all of it in one
 };
 
 /// The object as text with a line feed at its end, members in the order of its definition. OutOfStackSpace
-/// (28) as above.
+/// (28) as for FromJson.
+/// @param object an object with a definition
+/// @param form how the text is laid out
+/// @return UTF-8
 std::string ToJson(DataObject& object, JsonForm form = JsonForm::Indented);
 
 }  // namespace korvex::objects

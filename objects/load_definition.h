@@ -16,7 +16,11 @@ namespace korvex::objects {
 /// keeps all of them, as optional links: it may be stored under a parent of another definition. Raises
 /// InvalidProcedureCall (5) for a storage name that no definition or several have and for a reference to an
 /// object that does not exist; OutOfStackSpace (28) for an object that is its own ancestor; and the errors of
-/// CreateRelationship.
+/// clsCreateDb::CreateRelationship.
+/// @param catalog all of the repository; the definition keeps no reference to it
+/// @param storageName of one definition
+/// @param sFKPrefix the prefix of foreign-key columns; clsCRUD must be given the same one
+/// @return the definition of the topmost object, with those beneath it
 std::shared_ptr<Definition> LoadDefinition(const repository::Catalog& catalog, std::string_view storageName,
                                            std::string_view sFKPrefix = "FK_");
 

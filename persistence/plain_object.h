@@ -4,8 +4,10 @@
 
 namespace korvex::persistence {
 
-/// A QORObject that carries nothing: every attribute reads "", 0, False or nothing, values and elements do
-/// not exist. Implementations override what they carry.
+/// A QORObject that carries nothing: every attribute reads "", 0, False or nothing. Implementations override
+/// what they carry. What is not there and cannot be left out raises an error that names it:
+/// SubscriptOutOfRange (9) for a value or a column, MemberNotFound (438) for a name, InvalidProcedureCall (5)
+/// for an attribute to set, a definition or an element.
 class PlainObject : public QORObject {
   public:
     Ref Parent() override { return nullptr; }

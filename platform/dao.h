@@ -15,39 +15,39 @@
 namespace korvex::dao {
 
 /// DAO's own constants (RecordsetTypeEnum, WorkspaceTypeEnum, RecordsetOptionEnum, LockTypeEnum).
-inline constexpr std::int32_t dbOpenDynaset = 2;
-inline constexpr std::int32_t dbOpenSnapshot = 4;
-inline constexpr std::int32_t dbUseODBC = 1;
-inline constexpr std::int32_t dbExecDirect = 2048;
-inline constexpr std::int32_t dbOptimistic = 3;
+inline constexpr std::int32_t dbOpenDynaset = 2;    ///< a recordset that adds and edits rows
+inline constexpr std::int32_t dbOpenSnapshot = 4;   ///< a recordset that is only read
+inline constexpr std::int32_t dbUseODBC = 1;        ///< a workspace for ODBC
+inline constexpr std::int32_t dbExecDirect = 2048;  ///< option: the statement is not prepared
+inline constexpr std::int32_t dbOptimistic = 3;     ///< lock: a row is locked while it is stored
 /// Stands for an argument of OpenRecordset that is left out.
 inline constexpr std::int32_t dbOmitted = -1;
 
 /// DAO's error numbers that the engines raise.
 enum ErrorNumber : std::int32_t {
-    NoCurrentRecord = 3021,
-    UpdateWithoutEdit = 3020,  ///< Update without AddNew or Edit
-    DuplicateKey = 3022,
-    TableExists = 3010,
-    FileNotFound = 3024,
-    DiskIsFull = 3026,
-    ReadOnlyDatabase = 3027,
+    NoCurrentRecord = 3021,       ///< behind the last record, or there is none
+    UpdateWithoutEdit = 3020,     ///< Update without AddNew or Edit
+    DuplicateKey = 3022,          ///< a value that a unique index has already
+    TableExists = 3010,           ///< a table to create that is there
+    FileNotFound = 3024,          ///< no file of that name
+    DiskIsFull = 3026,            ///< no room to write
+    ReadOnlyDatabase = 3027,      ///< the file or database may not be written
     NoPermission = 3033,          ///< the engine refuses this to its user
     WrongPassword = 3031,         ///< an encrypted file, without what would open it
     FieldNotFoundInQuery = 3061,  ///< "Too few parameters": an unknown column name in a statement
-    DamagedFile = 3049,
-    CannotOpenFile = 3051,  ///< no permission, a directory, opened exclusively by another
-    SyntaxError = 3075,
-    TextBehindStatement = 3142,  ///< a statement text that holds a second statement
-    TableNotFound = 3078,
-    QueryFailed = 3146,  ///< "ODBC--call failed"
-    OdbcConnectFailed = 3151,
-    RecordChanged = 3197,  ///< the record was changed or removed by another since it was read
+    DamagedFile = 3049,           ///< the file cannot be read to its end
+    CannotOpenFile = 3051,        ///< no permission, a directory, opened exclusively by another
+    SyntaxError = 3075,           ///< a statement that the engine does not understand
+    TextBehindStatement = 3142,   ///< a statement text that holds a second statement
+    TableNotFound = 3078,         ///< no table of that name
+    QueryFailed = 3146,           ///< "ODBC--call failed"
+    OdbcConnectFailed = 3151,     ///< the ODBC connection did not open
+    RecordChanged = 3197,         ///< the record was changed or removed by another since it was read
     RecordLocked = 3260,
-    ItemNotFound = 3265,        ///< no field of that name
-    UnrecognizedFormat = 3343,  ///< the file is no database of this engine
-    ObjectInvalid = 3420,       ///< the object was closed
-    ConstraintViolated = 3201,
+    ItemNotFound = 3265,           ///< no field of that name
+    UnrecognizedFormat = 3343,     ///< the file is no database of this engine
+    ObjectInvalid = 3420,          ///< the object was closed
+    ConstraintViolated = 3201,     ///< an integrity rule refuses the row
     InvalidOperation = 3219,       ///< an action statement where a query is asked for
     OperationNotSupported = 3251,  ///< a write through a snapshot, or to rows of several tables
     ValueOutOfColumn = 3421,       ///< a value that does not convert to the column
@@ -57,6 +57,7 @@ enum ErrorNumber : std::int32_t {
 class Field {
   public:
     virtual ~Field() = default;
+    /// Name of the column as the engine spells it.
     virtual std::string_view Name() const = 0;
     /// NoCurrentRecord (3021) when there is none. SQL NULL is the automation value Null.
     virtual automation::Variant Value() = 0;
@@ -71,6 +72,7 @@ class Recordset {
     /// True when there is no current record (behind the last one, or none at all). (`EOF` is a macro of the C
     /// library.)
     virtual bool Eof() = 0;
+    /// Goes to the next record; NoCurrentRecord (3021) behind the last one.
     virtual void MoveNext() = 0;
     /// Moves to the last record; records added through this recordset stand behind all others, in the order
     /// added.
@@ -78,10 +80,14 @@ class Recordset {
     /// The field of that name, in any case; ItemNotFound (3265) otherwise. Stays valid until the recordset
     /// closes.
     virtual Field& Fields(std::string_view name) = 0;
-    /// Starts a new record / an edit of the current one; Update stores it. Only the columns that were set are
-    /// sent.
+    /// Starts a new record, which Update stores; OperationNotSupported (3251) in a snapshot.
     virtual void AddNew() = 0;
+    /// Starts an edit of the current record, which Update stores; OperationNotSupported (3251) in a snapshot,
+    /// NoCurrentRecord (3021) where there is none.
     virtual void Edit() = 0;
+    /// Stores the record that AddNew or Edit has begun; only the columns that were set are sent.
+    /// UpdateWithoutEdit (3020) without either; DuplicateKey (3022), ConstraintViolated (3201), RecordChanged
+    /// (3197) ... where the engine refuses it.
     virtual void Update() = 0;
     /// Ends the recordset; further calls raise ObjectInvalid (3420).
     virtual void Close() = 0;
@@ -98,33 +104,42 @@ class Database {
                                                      std::int32_t lockEdit = dbOmitted) = 0;
     /// Runs one action or definition statement.
     virtual void Execute(std::string_view sql) = 0;
+    /// Closes the database; further calls raise ObjectInvalid (3420).
     virtual void Close() = 0;
 
-    /// Transactions of the workspace the database was opened in. BeginTrans answers False, and does nothing,
+    /// Begins a transaction of the workspace the database was opened in. Answers False, and does nothing,
     /// where a failing statement would spoil the whole transaction or the engine has none; then neither of
-    /// the other two is called.
+    /// the next two is called.
     virtual bool BeginTrans() = 0;
+    /// Keeps what was done since BeginTrans.
     virtual void CommitTrans() = 0;
+    /// Takes back what was done since BeginTrans.
     virtual void Rollback() = 0;
 };
 
 /// A table of a file that its engine can only read as a whole.
 struct WholeTable {
-    std::string name;
-    std::vector<std::string> columns;
+    std::string name;                         ///< as it was asked for
+    std::vector<std::string> columns;         ///< those asked for that are there
     std::vector<automation::Variant> values;  ///< a value for each column, row by row in the file's order
 };
 
+/// A session with the engine; of those, connections to ODBC come.
 class Workspace {
   public:
     virtual ~Workspace() = default;
+    /// Opens a connection through ODBC: OdbcConnectFailed (3151). `name` is what the engine calls it,
+    /// `connect` a connection string ("ODBC;DSN=orders;DATABASE=shop").
     virtual std::unique_ptr<Database> OpenConnection(std::string_view name, bool readOnly,
                                                      std::string_view connect) = 0;
 };
 
+/// The engine: where files and sessions are opened.
 class DBEngine {
   public:
     virtual ~DBEngine() = default;
+    /// A session under that name; `type` is dbUseODBC. User and password are those of the session, not of a
+    /// database.
     virtual std::shared_ptr<Workspace> CreateWorkspace(std::string_view name, std::string_view user,
                                                        std::string_view password, std::int32_t type) = 0;
     /// Opens an existing database file, shared and read-write: FileNotFound (3024), CannotOpenFile (3051),

@@ -6,10 +6,10 @@
 namespace korvex::platform {
 
 /// Message-box styles, as the automation runtime numbers them.
-inline constexpr std::int32_t StyleOkOnly = 0;
-inline constexpr std::int32_t StyleExclamation = 48;
+inline constexpr std::int32_t StyleOkOnly = 0;        ///< a text and a button
+inline constexpr std::int32_t StyleExclamation = 48;  ///< a warning
 
-/// Port to the person at the screen.
+/// Port to the person at the screen. Natively texts and paths go to standard error.
 class Desktop {
   public:
     virtual ~Desktop() = default;

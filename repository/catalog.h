@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -13,78 +12,85 @@
 /// whole. Fields have the names of their columns; Null reads as 0, False or "", where nothing else is said.
 namespace korvex::repository {
 
+/// A definition (tDataDefs).
 struct DataDefRow {
-    std::string Storage;
-    std::int32_t RootObjectID = 0;
+    std::string Storage;            ///< storage name; several definitions may have one
+    std::int32_t RootObjectID = 0;  ///< its topmost object
 };
 
+/// An object, and the table that stores it (tObjects).
 struct ObjectRow {
-    std::int32_t ObjectID = 0;
-    std::string Name;
+    std::int32_t ObjectID = 0;             ///< identifier
+    std::string Name;                      ///< what people call it
     std::int32_t CollectionObjectID = 0;   ///< object of this collection's elements; 0 for no collection
     std::optional<std::string> TableName;  ///< nothing for Null: no table
-    bool IsIncluded = false;
-    std::string Guid;
-    bool HasKind = true;  ///< CollectionObjectID is not Null
+    bool IsIncluded = false;               ///< takes part in scripts; its objects are stored
+    std::string Guid;                      ///< identifier of its class, as text
+    bool HasKind = true;                   ///< CollectionObjectID is not Null
 
     bool operator==(const ObjectRow&) const = default;
 };
 
+/// A set of values that objects share (tInterfaces).
 struct InterfaceRow {
-    std::int32_t InterfaceID = 0;
-    std::string Name;
+    std::int32_t InterfaceID = 0;  ///< identifier
+    std::string Name;              ///< what people call it; "<Name>DBKeys" holds the keys of an object
 
     bool operator==(const InterfaceRow&) const = default;
 };
 
+/// That an object implements an interface (tObjectInterfaces).
 struct ObjectInterfaceRow {
-    std::int32_t ObjectID = 0;
-    std::int32_t InterfaceID = 0;
+    std::int32_t ObjectID = 0;     ///< the object
+    std::int32_t InterfaceID = 0;  ///< an interface that it implements
 };
 
 /// Data type of values that never become columns, whatever else their rows say.
 inline constexpr std::int32_t TypeNoColumn = 13;
 
+/// A value of an interface, and the column that stores it (tValues).
 struct ValueRow {
-    std::int32_t ValueID = 0;
-    std::int32_t InterfaceID = 0;
-    std::int32_t ChildObjectID = 0;  ///< 0 for a plain value
-    std::string Name;
-    std::optional<std::string> FieldName;  ///< nothing for Null: not stored
-    std::int32_t DataType = 0;
-    std::string MaxLength;
-    bool IsAutoNumber = false;
-    std::string DefaultVal;
-    bool IsIncluded = false;
-    bool IsReadOnly = false;
-    std::string Description;
-    std::string Caption;
-    std::string Translation;
-    std::string MaxValue;
-    std::string MinValue;
-    std::int32_t VID = 0;
-    std::string VIDTag1;
-    std::string VIDTag2;
-    std::string VIDTag3;
-    bool IsPlain = true;  ///< ChildObjectID is 0; neither it nor DataType is Null
+    std::int32_t ValueID = 0;              ///< identifier
+    std::int32_t InterfaceID = 0;          ///< the interface that it is one of
+    std::int32_t ChildObjectID = 0;        ///< the object that it holds; 0 for a plain value
+    std::string Name;                      ///< member name
+    std::optional<std::string> FieldName;  ///< its column; nothing for Null: not stored
+    std::int32_t DataType = 0;             ///< automation type number; see TypeNoColumn
+    std::string MaxLength;                 ///< longest text, in characters, as numeric text
+    bool IsAutoNumber = false;             ///< the database fills the column on insert
+    std::string DefaultVal;                ///< default of the column
+    bool IsIncluded = false;               ///< takes part in scripts; is stored
+    bool IsReadOnly = false;               ///< for people
+    std::string Description;               ///< for people
+    std::string Caption;                   ///< for people
+    std::string Translation;               ///< for people
+    std::string MaxValue;                  ///< for people: the library does not check it
+    std::string MinValue;                  ///< for people: the library does not check it
+    std::int32_t VID = 0;                  ///< number of the value within its interface
+    std::string VIDTag1;                   ///< the modeller's own mark
+    std::string VIDTag2;                   ///< the modeller's own mark
+    std::string VIDTag3;                   ///< the modeller's own mark
+    bool IsPlain = true;                   ///< ChildObjectID is 0; neither it nor DataType is Null
 
     bool operator==(const ValueRow&) const = default;
 };
 
+/// That a value is a part of an object's key (tPrimaryKeys).
 struct PrimaryKeyRow {
-    std::int32_t ObjectID = 0;
-    std::int32_t ValueID = 0;
-    std::int32_t Seq = 0;
+    std::int32_t ObjectID = 0;  ///< the object
+    std::int32_t ValueID = 0;   ///< a value of its key
+    std::int32_t Seq = 0;       ///< position of the value within the key
 
     bool operator==(const PrimaryKeyRow&) const = default;
 };
 
+/// That a value of an object refers to another object (tForeignKeys).
 struct ForeignKeyRow {
-    std::int32_t ObjectID = 0;
-    std::int32_t ValueID = 0;
-    std::int32_t FKObjectID = 0;
-    std::int32_t FKValueID = 0;
-    std::string FKObjectGUID;
+    std::int32_t ObjectID = 0;    ///< the object whose table holds the column
+    std::int32_t ValueID = 0;     ///< the value that the column stores
+    std::int32_t FKObjectID = 0;  ///< the object referred to
+    std::int32_t FKValueID = 0;   ///< the key value referred to
+    std::string FKObjectGUID;     ///< Guid of the object referred to
 
     bool operator==(const ForeignKeyRow&) const = default;
 };
@@ -97,26 +103,37 @@ class Catalog {
     /// raises TypeMismatch (13) or Overflow (6), naming table and column.
     static Catalog Read(dao::Database& database);
 
+    /// All rows of tDataDefs.
     const std::vector<DataDefRow>& DataDefs() const noexcept { return m_dataDefs; }
+    /// All rows of tObjects.
     const std::vector<ObjectRow>& Objects() const noexcept { return m_objects; }
+    /// All rows of tInterfaces.
     const std::vector<InterfaceRow>& Interfaces() const noexcept { return m_interfaces; }
+    /// All rows of tObjectInterfaces.
     const std::vector<ObjectInterfaceRow>& ObjectInterfaces() const noexcept { return m_objectInterfaces; }
+    /// All rows of tValues.
     const std::vector<ValueRow>& Values() const noexcept { return m_values; }
+    /// All rows of tPrimaryKeys.
     const std::vector<PrimaryKeyRow>& PrimaryKeys() const noexcept { return m_primaryKeys; }
+    /// All rows of tForeignKeys.
     const std::vector<ForeignKeyRow>& ForeignKeys() const noexcept { return m_foreignKeys; }
 
-    /// The row of that identifier, or nullptr.
+    /// The object of that identifier, or nullptr.
     const ObjectRow* FindObject(std::int32_t objectID) const;
+    /// The interface of that identifier, or nullptr.
     const InterfaceRow* FindInterface(std::int32_t interfaceID) const;
+    /// The value of that identifier, or nullptr.
     const ValueRow* FindValue(std::int32_t valueID) const;
 
     /// Interfaces that an object implements, in the repository's order; identifiers without a row included.
     std::vector<std::int32_t> InterfacesOf(std::int32_t objectID) const;
-    /// Values of one interface, and of all interfaces of an object in their order.
+    /// Values of one interface, by their identifiers.
     std::vector<const ValueRow*> ValuesOfInterface(std::int32_t interfaceID) const;
+    /// Values of all interfaces of an object, in the order of these.
     std::vector<const ValueRow*> ValuesOf(std::int32_t objectID) const;
-    /// Keys of an object's table: primary keys by their Seq, foreign keys by their ValueID.
+    /// The primary key of an object's table, by Seq.
     std::vector<const PrimaryKeyRow*> PrimaryKeysOf(std::int32_t objectID) const;
+    /// The foreign keys of an object's table, by ValueID.
     std::vector<const ForeignKeyRow*> ForeignKeysOf(std::int32_t objectID) const;
     /// Objects directly beneath an object, in walk order: the element object of a collection first, then the
     /// children that its values hold.
@@ -140,16 +157,5 @@ class Catalog {
     Positions m_interfacesByObject, m_objectsByInterface, m_valuesByInterface, m_primaryKeysByObject,
         m_foreignKeysByObject;
 };
-
-/// The names along a way on which an object beneath one of `roots` is its own ancestor ("Order > Customer >
-/// Order"), or nothing; then `finished` has what is beneath them once, each object behind all beneath it.
-std::optional<std::string> FindOwnAncestor(const Catalog& catalog, const std::vector<std::int32_t>& roots,
-                                           std::vector<std::int32_t>& finished);
-
-/// The objects of the definitions of a storage name (of all when it is empty), and along how many ways a walk
-/// reaches each; a number that would be too large is the largest one. OutOfStackSpace (28) for an object that
-/// is its own ancestor.
-std::unordered_map<std::int32_t, std::int64_t> CountWays(const Catalog& catalog,
-                                                         std::string_view storageName);
 
 }  // namespace korvex::repository

@@ -1,6 +1,7 @@
 #include "repository/related_catalog.h"
 
 #include "automation/text.h"
+#include "repository/catalog_ways.h"
 #include "repository/key_values.h"
 #include "repository/memory_rows.h"
 #include "repository/relationship_builder.h"

@@ -21,8 +21,11 @@ struct TargetReport {
 /// as it is. A parent in another definition of the repository gives column and index too, but no constraint.
 class TargetTables {
   public:
-    /// `FileName` is the repository as for clsCreateDb; an empty `storageName` means all definitions, as one
-    /// run. Errors of the repository and of CreateRelationship reach the caller.
+    /// Reads the repository. Its errors, and those of clsCreateDb::CreateRelationship, reach the caller.
+    /// @param platform the parts; of these, the repository's engine and the desktop are used
+    /// @param FileName the repository: a database file, or an ODBC connection string that holds `DSN=`
+    /// @param storageName the definition; "" for all definitions, as one run
+    /// @param sFKPrefix the prefix of foreign-key columns
     TargetTables(const Platform& platform, const std::string& FileName, const std::string& storageName = {},
                  const std::string& sFKPrefix = "FK_");
     ~TargetTables();
@@ -32,23 +35,32 @@ class TargetTables {
     /// Makes sure that an engine ("sqlite", "mariadb", "postgresql") takes the definition. Create does so for
     /// the engine of its connection; this needs none. InvalidProcedureCall (5) with all that it will not
     /// take.
+    /// @param sEngine the name of its dialect
     void ExpectTakenBy(const std::string& sEngine) const;
 
     /// Makes what is not there: tables, indexes, triggers, foreign keys. InvalidProcedureCall (5) before the
     /// first statement when the engine will not take the definition, or when a table is there that differs
     /// from it. Where definitions can be rolled back (all but MariaDB) it succeeds or leaves the database as
     /// it was; elsewhere an error says what was made, and another call goes on from there.
+    /// @param connection an open connection; adErrFeatureNotAvailable for an engine without a dialect
+    /// @return what was made, and what is not as the definition has it
     TargetReport Create(const std::shared_ptr<ado::Connection>& connection) const;
 
     /// The tables that Drop would remove, with all their records.
+    /// @param connection as for Create
+    /// @return their names
     std::vector<std::string> TablesToDrop(ado::Connection& connection) const;
     /// Removes the tables of the definition but for those that another definition of the repository uses; one
     /// that has tables of its own, of which none is there, uses none.
     /// All or nothing as with Create.
+    /// @param connection as for Create
+    /// @return what was removed
     TargetReport Drop(const std::shared_ptr<ado::Connection>& connection) const;
 
-    /// Where the tables that are there differ from the definition, a line each; none when they are equal.
-    /// The first line is "made by 0.1" when their types are those that version 0.1 gave them.
+    /// Compares the tables that are there with the definition. Nothing is changed.
+    /// @param connection as for Create
+    /// @return where they differ, a line each; none when they are equal. The first line is "made by 0.1" when
+    /// their types are those that version 0.1 gave them.
     std::vector<std::string> Check(ado::Connection& connection) const;
 
   private:

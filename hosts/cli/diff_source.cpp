@@ -5,7 +5,6 @@
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
 #include "repository/catalog.h"
-#include "scriptgen/migration/definition_identity.h"
 #include "scriptgen/migration/live_tables.h"
 
 #include <algorithm>
@@ -52,16 +51,7 @@ DefinitionState DescribeSource(const std::string& place, const DiffSettings& set
         ExpectStorage(source.repository, settings.storage);
         const auto* numbered = source.numbered ? &*source.numbered : nullptr;
         const repository::Catalog catalog = repository::Catalog::Read(source.repository.Open());
-        DefinitionState state{
-            scriptgen::DescribeIdentified(catalog, settings.storage, settings.fkPrefix, numbered), {}};
-        std::set<std::string> storages = {settings.storage};
-        for (const repository::DataDefRow& definition : catalog.DataDefs()) {
-            if (settings.storage.empty() || !storages.insert(definition.Storage).second) continue;
-            for (const scriptgen::DescribedTable& table :
-                 scriptgen::DescribeDefinition(catalog, definition.Storage, settings.fkPrefix))
-                state.others.insert(automation::ToUpperAscii(table.Name));
-        }
-        return state;
+        return scriptgen::DescribeState(catalog, settings.storage, settings.fkPrefix, numbered);
     } catch (const Error& error) {
         const bool isNamed = error.Description().find(place) != std::string::npos;
         throw Error(error.Number(), (isNamed ? "" : place + ": ") + error.Description(), error.Source());

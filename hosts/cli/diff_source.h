@@ -2,11 +2,11 @@
 
 #include "hosts/cli/console.h"
 #include "scriptgen/migration/definition_diff.h"
+#include "scriptgen/migration/definition_identity.h"
 
 #include <CLI/CLI.hpp>
 
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -22,11 +22,7 @@ struct DiffSettings {
 /// --storage, --fk-prefix, --rename and --allow-loss.
 void AddDiffOptions(CLI::App& command, DiffSettings& settings);
 
-/// A definition as one source has it.
-struct DefinitionState {
-    std::vector<scriptgen::DescribedTable> tables;
-    std::set<std::string> others;  ///< tables of the source's other definitions, in capitals
-};
+using scriptgen::DefinitionState;
 
 /// Opens a repository or a model and describes its definition; errors name the source.
 DefinitionState DescribeSource(const std::string& place, const DiffSettings& settings, Console& console);

@@ -17,4 +17,5 @@
 #include "surface/cls_crud.h"
 #include "surface/cls_field.h"
 #include "surface/create_object.h"
+#include "surface/definition_changes.h"
 #include "surface/target_tables.h"

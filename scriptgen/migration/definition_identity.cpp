@@ -1,5 +1,6 @@
 #include "scriptgen/migration/definition_identity.h"
 
+#include "automation/text.h"
 #include "repository/catalog.h"
 
 #include <unordered_map>
@@ -87,6 +88,18 @@ std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalo
     for (DescribedTable& table : tables)
         identifier.Identify(table);
     return tables;
+}
+
+DefinitionState DescribeState(const Catalog& catalog, const std::string& storageName,
+                              std::string_view sFKPrefix, const std::unordered_set<std::int32_t>* numbered) {
+    DefinitionState state{DescribeIdentified(catalog, storageName, sFKPrefix, numbered), {}};
+    std::set<std::string> storages = {storageName};
+    for (const repository::DataDefRow& definition : catalog.DataDefs()) {
+        if (storageName.empty() || !storages.insert(definition.Storage).second) continue;
+        for (const DescribedTable& table : DescribeDefinition(catalog, definition.Storage, sFKPrefix))
+            state.others.insert(automation::ToUpperAscii(table.Name));
+    }
+    return state;
 }
 
 }  // namespace korvex::scriptgen

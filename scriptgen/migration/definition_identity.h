@@ -4,6 +4,8 @@
 #include "scriptgen/table_model.h"
 
 #include <cstdint>
+#include <set>
+#include <string>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
@@ -16,5 +18,14 @@ namespace korvex::scriptgen {
 std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix,
                                                const std::unordered_set<std::int32_t>* numbered = nullptr);
+
+/// A definition as one source has it.
+struct DefinitionState {
+    std::vector<DescribedTable> tables;  ///< as DescribeIdentified gives them
+    std::set<std::string> others;        ///< tables of the source's other definitions, in capitals
+};
+DefinitionState DescribeState(const repository::Catalog& catalog, const std::string& storageName,
+                              std::string_view sFKPrefix,
+                              const std::unordered_set<std::int32_t>* numbered = nullptr);
 
 }  // namespace korvex::scriptgen

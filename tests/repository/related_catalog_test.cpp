@@ -1,5 +1,6 @@
 #include "repository/related_catalog.h"
 
+#include "repository/catalog_ways.h"
 #include "repository_files.h"
 #include "support/error_of.h"
 

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "repository/catalog_ways.h"
 #include "repository/key_names.h"
 
 #include <algorithm>

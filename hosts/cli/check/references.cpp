@@ -1,4 +1,5 @@
 #include "hosts/cli/check/check.h"
+#include "repository/catalog_ways.h"
 
 #include <set>
 
