@@ -53,7 +53,7 @@ database along with its definition, and loads, finds, saves, updates and
 deletes the objects.")
     set(CPACK_DEBIAN_CLI_PACKAGE_SUGGESTS "graphviz, libsqliteodbc, odbc-mariadb, odbc-postgresql")
     install(FILES README.md DESTINATION share/doc/korvex COMPONENT cli)
-    install(DIRECTORY docs examples DESTINATION share/doc/korvex COMPONENT cli PATTERN windows EXCLUDE)
+    install(DIRECTORY docs examples DESTINATION share/doc/korvex COMPONENT cli PATTERN windows EXCLUDE PATTERN api EXCLUDE)
 endif()
 
 if(TARGET korvex_python)

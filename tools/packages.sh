@@ -1,8 +1,8 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs: packages.sh build | test [more sets ...]
 # Sets: build (compile and run korvex), python (its Python module, with tests), test (GoogleTest, sanitizers, the ODBC
-# driver of SQLite, a browser), servers (MariaDB, PostgreSQL and their ODBC drivers), packages (making and trying the Debian
-# packages), windows (cross compilers and Wine).
+# driver of SQLite, a browser), docs (the reference of the C++ interface), servers (MariaDB, PostgreSQL and their ODBC drivers),
+# packages (making and trying the Debian packages), windows (cross compilers and Wine).
 # Packages that are there already are left alone; without them it needs root or sudo.
 set -eu
 
@@ -13,6 +13,7 @@ for set in "$@"; do
         test) packages="$packages git clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3 python3-jsonschema graphviz chromium" ;;
         python) packages="$packages python3-dev pybind11-dev python3-pytest mypy" ;;
         packages) packages="$packages dpkg-dev lintian mmdebstrap" ;;
+        docs) packages="$packages doxygen python3" ;;
         servers) packages="$packages unixodbc odbc-mariadb mariadb-server odbc-postgresql postgresql" ;;
         windows) packages="$packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools googletest wine wine64 xvfb xauth unixodbc libsqliteodbc sqlite3 zip" ;;
         *) echo "packages.sh: no such set: $set" >&2; exit 2 ;;

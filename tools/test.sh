@@ -34,7 +34,7 @@ quietly() {
 }
 
 step "formatting"
-sh tools/packages.sh build python test
+sh tools/packages.sh build python test docs
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 if [ "$scope" = --quick ]; then
