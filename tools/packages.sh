@@ -1,8 +1,9 @@
 #!/bin/sh
 # Installs the Debian packages that a job needs: packages.sh build | test [more sets ...]
 # Sets: build (compile and run korvex), python (its Python module, with tests), test (GoogleTest, sanitizers, the ODBC
-# driver of SQLite, a browser), docs (the reference of the C++ interface), servers (MariaDB, PostgreSQL and their ODBC drivers),
-# packages (making and trying the Debian packages), windows (cross compilers and Wine).
+# driver of SQLite, a browser, what shells and manual pages are tried with), docs (the reference of the C++ interface),
+# servers (MariaDB, PostgreSQL and their ODBC drivers), packages (making and trying the Debian packages), windows (cross
+# compilers and Wine).
 # Packages that are there already are left alone; without them it needs root or sudo.
 set -eu
 
@@ -10,7 +11,7 @@ packages=""
 for set in "$@"; do
     case "$set" in
         build) packages="$packages g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev nlohmann-json3-dev mdbtools-dev" ;;
-        test) packages="$packages git clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3 python3-jsonschema graphviz chromium" ;;
+        test) packages="$packages git clang libclang-rt-14-dev clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev unixodbc libsqliteodbc sqlite3 python3-jsonschema graphviz chromium tmux zsh groff-base" ;;
         python) packages="$packages python3-dev pybind11-dev python3-pytest mypy" ;;
         packages) packages="$packages dpkg-dev lintian mmdebstrap" ;;
         docs) packages="$packages doxygen python3" ;;

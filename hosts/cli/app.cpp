@@ -1,10 +1,12 @@
 #include "hosts/cli/app.h"
 
 #include "automation/error.h"
-#include "automation/nearest_name.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/schema_command.h"
+#include "hosts/cli/shell/command_tree.h"
+#include "hosts/cli/shell/shell_commands.h"
+#include "hosts/cli/shell/variables.h"
 
 #include <cstdint>
 #include <exception>
@@ -23,13 +25,6 @@ namespace {
 
 constexpr std::int32_t InternalError = 51;
 
-/// Asks for a subcommand only after words that are none were complained about.
-void RequireSubcommand(CLI::App& app) {
-    app.callback([&app] {
-        if (app.get_subcommands().empty()) throw CLI::RequiredError::Subcommand(1);
-    });
-}
-
 void AddCommands(CLI::App& app, Console& console) {
     AddScriptCommand(app, console);
     AddDiffCommand(app, console);
@@ -42,11 +37,11 @@ void AddCommands(CLI::App& app, Console& console) {
     AddRepositoryShowCommand(*repository, console);
     AddRepositoryRemoveCommand(*repository, console);
     AddRepositoryCheckCommand(*repository, console);
-    RequireSubcommand(*repository);
+    ListWhenAlone(*repository, console);
     CLI::App* database =
         app.add_subcommand("database", "Make, change, remove and check the tables of a target database");
     AddDatabaseCommands(*database, console);
-    RequireSubcommand(*database);
+    ListWhenAlone(*database, console);
     AddApplyCommand(app, console);
     AddSchemaCommand(app, console);
     AddSaveCommand(app, console);
@@ -59,42 +54,20 @@ void AddCommands(CLI::App& app, Console& console) {
     CLI::App* field = app.add_subcommand("field", "Read or write one column of one record");
     AddFieldGetCommand(*field, console);
     AddFieldSetCommand(*field, console);
-    RequireSubcommand(*field);
+    ListWhenAlone(*field, console);
 
-    RequireSubcommand(app);
+    AddHelpCommand(app, console);
+    AddCompletionCommands(app, console);
+    AddManCommand(app, console);
+    ListWhenAlone(app, console);
 }
 
 /// --version on every level, as --help is.
 void AddVersion(CLI::App& app) {
-    app.set_version_flag("--version", "korvex " KORVEX_VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", "korvex " KORVEX_VERSION, "Print the version and exit");
     for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
         AddVersion(*command);
     }
-}
-
-std::vector<const CLI::App*> CommandsOf(const CLI::App& app) {
-    return app.get_subcommands([](const CLI::App*) { return true; });
-}
-
-/// The command that `word` was probably meant to be: one that it begins, one spelt much like it, or one of
-/// another level.
-std::string NearCommand(const CLI::App& level, const std::string& word) {
-    std::vector<std::string> names;
-    std::vector<std::string_view> spellings;
-    for (const CLI::App* command : CommandsOf(level))
-        names.push_back(command->get_name());
-    for (const std::string& name : names) {
-        if (name.starts_with(word)) return "; did you mean " + automation::Quoted(name) + "?";
-        spellings.emplace_back(name);
-    }
-    if (std::string near = automation::DidYouMean(word, spellings); !near.empty()) return near;
-    for (const CLI::App* command : CommandsOf(level)) {
-        for (const CLI::App* nested : CommandsOf(*command)) {
-            if (nested->get_name() != word) continue;
-            return "; did you mean " + automation::Quoted(command->get_name() + " " + word) + "?";
-        }
-    }
-    return {};
 }
 
 /// Says which words of the command line nobody takes, in their order.
@@ -106,8 +79,7 @@ std::string DescribeExtras(const CLI::App& app) {
     if (words.empty()) return "There are words too many.";
     constexpr std::size_t longest = 200;
     if (!words.front().starts_with('-') && !CommandsOf(*level).empty() && level->get_subcommands().empty()) {
-        return "There is no command " + automation::Quoted(words.front()) +
-               NearCommand(*level, words.front());
+        return UnknownCommand(*level, words.front());
     }
     return (words.size() == 1 ? "This argument was not expected: " : "These arguments were not expected: ") +
            automation::Readable(CLI::detail::join(words, " "), longest);
@@ -120,24 +92,39 @@ int Fail(Console& console, std::int32_t number, std::string_view description) {
 
 }  // namespace
 
-int RunCommandLine(int argc, const char* const* argv, Console& console) {
-    CLI::App app(
+std::unique_ptr<CLI::App> MakeApp(Console& console) {
+    auto app = std::make_unique<CLI::App>(
         "Turns definition repositories into SQL scripts, and keeps objects in the databases that these make.",
         "korvex");
-    AddCommands(app, console);
-    AddVersion(app);
+    AddCommands(*app, console);
+    AddVersion(*app);
+    AddExample(*app, "korvex repository show orders.json");
+    return app;
+}
+
+void ListWhenAlone(CLI::App& group, Console& console) {
+    // Behind the first command, its name is a word like any other: a file may be called so.
+    group.require_subcommand(0, 1);
+    group.callback([&] {
+        if (group.get_subcommands().empty()) console.Results() << HelpOf(group);
+    });
+}
+
+int RunCommandLine(int argc, const char* const* argv, Console& console) {
+    const std::unique_ptr<CLI::App> app = MakeApp(console);
+    HeedVariablesOfChosenCommand(*app);
     try {
-        app.parse(argc, argv);
+        app->parse(argc, argv);
         console.Finish();
         return ExitDone;
     } catch (const CLI::RuntimeError& error) {
         // A command that has said itself what is wrong.
         return error.get_exit_code();
     } catch (const CLI::ExtrasError&) {
-        console.Text(DescribeExtras(app) + "\nRun with --help for more information.");
+        console.Text(DescribeExtras(*app) + "\nRun with --help for more information.");
         return ExitUsage;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, console.Results()) == 0 ? ExitDone : ExitUsage;
+        return app->exit(error, console.Results()) == 0 ? ExitDone : ExitUsage;
     } catch (const automation::Error& error) {
         return Fail(console, error.Number(), error.Description());
     } catch (const std::bad_alloc&) {

@@ -115,7 +115,12 @@ void AddApplyCommand(CLI::App& parent, Console& console) {
                      "How statements end: go, sqlplus, plain, or as each file looks (auto)")
         ->type_name("STYLE")
         ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
-    command->add_option("FILE", options->files, "Script files, run in this order")->required();
+    command->add_option("FILE", options->files, "Script files, run in this order")
+        ->required()
+        ->type_name("FILE");
+    AddExample(
+        *command,
+        "korvex apply --create --connection \"Provider=SQLite;Data Source=new.db\" sql/LiteCreate.sql");
     command->callback([options, &console] { RunApply(*options, console); });
 }
 

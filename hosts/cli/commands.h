@@ -4,9 +4,21 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
+#include <string>
+
 /// The subcommands. Each function adds one to `parent`; it runs when the command line names it, and raises an
 /// automation::Error when it fails. `console` outlives the parsing.
 namespace korvex::cli {
+
+/// All of them. `console` outlives the answer.
+std::unique_ptr<CLI::App> MakeApp(Console& console);
+
+/// A command that only holds others lists them when it stands alone.
+void ListWhenAlone(CLI::App& group, Console& console);
+
+/// Gives the help of a command an example, one line as it is typed. Several stand in their order.
+void AddExample(CLI::App& command, const std::string& line);
 
 void AddScriptCommand(CLI::App& parent, Console& console);
 void AddDiffCommand(CLI::App& parent, Console& console);

@@ -135,10 +135,7 @@ void RunCheck(const DatabaseOptions& options, Console& console) {
 
 CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
     AddRepositoryOption(*command, options.repository);
-    command
-        ->add_option("--storage", options.storage,
-                     "Storage name of the definition; without it all definitions, as one run")
-        ->type_name("NAME");
+    AddStorageOption(*command, options.storage, "; without it all definitions, as one run");
     AddConnectionOption(*command, options.connection);
     command->add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
         ->type_name("P");
@@ -179,13 +176,16 @@ void ExpectConsent(const std::string& question, const std::string& flag, Console
 
 void AddDatabaseCommands(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<DatabaseOptions>();
-    const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&)) {
+    const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&),
+                         const char* flags = "") {
         CLI::App* command = AddDatabaseOptions(parent.add_subcommand(name, text), *options);
+        AddExample(*command, "korvex database " + std::string(name) +
+                                 " orders.db --connection \"Provider=SQLite;Data Source=target.db\"" + flags);
         command->callback([options, &console, run] { run(*options, console); });
         return command;
     };
     add("create", "Make the tables of a definition in its target database", RunCreate);
-    add("drop", "Remove the tables of a definition, with their records", RunDrop)
+    add("drop", "Remove the tables of a definition, with their records", RunDrop, " --yes")
         ->add_flag("--yes", options->yes, "Do not ask");
     add("check", "Compare the tables of a target database with the definition", RunCheck);
     AddDatabaseUpdateCommand(parent, console);

@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/cli/commands.h"
 #include "hosts/cli/database_parts.h"
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
@@ -155,6 +156,9 @@ void AddDatabaseUpdateCommand(CLI::App& parent, Console& console) {
     AddDiffOptions(*command, settings->diff);
     command->add_flag("--dry-run", settings->dryRun, "Print and count only");
     command->add_flag("--yes", settings->yes, "With --allow-loss: do not ask");
+    AddExample(
+        *command,
+        "korvex database update orders.db --connection \"Provider=SQLite;Data Source=target.db\" --dry-run");
     command->callback([settings, &console] { RunUpdate(*settings, console); });
 }
 

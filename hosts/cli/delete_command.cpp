@@ -52,6 +52,9 @@ void AddDeleteCommand(CLI::App& parent, Console& console) {
     AddKeyOption(*command, options->key)
         ->description(
             "Key of the record; - for keys on standard input, one a line: all are deleted, or none");
+    AddExample(
+        *command,
+        "korvex delete --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1");
     command->callback([options, &console] { RunDelete(*options, console); });
 }
 

@@ -2,6 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/variables.h"
 #include "hosts/cli/text_file.h"
 
 #include <nlohmann/json.hpp>
@@ -45,6 +46,8 @@ Json ChangeJson(const scriptgen::TableChange& change) {
 }
 
 std::unique_ptr<scriptgen::DefinitionDiff> CompareSources(DiffCommand& command, Console& console) {
+    if (command.sources.size() == 1 && command.connection.empty())
+        command.connection = ValueOf(ConnectionVariable);
     const bool isLive = !command.connection.empty();
     if (command.sources.size() != (isLive ? 1U : 2U))
         throw CLI::ValidationError("diff", isLive ? "NEW alone stands beside --connection"
@@ -103,7 +106,10 @@ void AddDiffCommand(CLI::App& parent, Console& console) {
         ->required()
         ->expected(1, 2)
         ->type_name("OLD NEW");
-    command->add_option("--connection", options->connection, "In place of OLD: a database as it stands")
+    command
+        ->add_option(
+            "--connection", options->connection,
+            "In place of OLD: a database as it stands; KORVEX_CONNECTION stands in for it where NEW is alone")
         ->type_name("C");
     command->add_option("--dialect", options->dialect, "sqlite, mariadb, postgresql, mssql or oracle")
         ->type_name("D")
@@ -115,6 +121,7 @@ void AddDiffCommand(CLI::App& parent, Console& console) {
         ->check(CLI::IsMember({"text", "json"}));
     command->add_flag("--exit-code", options->exitCode, "End with 3 when there are changes");
     AddDiffOptions(*command, options->settings);
+    AddExample(*command, "korvex diff old.json orders.db --dialect sqlite --out sql");
     command->callback([options, &console] { RunDiff(*options, console); });
 }
 

@@ -32,10 +32,7 @@ scriptgen::DiffOptions OptionsOf(const DiffSettings& settings, const DefinitionS
 }  // namespace
 
 void AddDiffOptions(CLI::App& command, DiffSettings& settings) {
-    command
-        .add_option("--storage", settings.storage,
-                    "Storage name of the definition; without it all definitions, as one run")
-        ->type_name("NAME");
+    AddStorageOption(command, settings.storage, "; without it all definitions, as one run");
     command.add_option("--fk-prefix", settings.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
         ->type_name("P");
     command

@@ -30,6 +30,9 @@ void AddExistsCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand("exists", "Print whether a record has that key: true or false");
     AddDataOptions(*command, options->data);
     AddKeyOption(*command, options->key);
+    AddExample(
+        *command,
+        "korvex exists --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1");
     command->callback([options, &console] { RunExists(*options, console); });
 }
 

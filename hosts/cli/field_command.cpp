@@ -88,6 +88,9 @@ void AddFieldGetCommand(CLI::App& parent, Console& console) {
     const auto options = std::make_shared<FieldOptions>();
     CLI::App* command = parent.add_subcommand("get", "Print the value");
     AddFieldOptions(*command, *options);
+    AddExample(
+        *command,
+        "korvex field get --connection \"Provider=SQLite;Data Source=target.db\" --table tOrder --key-field OrderID --key 1 --field Total");
     command->callback([options, &console] { RunGet(*options, console); });
 }
 
@@ -101,6 +104,9 @@ void AddFieldSetCommand(CLI::App& parent, Console& console) {
         ->type_name("V");
     what->add_flag("--null", options->isNull, "Write Null");
     what->require_option(1);
+    AddExample(
+        *command,
+        "korvex field set --connection \"Provider=SQLite;Data Source=target.db\" --table tOrder --key-field OrderID --key 1 --field Total --value 12.5");
     command->callback([options, &console] { RunSet(*options, console); });
 }
 

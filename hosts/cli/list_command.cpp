@@ -69,6 +69,9 @@ void AddListCommand(CLI::App& parent, Console& console) {
                      "table, json (a line each), csv or keys (table unless given)")
         ->check(CLI::IsMember({"table", "json", "csv", "keys"}))
         ->type_name("FORMAT");
+    AddExample(
+        *command,
+        "korvex list orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --where \"State = 3\" --fields OrderNumber,Total");
     command->callback([options, &console] { RunList(*options, console); });
 }
 

@@ -60,6 +60,9 @@ void AddLoadCommand(CLI::App& parent, Console& console) {
         ->required(false)
         ->excludes(all)
         ->description("Key of the record; - for keys on standard input, one a line");
+    AddExample(
+        *command,
+        "korvex load --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1 > loaded.json");
     command->callback([options, &console] {
         if (!options->isAll && options->key.empty()) throw CLI::RequiredError("--key or --all");
         RunLoad(*options, console);

@@ -1,6 +1,7 @@
 #include "hosts/cli/new_database.h"
 
 #include "automation/convert.h"
+#include "hosts/cli/target_options.h"
 #include "platform/platform.h"
 
 #include <exception>
@@ -17,13 +18,6 @@ std::string ReadText(ado::Connection& connection, const std::string& query) {
     return text;
 }
 
-std::string ConnectionTo(const std::string& file) {
-    std::string connection = "Provider=SQLite;Data Source=\"";
-    for (const char c : file)
-        connection.append(c == '"' ? 2 : 1, c);
-    return connection + '"';
-}
-
 }  // namespace
 
 std::string DatabaseFile(ado::Connection& connection) {
@@ -33,7 +27,7 @@ std::string DatabaseFile(ado::Connection& connection) {
 void RemoveUnusedDatabase(const std::string& file) noexcept {
     try {
         const auto connection = DefaultPlatform().targetProvider->CreateConnection();
-        connection->Open(ConnectionTo(file));
+        connection->Open(ConnectionToFile(file));
         const bool isEmpty = ReadText(*connection, "select count(*) from sqlite_schema") == "0";
         // Only a connection that is alone takes a database off its write-ahead log.
         const bool isAlone = isEmpty && ReadText(*connection, "PRAGMA journal_mode = delete") == "delete";

@@ -40,10 +40,10 @@ void AddRelateCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand(
         "relate", "Bring tables, columns and keys of definitions up to date in the repository");
     AddRepositoryOption(*command, options->repository);
-    command->add_option("--storage", options->storage, "Storage name of the definition (all of them)")
-        ->type_name("NAME");
+    AddStorageOption(*command, options->storage, " (all of them)");
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
         ->type_name("P");
+    AddExample(*command, "korvex relate orders.db");
     command->callback([options, &console] { RunRelate(*options, console); });
 }
 

@@ -60,6 +60,7 @@ void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
             "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
         ->type_name("NAME")
         ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "all-engines"}));
+    AddExample(*command, "korvex repository check orders.db --dialect all-engines");
     command->callback([options, &console] { RunCheck(*options, console); });
 }
 

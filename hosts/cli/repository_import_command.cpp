@@ -4,6 +4,7 @@
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/variables.h"
 #include "hosts/cli/source.h"
 #include "repository/catalog.h"
 #include "repository/names.h"
@@ -27,6 +28,7 @@ struct ImportOptions {
     bool isDry = false;
 
     void TakeWords() {
+        if (repository.empty() && words.size() < 2) repository = ValueOf(RepositoryVariable);
         if (repository.empty() && words.size() < 2) throw CLI::RequiredError("MODEL");
         if (!repository.empty() && words.size() > 1)
             throw CLI::ParseError("The repository is named twice.", CLI::ExitCodes::InvalidError);
@@ -103,11 +105,14 @@ void AddRepositoryImportCommand(CLI::App& parent, Console& console) {
         ->required()
         ->expected(1, 2)
         ->type_name("R MODEL");
-    command->add_option("--repository", options->repository, "Repository file, or ODBC string with DSN=")
+    command
+        ->add_option("--repository", options->repository,
+                     "Repository file, or ODBC string with DSN=; KORVEX_REPOSITORY stands in for it")
         ->type_name("R");
     command->add_flag("--replace", options->replace,
                       "Bring definitions that are there already to the model's state; prints what changes");
     command->add_flag("--dry-run", options->isDry, "Print what --replace would change, and change nothing");
+    AddExample(*command, "korvex repository import orders.db orders.json --replace");
     command->callback([options, &console] {
         options->TakeWords();
         RunImport(*options, console);

@@ -3,6 +3,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/variables.h"
 #include "repository/schema.h"
 
 #include <algorithm>
@@ -95,7 +96,9 @@ void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
             "R,--repository", *place,
             "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
         ->required()
+        ->envname(RepositoryVariable)
         ->type_name("R");
+    AddExample(*command, "korvex repository new new.db");
     command->callback([place, &console] { RunNew(*place, console); });
 }
 

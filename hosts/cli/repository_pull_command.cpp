@@ -49,6 +49,8 @@ void AddRepositoryPullCommand(CLI::App& parent, Console& console) {
     command->add_option("MODEL", options->model, "Model file to be made (JSON)")
         ->required()
         ->type_name("NEW.json");
+    AddExample(*command,
+               "korvex repository pull --connection \"Provider=SQLite;Data Source=target.db\" pulled.json");
     command->callback([options, &console] { RunPull(*options, console); });
 }
 

@@ -34,10 +34,9 @@ void AddRepositoryRemoveCommand(CLI::App& parent, Console& console) {
     CLI::App* command =
         parent.add_subcommand("remove", "Remove a definition, with all objects that no other one uses");
     AddRepositoryOption(*command, options->repository);
-    command->add_option("--storage", options->storage, "Storage name of the definition")
-        ->required()
-        ->type_name("NAME");
+    AddStorageOption(*command, options->storage)->required();
     command->add_flag("--dry-run", options->isDry, "Print what would be removed, and change nothing");
+    AddExample(*command, "korvex repository remove orders.db --storage Orders --dry-run");
     command->callback([options, &console] { RunRemove(*options, console); });
 }
 

@@ -75,8 +75,7 @@ void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
     CLI::App* command =
         parent.add_subcommand("show", "Print definitions as a tree, as JSON, as a diagram or as a page");
     AddRepositoryOption(*command, options->repository);
-    command->add_option("--storage", options->storage, "Storage name of the definition (all of them)")
-        ->type_name("NAME");
+    AddStorageOption(*command, options->storage, " (all of them)");
     command->add_option("--format", options->format, "tree (the default), json, mermaid, dot or svg")
         ->type_name("FORMAT")
         ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg"}));
@@ -85,6 +84,7 @@ void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
     CLI::Option* out =
         command->add_option("--out", options->out, "File to write to (standard output)")->type_name("FILE");
     command->add_flag("--open", options->open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
+    AddExample(*command, "korvex repository show orders.db --format mermaid");
     command->callback([options, &console] { RunShow(*options, console); });
 }
 

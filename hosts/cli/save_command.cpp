@@ -51,6 +51,9 @@ void AddSaveCommand(CLI::App& parent, Console& console) {
     CLI::App* command = parent.add_subcommand("save", "Save new objects; prints their keys");
     AddDataOptions(*command, options->data);
     AddJsonFile(*command, options->file);
+    AddExample(
+        *command,
+        "korvex save --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" order.json");
     command->callback([options, &console] { RunSave(*options, console); });
 }
 

@@ -119,16 +119,14 @@ void AddScriptCommand(CLI::App& parent, Console& console) {
         ->required()
         ->type_name("NAME")
         ->check(CLI::IsMember(names));
-    command
-        ->add_option("--storage", options->storage,
-                     "Storage name of the definition; without it all definitions go into the same files")
-        ->type_name("NAME");
+    AddStorageOption(*command, options->storage, "; without it all definitions go into the same files");
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
         ->type_name("P");
     command->add_option("--out", options->out, "Folder of the files, created when missing (the current one)")
         ->type_name("FOLDER");
     command->add_flag("--open", options->open, "Open the files in $VISUAL, $EDITOR or xdg-open");
     command->add_flag("--quiet", options->quiet, "Print neither the paths nor a progress line");
+    AddExample(*command, "korvex script orders.db --dialect all --out sql");
     command->callback([options, &console] { RunScript(*options, console); });
 }
 

@@ -20,18 +20,6 @@ std::string RepositoryName(const std::string& connection) {
     return automation::ContainsIgnoreCase(connection, "DSN=") ? "the ODBC source" : connection;
 }
 
-std::vector<std::string> StorageNames(repository::Repository& repository) {
-    const auto rows = repository.Open().OpenRecordset("select Storage from tDataDefs order by Storage",
-                                                      dao::dbOpenSnapshot);
-    std::vector<std::string> names;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        names.push_back(automation::ToString(repository::Repository::FieldValue(rows->Fields("Storage"))));
-    }
-    rows->Close();
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return names;
-}
-
 }  // namespace
 
 void CliDesktop::ShowMessage(std::string_view text, std::int32_t style, std::string_view title) {
@@ -61,6 +49,18 @@ void OpenComplete(repository::Repository& repository, const std::string& connect
     repository.OpenRepository(connection);
     const std::vector<repository::SchemaGap> gaps = repository::CheckSchema(repository.Open());
     if (!gaps.empty()) repository::RaiseGaps(gaps, RepositoryName(connection));
+}
+
+std::vector<std::string> StorageNames(repository::Repository& repository) {
+    const auto rows = repository.Open().OpenRecordset("select Storage from tDataDefs order by Storage",
+                                                      dao::dbOpenSnapshot);
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        names.push_back(automation::ToString(repository::Repository::FieldValue(rows->Fields("Storage"))));
+    }
+    rows->Close();
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
 }
 
 void ExpectStorage(repository::Repository& repository, const std::string& storage) {

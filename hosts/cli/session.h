@@ -48,6 +48,9 @@ struct Session {
 /// ItemNotFound (3265), naming what is missing.
 void OpenComplete(repository::Repository& repository, const std::string& connection);
 
+/// The storage names of the definitions, in order, each once.
+std::vector<std::string> StorageNames(repository::Repository& repository);
+
 /// Makes sure that the repository has a definition of that storage name, or any at all when it is empty.
 /// Raises InvalidProcedureCall (5), listing the storage names there are; also for a name with a quote.
 void ExpectStorage(repository::Repository& repository, const std::string& storage);

@@ -5,6 +5,7 @@
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/variables.h"
 #include "repository/schema.h"
 
 #include <algorithm>
@@ -127,7 +128,14 @@ void AddRepositoryOption(CLI::App& command, std::string& repository, bool isPosi
         .add_option(isPositional ? "R,--repository" : "--repository", repository,
                     "Repository file, ODBC string with DSN=, or model (JSON)")
         ->required()
+        ->envname(RepositoryVariable)
         ->type_name("R");
+}
+
+CLI::Option* AddStorageOption(CLI::App& command, std::string& storage, const std::string& rest) {
+    return command.add_option("--storage", storage, "Storage name of the definition" + rest)
+        ->envname(StorageVariable)
+        ->type_name("NAME");
 }
 
 }  // namespace korvex::cli

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/cli/shell/variables.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -37,7 +38,15 @@ void AddConnectionOption(CLI::App& command, std::string& connection) {
             "--connection", connection,
             "Target database: \"Provider=SQLite;Data Source=FILE\", or an ODBC string with DSN= or Driver=")
         ->required()
+        ->envname(ConnectionVariable)
         ->type_name("C");
+}
+
+std::string ConnectionToFile(const std::string& file) {
+    std::string connection = "Provider=SQLite;Data Source=\"";
+    for (const char c : file)
+        connection.append(c == '"' ? 2 : 1, c);
+    return connection + '"';
 }
 
 std::string WithCreateMode(const std::string& connection) {

@@ -97,6 +97,9 @@ void AddUpdateCommand(CLI::App& parent, Console& console) {
     command->add_flag("--retain-root", options->retainRoot,
                       "The file is the whole object: keep only the key, and replace everything else");
     AddJsonFile(*command, options->file);
+    AddExample(
+        *command,
+        "korvex update --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1 order.json");
     command->callback([options, &console] { RunUpdate(*options, console); });
 }
 

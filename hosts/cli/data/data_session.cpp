@@ -43,9 +43,7 @@ repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
 
 void AddDataOptions(CLI::App& command, DataOptions& options, bool isPositional) {
     AddRepositoryOption(command, options.repository, isPositional);
-    command.add_option("--storage", options.storage, "Storage name of the definition")
-        ->required()
-        ->type_name("NAME");
+    AddStorageOption(command, options.storage)->required();
     AddConnectionOption(command, options.connection);
     command.add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
         ->type_name("P");

@@ -13,7 +13,8 @@ namespace korvex::cli {
 
 /// The JSON file of a command, standard input unless given.
 inline void AddJsonFile(CLI::App& command, std::string& file) {
-    command.add_option("FILE", file, "JSON file; - for standard input, which is read unless given");
+    command.add_option("FILE", file, "JSON file; - for standard input, which is read unless given")
+        ->type_name("FILE");
 }
 
 inline std::string JsonFileName(const std::string& file) { return file == "-" ? "standard input" : file; }

@@ -23,8 +23,8 @@ constexpr std::string_view SmallModel = R"({
 
 TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
     const std::pair<const char*, const char*> cases[] = {
-        {"", "A subcommand is required"},
-        {"repository", "A subcommand is required"},
+        {"help scirpt", "There is no command \"scirpt\"; did you mean \"script\"?\n"},
+        {"help repository shw", "There is no command \"shw\"; did you mean \"show\"?\n"},
         {"scirpt --dialect all --repository x", "There is no command \"scirpt\"; did you mean \"script\"?\n"},
         {"repo", "There is no command \"repo\"; did you mean \"repository\"?\n"},
         {"repository shw x", "There is no command \"shw\"; did you mean \"show\"?\n"},
@@ -50,11 +50,14 @@ TEST(CommandLine, HelpAndVersionWorkOnEveryLevel) {
         const CommandResult help = RunKorvex(Words(std::string(level) + " --help"));
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_NE(help.output.find("--version"), std::string::npos);
-        const CommandResult version = RunKorvex(Words(std::string(level) + " --version"));
+        EXPECT_EQ(RunKorvex(Words("help " + std::string(level))).output, help.output);
+        const CommandResult version = RunKorvex(Words(std::string(level) + " -V"));
         EXPECT_EQ(version.exitCode, 0);
         EXPECT_TRUE(version.output.starts_with("korvex ")) << version.output;
         EXPECT_EQ(help.messages + version.messages, "");
     }
+    for (const char* group : {"", "repository"})
+        EXPECT_EQ(RunKorvex(Words(group)).output, RunKorvex(Words(std::string(group) + " --help")).output);
 }
 
 /// Every command that reads a repository meets a bad one in the same way.

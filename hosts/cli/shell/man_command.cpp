@@ -1,0 +1,52 @@
+#include "hosts/cli/commands.h"
+#include "hosts/cli/session.h"
+#include "hosts/cli/shell/man_pages.h"
+#include "hosts/cli/shell/shell_commands.h"
+#include "hosts/cli/text_file.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace korvex::cli {
+
+namespace {
+
+/// The day that a build which can be repeated says is its own; none else, so that pages never differ.
+std::string BuildDate() {
+    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+    if (epoch == nullptr || *epoch == '\0') return {};
+    const std::time_t seconds = std::strtoll(epoch, nullptr, 10);
+    std::tm day{};
+    char text[sizeof "2000-01-01 and more"];
+    if (gmtime_r(&seconds, &day) == nullptr || std::strftime(text, sizeof text, "%Y-%m-%d", &day) == 0)
+        return {};
+    return text;
+}
+
+void WriteManPages(const std::string& folder, Console& console) {
+    const Session session(console);
+    CreateFolder(folder);
+    for (const auto& [name, text] :
+         ManPages(DescribeCommand(*MakeApp(console)), KORVEX_VERSION, BuildDate())) {
+        const std::string path = (std::filesystem::path(folder) / name).string();
+        session.platform.files->WriteText(path, text, "");
+        console.Results() << path << '\n';
+    }
+}
+
+}  // namespace
+
+void AddManCommand(CLI::App& root, Console& console) {
+    const auto folder = std::make_shared<std::string>();
+    CLI::App* command = root.add_subcommand("man", "Write the manual pages of korvex into a folder");
+    command->add_option("FOLDER", *folder, "Folder of the pages, created when missing")
+        ->required()
+        ->type_name("FOLDER");
+    command->callback([folder, &console] { WriteManPages(*folder, console); });
+    AddExample(*command, "korvex man man1");
+}
+
+}  // namespace korvex::cli
