@@ -14,6 +14,8 @@ namespace {
 /// Texts are taken by reference, everything else by value.
 template <class T>
 using NewValue = std::conditional_t<std::is_same_v<T, std::string>, const std::string&, T>;
+template <class T>
+constexpr automation::OverloadTaking<NewValue<T>> TakingNew;
 
 // clang-format off
 #define KORVEX_PROPERTIES(property) \
@@ -35,8 +37,8 @@ using NewValue = std::conditional_t<std::is_same_v<T, std::string>, const std::s
 #define KORVEX_ROWS(type, name)                                                                              \
     automation::GetRow<automation::Taking<>(&clsField::name)>(#name,                                         \
                                                               {.description = KORVEX_HELP_clsField_##name}), \
-        automation::LetRow<automation::Taking<NewValue<type>>(&clsField::name)>(                             \
-            #name, {.description = KORVEX_HELP_clsField_##name}),
+        automation::LetRow<TakingNew<type>(&clsField::name)>(#name,                                          \
+                                                             {.description = KORVEX_HELP_clsField_##name}),
 
 constexpr automation::Member Members[] = {KORVEX_PROPERTIES(KORVEX_ROWS)};
 
