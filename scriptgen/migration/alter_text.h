@@ -82,8 +82,10 @@ class AlterText {
     virtual void ChangeColumn(AlterSteps& steps, const DescribedTable& now,
                               const ColumnPlan& column) const = 0;
     virtual void CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const = 0;
-    /// Makes a column fit for a constraint that it did not have.
-    virtual void ClearNoParent(AlterSteps&, const DescribedTable& /*now*/, const ForeignKey&) const {}
+    /// Makes a column fit for a constraint that it did not have: records that refer to none may hold 0.
+    virtual void ClearNoParent(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const {
+        steps.Add("UPDATE " + now.Name + " SET " + key.FieldName + " = NULL WHERE " + key.FieldName + " = 0");
+    }
     virtual void AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const = 0;
     virtual void CreateTriggers(AlterSteps& steps, const DescribedTable& now) const = 0;
     virtual void DropColumn(AlterSteps& steps, const DescribedTable& now,

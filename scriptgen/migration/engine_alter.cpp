@@ -69,11 +69,6 @@ void EngineAlter::CreateIndex(AlterSteps& steps, const DescribedTable& now, cons
     AddThings(steps, EngineThing::Index, now.Name, index.Name);
 }
 
-/// Records that refer to none may hold 0 where there was no constraint.
-void EngineAlter::ClearNoParent(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const {
-    steps.Add("UPDATE " + now.Name + " SET " + key.FieldName + " = NULL WHERE " + key.FieldName + " = 0");
-}
-
 void EngineAlter::AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const {
     AddThings(steps, EngineThing::ForeignKey, now.Name, key.FieldName);
 }

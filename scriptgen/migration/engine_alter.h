@@ -28,7 +28,6 @@ class EngineAlter : public AlterText {
     /// Makes a column anew whose values do not convert; others go through Retype.
     void ChangeColumn(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override;
     void CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const override;
-    void ClearNoParent(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const override;
     void AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const override;
     void CreateTriggers(AlterSteps& steps, const DescribedTable& now) const override;
     void DropColumn(AlterSteps& steps, const DescribedTable& now, const std::string& column) const override;

@@ -72,7 +72,13 @@ class OracleAlter final : public PublishedAlter {
         steps.Add("ALTER TABLE " + table + " RENAME COLUMN " + name.from + " TO " + name.to);
     }
     void AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const override {
-        steps.Add("ALTER TABLE " + now.Name + " ADD " + column.FieldName + " " + ColumnText(column));
+        const ForeignKey* key = FindForeignKey(now, column.FieldName);
+        Column added = column;
+        if (key != nullptr && key->IsInRun) added.DefaultText.clear();
+        steps.Add("ALTER TABLE " + now.Name + " ADD " + column.FieldName + " " + ColumnText(added));
+        // The records that are there would refer to the default.
+        if (added.DefaultText != column.DefaultText)
+            steps.Add("ALTER TABLE " + now.Name + " MODIFY " + column.FieldName + " " + ColumnText(column));
     }
     void DropTable(AlterSteps& steps, const DescribedTable& before, const std::string& name) const override {
         if (name == before.Name)

@@ -10,6 +10,12 @@
 
 namespace korvex::tests {
 
+/// What makes a connection read Oracle's language.
+inline constexpr const char* OracleMode = ";INITSTMT={set sql_mode=ORACLE}";
+
+/// Runs a script with `korvex apply`, after the substitutions that docs/servers.md tells.
+void ApplyOracle(const ServerDatabase& database, const std::string& name, std::string text);
+
 /// The example's Oracle files on a server that reads Oracle's language, after the substitutions that
 /// docs/servers.md tells.
 class OracleSchema : public testing::Test {
@@ -34,8 +40,6 @@ class OracleSchema : public testing::Test {
     void ExpectNothingIsLeft();
 
   private:
-    static constexpr const char* OracleMode = ";INITSTMT={set sql_mode=ORACLE}";
-
     const ServerDatabase m_database{OracleReader};
 
   protected:
