@@ -34,12 +34,14 @@ ColumnType DecimalType(int digits, int scale) {
 struct TypeWords {
     std::string name;
     std::array<int, 2> sizes{};
+    bool hasSizes = false;
 };
 
 TypeWords WordsOf(std::string_view text) {
     const std::size_t begin = text.find('(');
-    TypeWords words{automation::ToUpperAscii(automation::Trim(text.substr(0, begin))), {}};
+    TypeWords words{automation::ToUpperAscii(automation::Trim(text.substr(0, begin)))};
     if (begin == std::string_view::npos) return words;
+    words.hasSizes = true;
     std::size_t at = begin + 1;
     for (int& size : words.sizes) {
         while (at < text.size() && text[at] == ' ')
@@ -65,7 +67,7 @@ double TextLength(const ColumnType& type) {
         case TypeKind::Floating:
             return type.digits + 9;  // sign, point, two more digits, exponent
         case TypeKind::Date:
-            return 23;
+            return std::max(23, 20 + type.scale);
         default:
             return type.digits + 2;
     }
@@ -91,6 +93,24 @@ double Kept(double number, const ColumnType& type) {
     return std::round(number * unit) / unit;
 }
 
+/// Whether a value that has more digits than a double is that number all the same.
+bool IsExactly(const automation::Variant& value, double number) {
+    const auto isNumber = [&](std::int64_t units, long double unit) {
+        return std::abs(static_cast<long double>(number) * unit - static_cast<long double>(units)) < 0.5L;
+    };
+    if (const auto* amount = value.If<automation::Currency>()) return isNumber(amount->units, 10000);
+    const auto* whole = value.If<std::int64_t>();
+    return whole == nullptr || isNumber(*whole, 1);
+}
+
+/// Digits behind the point of a text, but for noughts at its end.
+int FractionDigits(std::string_view text) {
+    const std::size_t point = text.find('.');
+    if (point == std::string_view::npos) return 0;
+    text = text.substr(point + 1, text.find_first_not_of("0123456789", point + 1) - point - 1);
+    return static_cast<int>(text.find_last_not_of('0') + 1);
+}
+
 Fit FitOfNumber(double number, const ColumnType& before, const ColumnType& now) {
     if (now.kind == TypeKind::Boolean)
         return number == 0 || number == 1 || number == -1 ? Fit::Whole : Fit::None;
@@ -105,7 +125,8 @@ Fit FitOfText(const std::string& text, const ColumnType& before, const ColumnTyp
     if (now.kind == TypeKind::Date) {
         try {
             const std::string date = automation::FormatIsoDate(automation::ToDate(text));
-            return text.starts_with(date.substr(0, date.find('T'))) ? Fit::Whole : Fit::None;
+            if (!text.starts_with(date.substr(0, date.find('T')))) return Fit::None;
+            return FractionDigits(text) > now.scale ? Fit::Rounded : Fit::Whole;
         } catch (const automation::Error&) {
             return Fit::None;
         }
@@ -124,12 +145,16 @@ ColumnType ColumnTypeOf(std::string_view text, bool floatIsSingle) {
     const TypeWords words = WordsOf(text);
     const std::string_view name = words.name;
     const auto [first, second] = words.sizes;
+    const bool isSigned = name.find("UNSIGNED") == std::string_view::npos;
+    const auto whole = [&](double highest, int digits) {
+        return WholeType(isSigned ? -highest - 1 : 0, isSigned ? highest : 2 * highest + 1, digits);
+    };
     const ColumnType boolean = {.kind = TypeKind::Boolean, .lowest = 0, .highest = 1, .digits = 1};
     if (BeginsWithOneOf(name, {"BIT", "BOOL"})) return boolean;
     if (name.starts_with("TINYINT")) return WholeType(0, 255, 3);
-    if (name.starts_with("SMALLINT")) return WholeType(-32768, 32767, 5);
-    if (name.starts_with("BIGINT")) return WholeType(-9.2e18, 9.2e18, 19);
-    if (name.starts_with("INT")) return WholeType(-2147483648.0, 2147483647.0, 10);
+    if (name.starts_with("SMALLINT")) return whole(32767, 5);
+    if (name.starts_with("BIGINT")) return whole(9.2e18, 19);
+    if (name.starts_with("INT")) return whole(2147483647.0, 10);
     if (name == "REAL" || (name == "FLOAT" && floatIsSingle))
         return FloatingType(std::numeric_limits<float>::max(), 7);
     if (BeginsWithOneOf(name, {"DOUBLE", "FLOAT"}))
@@ -139,7 +164,10 @@ ColumnType ColumnTypeOf(std::string_view text, bool floatIsSingle) {
         if (first == 1 && second == 0) return boolean;
         return DecimalType(first == 0 ? 38 : first, second);
     }
-    if (BeginsWithOneOf(name, {"DATE", "TIMESTAMP"})) return {.kind = TypeKind::Date};
+    if (BeginsWithOneOf(name, {"DATE", "TIMESTAMP"})) {
+        const int digits = name == "DATE" ? 0 : name.starts_with("DATE") ? 3 : 6;
+        return {.kind = TypeKind::Date, .scale = words.hasSizes ? first : digits};
+    }
     if (BeginsWithOneOf(name,
                         {"BLOB", "LONGBLOB", "BYTEA", "IMAGE", "RAW", "LONG RAW", "BINARY", "VARBINARY"}))
         return {.kind = TypeKind::Bytes};
@@ -167,6 +195,8 @@ Conversion ConversionBetween(const ColumnType& before, const ColumnType& now) {
     if (before.kind == TypeKind::Text)
         return lossy(now.kind == TypeKind::Date ? "texts that are no dates do not convert"
                                                 : "texts that are no such numbers do not convert");
+    if (now.kind == TypeKind::Date && now.scale < before.scale)
+        return lossy("fractions of seconds may be cut");
     if (!IsNumber(now.kind) || HoldsAllOf(now, before)) return {};
     return lossy(now.lowest > before.lowest || now.highest < before.highest
                      ? "larger numbers do not fit, digits may be rounded"
@@ -183,8 +213,13 @@ Fit FitOf(const automation::Variant& value, const ColumnType& before, const Colu
         return needed <= now.length ? Fit::Whole : Fit::None;
     }
     if (before.kind == TypeKind::Text) return FitOfText(automation::ToString(value), before, now);
+    if (now.kind == TypeKind::Date)
+        return FractionDigits(automation::ToString(value)) > now.scale ? Fit::Rounded : Fit::Whole;
     if (!IsNumber(now.kind) || !IsNumber(before.kind)) return Fit::Whole;
-    return FitOfNumber(automation::ToDouble(value), before, now);
+    const double number = automation::ToDouble(value);
+    const Fit fit = FitOfNumber(number, before, now);
+    const bool isCut = now.kind == TypeKind::Floating && !IsExactly(value, number);
+    return fit == Fit::Whole && isCut ? Fit::Rounded : fit;
 }
 
 }  // namespace korvex::scriptgen

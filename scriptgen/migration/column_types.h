@@ -15,7 +15,7 @@ struct ColumnType {
     TypeKind kind = TypeKind::Text;
     double lowest = 0, highest = 0;  ///< of a number
     int digits = 0;                  ///< that a number keeps
-    int scale = 0;                   ///< of them behind the point, for a decimal
+    int scale = 0;                   ///< of them behind the point, for a decimal; those of a date's seconds
     double length = 0;               ///< of a text, in characters; infinite for long ones
 };
 
@@ -40,7 +40,7 @@ struct Conversion {
 };
 Conversion ConversionBetween(const ColumnType& before, const ColumnType& now);
 
-/// What becomes of one value.
+/// What becomes of one value. A date that becomes another date is given as a text, with all its digits.
 enum class Fit : std::uint8_t { Whole, Rounded, None };
 Fit FitOf(const automation::Variant& value, const ColumnType& before, const ColumnType& now);
 

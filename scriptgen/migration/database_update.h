@@ -11,14 +11,14 @@
 /// A database brought from one state of its definition to another.
 namespace korvex::scriptgen {
 
-/// Records whose value a changed column does not keep as it is.
+/// Records whose value a changed column does not keep as it is, or a new foreign key does not take.
 struct Misfit {
     std::string text;        ///< "tOrder.Notes: varchar(20) does not hold 3 of 17 values"
     bool isRounded = false;  ///< the value is kept, with fewer digits
 };
 
-/// Counts the values that the change would not keep, column by column. Changes
-/// nothing.
+/// Counts the values that the change would not keep, column by column, and records that refer to none where a
+/// constraint comes that has it so. Changes nothing.
 std::vector<Misfit> CountMisfits(ado::Connection& connection, const EngineDialect& dialect,
                                  const Comparison& comparison);
 
