@@ -202,6 +202,10 @@ class Changes {
             if (BeforeID(value.child) != AfterID(other.child)) members.push_back("child");
             AddDifferences(name(after, other), name(before, value), value, other, std::move(members), users);
         }
+        std::vector<std::int32_t> order = m_afterIDs.values[afterIndex];
+        std::erase(order, 0);
+        if (!std::ranges::is_sorted(order))
+            Add(Named("interface", after.name) + " changed: the order of its values", users);
         for (std::size_t i = 0; i < after.values.size(); ++i)
             if (m_afterIDs.values[afterIndex][i] == 0 && !IsKeyValue(after, after.values[i]))
                 Add(name(after, after.values[i]) + " added", users);

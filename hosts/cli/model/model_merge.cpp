@@ -183,42 +183,56 @@ class Merger {
         std::vector<std::int32_t>& ids = m_result.ids.values.emplace_back();
         m_result.ids.interfaces.push_back(before ? m_stored.ids.interfaces[*before] : 0);
         VidNumbering numbering;
-        Map nowOf;
         if (before) {
             m_interfaceOfBefore[*before] = position;
             m_valuesOfBefore[*before].resize(m_before.interfaces[*before].values.size());
-            nowOf.resize(m_before.interfaces[*before].values.size());
             numbering.Take(m_before.interfaces[*before]);
         }
         if (now) {
             m_interfaceOfNow[*now] = position;
             m_valuesOfNow[*now].resize(m_now.interfaces[*now].values.size());
             numbering.Take(m_now.interfaces[*now]);
-            for (std::size_t i = 0; before && i < m_match.values[*now].size(); ++i)
-                if (m_match.values[*now][i]) nowOf[*m_match.values[*now][i]] = i;
         }
         const ModelInterface& source = now ? m_now.interfaces[*now] : m_before.interfaces[*before];
         result.name = source.name;
         result.place = source.place;
-        for (std::size_t i = 0; i < nowOf.size(); ++i) {
-            const ModelValue& old = m_before.interfaces[*before].values[i];
-            if (!isWhole && !nowOf[i] && !IsOthersKey({*before, i})) continue;
-            m_valuesOfBefore[*before][i] = result.values.size();
-            ids.push_back(m_stored.ids.values[*before][i]);
-            if (nowOf[i]) {
-                AddValue(result, *now, *nowOf[i], old.vid.value_or(0));
-            } else {
-                ModelValue& value = result.values.emplace_back(old);
+        for (const auto& [old, recent] : ValuesInOrder(before, now, isWhole)) {
+            const ModelValue* known = old ? &m_before.interfaces[*before].values[*old] : nullptr;
+            if (known != nullptr) m_valuesOfBefore[*before][*old] = result.values.size();
+            ids.push_back(known != nullptr ? m_stored.ids.values[*before][*old] : 0);
+            if (!recent) {
+                ModelValue& value = result.values.emplace_back(*known);
                 if (value.child) value.child = m_objectOfBefore[*value.child];
+                continue;
             }
+            const std::optional<std::int32_t> given = m_now.interfaces[*now].values[*recent].vid;
+            AddValue(result, *now, *recent,
+                     given              ? *given
+                     : known != nullptr ? known->vid.value_or(0)
+                                        : numbering.Next());
         }
-        if (!now) return;
-        for (std::size_t i = 0; i < m_valuesOfNow[*now].size(); ++i) {
-            if (m_valuesOfNow[*now][i]) continue;
-            const std::optional<std::int32_t> given = m_now.interfaces[*now].values[i].vid;
-            AddValue(result, *now, i, given ? *given : numbering.Next());
-            ids.push_back(0);
+    }
+
+    using ValuePair = std::pair<std::optional<std::size_t>, std::optional<std::size_t>>;  ///< before, now
+
+    /// The values of an interface as the model has them; others that stay, behind those they stood behind.
+    std::vector<ValuePair> ValuesInOrder(std::optional<std::size_t> before, std::optional<std::size_t> now,
+                                         bool isWhole) {
+        std::vector<ValuePair> order;
+        std::unordered_set<std::size_t> paired;
+        for (std::size_t i = 0; now && i < m_now.interfaces[*now].values.size(); ++i) {
+            const std::optional<std::size_t> old = before ? m_match.values[*now][i] : std::nullopt;
+            order.emplace_back(old, i);
+            if (old) paired.insert(*old);
         }
+        for (std::size_t i = 0; before && i < m_before.interfaces[*before].values.size(); ++i) {
+            if (paired.contains(i) || (!isWhole && !IsOthersKey({*before, i}))) continue;
+            auto place = order.end();
+            while (place != order.begin() && (!(place - 1)->first || *(place - 1)->first > i))
+                --place;
+            order.insert(place, {i, std::nullopt});
+        }
+        return order;
     }
 
     void AddValue(ModelInterface& result, std::size_t interface, std::size_t index, std::int32_t vid) {

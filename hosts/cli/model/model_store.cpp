@@ -6,6 +6,7 @@
 #include "hosts/cli/model/model_changes.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <string_view>
 #include <tuple>
@@ -123,6 +124,7 @@ class Store {
           m_interfaces(Index(before.ids.interfaces)) {}
 
     void Run() {
+        KeepOrder();
         WriteObjects();
         WriteElements();
         WriteInterfaces();
@@ -136,6 +138,18 @@ class Store {
     const ModelObject* Before(std::int32_t id) const {
         const auto found = m_objects.find(id);
         return found == m_objects.end() ? nullptr : &m_before.model.objects[found->second];
+    }
+
+    /// Values stand in the order of their identifiers, and new ones are the highest: what stands behind a new
+    /// one, or is to stand behind one that it stood before, gets a new one, too.
+    void KeepOrder() {
+        for (std::vector<std::int32_t>& ids : m_ids.values) {
+            std::int32_t last = 0;
+            for (std::int32_t& id : ids) {
+                if (id < last) id = 0;
+                last = id == 0 ? std::numeric_limits<std::int32_t>::max() : id;
+            }
+        }
     }
 
     void WriteObjects() {
