@@ -5,6 +5,7 @@ set(KORVEX_PRECOMPILED <algorithm> <array> <cstdint> <deque> <functional> <map> 
     <string_view> <unordered_map> <utility> <variant> <vector>)
 set(KORVEX_PRECOMPILED_WINDOWS ${KORVEX_PRECOMPILED} <windows.h> <oaidl.h> <oleauto.h>)
 target_precompile_headers(korvex PRIVATE ${KORVEX_PRECOMPILED})
+set_target_properties(korvex PROPERTIES UNITY_BUILD ON)
 
 add_library(korvex_windows OBJECT)
 korvex_compile_settings(korvex_windows)

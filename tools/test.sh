@@ -1,10 +1,12 @@
 #!/bin/sh
 # From a fresh Debian 12 machine to passing tests: test.sh [--quick | --all]
 # Formatting, the optimised build with GCC (its tests also run on private database servers), clang-tidy on the files of
-# the last commit and behind it, an installed copy used by a separate project, the sanitizer build with clang, korvex.dll under
-# Wine. Says how long each step took, and ends with the test runner's summary.
+# the last commit and behind it, an installed copy used by a separate project, the sanitizer build with clang and its fuzz
+# targets, korvex.dll under Wine. Says how long each step took, and ends with the test runner's summary.
+# The sources of a folder are compiled as one; clang-tidy reads what changed source by source.
 # --quick is for one's own loop: formatting, a debug build and its tests on the embedded engines.
-# --all has clang-tidy read every file, and tries the Debian packages in a bare root (it has to run as root).
+# --all compiles source by source (which finds what one of them forgot to include), has clang-tidy read every file, runs the
+# fuzz targets for longer, and tries the Debian packages in a bare root (it has to run as root).
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -39,7 +41,7 @@ git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 if [ "$scope" = --quick ]; then
     step "debug build (GCC)"
-    cmake --preset debug -B build/quick -DCMAKE_CXX_FLAGS_DEBUG=-O0 >/dev/null
+    cmake --preset debug -B build/quick -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON >/dev/null
     cmake --build build/quick
     step "tests, without servers"
     quietly build/quick-tests.log ctest --test-dir build/quick -j "$(nproc)" --output-on-failure
@@ -48,11 +50,13 @@ fi
 
 step "optimised build (GCC)"
 sh tools/packages.sh servers
-cmake --preset release -DKORVEX_TEST_SERVERS=ON -DCMAKE_INSTALL_PREFIX=/usr >/dev/null
+[ "$scope" = --all ] && unite=OFF || unite=ON
+cmake --preset release -DKORVEX_TEST_SERVERS=ON -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_UNITY_BUILD=$unite >/dev/null
 cmake --build --preset release
 
 step "clang-tidy"
-sh tools/tidy.sh build/release $scope
+cmake --preset debug -B build/tidy -DKORVEX_TEST_SERVERS=ON >/dev/null  # it is not built: what it says of the sources is read
+sh tools/tidy.sh build/tidy $scope
 
 step "an installed copy, used by a project of its own"
 sh tests/consumer/run.sh build/release build/consumer
@@ -72,6 +76,9 @@ quietly build/windows-tests.log sh tools/test-windows.sh
 step "tests, optimised"
 trap 'sh tests/servers/stop.sh build/release/test-servers all' EXIT  # of a run that was interrupted
 quietly build/release-tests.log ctest --preset release
+
+step "fuzz targets"
+if [ "$scope" = --all ]; then sh tools/fuzz.sh 120; else sh tools/fuzz.sh; fi
 
 step "tests, with address and undefined-behaviour sanitizers"
 ulimit -s 131072  # instrumented frames are many times as large: what nests deeply needs more stack
