@@ -7,6 +7,8 @@
 #include "scriptgen/script_text.h"
 #include "scriptgen/table_walk.h"
 
+#include <utility>
+
 namespace korvex::scriptgen {
 
 using repository::DefinitionRows;
@@ -58,9 +60,21 @@ bool TableScripts::EnterTable(std::int32_t lObjectID, const std::string& table) 
     return true;
 }
 
+/// Room for the scripts of that many tables: what grows bit by bit is copied again and again.
+void MakeRoom(RunState& run, std::size_t tables) {
+    constexpr std::pair<ScriptKind, std::size_t> usualLengths[] = {{ScriptKind::Create, 1024},
+                                                                   {ScriptKind::Drop, 1536},
+                                                                   {ScriptKind::Procedures, 4096},
+                                                                   {ScriptKind::CreateForeignKeys, 256},
+                                                                   {ScriptKind::DropForeignKeys, 128}};
+    for (const auto& [kind, length] : usualLengths)
+        run.Text(kind).reserve(run.Text(kind).size() + tables * length);
+}
+
 }  // namespace
 
 void GenerateForStorage(RunState& run, DefinitionRows& rows, std::string_view storageName) {
+    MakeRoom(run, rows.ScriptedParents().size() + 1);  // all tables but a root's refer to a parent's
     if (const Dialect* dialect = FindDialect(run.m_nScriptType))
         TableScripts(run, rows, *dialect).WalkStorage(storageName);
     run.m_lCurrentObjectID = -1;
