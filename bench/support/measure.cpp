@@ -8,6 +8,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -32,6 +33,17 @@ double ProcessorTime() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
+/// Of the processes that were started here and have ended.
+double ChildrenTime() {
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
+}
+
 }  // namespace
 
 double Seconds(const std::function<void()>& work) {
@@ -44,6 +56,12 @@ double ProcessorSeconds(const std::function<void()>& work) {
     const double start = ProcessorTime();
     work();
     return ProcessorTime() - start;
+}
+
+double ProcessorSecondsApart(const std::function<void()>& work) {
+    const double start = ChildrenTime();
+    RunApart(work);
+    return ChildrenTime() - start;
 }
 
 double Median(std::vector<double> values) {

@@ -14,6 +14,8 @@ double Seconds(const std::function<void()>& work);
 /// Seconds that processors spend on it, in the system's calls as well: for work that waits for nothing, where
 /// other programs on the machine would count only against the longer of two runs.
 double ProcessorSeconds(const std::function<void()>& work);
+/// The same of work in a process of its own, where what earlier work left in memory does not count.
+double ProcessorSecondsApart(const std::function<void()>& work);
 
 double Median(std::vector<double> values);
 
