@@ -78,7 +78,7 @@ DataObject::~DataObject() {
 }
 
 void DataObject::TakeParts(std::vector<Shared>& parts) {
-    std::move(m_items.begin(), m_items.end(), std::back_inserter(parts));
+    parts.insert(parts.end(), std::move_iterator(m_items.begin()), std::move_iterator(m_items.end()));
     m_items.clear();
     for (auto& value : m_values) {
         auto* object = value.If<automation::ObjectRef>();
@@ -86,6 +86,7 @@ void DataObject::TakeParts(std::vector<Shared>& parts) {
         if (auto part = std::dynamic_pointer_cast<DataObject>(std::exchange(*object, nullptr)))
             parts.push_back(std::move(part));
     }
+    m_values.clear();
 }
 
 Definition& DataObject::Type() const {

@@ -25,12 +25,12 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
                                        const std::string& sKeyFieldName) {
     LoadedRecord loaded;
     loaded.definition = DefinitionOf(coData);
-    const auto place = FindPlace(session, loaded.definition, sKeyFieldName);
+    auto place = FindPlace(session, loaded.definition, sKeyFieldName);
     if (!place) return std::nullopt;
     const auto records = OpenExisting(session, SelectRecord(*place, lKey));
     if (records == nullptr) return std::nullopt;
 
-    loaded.ownKey = place->ownKey;
+    loaded.ownKey = std::move(place->ownKey);
     loaded.isCollection = IsCollection(*loaded.definition);
     loaded.reading = session.Read(loaded.definition);
     const auto& indexes = loaded.reading->indexes.In(*records, loaded.reading->values);

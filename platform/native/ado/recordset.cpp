@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 namespace korvex::native::ado_engine {
@@ -51,10 +52,11 @@ void NativeRecordset::LockType(std::int32_t type) {
 void NativeRecordset::Open(std::string_view source, const std::shared_ptr<ado::Connection>& connection,
                            std::int32_t cursorType, std::int32_t lockType, std::int32_t /*options*/) {
     RequireClosed();
-    auto native = std::dynamic_pointer_cast<NativeConnection>(connection);
-    if (!native) {
+    const ado::Connection* given = connection.get();
+    if (given == nullptr || typeid(*given) != typeid(NativeConnection)) {
         throw Error(ado::adErrInvalidArgument, "A recordset opens on a connection of the same provider.");
     }
+    auto native = std::static_pointer_cast<NativeConnection>(connection);
     if (cursorType != ado::adUnspecified) CursorType(cursorType);
     if (lockType != ado::adUnspecified) LockType(lockType);
     std::shared_ptr<OpenRows> rows = OpenText(source, std::move(native), m_lockType != ado::adLockReadOnly);
@@ -91,16 +93,14 @@ std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
     return {m_rows, &rows.Field(PositionOf(rows, name))};
 }
 
-std::size_t NativeRecordset::Checked(std::int32_t index) const {
-    const auto position = static_cast<std::size_t>(index);
-    if (index >= 0 && Rows().HasColumn(position)) return position;
+void NativeRecordset::RaiseNoField(OpenRows& rows, std::int32_t index) {
     throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) + " (" +
-                                            sql::ReadableStatement(Rows().Text()) + ")");
+                                            sql::ReadableStatement(rows.Text()) + ")");
 }
 
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {
     OpenRows& rows = Rows();
-    return {m_rows, &rows.Field(Checked(index))};
+    return {m_rows, &rows.Field(Checked(rows, index))};
 }
 
 std::int32_t NativeRecordset::FieldCount() const {

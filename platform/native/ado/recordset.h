@@ -37,7 +37,10 @@ class NativeRecordset final : public ado::Recordset {
         OpenRows& rows = Rows();
         return rows.Value(PositionOf(rows, name));
     }
-    automation::Variant FieldValue(std::int32_t index) override { return Rows().NextValue(Checked(index)); }
+    automation::Variant FieldValue(std::int32_t index) override {
+        OpenRows& rows = Rows();
+        return rows.NextValue(Checked(rows, index));
+    }
     std::int32_t FieldIndex(std::string_view name) override {
         return static_cast<std::int32_t>(PositionOf(Rows(), name));
     }
@@ -55,7 +58,12 @@ class NativeRecordset final : public ado::Recordset {
         return *m_rows;
     }
     [[noreturn]] static void RaiseClosed();
-    std::size_t Checked(std::int32_t index) const;
+    static std::size_t Checked(OpenRows& rows, std::int32_t index) {
+        const auto position = static_cast<std::size_t>(index);
+        if (!rows.HasColumn(position)) RaiseNoField(rows, index);
+        return position;
+    }
+    [[noreturn]] static void RaiseNoField(OpenRows& rows, std::int32_t index);
     static std::size_t PositionOf(OpenRows& rows, std::string_view name);
     void RequireClosed() const;
 

@@ -3,7 +3,6 @@
 #include "automation/convert.h"
 #include "automation/text.h"
 #include "platform/native/ado/connection.h"
-#include "platform/native/ado/errors.h"
 #include "platform/native/ado/field.h"
 
 #include <algorithm>
@@ -71,12 +70,6 @@ void OpenRows::CancelUpdate() {
     m_cursor.CancelUpdate();
 }
 
-Variant OpenRows::Value(std::size_t column) {
-    if (m_chunks.column != column) EndChunks();
-    return WithAdoErrors([this, column] { return m_cursor.Value(column); },
-                         [this, column] { return Place(column); });
-}
-
 void OpenRows::Value(std::size_t column, const Variant& value) {
     EndChunks();
     const bool startsEdit = !IsEditing();
@@ -142,10 +135,6 @@ void OpenRows::RequireLong(std::size_t column) {
 void OpenRows::StartEdit() {
     RequireUpdatable();
     WithAdoErrors([this] { m_cursor.Edit(); }, [this] { return m_cursor.Text(); });
-}
-
-void OpenRows::EndChunks() noexcept {
-    if (m_chunks.column != None) m_chunks = {};
 }
 
 void OpenRows::ReadLong(std::size_t column) {

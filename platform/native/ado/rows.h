@@ -2,6 +2,7 @@
 
 #include "automation/variant.h"
 #include "platform/ado.h"
+#include "platform/native/ado/errors.h"
 #include "platform/native/sql/cursor.h"
 
 #include <cstddef>
@@ -48,7 +49,11 @@ class OpenRows {
     void Update();
     void CancelUpdate();
 
-    automation::Variant Value(std::size_t column);
+    automation::Variant Value(std::size_t column) {
+        if (m_chunks.column != column) EndChunks();
+        return WithAdoErrors([this, column] { return m_cursor.Value(column); },
+                             [this, column] { return Place(column); });
+    }
     /// Its value, where hosts go through the columns in their order.
     automation::Variant NextValue(std::size_t column) {
         m_cursor.Expect(column + 1);
@@ -78,7 +83,9 @@ class OpenRows {
     void RequireUpdatable() const;
     void RequireLong(std::size_t column);
     void StartEdit();
-    void EndChunks() noexcept;
+    void EndChunks() noexcept {
+        if (m_chunks.column != None) m_chunks = {};
+    }
     void ReadLong(std::size_t column);
     automation::Variant NextChunk(std::size_t length);
     std::string Place(std::size_t column);

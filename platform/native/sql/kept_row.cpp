@@ -2,14 +2,6 @@
 
 namespace korvex::native::sql {
 
-void KeptRow::Own() {
-    for (Cell& cell : m_cells) {
-        if (cell.kind < Cell::Kind::Text) continue;
-        cell.integer = static_cast<std::int64_t>(m_bytes.size());
-        m_bytes.append(cell.data);
-    }
-}
-
 Row& KeptRow::Values(const RowShape& shape) {
     if (m_values.empty()) {
         Row values;

@@ -29,17 +29,31 @@ automation::Variant FromCell(const Cell& cell, const ColumnInfo& column);
 /// it. Used again and again, it allocates nothing.
 class KeptRow {
   public:
+    KeptRow() = default;
+    KeptRow(KeptRow&&) noexcept = default;
+    KeptRow& operator=(KeptRow&&) noexcept = default;
+    void Swap(KeptRow& other) noexcept {
+        m_cells.swap(other.m_cells);
+        m_bytes.swap(other.m_bytes);
+        m_values.swap(other.m_values);
+    }
+
     void Clear() noexcept {
         m_bytes.clear();
         m_values.clear();
     }
-    /// Cells for a new row. Behind them Own copies what they point at.
-    std::vector<Cell>& Begin(std::size_t count) {
+    /// Takes a row of that many cells, in their order, copying what they point at.
+    template <class CellAt>
+    void Take(std::size_t count, CellAt&& cellAt) {
         Clear();
         m_cells.resize(count);
-        return m_cells;
+        for (std::size_t column = 0; column < count; ++column) {
+            Cell& cell = m_cells[column] = cellAt(column);
+            if (cell.kind < Cell::Kind::Text) continue;
+            cell.integer = static_cast<std::int64_t>(m_bytes.size());
+            m_bytes.append(cell.data);
+        }
     }
-    void Own();
     /// Takes a row whose values are known.
     void Take(Row values) noexcept { m_values = std::move(values); }
 

@@ -133,11 +133,11 @@ class Session {
 
     /// Room for a row, from cursor to cursor.
     void LendRow(KeptRow& row) noexcept {
-        if (!row.IsReusable()) row = std::exchange(m_spareRow, {});
+        if (!row.IsReusable()) row.Swap(m_spareRow);
     }
-    void GiveRow(KeptRow row) noexcept {
+    void GiveRow(KeptRow& row) noexcept {
         row.Clear();
-        if (row.IsReusable()) m_spareRow = std::move(row);
+        if (row.IsReusable()) row.Swap(m_spareRow);
     }
 
     /// A cursor makes itself known, says when it begins and ends to hold a half-read statement, and goes.

@@ -43,7 +43,7 @@ void StatementRows::Close() noexcept {
     if (m_session == nullptr) return;
     Release();
     m_session->Detach(*this);
-    m_session->GiveRow(std::move(m_row));
+    m_session->GiveRow(m_row);
     m_session = nullptr;
     m_rest.clear();
     m_stand = Stand::End;

@@ -172,10 +172,8 @@ Variant SqliteStatement::Value(std::size_t column) {
 }
 
 void SqliteStatement::Keep(KeptRow& row) {
-    int index = 0;
-    for (Cell& cell : row.Begin(m_shape->columns.size()))
-        cell = CellAt(index++);
-    row.Own();
+    row.Take(m_shape->columns.size(),
+             [this](std::size_t column) { return CellAt(static_cast<int>(column)); });
 }
 
 void SqliteStatement::Reset() noexcept {
