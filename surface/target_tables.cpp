@@ -41,6 +41,15 @@ class Tally {
   public:
     void Add(EngineThing thing, std::size_t count = 1) { m_counts[static_cast<std::size_t>(thing)] += count; }
 
+    TargetReport Report(const EngineDialect& dialect, const char* deed,
+                        std::vector<std::string> notes) const {
+        const std::string engine(dialect.Name());
+        return {{Text() + " " + deed + " (" + engine + ")"},
+                std::move(notes),
+                engine,
+                {m_counts[0], m_counts[1], m_counts[2], m_counts[3]}};
+    }
+
     /// "2 tables, 1 index and 3 foreign keys"; "nothing" for none.
     std::string Text() const {
         constexpr std::pair<const char*, const char*> Nouns[] = {{"table", "tables"},
@@ -421,7 +430,7 @@ TargetReport TargetTables::Create(const std::shared_ptr<ado::Connection>& connec
     const scriptgen::EngineScripts scripts = dialect.Write(m_impl->tables);
     const Plan plan = m_impl->PlanCreate(dialect, scripts, *connection);
     const Tally made = PlanRun(connection, dialect).Run(plan);
-    return {{made.Text() + " made (" + std::string(dialect.Name()) + ")"}, scripts.notes};
+    return made.Report(dialect, "made", scripts.notes);
 }
 
 std::vector<std::string> TargetTables::TablesToDrop(ado::Connection& connection) const {
@@ -437,20 +446,32 @@ TargetReport TargetTables::Drop(const std::shared_ptr<ado::Connection>& connecti
     const auto used = m_impl->UsedElsewhere(live, dialect.FoldsTableNames());
     const DropPlanner planner(dialect, m_impl->tables, live, used);
     const Tally dropped = PlanRun(connection, dialect).Run(planner.Make());
-    return {{dropped.Text() + " dropped (" + std::string(dialect.Name()) + ")"}, planner.Notes()};
+    return dropped.Report(dialect, "dropped", planner.Notes());
 }
 
-std::vector<std::string> TargetTables::Check(ado::Connection& connection) const {
+TargetComparison TargetTables::Compare(ado::Connection& connection) const {
     const EngineDialect& dialect = DialectBehind(connection);
     m_impl->ExpectTakenBy(dialect);
     const bool folds = dialect.FoldsTableNames();
     const std::vector<DescribedTable> wanted = dialect.Tables(m_impl->tables);
     const std::vector<DescribedTable> live = scriptgen::ReadLiveTables(connection, dialect);
     const std::vector<TableDifference> differences = scriptgen::CompareTables(wanted, live, folds);
-    std::vector<std::string> lines;
-    if (IsMadeByFirstVersion(differences, wanted, live, folds)) lines.emplace_back("made by 0.1");
+    constexpr const char* Aspects[] = {"table", "column", "type",        "number",
+                                       "key",   "index",  "foreign key", "trigger"};
+    TargetComparison comparison{{}, IsMadeByFirstVersion(differences, wanted, live, folds)};
     for (const TableDifference& difference : differences)
-        lines.push_back(difference.text);
+        comparison.Differences.push_back({difference.table,
+                                          Aspects[static_cast<std::size_t>(difference.aspect)],
+                                          difference.name, difference.isMissing, difference.text});
+    return comparison;
+}
+
+std::vector<std::string> TargetTables::Check(ado::Connection& connection) const {
+    const TargetComparison comparison = Compare(connection);
+    std::vector<std::string> lines;
+    if (comparison.IsMadeByFirstVersion) lines.emplace_back("made by 0.1");
+    for (const TargetDifference& difference : comparison.Differences)
+        lines.push_back(difference.Text);
     return lines;
 }
 

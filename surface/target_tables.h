@@ -10,10 +10,35 @@
 
 namespace korvex {
 
-/// What was done to a target database, for people.
+/// How many things of each kind were made or dropped.
+struct TargetCounts {
+    std::size_t Tables = 0;       ///< tables
+    std::size_t Indexes = 0;      ///< indexes, apart from those of primary keys
+    std::size_t Triggers = 0;     ///< triggers, each with its function
+    std::size_t ForeignKeys = 0;  ///< foreign keys, also those that stand in the statement of their table
+};
+
+/// What was done to a target database.
 struct TargetReport {
-    std::vector<std::string> Lines;  ///< "16 tables, 16 indexes and 16 foreign keys made"
-    std::vector<std::string> Notes;  ///< what is left out, or is not as the definition has it
+    std::vector<std::string> Lines;  ///< for people: "16 tables and 16 indexes made (sqlite)"
+    std::vector<std::string> Notes;  ///< for people: what is left out, or is not as the definition has it
+    std::string Engine;              ///< "sqlite", "mariadb" or "postgresql"
+    TargetCounts Counts;             ///< the same as Lines, for programs
+};
+
+/// Where a table differs from the definition.
+struct TargetDifference {
+    std::string Table;   ///< as the definition spells it
+    std::string Aspect;  ///< "table", "column", "type", "number", "key", "index", "foreign key" or "trigger"
+    std::string Name;    ///< of the column, index or trigger; empty for none
+    bool IsMissing = false;  ///< it can be added to what is there, as Create does
+    std::string Text;        ///< for people: "tOrder.Total is float, not decimal(19,4)"
+};
+
+/// How the tables that are there compare with those of the definition.
+struct TargetComparison {
+    std::vector<TargetDifference> Differences;  ///< none where they are the same
+    bool IsMadeByFirstVersion = false;          ///< their types are those that version 0.1 gave them
 };
 
 /// The tables of a definition in its target database: makes, removes and checks them, with the dialect of the
@@ -59,7 +84,11 @@ class TargetTables {
 
     /// Compares the tables that are there with the definition. Nothing is changed.
     /// @param connection as for Create
-    /// @return where they differ, a line each; none when they are equal. The first line is "made by 0.1" when
+    /// @return where they differ
+    TargetComparison Compare(ado::Connection& connection) const;
+    /// The same for people.
+    /// @param connection as for Create
+    /// @return a line for each difference; none when they are equal. The first line is "made by 0.1" when
     /// their types are those that version 0.1 gave them.
     std::vector<std::string> Check(ado::Connection& connection) const;
 

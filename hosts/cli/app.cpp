@@ -13,6 +13,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #ifndef KORVEX_VERSION
@@ -85,11 +86,6 @@ std::string DescribeExtras(const CLI::App& app) {
            automation::Readable(CLI::detail::join(words, " "), longest);
 }
 
-int Fail(Console& console, std::int32_t number, std::string_view description) {
-    console.Message("error " + std::to_string(number) + ": " + std::string(description));
-    return ExitFailed;
-}
-
 }  // namespace
 
 std::unique_ptr<CLI::App> MakeApp(Console& console) {
@@ -110,27 +106,58 @@ void ListWhenAlone(CLI::App& group, Console& console) {
     });
 }
 
-int RunCommandLine(int argc, const char* const* argv, Console& console) {
-    const std::unique_ptr<CLI::App> app = MakeApp(console);
-    HeedVariablesOfChosenCommand(*app);
+namespace {
+
+/// The exit code; every failure has been said.
+int Run(CLI::App& app, int argc, const char* const* argv, Console& console) {
     try {
-        app->parse(argc, argv);
-        console.Finish();
+        app.parse(argc, argv);
         return ExitDone;
     } catch (const CLI::RuntimeError& error) {
         // A command that has said itself what is wrong.
         return error.get_exit_code();
-    } catch (const CLI::ExtrasError&) {
-        console.Text(DescribeExtras(*app) + "\nRun with --help for more information.");
-        return ExitUsage;
-    } catch (const CLI::ParseError& error) {
-        return app->exit(error, console.Results()) == 0 ? ExitDone : ExitUsage;
     } catch (const automation::Error& error) {
-        return Fail(console, error.Number(), error.Description());
+        console.Error(error.Number(), error.Description());
     } catch (const std::bad_alloc&) {
-        return Fail(console, automation::OutOfMemory, automation::StandardErrorText(automation::OutOfMemory));
+        console.Error(automation::OutOfMemory, automation::StandardErrorText(automation::OutOfMemory));
+    } catch (const CLI::ParseError&) {
+        throw;
     } catch (const std::exception& error) {
-        return Fail(console, InternalError, error.what());
+        console.Error(InternalError, error.what());
+    }
+    return ExitFailed;
+}
+
+int WrongUsage(std::string_view what, Console& console) {
+    std::string variable;
+    for (const auto& [option, name] :
+         {std::pair("--repository", RepositoryVariable), std::pair("--storage", StorageVariable),
+          std::pair("--connection", ConnectionVariable)})
+        if (what == std::string(option) + " is required") variable = " (or " + std::string(name) + ")";
+    console.Text(std::string(what) + variable + "\nRun with --help for more information.");
+    return ExitUsage;
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, const char* const* argv, Console& console) {
+    const std::unique_ptr<CLI::App> app = MakeApp(console);
+    HeedVariablesOfChosenCommand(*app);
+    try {
+        const int exitCode = Run(*app, argc, argv, console);
+        console.Finish();
+        return exitCode;
+    } catch (const CLI::Success& wish) {
+        // For help, or the version.
+        app->exit(wish, console.Results());
+        return ExitDone;
+    } catch (const CLI::ExtrasError&) {
+        return WrongUsage(DescribeExtras(*app), console);
+    } catch (const CLI::ParseError& error) {
+        return WrongUsage(error.what(), console);
+    } catch (const automation::Error& error) {
+        console.Error(error.Number(), error.Description());
+        return ExitFailed;
     }
 }
 

@@ -4,9 +4,13 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/new_database.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/counted_connection.h"
+#include "hosts/cli/shell/format_option.h"
 #include "hosts/cli/target_options.h"
 #include "hosts/cli/text_file.h"
 #include "scriptgen/migration/live_tables.h"
+
+#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <span>
@@ -20,6 +24,7 @@ namespace korvex::cli {
 namespace {
 
 using automation::Error;
+using Json = nlohmann::ordered_json;
 
 struct ApplyOptions {
     std::string connection;
@@ -74,21 +79,27 @@ void PrintPlan(ado::Connection& connection, const ApplyOptions& options,
     } else {
         connection.Open(options.connection);
     }
-    for (const ApplyStep& step : PlanStatements(statements, LeadsToEmbeddedEngine(connection, options)).steps)
-        console.Results() << PlanLine(step) << '\n';
+    const ApplyPlan plan = PlanStatements(statements, LeadsToEmbeddedEngine(connection, options));
+    if (Json* document = console.Document()) (*document)["steps"] = Json::array();
+    for (const ApplyStep& step : plan.steps) {
+        if (Json* document = console.Document())
+            (*document)["steps"].push_back(PlanJson(step));
+        else
+            console.Results() << PlanLine(step) << '\n';
+    }
 }
 
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
-    std::shared_ptr<ado::Connection> connection =
-        Session(console).platform.targetProvider->CreateConnection();
+    std::shared_ptr<ado::Connection> connection = std::make_shared<CountedConnection>(
+        Session(console).platform.targetProvider->CreateConnection(), console);
     if (options.dryRun) {
         PrintPlan(*connection, options, statements, console);
         return;
     }
     const std::string newFile = OpenTarget(*connection, options);
-    std::vector<std::string> done;
+    Tally done;
     try {
         done = RunStatements(connection, statements, LeadsToEmbeddedEngine(*connection, options), console);
         connection->Close();
@@ -97,8 +108,10 @@ void RunApply(const ApplyOptions& options, Console& console) {
         if (!newFile.empty()) RemoveUnusedDatabase(newFile);
         throw;
     }
-    if (done.empty()) done.emplace_back("nothing to do");
-    for (const std::string& line : done)
+    if (Json* document = console.Document()) return done.Write(*document);
+    std::vector<std::string> lines = done.Lines();
+    if (lines.empty()) lines.emplace_back("nothing to do");
+    for (const std::string& line : lines)
         console.Results() << line << '\n';
 }
 
@@ -115,6 +128,7 @@ void AddApplyCommand(CLI::App& parent, Console& console) {
                      "How statements end: go, sqlplus, plain, or as each file looks (auto)")
         ->type_name("STYLE")
         ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
+    AddFormatOption(*command, console);
     command->add_option("FILE", options->files, "Script files, run in this order")
         ->required()
         ->type_name("FILE");

@@ -5,6 +5,8 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/database_parts.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/counted_connection.h"
+#include "hosts/cli/shell/format_option.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "hosts/cli/target_options.h"
@@ -13,6 +15,8 @@
 #include "scriptgen/migration/live_tables.h"
 #include "scriptgen/script_types.h"
 #include "surface/target_tables.h"
+
+#include <nlohmann/json.hpp>
 
 #include <iostream>
 #include <memory>
@@ -27,6 +31,7 @@ namespace korvex::cli {
 namespace {
 
 using Connection = std::shared_ptr<ado::Connection>;
+using Json = nlohmann::ordered_json;
 
 struct DatabaseOptions {
     std::string repository;
@@ -41,11 +46,28 @@ TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
     return {Session(console).platform, options.repository, options.storage, options.fkPrefix};
 }
 
-void Print(const TargetReport& report, Console& console) {
-    for (const std::string& line : report.Lines)
-        console.Results() << line << '\n';
+void Print(const TargetReport& report, const char* deed, Console& console) {
+    if (Json* document = console.Document()) {
+        const TargetCounts& counts = report.Counts;
+        (*document)["engine"] = report.Engine;
+        (*document)[deed] = {{"tables", counts.Tables},
+                             {"indexes", counts.Indexes},
+                             {"triggers", counts.Triggers},
+                             {"foreignKeys", counts.ForeignKeys}};
+    } else {
+        for (const std::string& line : report.Lines)
+            console.Results() << line << '\n';
+    }
     for (const std::string& note : report.Notes)
         console.Message(note);
+}
+
+Json DifferenceJson(const TargetDifference& difference) {
+    Json json = {{"table", difference.Table}, {"aspect", difference.Aspect}};
+    if (!difference.Name.empty()) json["name"] = difference.Name;
+    json["missing"] = difference.IsMissing;
+    json["text"] = difference.Text;
+    return json;
 }
 
 /// The published dialect of an engine; nullptr for one that has a dialect of its own.
@@ -84,7 +106,12 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
         for (ScriptStatement& statement : ReadScript(name, text, GuessStyle(text)))
             statements.push_back(std::move(statement));
     }
-    for (const std::string& line : RunStatements(connection, statements, false, console))
+    const Tally done = RunStatements(connection, statements, false, console);
+    if (Json* document = console.Document()) {
+        (*document)["engine"] = scriptgen::EngineBehind(*connection);
+        return done.Write(*document);
+    }
+    for (const std::string& line : done.Lines())
         console.Results() << line << '\n';
 }
 
@@ -100,7 +127,7 @@ void RunCreate(const DatabaseOptions& options, Console& console) {
     if (const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection))) {
         RunPublished(*type, options, connection, true, console);
     } else {
-        Print(tables.Create(connection), console);
+        Print(tables.Create(connection), "created", console);
     }
 }
 
@@ -119,18 +146,28 @@ void RunDrop(const DatabaseOptions& options, Console& console) {
     if (type != nullptr) {
         RunPublished(*type, options, connection, false, console);
     } else {
-        Print(tables.Drop(connection), console);
+        Print(tables.Drop(connection), "dropped", console);
     }
 }
 
 void RunCheck(const DatabaseOptions& options, Console& console) {
     const TargetTables tables = OpenTables(options, console);
     const Connection connection = Connect(options.connection, console);
-    const std::vector<std::string> lines = tables.Check(*connection);
-    for (const std::string& line : lines)
-        console.Results() << line << '\n';
-    if (!lines.empty()) throw CLI::RuntimeError(ExitFailed);
-    console.Results() << "the tables are those of the definition\n";
+    const TargetComparison comparison = tables.Compare(*connection);
+    const bool isEqual = comparison.Differences.empty();
+    if (Json* document = console.Document()) {
+        (*document)["equal"] = isEqual;
+        (*document)["madeByFirstVersion"] = comparison.IsMadeByFirstVersion;
+        (*document)["differences"] = Json::array();
+        for (const TargetDifference& difference : comparison.Differences)
+            (*document)["differences"].push_back(DifferenceJson(difference));
+    } else {
+        if (comparison.IsMadeByFirstVersion) console.Results() << "made by 0.1\n";
+        for (const TargetDifference& difference : comparison.Differences)
+            console.Results() << difference.Text << '\n';
+        if (isEqual) console.Results() << "the tables are those of the definition\n";
+    }
+    if (!isEqual) throw CLI::RuntimeError(ExitFailed);
 }
 
 CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
@@ -157,7 +194,8 @@ void CheckDefinition(const std::string& repository, const std::string& storage, 
 }
 
 std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console) {
-    auto connection = Session(console).platform.targetProvider->CreateConnection();
+    const Connection connection = std::make_shared<CountedConnection>(
+        Session(console).platform.targetProvider->CreateConnection(), console);
     connection->Open(connectionString);
     return connection;
 }
@@ -179,6 +217,7 @@ void AddDatabaseCommands(CLI::App& parent, Console& console) {
     const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&),
                          const char* flags = "") {
         CLI::App* command = AddDatabaseOptions(parent.add_subcommand(name, text), *options);
+        AddFormatOption(*command, console);
         AddExample(*command, "korvex database " + std::string(name) +
                                  " orders.db --connection \"Provider=SQLite;Data Source=target.db\"" + flags);
         command->callback([options, &console, run] { run(*options, console); });

@@ -4,6 +4,8 @@
 #include "hosts/cli/database_parts.h"
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/format_option.h"
+#include "hosts/cli/shell/progress.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "hosts/cli/target_options.h"
@@ -14,6 +16,8 @@
 #include "scriptgen/migration/match_tables.h"
 #include "scriptgen/script_text.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <filesystem>
 #include <unistd.h>
@@ -23,6 +27,7 @@ namespace korvex::cli {
 namespace {
 
 using automation::Error;
+using Json = nlohmann::ordered_json;
 using scriptgen::AlterStep;
 using scriptgen::ChangeClass;
 using scriptgen::DefinitionDiff;
@@ -128,16 +133,26 @@ void RunUpdate(const UpdateSettings& settings, Console& console) {
         ExpectAsBefore(settings, before, dialect, *connection);
         diff = Compare(std::string(dialect.Name()), before, now, settings.diff);
     }
-    PrintChanges(*diff, console);
+    if (Json* document = console.Document()) {
+        (*document)["engine"] = dialect.Name();
+        (*document)["changes"] = ChangesJson(*diff);
+        (*document)["statements"] = 0;
+    } else {
+        PrintChanges(*diff, console);
+    }
     const std::vector<AlterStep> steps = StepsOf(*diff);
     ExpectToFit(*diff, dialect, *connection, console);
     if (settings.dryRun) return;
     ExpectAllowed(*diff, settings, console);
+    const Progress progress(console, "statements", steps.size());
     scriptgen::DatabaseUpdate(connection, dialect, [&](std::span<const AlterStep> rest) {
         return KeepRest(*diff, rest, console);
     }).Run(steps);
-    console.Results() << steps.size() << (steps.size() == 1 ? " statement" : " statements") << " run ("
-                      << dialect.Name() << ")\n";
+    if (Json* document = console.Document())
+        (*document)["statements"] = steps.size();
+    else
+        console.Results() << steps.size() << (steps.size() == 1 ? " statement" : " statements") << " run ("
+                          << dialect.Name() << ")\n";
 }
 
 }  // namespace
@@ -156,6 +171,7 @@ void AddDatabaseUpdateCommand(CLI::App& parent, Console& console) {
     AddDiffOptions(*command, settings->diff);
     command->add_flag("--dry-run", settings->dryRun, "Print and count only");
     command->add_flag("--yes", settings->yes, "With --allow-loss: do not ask");
+    AddFormatOption(*command, console);
     AddExample(
         *command,
         "korvex database update orders.db --connection \"Provider=SQLite;Data Source=target.db\" --dry-run");

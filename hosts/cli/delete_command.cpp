@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
+#include "hosts/cli/shell/progress.h"
 #include "platform/ado_transaction.h"
 
 #include <memory>
@@ -38,8 +39,11 @@ void RunDelete(const DeleteOptions& options, Console& console) {
     const auto definition = OpenDefinitionForWriting(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
     ado::Transaction transaction(session.Crud().DbConn());
-    for (const std::int32_t key : keys)
+    const Progress progress(console, "objects", keys.size());
+    for (const std::int32_t key : keys) {
         Delete(definition, key, session);
+        console.Step();
+    }
     transaction.Commit();
 }
 

@@ -7,7 +7,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <array>
 #include <filesystem>
 
 namespace korvex::cli {
@@ -28,22 +27,6 @@ struct DiffCommand {
     bool exitCode = false;
     DiffSettings settings;
 };
-
-Json ChangeJson(const scriptgen::TableChange& change) {
-    constexpr std::array<const char*, 4> Kinds = {"added", "renamed", "changed", "dropped"};
-    constexpr std::array<const char*, 5> Things = {"table", "column", "primary key", "foreign key", "index"};
-    Json json = {{"class", scriptgen::ClassName(change.cls)},
-                 {"change", Kinds[static_cast<std::size_t>(change.kind)]},
-                 {"thing", Things[static_cast<std::size_t>(change.thing)]},
-                 {"table", change.table}};
-    const std::pair<const char*, const std::string*> texts[] = {{"column", &change.column},
-                                                                {"before", &change.before},
-                                                                {"now", &change.now},
-                                                                {"reason", &change.reason}};
-    for (const auto& [name, text] : texts)
-        if (!text->empty()) json[name] = *text;
-    return json;
-}
 
 std::unique_ptr<scriptgen::DefinitionDiff> CompareSources(DiffCommand& command, Console& console) {
     if (command.sources.size() == 1 && command.connection.empty())
@@ -80,19 +63,14 @@ void RunDiff(DiffCommand& command, Console& console) {
     const auto diff = CompareSources(command, console);
     const std::string path = WriteScript(*diff, command, console);
     if (command.format == "json") {
-        Json document = {{"changes", Json::array()}};
-        for (const scriptgen::TableChange& change : diff->Changes())
-            document["changes"].push_back(ChangeJson(change));
+        Json document = {{"changes", ChangesJson(*diff)}};
         if (!path.empty()) document["script"] = path;
         console.Results() << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     } else {
         PrintChanges(*diff, console);
         if (!path.empty()) console.Results() << path << '\n';
     }
-    if (command.exitCode && !diff->Changes().empty()) {
-        console.Finish();
-        throw CLI::RuntimeError(ExitChanges);
-    }
+    if (command.exitCode && !diff->Changes().empty()) throw CLI::RuntimeError(ExitChanges);
 }
 
 }  // namespace

@@ -7,11 +7,16 @@
 #include "repository/catalog.h"
 #include "scriptgen/migration/live_tables.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace korvex::cli {
 
 using automation::Error;
+using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -27,6 +32,22 @@ scriptgen::DiffOptions OptionsOf(const DiffSettings& settings, const DefinitionS
         options.renames.push_back({rename.substr(0, sign), rename.substr(sign + 1)});
     }
     return options;
+}
+
+Json ChangeJson(const scriptgen::TableChange& change) {
+    constexpr std::array<const char*, 4> Kinds = {"added", "renamed", "changed", "dropped"};
+    constexpr std::array<const char*, 5> Things = {"table", "column", "primary key", "foreign key", "index"};
+    Json json = {{"class", scriptgen::ClassName(change.cls)},
+                 {"change", Kinds[static_cast<std::size_t>(change.kind)]},
+                 {"thing", Things[static_cast<std::size_t>(change.thing)]},
+                 {"table", change.table}};
+    const std::pair<const char*, const std::string*> texts[] = {{"column", &change.column},
+                                                                {"before", &change.before},
+                                                                {"now", &change.now},
+                                                                {"reason", &change.reason}};
+    for (const auto& [name, text] : texts)
+        if (!text->empty()) json[name] = *text;
+    return json;
 }
 
 }  // namespace
@@ -82,6 +103,13 @@ void PrintChanges(const scriptgen::DefinitionDiff& diff, Console& console) {
     for (const scriptgen::TableChange& change : diff.Changes())
         console.Results() << scriptgen::ClassName(change.cls) << ": " << scriptgen::ChangeText(change)
                           << '\n';
+}
+
+nlohmann::ordered_json ChangesJson(const scriptgen::DefinitionDiff& diff) {
+    Json changes = Json::array();
+    for (const scriptgen::TableChange& change : diff.Changes())
+        changes.push_back(ChangeJson(change));
+    return changes;
 }
 
 }  // namespace korvex::cli

@@ -5,6 +5,7 @@
 #include "scriptgen/migration/definition_identity.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <memory>
 #include <string>
@@ -40,5 +41,9 @@ const scriptgen::EngineDialect& ReadableDialect(ado::Connection& connection);
 
 /// One change a line: "lossy: tOrder.Notes: varchar(20) in place of ...".
 void PrintChanges(const scriptgen::DefinitionDiff& diff, Console& console);
+
+/// The same for machines: an array of objects with "class", "change", "thing", "table" and, where they say
+/// something, "column", "before", "now" and "reason".
+nlohmann::ordered_json ChangesJson(const scriptgen::DefinitionDiff& diff);
 
 }  // namespace korvex::cli

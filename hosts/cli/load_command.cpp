@@ -1,5 +1,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
+#include "hosts/cli/shell/progress.h"
 #include "objects/find.h"
 #include "objects/json.h"
 
@@ -45,8 +46,12 @@ void RunLoad(const LoadOptions& options, Console& console) {
     const auto keys = options.isAll ? std::vector<std::int32_t>() : ReadKeys(options.key);
     const auto definition = OpenDefinition(options.data, console);
     const DataSession session(options.data.connection, options.data.fkPrefix, console);
-    for (const std::int32_t key : options.isAll ? AllKeys(*definition, session) : keys)
+    const auto wanted = options.isAll ? AllKeys(*definition, session) : keys;
+    const Progress progress(console, "objects", wanted.size());
+    for (const std::int32_t key : wanted) {
         Load(options, definition, key, session, console);
+        console.Step();
+    }
 }
 
 }  // namespace

@@ -1,10 +1,8 @@
 #include "hosts/cli/app.h"
 
 #include <iostream>
-#include <unistd.h>
 
 int main(int argc, char** argv) {
-    const bool isTerminal = isatty(STDERR_FILENO) == 1;
-    korvex::cli::Console console(std::cout, std::cerr, isTerminal);
+    korvex::cli::Console console(std::cout, std::cerr, korvex::cli::TerminalsOfProcess());
     return korvex::cli::RunCommandLine(argc, argv, console);
 }

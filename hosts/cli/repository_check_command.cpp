@@ -3,8 +3,11 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/format_option.h"
 #include "hosts/cli/source.h"
 #include "repository/catalog.h"
+
+#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <string>
@@ -12,6 +15,8 @@
 namespace korvex::cli {
 
 namespace {
+
+using Json = nlohmann::ordered_json;
 
 struct CheckOptions {
     std::string repository;
@@ -21,6 +26,18 @@ struct CheckOptions {
 
 std::string CountText(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+const char* WordOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
+
+void WriteDocument(const Findings& findings, Json& document) {
+    document["errors"] = findings.Count(Severity::Error);
+    document["warnings"] = findings.Count(Severity::Warning);
+    Json& list = document["findings"] = Json::array();
+    for (const Finding& finding : findings.All())
+        list.push_back({{"severity", WordOf(finding.severity)},
+                        {"text", finding.text},
+                        {"endangersData", finding.endangersData}});
 }
 
 void RunCheck(const CheckOptions& options, Console& console) {
@@ -33,15 +50,18 @@ void RunCheck(const CheckOptions& options, Console& console) {
             CheckForEngine(catalog, options.fkPrefix, *dialect, findings);
     }
     repository.Close();
-    for (const Finding& finding : findings.All()) {
-        constexpr std::size_t longest = 1000;
-        console.Results() << (finding.severity == Severity::Error ? "error: " : "warning: ")
-                          << automation::Readable(finding.text, longest) << '\n';
-    }
     const std::size_t errors = findings.Count(Severity::Error);
-    console.Message(CountText(errors, "error") + ", " +
-                    CountText(findings.Count(Severity::Warning), "warning"));
-    console.Finish();
+    if (console.Document() != nullptr) {
+        WriteDocument(findings, *console.Document());
+    } else {
+        for (const Finding& finding : findings.All()) {
+            constexpr std::size_t longest = 1000;
+            console.Result(std::string(WordOf(finding.severity)) + ": " +
+                           automation::Readable(finding.text, longest));
+        }
+        console.Message(CountText(errors, "error") + ", " +
+                        CountText(findings.Count(Severity::Warning), "warning"));
+    }
     if (errors > 0) throw CLI::RuntimeError(ExitFailed);
 }
 
@@ -60,6 +80,7 @@ void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
             "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
         ->type_name("NAME")
         ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "all-engines"}));
+    AddFormatOption(*command, console);
     AddExample(*command, "korvex repository check orders.db --dialect all-engines");
     command->callback([options, &console] { RunCheck(*options, console); });
 }

@@ -3,6 +3,7 @@
 #include "hosts/cli/model/model_pull.h"
 #include "hosts/cli/model/model_writer.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/counted_connection.h"
 #include "hosts/cli/target_options.h"
 #include "scriptgen/migration/live_tables.h"
 #include "surface/target_tables.h"
@@ -24,7 +25,8 @@ void RunPull(const PullOptions& options, Console& console) {
     if (std::filesystem::exists(options.model))
         throw automation::Error(automation::PathFileAccessError, "The file exists: " + options.model);
     const Session session(console);
-    const auto connection = session.platform.targetProvider->CreateConnection();
+    const std::shared_ptr<ado::Connection> connection =
+        std::make_shared<CountedConnection>(session.platform.targetProvider->CreateConnection(), console);
     connection->Open(options.connection);
     const scriptgen::EngineDialect& dialect =
         scriptgen::EngineDialectOf(scriptgen::EngineBehind(*connection));

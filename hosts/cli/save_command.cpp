@@ -1,6 +1,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
+#include "hosts/cli/shell/progress.h"
 #include "objects/json.h"
 #include "platform/ado_transaction.h"
 
@@ -22,13 +23,14 @@ using DataObjects = std::vector<std::shared_ptr<objects::DataObject>>;
 /// Saves the objects in one transaction; their keys.
 std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects& objects, Console& console) {
     std::vector<std::int32_t> keys;
+    const Progress progress(console, "objects", objects.size());
     ado::Transaction transaction(session.Crud().DbConn());
     for (const auto& object : objects) {
-        console.Progress("saving " + std::to_string(keys.size() + 1) + "/" + std::to_string(objects.size()));
         const std::int32_t key = session.Crud().DbSaveData(object);
         session.ExpectAllOpened();
         if (key < 1) session.FailWithLastResult();
         keys.push_back(key);
+        console.Step();
     }
     transaction.Commit();
     return keys;

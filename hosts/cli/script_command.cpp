@@ -2,6 +2,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/program.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/progress.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/text_file.h"
 #include "repository/names.h"
@@ -89,14 +90,15 @@ void RunScript(const ScriptOptions& options, Console& console) {
     CreateFolder(options.out);
     const std::vector<Dialect> dialects = ChosenDialects(options.dialect);
     std::vector<std::string> paths;
-    for (std::size_t i = 0; i < dialects.size(); ++i) {
-        if (!options.quiet) {
-            console.Progress(dialects[i].name + " (" + std::to_string(i + 1) + " of " +
-                             std::to_string(dialects.size()) + ")");
-        }
-        for (const std::string& path : RunDialect(dialects[i], options, console)) {
-            if (!options.quiet) console.Results() << path << '\n';
-            paths.push_back(path);
+    {
+        std::optional<Progress> progress;
+        if (!options.quiet) progress.emplace(console, "dialects", dialects.size());
+        for (const Dialect& dialect : dialects) {
+            for (const std::string& path : RunDialect(dialect, options, console)) {
+                if (!options.quiet) console.Results() << path << '\n';
+                paths.push_back(path);
+            }
+            console.Step();
         }
     }
     console.Finish();

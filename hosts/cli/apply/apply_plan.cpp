@@ -4,6 +4,8 @@
 #include "automation/sql_tokens.h"
 #include "automation/text.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <set>
 #include <string_view>
@@ -126,6 +128,19 @@ std::string PlanLine(const ApplyStep& step) {
     constexpr std::string_view Notes[] = {"", "skip the repetition: ", "frame of the run: "};
     return PlaceOf(*step.statement) + ": " + std::string(Notes[static_cast<std::size_t>(step.action)]) +
            DeedOf(step);
+}
+
+nlohmann::ordered_json PlanJson(const ApplyStep& step) {
+    constexpr const char* Actions[] = {"run", "skip", "frame"};
+    nlohmann::ordered_json json = {{"file", step.statement->file},
+                                   {"line", step.statement->line},
+                                   {"action", Actions[static_cast<std::size_t>(step.action)]}};
+    const StatementSubject& subject = step.subject;
+    if (subject.deed == Deed::Other) return json;
+    json["deed"] = subject.deed == Deed::Create ? "create" : "drop";
+    json["thing"] = NounOf(subject.thing);
+    json["name"] = subject.name;
+    return json;
 }
 
 }  // namespace korvex::cli

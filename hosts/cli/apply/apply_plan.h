@@ -3,6 +3,8 @@
 #include "hosts/cli/apply/script_reader.h"
 #include "hosts/cli/apply/statement_subject.h"
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -45,5 +47,9 @@ std::string PlaceOf(const ScriptStatement& statement);
 
 /// What a step is going to do, in one line: "FILE, line 12: create table T".
 std::string PlanLine(const ApplyStep& step);
+
+/// The same for machines: "file", "line", "action" ("run", "skip" or "frame") and, of what makes or drops
+/// something, "deed", "thing" and "name".
+nlohmann::ordered_json PlanJson(const ApplyStep& step);
 
 }  // namespace korvex::cli

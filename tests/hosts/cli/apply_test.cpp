@@ -232,7 +232,7 @@ TEST_F(Apply, ARunThatTheEngineFailsChangesNothing) {
     const auto run = [](const std::shared_ptr<ado::Connection>& connection, const std::string& text) {
         std::ostringstream results;
         std::ostringstream messages;
-        cli::Console console(results, messages, false);
+        cli::Console console(results, messages);
         cli::RunStatements(connection, cli::ReadScript("script", text, cli::GuessStyle(text)), true, console);
     };
     const auto seam = std::make_shared<TestSeam>();

@@ -1,10 +1,12 @@
 #include "hosts/cli/korvex_command.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/shell/progress.h"
 #include "platform/platform.h"
 #include "support/error_of.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <sstream>
 
@@ -229,10 +231,23 @@ TEST(Relate, TouchesOnlyTheDefinitionNamedAndTakesThePrefix) {
               "  Doors: integer\n");
 }
 
+TEST(Console, ProgressIsCountedRatedAndForeseen) {
+    using Seconds = std::chrono::duration<double>;
+    const auto text = [](std::size_t done, std::size_t total, double seconds) {
+        return cli::ProgressText("objects", done, total, Seconds(seconds));
+    };
+    EXPECT_EQ(text(0, 0, 2), "0 objects");
+    EXPECT_EQ(text(0, 5, 2), "0 of 5 objects");
+    EXPECT_EQ(text(1200, 5000, 3), "1200 of 5000 objects, 400/s, 10 s left");
+    EXPECT_EQ(text(1, 5, 60), "1 of 5 objects, 1/min, 4 min left");
+    EXPECT_EQ(text(5, 5, 2), "5 of 5 objects, 3/s, 0 s left");
+    EXPECT_EQ(text(6, 5, 2), "6 objects, 3/s");
+}
+
 TEST(Session, FailedQueriesAreReportedAndFailTheCommand) {
     std::ostringstream results;
     std::ostringstream messages;
-    cli::Console console(results, messages, false);
+    cli::Console console(results, messages);
     const cli::Session session(console);
     session.platform.desktop->ShowMessage("a warning\r\nof two lines", platform::StyleExclamation, "Title");
     EXPECT_EQ(messages.str(), "korvex: Title\na warning\r\nof two lines\n");

@@ -63,7 +63,7 @@ CommandResult RunKorvexAsOrdinaryUser(const std::string& closedFolder,
     const std::vector<char*> pointers = Pointers(words);
     std::ostringstream results;
     std::ostringstream messages;
-    cli::Console console(results, messages, false);
+    cli::Console console(results, messages);
     const OrdinaryUser user(closedFolder);
     const int exitCode = cli::RunCommandLine(static_cast<int>(words.size()), pointers.data(), console);
     return {exitCode, results.str(), messages.str()};

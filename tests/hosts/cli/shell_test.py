@@ -1,5 +1,7 @@
-"""What korvex gives a shell: completion, tried in real terminals, and manual pages. Arguments: the command, the examples."""
+"""What korvex gives shells, terminals and programs, tried in real terminals. Arguments: the command, the examples."""
+import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -26,8 +28,8 @@ class Terminal:
     def close(self):
         subprocess.run([*self.tmux, "kill-server"], check=False)
 
-    def screen(self):
-        captured = subprocess.run([*self.tmux, "capture-pane", "-p"], capture_output=True, text=True, check=True)
+    def screen(self, *options):
+        captured = subprocess.run([*self.tmux, "capture-pane", "-p", *options], capture_output=True, text=True, check=True)
         return captured.stdout.rstrip()
 
     def keys(self, *keys):
@@ -146,8 +148,8 @@ def commands(path=()):
         yield from commands((*path, name))
 
 
-class Examples(unittest.TestCase):
-    """Each runs in a folder with a repository, a model of what was, a target database with one order, and scripts."""
+class FilledFolder(unittest.TestCase):
+    """A folder with a repository, a model of what was, a target database with one order, and scripts."""
 
     DEFINITION = ["--repository", "orders.db", "--storage", "Orders"]
     TARGET = "Provider=SQLite;Data Source=target.db"
@@ -164,6 +166,8 @@ class Examples(unittest.TestCase):
                       ["save", *self.DEFINITION, "--connection", self.TARGET, "order.json"]]:
             self.assertEqual(korvex(*words, cwd=self.folder).returncode, 0, words)
 
+
+class Examples(FilledFolder):
     def test_each_command_has_one_that_works(self):
         path = os.path.dirname(KORVEX) + ":" + os.environ["PATH"]
         tried = 0
@@ -215,6 +219,117 @@ class Examples(unittest.TestCase):
                     self.assertEqual((result.stdout, result.stderr), (text, ""))
                 else:
                     self.assertIn(text, result.stderr)
+
+
+class Machines(FilledFolder):
+    def document(self, *words, code=0):
+        result = korvex(*words, "--format", "json", cwd=self.folder)
+        self.assertEqual(result.returncode, code, result.stderr)
+        document = json.loads(result.stdout)
+        said = "".join(f"korvex: {message}\n" for message in document.pop("messages"))
+        self.assertEqual(result.stderr, said)
+        return document
+
+    def database(self, command, *words, code=0):
+        return self.document("database", command, "orders.db", "--connection", self.TARGET, *words, code=code)
+
+    def error(self, number, description):
+        return {"error": {"number": number, "description": description}}
+
+    def test_check(self):
+        self.assertEqual(self.document("repository", "check", "orders.db"), {"errors": 0, "warnings": 0, "findings": []})
+        with open(os.path.join(self.folder, "bad.json"), "w", encoding="utf-8") as file:
+            file.write('{"definitions":[{"storage":"S","root":"T"}],"objects":[{"name":"T","values":'
+                       '[{"name":"A B","type":"long"}]}]}')
+        findings = self.document("repository", "check", "bad.json", code=1)
+        self.assertEqual((findings["errors"], findings["findings"][0]["severity"]), (len(findings["findings"]), "error"))
+        self.assertEqual(list(findings["findings"][0]), ["severity", "text", "endangersData"])
+        self.assertEqual(self.document("repository", "check", "none.db", code=1)["error"]["number"], 3024)
+        wrong = korvex("repository", "check", "--format", "json", cwd=self.folder, KORVEX_REPOSITORY="")
+        self.assertEqual((wrong.returncode, wrong.stdout), (2, ""))
+
+    def test_apply(self):
+        new = ["--connection", "Provider=SQLite;Data Source=new.db", "--create", "sql/LiteCreate.sql"]
+        step = self.document("apply", *new, "--dry-run")["steps"][0]
+        self.assertEqual(step, {"file": "sql/LiteCreate.sql", "line": 1, "action": "run", "deed": "create",
+                                "thing": "table", "name": "tOrder"})
+        done = self.document("apply", *new)
+        made = {name: count for name, count in done["created"].items() if count}
+        self.assertEqual(made, {"tables": 17, "indexes": 16, "triggers": 32})
+        self.assertEqual((sum(done["dropped"].values()), done["others"], done["skipped"]), (0, 0, 0))
+        failed = self.document("apply", *new, code=1)["error"]
+        self.assertEqual(failed["number"], -2147217857)
+        self.assertIn("LiteCreate.sql, line 1: ", failed["description"])
+
+    def test_database(self):
+        counts = {"tables": 17, "indexes": 16, "triggers": 32, "foreignKeys": 16}
+        same = {"equal": True, "madeByFirstVersion": False, "differences": []}
+        self.assertEqual(self.database("check"), same)
+        self.assertEqual(self.database("create"), {"engine": "sqlite", "created": dict.fromkeys(counts, 0)})
+        self.assertEqual(self.database("update"), {"engine": "sqlite", "changes": [], "statements": 0})
+        with open(os.path.join(self.folder, "drop.sql"), "w", encoding="utf-8") as file:
+            file.write("drop trigger tParcel_I;\n")
+        self.document("apply", "--connection", self.TARGET, "drop.sql")
+        difference = self.database("check", code=1)["differences"][0]
+        self.assertEqual({**difference, "text": ""}, {"table": "tParcel", "aspect": "trigger", "name": "tParcel_I",
+                                                      "missing": True, "text": ""})
+        self.assertEqual(self.database("create")["created"], {**dict.fromkeys(counts, 0), "triggers": 1})
+        with open(os.path.join(self.folder, "orders.json"), encoding="utf-8") as file:
+            model = file.read().replace('"Street"', '"Road"')
+        with open(os.path.join(self.folder, "new.json"), "w", encoding="utf-8") as file:
+            file.write(model)
+        update = ["database", "update", "new.json", "--connection", self.TARGET, "--dry-run"]
+        changed = self.document(*update)
+        self.assertEqual((changed["engine"], changed["statements"]), ("sqlite", 0))
+        self.assertEqual(list(changed["changes"][0])[:5], ["class", "change", "thing", "table", "column"])
+        self.assertEqual(self.database("drop", code=1)["error"]["number"], 5)
+        self.assertEqual(self.database("drop", "--yes"),
+                         {"engine": "sqlite", "dropped": {**dict.fromkeys(counts, 0), "tables": 17}})
+        self.assertEqual(self.database("create"), {"engine": "sqlite", "created": counts})
+
+
+@unittest.skipUnless(shutil.which("tmux"), "tmux is not installed")
+class OnTerminals(FilledFolder):
+    def setUp(self):
+        super().setUp()
+        self.terminal = Terminal(self.folder, ["bash", "--norc", "--noprofile"])
+        self.addCleanup(self.terminal.close)
+        self.terminal.after("PS1='$ '; clear", "$", "Enter")
+
+    def screens(self, line):
+        """What the terminal shows, line by line, while a command runs, and when it has run."""
+        self.terminal.keys("C-l")
+        self.terminal.keys("-l", line + "; echo over")
+        self.terminal.keys("Enter")
+        screens = []
+        end = time.monotonic() + 60
+        while not screens or "over" not in screens[-1]:
+            self.assertLess(time.monotonic(), end, screens)
+            screens.append(self.terminal.screen("-e").splitlines())
+        return screens
+
+    def test_colours(self):
+        line = "korvex: {}error 3024{}"
+        for command, begin, end in [("korvex relate none.db", "\x1b[1m\x1b[31m", "\x1b[0m"),
+                                    ("NO_COLOR=1 korvex relate none.db", "", ": "),
+                                    ("TERM=dumb korvex relate none.db", "", ": "),
+                                    ("korvex relate none.db 2>&1 | cat", "", ": ")]:
+            with self.subTest(command):
+                said = [shown for shown in self.screens(command)[-1] if shown.startswith("korvex: ")]
+                self.assertTrue(said[0].startswith(line.format(begin, end)), said)
+
+    def test_progress(self):
+        with open(os.path.join(self.folder, "slow.sql"), "w", encoding="utf-8") as file:
+            file.write("create table T (A int);\n" + "insert into T select count(*) from (with recursive c(x) as (select 1 "
+                       "union all select x + 1 from c where x < 3000000) select x from c);\n" * 5)
+        apply = 'korvex apply --create --connection "Provider=SQLite;Data Source={}.db" slow.sql'
+        progress = re.compile(r"[1-5] of 6 statements, \d+/(s|min), \d+ s left$")
+        screens = self.screens(apply.format("a"))
+        self.assertTrue(any(progress.match(line) for screen in screens for line in screen), screens[-2])
+        self.assertEqual(screens[-1][-4:-1], ["1 table created", "5 other statements run", "over"])
+        self.assertFalse(any("statements," in line for line in screens[-1]))
+        screens = self.screens(apply.format("b") + " 2>said; cat said")
+        self.assertFalse(any("statements," in line for screen in screens for line in screen))
 
 
 class ManPages(unittest.TestCase):
