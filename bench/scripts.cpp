@@ -1,13 +1,16 @@
 // Script generation against the bare engine: a whole run, and the relationship builder alone, over the same
 // statements as a careful programmer would send them through the SQLite C interface, with parameters and
 // prepared once; how many tables a run writes in a second; how the time grows with the definition; what
-// memory a run takes. And the tables of a large definition in a new database, against their bare statements.
+// memory a run takes. And the tables of a large definition in a new database, against their bare statements;
+// what differs between two states of it, against the two script runs that this stands on.
 
+#include "repository/repository.h"
 #include "support/measure.h"
 #include "support/repository_generator.h"
 #include "support/sqlite_handle.h"
 #include "support/statement_recorder.h"
 #include "surface/cls_create_db.h"
+#include "surface/definition_changes.h"
 #include "surface/target_tables.h"
 
 #include <algorithm>
@@ -73,9 +76,9 @@ void RunBare(const std::string& file, const std::vector<std::string>& statements
 /// One generated repository; every round works on a fresh copy of it.
 class Scenario {
   public:
-    Scenario(const fs::path& folder, std::int64_t objects)
-        : m_original((folder / ("repository" + std::to_string(objects) + ".db")).string()),
-          m_copy((folder / "copy.db").string()),
+    Scenario(const fs::path& folder, std::int64_t objects, const std::string& name = {})
+        : m_original((folder / ("repository" + std::to_string(objects) + name + ".db")).string()),
+          m_copy((folder / ("copy" + std::to_string(objects) + name + ".db")).string()),
           m_scripts((folder / "scripts").string()) {
         fs::create_directory(m_scripts);
         RunApart([&] { GenerateRepository(m_original, objects); });
@@ -85,6 +88,30 @@ class Scenario {
         clsCreateDb generator(BenchPlatform());
         generator.ScriptFilePath(m_scripts);
         generator.DoMSsqlDb(m_copy, "Bench");
+    }
+
+    void ScriptTables() const {
+        clsCreateDb generator(BenchPlatform());
+        generator.ScriptFilePath(m_scripts);
+        generator.DoEngineDb("sqlite", m_copy, "Bench");
+    }
+
+    repository::Catalog ReadCatalog() const {
+        repository::Repository repository(BenchPlatform());
+        repository.OpenRepository(m_copy);
+        return repository::Catalog::Read(repository.Open());
+    }
+
+    /// Objects and values under other names, longer texts, values that are gone.
+    void Edit() const {
+        const SqliteConnection connection = OpenSqlite(m_copy);
+        for (const char* statement :
+             {"update tObjects set Name = Name || 'X' where ObjectID % 10 = 3",
+              "update tValues set Name = Name || 'Y' where ValueID % 20 = 4 and ChildObjectID = 0",
+              "update tValues set MaxLength = '200' where ValueID % 7 = 0 and DataType = 8",
+              "delete from tValues where ValueID % 50 = 9 and ChildObjectID = 0"})
+            RequireSqlite(sqlite3_exec(connection.get(), statement, nullptr, nullptr, nullptr) == SQLITE_OK,
+                          connection.get());
     }
 
     void Relate() const {
@@ -165,6 +192,26 @@ Comparison CompareCreate(const Scenario& scenario, const std::string& target, in
         rounds, [&] { return timed(create); }, [&] { return timed([&] { RunBare(target, statements); }); });
 }
 
+Comparison CompareDiff(const Scenario& before, const Scenario& now, int rounds) {
+    before.Refresh();
+    now.Refresh();
+    now.Edit();
+    return CompareTimed(
+        rounds,
+        [&] {
+            return Seconds([&] {
+                const DefinitionChanges changes("sqlite", before.ReadCatalog(), now.ReadCatalog(), "Bench");
+                if (changes.Script().empty()) throw std::runtime_error("nothing differs");
+            });
+        },
+        [&] {
+            return Seconds([&] {
+                before.ScriptTables();
+                now.ScriptTables();
+            });
+        });
+}
+
 /// Short rounds, for the ratios: what disturbs a machine spoils few of them.
 constexpr std::int64_t FewObjects = 500;
 /// What a large definition has, and a quarter of it.
@@ -193,15 +240,20 @@ void Run(int rounds) {
     const Comparison relate = few.Compare(&Scenario::Relate, rounds);
     Report("relate, 500 objects", relate);
 
-    const Comparison create = CompareCreate(Scenario(folder.Path(), ManyTables),
-                                            (folder.Path() / "target.db").string(), std::max(rounds / 20, 1));
+    const Scenario tables(folder.Path(), ManyTables);
+    const Comparison create =
+        CompareCreate(tables, (folder.Path() / "target.db").string(), std::max(rounds / 20, 1));
     Report("database create, 4,000 tables", create);
+    const Comparison diff =
+        CompareDiff(tables, Scenario(folder.Path(), ManyTables, "edited"), std::max(rounds / 8, 1));
+    Report("diff, 4,000 tables", diff);
 
     PrintRatio("script_run_vs_floor", script.ratio);
     PrintRatio("relate_vs_floor", relate.ratio);
     PrintRatio("script_run_growth_4x", growth.ratio);
     PrintRatio("peak_memory_vs_output", memory);
     PrintRatio("database_create_vs_floor", create.ratio);
+    PrintRatio("diff_vs_two_script_runs", diff.ratio);
     PrintRatio("tables_per_second", static_cast<double>(FewObjects) / script.seconds);
 }
 
