@@ -3,7 +3,7 @@ set(KORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize tak
 
 function(korvex_compile_settings target)
     target_compile_features(${target} PRIVATE cxx_std_20)
-    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF UNITY_BUILD_MODE GROUP)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror)
     if(WIN32)
         target_compile_definitions(${target} PRIVATE UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
@@ -40,7 +40,6 @@ function(korvex_unite target)
             set_source_files_properties(${source} TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${group})
         endif()
     endforeach()
-    set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
     # GCC takes sources that are compiled as one for headers, in which a class should hold nothing of an unnamed namespace.
     target_compile_options(${target} PRIVATE
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wno-subobject-linkage>)
