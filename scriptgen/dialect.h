@@ -18,6 +18,9 @@ class Dialect {
     /// TypeMismatch (13) when a declared length that the type needs is no number.
     virtual std::string ColumnTypeText(const RunState& run, Column& column) const = 0;
 
+    /// The type of a column as it stands in its table, with what numbers it.
+    virtual std::string ColumnType(const Column& column) const { return column.TypeSize; }
+
     /// What ends a constraint statement, before its line break.
     virtual std::string_view ConstraintTerminator() const noexcept = 0;
 

@@ -230,10 +230,13 @@ std::string EngineDialect::DefaultLiteral(const DescribedTable& table, const Col
     }
 }
 
+std::string EngineDialect::ColumnType(const DescribedTable& table, const Column& column) const {
+    return IsNumbered(table, column) ? NumberedColumn(table) : column.TypeSize;
+}
+
 std::string EngineDialect::ColumnText(const DescribedTable& table, const Column& column) const {
-    std::string text = column.FieldName + " ";
-    if (IsNumbered(table, column)) return text + NumberedColumn(table);
-    text += column.TypeSize;
+    const std::string text = column.FieldName + " " + ColumnType(table, column);
+    if (IsNumbered(table, column)) return text;
     if (column.IsPrimaryKey) return text + " NOT NULL";
     return text + (column.DefaultText.empty() ? " NULL" : " DEFAULT " + column.DefaultText);
 }

@@ -82,6 +82,8 @@ class EngineDialect {
     std::vector<DescribedTable> Tables(std::span<const DescribedTable> tables) const;
     /// What makes a table alone, as Tables() gives it.
     std::string TableText(const DescribedTable& table) const;
+    /// The type of a column as it stands in TableText, with what numbers it.
+    std::string ColumnType(const DescribedTable& table, const Column& column) const;
     /// A column with its type and default, as it stands in TableText.
     std::string ColumnText(const DescribedTable& table, const Column& column) const;
     /// Whether the engine's "float" keeps single precision.

@@ -67,8 +67,7 @@ void ServerFamilyDialect::AddTable(RunState& run, std::string& createText) const
     Append(createText, "( \r\n");
     std::string_view before = "\t";
     for (const Column& column : run.m_colFields) {
-        Append(createText, before, column.FieldName, " ");
-        AppendColumnType(createText, column);
+        Append(createText, before, column.FieldName, " ", ColumnType(column));
         AppendNullOrDefault(createText, column);
         before = ",\r\n\t";
     }
@@ -78,12 +77,12 @@ void ServerFamilyDialect::AddTable(RunState& run, std::string& createText) const
     AppendForeignKeyIndexes(createText, run, owner, "\r\nGO\r\n");
 }
 
-void SqlServerDialect::AppendColumnType(std::string& text, const Column& column) const {
-    Append(text, column.TypeSize, column.IsAutoNumber ? " IDENTITY (1, 1)" : "");
+std::string SqlServerDialect::ColumnType(const Column& column) const {
+    return column.TypeSize + (column.IsAutoNumber ? " IDENTITY (1, 1)" : "");
 }
 
-void SybaseDialect::AppendColumnType(std::string& text, const Column& column) const {
-    Append(text, column.IsAutoNumber ? std::string_view("numeric(18, 0)  identity") : column.TypeSize);
+std::string SybaseDialect::ColumnType(const Column& column) const {
+    return column.IsAutoNumber ? "numeric(18, 0)  identity" : column.TypeSize;
 }
 
 }  // namespace korvex::scriptgen

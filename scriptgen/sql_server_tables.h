@@ -15,26 +15,24 @@ class ServerFamilyDialect : public Dialect {
   protected:
     /// What stands before the table's name in table statements.
     virtual std::string_view TableOwner() const noexcept = 0;
-    /// Appends a column's type with its identity clause.
-    virtual void AppendColumnType(std::string& text, const Column& column) const = 0;
 };
 
 class SqlServerDialect final : public ServerFamilyDialect {
   public:
+    std::string ColumnType(const Column& column) const override;
     std::string_view ConstraintTerminator() const noexcept override { return "\r\nGO"; }
 
   protected:
     std::string_view TableOwner() const noexcept override { return "dbo."; }
-    void AppendColumnType(std::string& text, const Column& column) const override;
 };
 
 class SybaseDialect final : public ServerFamilyDialect {
   public:
+    std::string ColumnType(const Column& column) const override;
     std::string_view ConstraintTerminator() const noexcept override { return ""; }
 
   protected:
     std::string_view TableOwner() const noexcept override { return ""; }
-    void AppendColumnType(std::string& text, const Column& column) const override;
 };
 
 }  // namespace korvex::scriptgen
