@@ -32,6 +32,7 @@ void CheckDefinition(const Catalog& catalog, const std::string& storage, std::st
     related.Relate(storage, fkPrefix);
     const CheckedDefinition definition{storage, related, scriptgen::DescribeTables(related, storage)};
     for (const scriptgen::DescribedTable& table : definition.tables) {
+        const Findings::About about(findings, {table.ObjectID});
         if (const std::int64_t count = ways.at(table.ObjectID); count > 1) {
             findings.Warning(ObjectText(catalog, table.ObjectID) + " is reached along " +
                              std::to_string(count) + " ways; the scripts hold table " + table.Name +
@@ -73,7 +74,8 @@ constexpr std::size_t MostWarnings = 20;
 
 void Findings::Add(Severity severity, std::string_view text, bool endangersData) {
     std::string line = Printable(text);
-    if (m_texts.insert(line).second) m_findings.push_back({severity, std::move(line), endangersData});
+    if (m_texts.insert(line).second)
+        m_findings.push_back({severity, std::move(line), endangersData, m_objects});
 }
 
 std::size_t Findings::Count(Severity severity) const {
@@ -91,7 +93,7 @@ std::string ObjectText(const repository::ObjectRow& object) {
     return "object " + object.Name + " (ObjectID " + std::to_string(object.ObjectID) + ")";
 }
 
-Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {
+Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix, std::string_view storage) {
     Findings findings;
     CheckReferences(catalog, findings);
     CheckNames(catalog, findings);
@@ -99,7 +101,7 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix) {
     CheckPrefix(fkPrefix, findings);
     static_cast<void>(repository::KeyNames(fkPrefix));
     // Without an end there is nothing to plan.
-    if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, "", fkPrefix, findings);
+    if (CheckCycles(catalog, findings)) CheckDefinitions(catalog, storage, fkPrefix, findings);
     return findings;
 }
 

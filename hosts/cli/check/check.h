@@ -13,8 +13,10 @@
 /// What is wrong, or would go wrong in a run, with the definitions of a repository.
 namespace korvex::cli {
 
-/// All checks. `fkPrefix` is the prefix of foreign-key columns that the runs will use.
-Findings CheckCatalog(const repository::Catalog& catalog, std::string_view fkPrefix);
+/// All checks; the tables are those of the definitions of that storage name (of all when it is empty).
+/// `fkPrefix` is the prefix of foreign-key columns that the runs will use.
+Findings CheckCatalog(const repository::Catalog& catalog, std::string_view fkPrefix,
+                      std::string_view storage = {});
 
 /// What is wrong with the definitions of that storage name alone (of all when it is empty): their tables,
 /// columns and script names.

@@ -201,6 +201,7 @@ void CheckAutoNumbers(const CheckedTable& table, Findings& findings) {
 
 void CheckColumns(const CheckedDefinition& definition, Findings& findings) {
     for (const scriptgen::DescribedTable& described : definition.tables) {
+        const Findings::About about(findings, {described.ObjectID});
         const CheckedTable table = Checked(definition.rows, described);
         CheckColumnNames(table, findings);
         for (const CheckedColumn& column : table.columns) {

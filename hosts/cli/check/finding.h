@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvex::cli {
@@ -16,12 +17,27 @@ struct Finding {
     Severity severity;
     std::string text;
     bool endangersData = false;  ///< what is stored with such a definition may be mixed up or lost
+    std::vector<std::int32_t> objects = {};  ///< ObjectIDs of those that it is about
 };
 
 /// What a check has found, each finding once, in the order of discovery. Control characters in names are
 /// written as "\n" or "\x1b": a finding is one line.
 class Findings {
   public:
+    /// What is found while this lives is about these objects.
+    class About {
+      public:
+        About(Findings& findings, std::vector<std::int32_t> objects) : m_findings(findings) {
+            findings.m_objects = std::move(objects);
+        }
+        About(const About&) = delete;
+        About& operator=(const About&) = delete;
+        ~About() { m_findings.m_objects.clear(); }
+
+      private:
+        Findings& m_findings;
+    };
+
     void Error(std::string_view text) { Add(Severity::Error, text, false); }
     void Warning(std::string_view text) { Add(Severity::Warning, text, false); }
     /// An error that endangers data.
@@ -35,6 +51,7 @@ class Findings {
 
     std::vector<Finding> m_findings;
     std::set<std::string> m_texts;
+    std::vector<std::int32_t> m_objects;
 };
 
 }  // namespace korvex::cli

@@ -16,6 +16,7 @@ using repository::ForeignKeyRow;
 /// A key interface that has the name of none of its objects was made for an earlier name.
 void CheckKeyInterfaces(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
+        const Findings::About about(findings, {row.ObjectID});
         const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
         const repository::ObjectRow* object = catalog.FindObject(row.ObjectID);
         if (interface == nullptr || object == nullptr) continue;
@@ -42,6 +43,7 @@ void CheckKeyValues(const Catalog& catalog, Findings& findings) {
     for (const ForeignKeyRow& row : catalog.ForeignKeys())
         keys.insert(row.ValueID);
     for (const repository::ValueRow& row : catalog.Values()) {
+        const Findings::About about(findings, catalog.ObjectsWith(row.InterfaceID));
         const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
         const bool isKey = interface != nullptr && repository::IsKeyValue(row.VID, interface->Name);
         if (!isKey || keys.contains(row.ValueID)) continue;
@@ -53,6 +55,7 @@ void CheckKeyValues(const Catalog& catalog, Findings& findings) {
 void CheckParents(const Catalog& catalog, Findings& findings) {
     HeldObjects objects(catalog);
     for (const ForeignKeyRow& row : catalog.ForeignKeys()) {
+        const Findings::About about(findings, {row.ObjectID});
         if (catalog.FindObject(row.FKObjectID) == nullptr) continue;
         if (objects.Holds(row.FKObjectID, row.ObjectID)) continue;
         findings.Warning(ObjectText(catalog, row.ObjectID) + " still refers to " +

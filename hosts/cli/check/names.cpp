@@ -50,6 +50,7 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
     }
     std::map<std::string, std::int32_t> guids;
     for (const repository::ObjectRow& row : catalog.Objects()) {
+        const Findings::About about(findings, {row.ObjectID});
         const std::string what = ObjectText(catalog, row.ObjectID);
         CheckName(what, row.Name, findings);
         if (!row.Guid.empty()) {
@@ -65,6 +66,7 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
             findings.Error("interface " + row.Name + ": its name holds a control character");
     }
     for (const repository::ValueRow& row : catalog.Values()) {
+        const Findings::About about(findings, catalog.ObjectsWith(row.InterfaceID));
         if (row.Name.empty()) findings.Error(NamelessText(row));
         if (repository::HasControlCharacter(row.Name))
             findings.Error(ValueText(row) + ": its name holds a control character");

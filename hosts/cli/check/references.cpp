@@ -31,6 +31,7 @@ void CheckDataDefs(const Catalog& catalog, Findings& findings) {
 
 void CheckObjects(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectRow& row : catalog.Objects()) {
+        const Findings::About about(findings, {row.ObjectID});
         if (row.CollectionObjectID != 0 && catalog.FindObject(row.CollectionObjectID) == nullptr) {
             findings.Error(ObjectText(catalog, row.ObjectID) + ": the object of its elements, " +
                            Id("ObjectID", row.CollectionObjectID) + ", does not exist");
@@ -38,6 +39,7 @@ void CheckObjects(const Catalog& catalog, Findings& findings) {
     }
     std::set<std::pair<std::int32_t, std::int32_t>> links;
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
+        const Findings::About about(findings, {row.ObjectID});
         if (catalog.FindObject(row.ObjectID) == nullptr) {
             findings.Error("tObjectInterfaces: " + Id("ObjectID", row.ObjectID) + " does not exist");
         }
@@ -54,6 +56,7 @@ void CheckObjects(const Catalog& catalog, Findings& findings) {
 
 void CheckValues(const Catalog& catalog, Findings& findings) {
     for (const repository::ValueRow& row : catalog.Values()) {
+        const Findings::About about(findings, catalog.ObjectsWith(row.InterfaceID));
         if (catalog.FindInterface(row.InterfaceID) == nullptr) {
             findings.Error(ValueText(row) + ": its interface, " + Id("InterfaceID", row.InterfaceID) +
                            ", does not exist");
@@ -67,6 +70,7 @@ void CheckValues(const Catalog& catalog, Findings& findings) {
 
 void CheckKeyRows(const Catalog& catalog, Findings& findings) {
     for (const repository::PrimaryKeyRow& row : catalog.PrimaryKeys()) {
+        const Findings::About about(findings, {row.ObjectID});
         const bool dangles =
             catalog.FindObject(row.ObjectID) == nullptr || catalog.FindValue(row.ValueID) == nullptr;
         if (dangles) {
@@ -75,6 +79,7 @@ void CheckKeyRows(const Catalog& catalog, Findings& findings) {
         }
     }
     for (const repository::ForeignKeyRow& row : catalog.ForeignKeys()) {
+        const Findings::About about(findings, {row.ObjectID});
         const bool dangles =
             catalog.FindObject(row.ObjectID) == nullptr || catalog.FindValue(row.ValueID) == nullptr ||
             catalog.FindObject(row.FKObjectID) == nullptr || catalog.FindValue(row.FKValueID) == nullptr;
@@ -100,6 +105,7 @@ void CheckUse(const Catalog& catalog, Findings& findings) {
         waiting.insert(waiting.end(), children.begin(), children.end());
     }
     for (const repository::ObjectRow& row : catalog.Objects()) {
+        const Findings::About about(findings, {row.ObjectID});
         if (!reached.contains(row.ObjectID)) {
             findings.Warning(ObjectText(catalog, row.ObjectID) + " is part of no definition");
         }

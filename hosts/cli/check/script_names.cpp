@@ -111,6 +111,7 @@ void CheckScriptNames(const CheckedDefinition& definition, Findings& findings) {
     UniqueNames procedures(place + "procedure", findings);
     UniqueNames constraints(place + "constraint", findings);
     for (const DescribedTable& table : definition.tables) {
+        const Findings::About about(findings, {table.ObjectID});
         const std::string owner = ObjectText(*definition.rows.FindObject(table.ObjectID));
         const std::vector<std::int32_t> targets = scriptgen::GetForeignKeyTargets(table.Columns);
         // What has the same table has all the rest in common as well.
