@@ -1,13 +1,15 @@
 #include "automation/error.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/model/model_writer.h"
 #include "hosts/cli/program.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/show/page.h"
 #include "hosts/cli/show/render.h"
-#include "hosts/cli/show/svg.h"
 #include "hosts/cli/source.h"
 #include "repository/names.h"
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -37,9 +39,23 @@ std::string RenderModel(const repository::Catalog& catalog, const ShowOptions& o
 }
 
 std::string Svg(const ShownDefinition& shown) {
-    Picture picture = DrawPicture(shown, false);
+    Picture picture = DrawPicture(shown);
     if (picture.svg.empty()) throw automation::Error(automation::CannotCreateObject, picture.problem);
     return std::move(picture.svg);
+}
+
+/// A file by its name alone: where it stands is the reader's business, and strings may hold passwords.
+std::string SourceName(const std::string& place) {
+    return KindOfSource(place) == SourceKind::Odbc ? "an ODBC source"
+                                                   : std::filesystem::path(place).filename().string();
+}
+
+std::string Page(const ShownDefinition& shown, const repository::Catalog& catalog, const ShowOptions& options,
+                 Console& console) {
+    const Findings findings = CheckCatalog(catalog, options.fkPrefix, options.storage);
+    const Picture picture = DrawForPage(shown);
+    if (picture.svg.empty()) console.Message(picture.problem);
+    return PageText({SourceName(options.repository), shown, findings, picture});
 }
 
 /// The definitions with the keys and tables that a run gives them.
@@ -48,7 +64,7 @@ std::string RenderShown(const repository::Catalog& catalog, const ShowOptions& o
     TellLeftOut(shown.LeftOut(), console);
     if (options.format == "mermaid") return MermaidText(shown);
     if (options.format == "dot") return DotText(shown);
-    return Svg(shown);
+    return options.format == "svg" ? Svg(shown) : Page(shown, catalog, options, console);
 }
 
 void RunShow(const ShowOptions& options, Console& console) {
@@ -76,15 +92,15 @@ void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
         parent.add_subcommand("show", "Print definitions as a tree, as JSON, as a diagram or as a page");
     AddRepositoryOption(*command, options->repository);
     AddStorageOption(*command, options->storage, " (all of them)");
-    command->add_option("--format", options->format, "tree (the default), json, mermaid, dot or svg")
+    command->add_option("--format", options->format, "tree (the default), json, mermaid, dot, svg or html")
         ->type_name("FORMAT")
-        ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg"}));
+        ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg", "html"}));
     command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in diagrams (FK_)")
         ->type_name("P");
     CLI::Option* out =
         command->add_option("--out", options->out, "File to write to (standard output)")->type_name("FILE");
     command->add_flag("--open", options->open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
-    AddExample(*command, "korvex repository show orders.db --format mermaid");
+    AddExample(*command, "korvex repository show orders.db --format html --out orders.html --open");
     command->callback([options, &console] { RunShow(*options, console); });
 }
 

@@ -17,6 +17,11 @@ constexpr std::string_view Frame =
     edge [dir=both, arrowtail=none, arrowsize=0.8, color="#8895a7", fontcolor="#5f6d7e", fontname="Helvetica,Arial,sans-serif", fontsize=9];
 )";
 
+/// Many boxes are kept plain, so that a browser opens them quickly.
+constexpr std::string_view PlainBoxes =
+    R"(    node [shape=box, style=filled, color="#8895a7", fillcolor="#e8eef4", height=0.3];
+)";
+
 std::string Quoted(std::string_view text) {
     std::string quoted = "\"";
     for (const char c : text) {
@@ -45,7 +50,8 @@ std::string Row(const ShownValue& value) {
            Cell("align=\"left\"", Coloured("#5f6d7e", value.TypeText())) + "</tr>";
 }
 
-std::string Label(const ShownObject& object, bool withRows) {
+/// A table with a row for each column.
+std::string TableLabel(const ShownObject& object) {
     std::string head = "<b>" + MarkupText(object.row->Name) + "</b>";
     if (object.row->Name.empty()) head = " ";
     if (object.table != nullptr) head += "<br/>" + Coloured("#5f6d7e", object.table->Name);
@@ -53,50 +59,72 @@ std::string Label(const ShownObject& object, bool withRows) {
         "<<table border=\"1\" cellborder=\"0\" cellspacing=\"0\" cellpadding=\"3\" "
         "color=\"#8895a7\" bgcolor=\"#ffffff\"><tr>" +
         Cell("colspan=\"3\" cellpadding=\"6\" bgcolor=\"#e8eef4\"", head) + "</tr>";
-    if (withRows)
-        for (const ShownValue& value : object.DiagramRows())
-            label += Row(value);
+    for (const ShownValue& value : object.DiagramRows())
+        label += Row(value);
     return label + "</table>>";
 }
 
-/// An edge says the name of its value only where that tells more than the object at its end.
-std::string Edge(const ShownObject& from, const ShownObject& to, std::string_view attributes) {
-    std::string edge = "    " + Quoted(from.identifier) + " -> " + Quoted(to.identifier) + " [";
-    return (edge += attributes) + "];\n";
-}
+/// Text of its own, of which nothing is an escape.
+std::string PlainText(std::string_view text) { return Quoted(MarkupText(text)); }
 
-bool TakesRows(const std::vector<ShownObject>& objects) {
-    std::size_t rows = 0;
-    for (const ShownObject& object : objects)
-        rows += object.values.size();
-    return objects.size() <= MostObjectsWithRows && rows <= MostRows;
-}
+class Graph {
+  public:
+    Graph(const ShownDefinition& shown, bool links)
+        : m_objects(shown.Objects()), m_hasRows(HasRoomForRows(shown)), m_hasLinks(links) {}
+
+    std::string Text() {
+        m_text = "digraph definition {\n";
+        m_text += Frame;
+        if (!m_hasRows) m_text += PlainBoxes;
+        for (const ShownObject& object : m_objects)
+            AddNode(object);
+        for (const ShownObject& object : m_objects) {
+            if (object.element) AddEdge(object, *object.element, nullptr);
+            for (const ShownValue& value : object.values)
+                if (value.child) AddEdge(object, *value.child, value.row);
+        }
+        return m_text + "}\n";
+    }
+
+  private:
+    void AddNode(const ShownObject& object) {
+        m_text += "    " + Quoted(object.identifier) +
+                  " [label=" + (m_hasRows ? TableLabel(object) : PlainText(object.row->Name));
+        if (m_hasLinks) {
+            m_text += ", id=" + Quoted(PictureID(object)) + ", URL=" + Quoted(ObjectLink(object)) +
+                      ", tooltip=" + PlainText(object.row->Name);
+        }
+        m_text += "];\n";
+    }
+
+    /// To an object that a value holds, or, without one, to the elements. Says the name of the value only
+    /// where that tells more than the object.
+    void AddEdge(const ShownObject& from, std::size_t to, const repository::ValueRow* value) {
+        const ShownObject& end = m_objects[to];
+        const std::string_view child = m_hasRows ? "teeodot" : "none";
+        const std::string_view elements = m_hasRows ? "crowodot" : "crow";
+        m_text += "    " + Quoted(from.identifier) + " -> " + Quoted(end.identifier) + " [arrowhead=";
+        m_text += value == nullptr ? elements : child;
+        if (m_hasRows && value != nullptr && value->Name != end.row->Name)
+            m_text += ", label=" + PlainText(value->Name);
+        m_text += "];\n";
+    }
+
+    const std::vector<ShownObject>& m_objects;
+    bool m_hasRows;
+    bool m_hasLinks;
+    std::string m_text;
+};
 
 }  // namespace
 
-std::string DotText(const ShownDefinition& shown, bool links) {
-    const std::vector<ShownObject>& objects = shown.Objects();
-    const bool withRows = TakesRows(objects);
-    std::string text = "digraph definition {\n";
-    text += Frame;
-    for (const ShownObject& object : objects) {
-        text += "    " + Quoted(object.identifier) + " [label=" + Label(object, withRows);
-        if (links)
-            text +=
-                ", URL=" + Quoted(ObjectLink(object)) + ", tooltip=" + Quoted(MarkupText(object.row->Name));
-        text += "];\n";
-    }
-    for (const ShownObject& object : objects) {
-        if (object.element) text += Edge(object, objects[*object.element], "arrowhead=crowodot");
-        for (const ShownValue& value : object.values) {
-            if (!value.child) continue;
-            const ShownObject& child = objects[*value.child];
-            std::string attributes = "arrowhead=teeodot";
-            if (value.Name() != child.row->Name) attributes += ", label=" + Quoted(MarkupText(value.Name()));
-            text += Edge(object, child, attributes);
-        }
-    }
-    return text + "}\n";
+bool HasRoomForRows(const ShownDefinition& shown) {
+    std::size_t rows = 0;
+    for (const ShownObject& object : shown.Objects())
+        rows += object.values.size();
+    return shown.Objects().size() <= MostObjectsWithRows && rows <= MostRows;
 }
+
+std::string DotText(const ShownDefinition& shown, bool links) { return Graph(shown, links).Text(); }
 
 }  // namespace korvex::cli

@@ -39,6 +39,8 @@ std::string TypeText(std::int32_t dataType, const std::string& maxLength) {
 
 std::string ObjectLink(const ShownObject& object) { return "#object-" + object.identifier; }
 
+std::string PictureID(const ShownObject& object) { return "picture-" + object.identifier; }
+
 std::string MarkupText(std::string_view text) {
     std::string markup;
     for (const char c : automation::ToUtf8(automation::ToUtf16(text))) {

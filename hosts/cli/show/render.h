@@ -17,11 +17,15 @@ std::string TreeText(const Model& model);
 std::string MermaidText(const ShownDefinition& shown);
 
 /// A directed graph for Graphviz: boxes with the columns of a table, or, with very many objects, with its
-/// name only. With `links` each box leads to ObjectLink of its object.
+/// name only. With `links` each box has the id PictureID and leads to ObjectLink of its object.
 std::string DotText(const ShownDefinition& shown, bool links = false);
 
-/// Address of an object on the page.
+/// Whether there are so few objects that the boxes of DotText have columns.
+bool HasRoomForRows(const ShownDefinition& shown);
+
+/// Address of an object on the page, and the identifier of its box in the picture there.
 std::string ObjectLink(const ShownObject& object);
+std::string PictureID(const ShownObject& object);
 
 /// "string(40)", "long", "17".
 std::string TypeText(std::int32_t dataType, const std::string& maxLength);

@@ -6,12 +6,16 @@
 
 namespace korvex::cli {
 
-/// The picture that the program `dot` makes of DotText, or why there is none, with what to do.
+/// What the program `dot` makes of DotText, or why there is no picture, with what to do.
 struct Picture {
     std::string svg;
     std::string problem;
 };
 
-Picture DrawPicture(const ShownDefinition& shown, bool links);
+/// A whole SVG file.
+Picture DrawPicture(const ShownDefinition& shown);
+
+/// An element for the page, with links to its objects.
+Picture DrawForPage(const ShownDefinition& shown);
 
 }  // namespace korvex::cli

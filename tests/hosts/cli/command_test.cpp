@@ -39,7 +39,7 @@ TEST(CommandLine, WrongUsageEndsWithTwoAndSaysWhatIsWrong) {
         {"relate", "--repository is required"},
         {"repository new", "--repository is required"},
         {"repository import x", "MODEL is required"},
-        {"repository show x --format xml", "xml not in {tree,json,mermaid,dot,svg}"},
+        {"repository show x --format xml", "xml not in {tree,json,mermaid,dot,svg,html}"},
     };
     for (const auto& [line, message] : cases)
         ExpectFailure(RunKorvex(Words(line)), message, 2);

@@ -2,7 +2,7 @@
 #include "hosts/cli/program.h"
 #include "support/text_files.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <chrono>
@@ -69,6 +69,29 @@ TEST(Program, IsRunToItsEndOrToItsLimit) {
     EXPECT_EQ(cli::RunProgram({"true"}, text, std::chrono::minutes(1)).failure, "") << "reads nothing";
     const cli::ProgramResult late = cli::RunProgram({"sleep", "600"}, "", std::chrono::milliseconds(20));
     EXPECT_EQ(late.failure, "sleep took longer than 0 s");
+}
+
+/// What the page looks like in a browser is the business of page_test.py.
+TEST(Show, APageWithoutPicture) {
+    const RepositoryFile repository(Model);
+    const std::string file = repository.Folder().Path("page.html");
+    const CommandResult result = RunKorvex(
+        {"repository", "show", repository.Path(), "--format", "html", "--out", file}, {"PATH=/none"});
+    const std::string problem =
+        "There is no picture, because dot does not start: No such file or directory (Debian: graphviz).";
+    EXPECT_EQ(result.messages, "korvex: " + problem + "\n");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output, "");
+    const std::string page = repository.Folder().Read("page.html");
+    const std::size_t begin = page.find("<main>");
+    ExpectSameText("page", page.substr(begin, page.find("<footer>") - begin),
+                   ReadFile(KORVEX_EXPECTED "/library.page.html"));
+    EXPECT_THAT(page, testing::HasSubstr(problem));
+
+    repository.Execute({"update tObjects set CollectionObjectID = 1 where Name = 'Loan'"});
+    ExpectFailure(RunKorvex({"repository", "show", repository.Path(), "--format", "html", "--out", file}),
+                  "error 28: An object is its own ancestor: Reader > Loans > Loan > Reader");
+    EXPECT_EQ(repository.Folder().Read("page.html"), page) << "the file stays as it was";
 }
 
 TEST(Show, WhatLeadsNowhereIsLeftOutAndNamed) {
