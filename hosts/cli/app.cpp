@@ -3,7 +3,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/schema_command.h"
 #include "hosts/cli/shell/command_tree.h"
 #include "hosts/cli/shell/shell_commands.h"
 #include "hosts/cli/shell/variables.h"

@@ -34,6 +34,7 @@ void AddDatabaseCommands(CLI::App& parent, Console& console);
 void AddApplyCommand(CLI::App& parent, Console& console);
 void AddSaveCommand(CLI::App& parent, Console& console);
 void AddLoadCommand(CLI::App& parent, Console& console);
+void AddSchemaCommand(CLI::App& parent, Console& console);
 void AddListCommand(CLI::App& parent, Console& console);
 void AddUpdateCommand(CLI::App& parent, Console& console);
 void AddDeleteCommand(CLI::App& parent, Console& console);

@@ -1,6 +1,5 @@
-#include "hosts/cli/schema_command.h"
-
 #include "hosts/cli/commands.h"
+
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/source.h"
 #include "objects/json_schema.h"
