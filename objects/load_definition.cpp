@@ -16,20 +16,22 @@ namespace korvex::objects {
 using automation::Error;
 using automation::Quoted;
 using repository::Catalog;
+using repository::ObjectId;
 using repository::ObjectRow;
 using repository::RelatedCatalog;
+using repository::ValueId;
 using repository::ValueRow;
 
 namespace {
 
 std::string Describe(const ObjectRow& row) {
-    return Quoted(row.Name) + " (ObjectID " + std::to_string(row.ObjectID) + ")";
+    return Quoted(row.Name) + " (ObjectID " + std::to_string(Number(row.ObjectID)) + ")";
 }
 
-const ObjectRow& ObjectOf(const RelatedCatalog& catalog, std::int32_t objectID) {
+const ObjectRow& ObjectOf(const RelatedCatalog& catalog, ObjectId objectID) {
     if (const auto* row = catalog.FindObject(objectID)) return *row;
     throw Error(automation::InvalidProcedureCall,
-                "The repository refers to the object with ObjectID " + std::to_string(objectID) +
+                "The repository refers to the object with ObjectID " + std::to_string(Number(objectID)) +
                     ", which does not exist in it; korvex repository check names all such places.");
 }
 
@@ -37,8 +39,8 @@ std::string ColumnOf(const ValueRow& row) {
     return std::string(automation::Trim(row.FieldName.value_or(std::string())));
 }
 
-std::int32_t RootOf(const Catalog& catalog, std::string_view storageName) {
-    std::vector<std::int32_t> roots;
+ObjectId RootOf(const Catalog& catalog, std::string_view storageName) {
+    std::vector<ObjectId> roots;
     std::set<std::string> names;
     for (const auto& row : catalog.DataDefs()) {
         names.insert(Quoted(row.Storage));
@@ -63,7 +65,7 @@ class Builder {
     Builder(const RelatedCatalog& catalog, std::string_view sFKPrefix)
         : m_catalog(catalog), m_sFKPrefix(sFKPrefix) {}
 
-    std::shared_ptr<Definition> Build(std::int32_t root) {
+    std::shared_ptr<Definition> Build(ObjectId root) {
         auto definition = DefinitionOf(root, NoParent);
         for (std::size_t i = 0; i < m_places.size(); ++i)
             Fill(Place(m_places[i]));
@@ -72,10 +74,10 @@ class Builder {
 
   private:
     /// An object and the one above it.
-    using Place = std::pair<std::int32_t, std::int32_t>;
-    static constexpr std::int32_t NoParent = 0;
+    using Place = std::pair<ObjectId, ObjectId>;
+    static constexpr ObjectId NoParent = repository::NoObject;
 
-    std::shared_ptr<Definition> DefinitionOf(std::int32_t object, std::int32_t parent) {
+    std::shared_ptr<Definition> DefinitionOf(ObjectId object, ObjectId parent) {
         auto& definition = m_definitions[{object, parent}];
         if (definition == nullptr) {
             const auto& row = ObjectOf(m_catalog, object);
@@ -91,7 +93,7 @@ class Builder {
         const ObjectRow& row = ObjectOf(m_catalog, object);
         const auto otherForeignKeys = ForeignKeysToOthers(object, parent);
         for (const auto* value : m_catalog.ValuesOf(object)) {
-            if (value->ChildObjectID > 0) {
+            if (IsRow(value->ChildObjectID)) {
                 definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
                 continue;
             }
@@ -107,13 +109,13 @@ class Builder {
             if (const auto* value = m_catalog.FindValue(key->ValueID))
                 definition.AddPrimaryKey(ColumnOf(*value));
         if (parent != NoParent) AddForeignKey(definition, row, ObjectOf(m_catalog, parent));
-        if (row.CollectionObjectID > 0)
+        if (IsRow(row.CollectionObjectID))
             definition.ElementDefinition(DefinitionOf(row.CollectionObjectID, object));
     }
 
     /// Values that hold references to objects other than this parent.
-    std::set<std::int32_t> ForeignKeysToOthers(std::int32_t object, std::int32_t parent) const {
-        std::set<std::int32_t> values;
+    std::set<ValueId> ForeignKeysToOthers(ObjectId object, ObjectId parent) const {
+        std::set<ValueId> values;
         for (const auto* key : m_catalog.ForeignKeysOf(object))
             values.insert(key->ValueID);
         for (const auto* key : m_catalog.ForeignKeysOf(object))
@@ -151,7 +153,7 @@ class Builder {
 
 std::shared_ptr<Definition> LoadDefinition(const Catalog& catalog, std::string_view storageName,
                                            std::string_view sFKPrefix) {
-    const std::int32_t root = RootOf(catalog, storageName);
+    const ObjectId root = RootOf(catalog, storageName);
     RelatedCatalog related(catalog);
     related.RelateAmongOthers(storageName, sFKPrefix);
     return Builder(related, sFKPrefix).Build(root);

@@ -21,6 +21,10 @@ class RowReader {
     RowReader(std::string_view table, dao::Recordset& recordset) : m_table(table), m_recordset(recordset) {}
 
     bool IsNull(std::string_view column) const { return m_recordset.Fields(column).Value().IsNull(); }
+    template <RowId Id>
+    Id Identifier(std::string_view column) const {
+        return Id(Long(column));
+    }
     std::int32_t Long(std::string_view column) const {
         return Convert(column, [](const automation::Variant& value) { return automation::ToLong(value); });
     }
@@ -56,13 +60,13 @@ std::vector<Row> ReadTable(dao::Database& database, std::string_view table, std:
 }
 
 DataDefRow ReadDataDef(const RowReader& row) {
-    return {.Storage = row.Text("Storage"), .RootObjectID = row.Long("RootObjectID")};
+    return {.Storage = row.Text("Storage"), .RootObjectID = row.Identifier<ObjectId>("RootObjectID")};
 }
 
 ObjectRow ReadObject(const RowReader& row) {
-    return {.ObjectID = row.Long("ObjectID"),
+    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
             .Name = row.Text("Name"),
-            .CollectionObjectID = row.Long("CollectionObjectID"),
+            .CollectionObjectID = row.Identifier<ObjectId>("CollectionObjectID"),
             .TableName = row.OptionalText("TableName"),
             .IsIncluded = row.Flag("IsIncluded"),
             .Guid = row.Text("Guid"),
@@ -70,18 +74,19 @@ ObjectRow ReadObject(const RowReader& row) {
 }
 
 InterfaceRow ReadInterface(const RowReader& row) {
-    return {.InterfaceID = row.Long("InterfaceID"), .Name = row.Text("Name")};
+    return {.InterfaceID = row.Identifier<InterfaceId>("InterfaceID"), .Name = row.Text("Name")};
 }
 
 ObjectInterfaceRow ReadObjectInterface(const RowReader& row) {
-    return {.ObjectID = row.Long("ObjectID"), .InterfaceID = row.Long("InterfaceID")};
+    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
+            .InterfaceID = row.Identifier<InterfaceId>("InterfaceID")};
 }
 
 ValueRow ReadValueRow(const RowReader& row) {
     return {
-        .ValueID = row.Long("ValueID"),
-        .InterfaceID = row.Long("InterfaceID"),
-        .ChildObjectID = row.Long("ChildObjectID"),
+        .ValueID = row.Identifier<ValueId>("ValueID"),
+        .InterfaceID = row.Identifier<InterfaceId>("InterfaceID"),
+        .ChildObjectID = row.Identifier<ObjectId>("ChildObjectID"),
         .Name = row.Text("Name"),
         .FieldName = row.OptionalText("FieldName"),
         .DataType = row.Long("DataType"),
@@ -103,30 +108,33 @@ ValueRow ReadValueRow(const RowReader& row) {
 }
 
 PrimaryKeyRow ReadPrimaryKey(const RowReader& row) {
-    return {.ObjectID = row.Long("ObjectID"), .ValueID = row.Long("ValueID"), .Seq = row.Long("Seq")};
+    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
+            .ValueID = row.Identifier<ValueId>("ValueID"),
+            .Seq = row.Long("Seq")};
 }
 
 ForeignKeyRow ReadForeignKey(const RowReader& row) {
-    return {.ObjectID = row.Long("ObjectID"),
-            .ValueID = row.Long("ValueID"),
-            .FKObjectID = row.Long("FKObjectID"),
-            .FKValueID = row.Long("FKValueID"),
+    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
+            .ValueID = row.Identifier<ValueId>("ValueID"),
+            .FKObjectID = row.Identifier<ObjectId>("FKObjectID"),
+            .FKValueID = row.Identifier<ValueId>("FKValueID"),
             .FKObjectGUID = row.Text("FKObjectGUID")};
 }
 
-using Positions = std::unordered_map<std::int32_t, std::vector<std::size_t>>;
+template <RowId Id>
+using Positions = std::unordered_map<Id, std::vector<std::size_t>>;
 
-template <class Row>
-Positions IndexBy(const std::vector<Row>& rows, std::int32_t Row::*key) {
-    Positions positions;
+template <class Row, RowId Id>
+Positions<Id> IndexBy(const std::vector<Row>& rows, Id Row::*key) {
+    Positions<Id> positions;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         positions[rows[i].*key].push_back(i);
     }
     return positions;
 }
 
-template <class Row>
-std::vector<const Row*> RowsOf(const std::vector<Row>& rows, const Positions& positions, std::int32_t key) {
+template <class Row, RowId Id>
+std::vector<const Row*> RowsOf(const std::vector<Row>& rows, const Positions<Id>& positions, Id key) {
     std::vector<const Row*> found;
     if (const auto entry = positions.find(key); entry != positions.end()) {
         for (const std::size_t position : entry->second) {
@@ -136,8 +144,8 @@ std::vector<const Row*> RowsOf(const std::vector<Row>& rows, const Positions& po
     return found;
 }
 
-template <class Row>
-const Row* FirstRow(const std::vector<Row>& rows, const Positions& positions, std::int32_t key) {
+template <class Row, RowId Id>
+const Row* FirstRow(const std::vector<Row>& rows, const Positions<Id>& positions, Id key) {
     const auto entry = positions.find(key);
     return entry == positions.end() ? nullptr : &rows[entry->second.front()];
 }
@@ -171,59 +179,58 @@ void Catalog::BuildIndexes() {
     m_foreignKeysByObject = IndexBy(m_foreignKeys, &ForeignKeyRow::ObjectID);
 }
 
-const ObjectRow* Catalog::FindObject(std::int32_t objectID) const {
+const ObjectRow* Catalog::FindObject(ObjectId objectID) const {
     return FirstRow(m_objects, m_objectByID, objectID);
 }
 
-const InterfaceRow* Catalog::FindInterface(std::int32_t interfaceID) const {
+const InterfaceRow* Catalog::FindInterface(InterfaceId interfaceID) const {
     return FirstRow(m_interfaces, m_interfaceByID, interfaceID);
 }
 
-const ValueRow* Catalog::FindValue(std::int32_t valueID) const {
-    return FirstRow(m_values, m_valueByID, valueID);
-}
+const ValueRow* Catalog::FindValue(ValueId valueID) const { return FirstRow(m_values, m_valueByID, valueID); }
 
-std::vector<std::int32_t> Catalog::InterfacesOf(std::int32_t objectID) const {
-    std::vector<std::int32_t> interfaces;
+std::vector<InterfaceId> Catalog::InterfacesOf(ObjectId objectID) const {
+    std::vector<InterfaceId> interfaces;
     for (const ObjectInterfaceRow* row : RowsOf(m_objectInterfaces, m_interfacesByObject, objectID)) {
         interfaces.push_back(row->InterfaceID);
     }
     return interfaces;
 }
 
-std::vector<const ValueRow*> Catalog::ValuesOfInterface(std::int32_t interfaceID) const {
+std::vector<const ValueRow*> Catalog::ValuesOfInterface(InterfaceId interfaceID) const {
     return RowsOf(m_values, m_valuesByInterface, interfaceID);
 }
 
-std::vector<const ValueRow*> Catalog::ValuesOf(std::int32_t objectID) const {
+std::vector<const ValueRow*> Catalog::ValuesOf(ObjectId objectID) const {
     std::vector<const ValueRow*> values;
-    for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
+    for (const InterfaceId interfaceID : InterfacesOf(objectID)) {
         const std::vector<const ValueRow*> own = ValuesOfInterface(interfaceID);
         values.insert(values.end(), own.begin(), own.end());
     }
     return values;
 }
 
-std::vector<const PrimaryKeyRow*> Catalog::PrimaryKeysOf(std::int32_t objectID) const {
+std::vector<const PrimaryKeyRow*> Catalog::PrimaryKeysOf(ObjectId objectID) const {
     return RowsOf(m_primaryKeys, m_primaryKeysByObject, objectID);
 }
 
-std::vector<const ForeignKeyRow*> Catalog::ForeignKeysOf(std::int32_t objectID) const {
+std::vector<const ForeignKeyRow*> Catalog::ForeignKeysOf(ObjectId objectID) const {
     return RowsOf(m_foreignKeys, m_foreignKeysByObject, objectID);
 }
 
-std::vector<std::int32_t> Catalog::ChildrenOf(std::int32_t objectID) const {
-    std::vector<std::int32_t> children;
+std::vector<ObjectId> Catalog::ChildrenOf(ObjectId objectID) const {
+    std::vector<ObjectId> children;
     const ObjectRow* object = FindObject(objectID);
-    if (object != nullptr && object->CollectionObjectID > 0) children.push_back(object->CollectionObjectID);
+    if (object != nullptr && IsRow(object->CollectionObjectID))
+        children.push_back(object->CollectionObjectID);
     for (const ValueRow* value : ValuesOf(objectID)) {
-        if (value->ChildObjectID > 0) children.push_back(value->ChildObjectID);
+        if (IsRow(value->ChildObjectID)) children.push_back(value->ChildObjectID);
     }
     return children;
 }
 
-std::vector<std::int32_t> Catalog::ObjectsWith(std::int32_t interfaceID) const {
-    std::vector<std::int32_t> objects;
+std::vector<ObjectId> Catalog::ObjectsWith(InterfaceId interfaceID) const {
+    std::vector<ObjectId> objects;
     for (const ObjectInterfaceRow* row : RowsOf(m_objectInterfaces, m_objectsByInterface, interfaceID))
         objects.push_back(row->ObjectID);
     return objects;

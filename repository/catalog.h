@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dao.h"
+#include "repository/ids.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,15 +15,15 @@ namespace korvex::repository {
 
 /// A definition (tDataDefs).
 struct DataDefRow {
-    std::string Storage;            ///< storage name; several definitions may have one
-    std::int32_t RootObjectID = 0;  ///< its topmost object
+    std::string Storage;         ///< storage name; several definitions may have one
+    ObjectId RootObjectID = {};  ///< its topmost object
 };
 
 /// An object, and the table that stores it (tObjects).
 struct ObjectRow {
-    std::int32_t ObjectID = 0;             ///< identifier
+    ObjectId ObjectID = {};                ///< identifier
     std::string Name;                      ///< what people call it
-    std::int32_t CollectionObjectID = 0;   ///< object of this collection's elements; 0 for no collection
+    ObjectId CollectionObjectID = {};      ///< object of this collection's elements; 0 for no collection
     std::optional<std::string> TableName;  ///< nothing for Null: no table
     bool IsIncluded = false;               ///< takes part in scripts; its objects are stored
     std::string Guid;                      ///< identifier of its class, as text
@@ -33,7 +34,7 @@ struct ObjectRow {
 
 /// A set of values that objects share (tInterfaces).
 struct InterfaceRow {
-    std::int32_t InterfaceID = 0;  ///< identifier
+    InterfaceId InterfaceID = {};  ///< identifier
     std::string Name;              ///< what people call it; "<Name>DBKeys" holds the keys of an object
 
     bool operator==(const InterfaceRow&) const = default;
@@ -41,8 +42,8 @@ struct InterfaceRow {
 
 /// That an object implements an interface (tObjectInterfaces).
 struct ObjectInterfaceRow {
-    std::int32_t ObjectID = 0;     ///< the object
-    std::int32_t InterfaceID = 0;  ///< an interface that it implements
+    ObjectId ObjectID = {};        ///< the object
+    InterfaceId InterfaceID = {};  ///< an interface that it implements
 };
 
 /// Data type of values that never become columns, whatever else their rows say.
@@ -50,9 +51,9 @@ inline constexpr std::int32_t TypeNoColumn = 13;
 
 /// A value of an interface, and the column that stores it (tValues).
 struct ValueRow {
-    std::int32_t ValueID = 0;              ///< identifier
-    std::int32_t InterfaceID = 0;          ///< the interface that it is one of
-    std::int32_t ChildObjectID = 0;        ///< the object that it holds; 0 for a plain value
+    ValueId ValueID = {};                  ///< identifier
+    InterfaceId InterfaceID = {};          ///< the interface that it is one of
+    ObjectId ChildObjectID = {};           ///< the object that it holds; 0 for a plain value
     std::string Name;                      ///< member name
     std::optional<std::string> FieldName;  ///< its column; nothing for Null: not stored
     std::int32_t DataType = 0;             ///< automation type number; see TypeNoColumn
@@ -77,20 +78,20 @@ struct ValueRow {
 
 /// That a value is a part of an object's key (tPrimaryKeys).
 struct PrimaryKeyRow {
-    std::int32_t ObjectID = 0;  ///< the object
-    std::int32_t ValueID = 0;   ///< a value of its key
-    std::int32_t Seq = 0;       ///< position of the value within the key
+    ObjectId ObjectID = {};  ///< the object
+    ValueId ValueID = {};    ///< a value of its key
+    std::int32_t Seq = 0;    ///< position of the value within the key
 
     bool operator==(const PrimaryKeyRow&) const = default;
 };
 
 /// That a value of an object refers to another object (tForeignKeys).
 struct ForeignKeyRow {
-    std::int32_t ObjectID = 0;    ///< the object whose table holds the column
-    std::int32_t ValueID = 0;     ///< the value that the column stores
-    std::int32_t FKObjectID = 0;  ///< the object referred to
-    std::int32_t FKValueID = 0;   ///< the key value referred to
-    std::string FKObjectGUID;     ///< Guid of the object referred to
+    ObjectId ObjectID = {};    ///< the object whose table holds the column
+    ValueId ValueID = {};      ///< the value that the column stores
+    ObjectId FKObjectID = {};  ///< the object referred to
+    ValueId FKValueID = {};    ///< the key value referred to
+    std::string FKObjectGUID;  ///< Guid of the object referred to
 
     bool operator==(const ForeignKeyRow&) const = default;
 };
@@ -119,30 +120,31 @@ class Catalog {
     const std::vector<ForeignKeyRow>& ForeignKeys() const noexcept { return m_foreignKeys; }
 
     /// The object of that identifier, or nullptr.
-    const ObjectRow* FindObject(std::int32_t objectID) const;
+    const ObjectRow* FindObject(ObjectId objectID) const;
     /// The interface of that identifier, or nullptr.
-    const InterfaceRow* FindInterface(std::int32_t interfaceID) const;
+    const InterfaceRow* FindInterface(InterfaceId interfaceID) const;
     /// The value of that identifier, or nullptr.
-    const ValueRow* FindValue(std::int32_t valueID) const;
+    const ValueRow* FindValue(ValueId valueID) const;
 
     /// Interfaces that an object implements, in the repository's order; identifiers without a row included.
-    std::vector<std::int32_t> InterfacesOf(std::int32_t objectID) const;
+    std::vector<InterfaceId> InterfacesOf(ObjectId objectID) const;
     /// Values of one interface, by their identifiers.
-    std::vector<const ValueRow*> ValuesOfInterface(std::int32_t interfaceID) const;
+    std::vector<const ValueRow*> ValuesOfInterface(InterfaceId interfaceID) const;
     /// Values of all interfaces of an object, in the order of these.
-    std::vector<const ValueRow*> ValuesOf(std::int32_t objectID) const;
+    std::vector<const ValueRow*> ValuesOf(ObjectId objectID) const;
     /// The primary key of an object's table, by Seq.
-    std::vector<const PrimaryKeyRow*> PrimaryKeysOf(std::int32_t objectID) const;
+    std::vector<const PrimaryKeyRow*> PrimaryKeysOf(ObjectId objectID) const;
     /// The foreign keys of an object's table, by ValueID.
-    std::vector<const ForeignKeyRow*> ForeignKeysOf(std::int32_t objectID) const;
+    std::vector<const ForeignKeyRow*> ForeignKeysOf(ObjectId objectID) const;
     /// Objects directly beneath an object, in walk order: the element object of a collection first, then the
     /// children that its values hold.
-    std::vector<std::int32_t> ChildrenOf(std::int32_t objectID) const;
+    std::vector<ObjectId> ChildrenOf(ObjectId objectID) const;
     /// Objects that implement an interface, in the repository's order.
-    std::vector<std::int32_t> ObjectsWith(std::int32_t interfaceID) const;
+    std::vector<ObjectId> ObjectsWith(InterfaceId interfaceID) const;
 
   private:
-    using Positions = std::unordered_map<std::int32_t, std::vector<std::size_t>>;
+    template <RowId Id>
+    using Positions = std::unordered_map<Id, std::vector<std::size_t>>;
     void BuildIndexes();
 
     std::vector<DataDefRow> m_dataDefs;
@@ -153,9 +155,9 @@ class Catalog {
     std::vector<PrimaryKeyRow> m_primaryKeys;
     std::vector<ForeignKeyRow> m_foreignKeys;
 
-    Positions m_objectByID, m_interfaceByID, m_valueByID;
-    Positions m_interfacesByObject, m_objectsByInterface, m_valuesByInterface, m_primaryKeysByObject,
-        m_foreignKeysByObject;
+    Positions<ObjectId> m_objectByID, m_interfacesByObject, m_primaryKeysByObject, m_foreignKeysByObject;
+    Positions<InterfaceId> m_interfaceByID, m_objectsByInterface, m_valuesByInterface;
+    Positions<ValueId> m_valueByID;
 };
 
 }  // namespace korvex::repository

@@ -14,9 +14,9 @@ namespace korvex::repository {
 namespace {
 
 struct KeyRow {
-    std::int32_t objectID = 0;
-    std::int32_t valueID = 0;
-    std::int32_t parentID = 0;
+    ObjectId objectID = {};
+    ValueId valueID = {};
+    ObjectId parentID = {};
 };
 
 /// Calls `take` with every row; false when the query failed.
@@ -42,15 +42,17 @@ class StaleKeys {
     }
 
   private:
-    using ObjectSet = std::unordered_set<std::int32_t>;
+    using ObjectSet = std::unordered_set<ObjectId>;
 
-    static std::int32_t Long(dao::Recordset& rows, std::string_view column) {
-        return ReadValue(rows.Fields(column), automation::ToLong, "a foreign key");
+    template <RowId Id>
+    static Id Read(dao::Recordset& rows, std::string_view column) {
+        return ReadValue(rows.Fields(column), ToId<Id>, "a foreign key");
     }
 
     void ReadRows() {
         ForEachRow(m_source.NumberedForeignKeys(), [this](dao::Recordset& rows) {
-            const KeyRow row{Long(rows, "ObjectID"), Long(rows, "ValueID"), Long(rows, "FKObjectID")};
+            const KeyRow row{Read<ObjectId>(rows, "ObjectID"), Read<ValueId>(rows, "ValueID"),
+                             Read<ObjectId>(rows, "FKObjectID")};
             if (!IsKeyInterfaceName(ReadValue(rows.Fields("Name"), automation::ToString, "an interface")))
                 return;
             m_rows.push_back(row);
@@ -59,8 +61,8 @@ class StaleKeys {
     }
 
     bool IsStale(const KeyRow& row) {
-        if (const std::int32_t current = m_references.ValueOf(row.objectID, row.parentID))
-            return current != row.valueID;
+        const ValueId current = m_references.ValueOf(row.objectID, row.parentID);
+        if (current != ValueId()) return current != row.valueID;
         const auto [position, isNew] = m_held.try_emplace(row.parentID);
         if (isNew) position->second = ObjectsIn(row.parentID);
         const std::optional<ObjectSet>& held = position->second;
@@ -68,10 +70,10 @@ class StaleKeys {
     }
 
     /// The objects that an object holds; nothing when a query failed.
-    std::optional<ObjectSet> ObjectsIn(std::int32_t parentID) {
+    std::optional<ObjectSet> ObjectsIn(ObjectId parentID) {
         ObjectSet held;
         const auto add = [&held](std::string_view column) {
-            return [&held, column](dao::Recordset& rows) { held.insert(Long(rows, column)); };
+            return [&held, column](dao::Recordset& rows) { held.insert(Read<ObjectId>(rows, column)); };
         };
         const bool isComplete = ForEachRow(m_source.ElementObject(parentID), add("CollectionObjectID")) &&
                                 ForEachRow(m_source.HeldObjects(parentID), add("ChildObjectID"));
@@ -90,8 +92,8 @@ class StaleKeys {
     DefinitionRows& m_source;
     const KeyReferences& m_references;
     std::vector<KeyRow> m_rows;
-    std::unordered_map<std::int32_t, std::size_t> m_rowsOfValue;
-    std::unordered_map<std::int32_t, std::optional<ObjectSet>> m_held;  ///< by object
+    std::unordered_map<ValueId, std::size_t> m_rowsOfValue;
+    std::unordered_map<ObjectId, std::optional<ObjectSet>> m_held;  ///< by object
 };
 
 }  // namespace

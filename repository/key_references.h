@@ -11,30 +11,30 @@ namespace korvex::repository {
 /// The references between objects that one call has written.
 class KeyReferences {
   public:
-    void AddObject(std::int32_t objectID) { m_objects.insert(objectID); }
-    void Add(std::int32_t childID, std::int32_t parentID, std::int32_t valueID) {
+    void AddObject(ObjectId objectID) { m_objects.insert(objectID); }
+    void Add(ObjectId childID, ObjectId parentID, ValueId valueID) {
         m_values[Pair(childID, parentID)] = valueID;
         m_parents[valueID] = parentID;
     }
 
     bool IsEmpty() const noexcept { return m_objects.empty(); }
-    bool HasObject(std::int32_t objectID) const { return m_objects.contains(objectID); }
+    bool HasObject(ObjectId objectID) const { return m_objects.contains(objectID); }
     /// The value by which the child refers to the parent; 0 for none.
-    std::int32_t ValueOf(std::int32_t childID, std::int32_t parentID) const {
+    ValueId ValueOf(ObjectId childID, ObjectId parentID) const {
         const auto position = m_values.find(Pair(childID, parentID));
-        return position == m_values.end() ? 0 : position->second;
+        return position == m_values.end() ? ValueId() : position->second;
     }
     /// A value that several parents of one name share refers to the last of them.
     const KeyParents& Parents() const noexcept { return m_parents; }
 
   private:
-    static std::uint64_t Pair(std::int32_t childID, std::int32_t parentID) {
+    static std::uint64_t Pair(ObjectId childID, ObjectId parentID) {
         return std::uint64_t{static_cast<std::uint32_t>(childID)} << 32 |
                static_cast<std::uint32_t>(parentID);
     }
 
-    std::unordered_set<std::int32_t> m_objects;
-    std::unordered_map<std::uint64_t, std::int32_t> m_values;  ///< by child and parent
+    std::unordered_set<ObjectId> m_objects;
+    std::unordered_map<std::uint64_t, ValueId> m_values;  ///< by child and parent
     KeyParents m_parents;
 };
 

@@ -15,7 +15,7 @@ std::int32_t ReadLong(dao::Recordset& rows, std::string_view column, const KeyVa
 
 /// Sets every column of the record being added or edited that a key value fills.
 void FillRecord(dao::Recordset& values, const KeyValue& key) {
-    values.Fields("InterfaceID").Value(key.interfaceID);
+    values.Fields("InterfaceID").Value(Number(key.interfaceID));
     values.Fields("ChildObjectID").Value(std::int32_t{0});
     values.Fields("Name").Value(key.name);
     values.Fields("FieldName").Value(key.name);
@@ -33,17 +33,17 @@ void FillRecord(dao::Recordset& values, const KeyValue& key) {
 
 }  // namespace
 
-std::int32_t KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
+ValueId KeyValues::Add(dao::Recordset& values, const KeyValue& key) {
     const std::int32_t vid = NextVid(key);
     values.AddNew();
     FillRecord(values, key);
     values.Fields("VID").Value(vid);
     values.Update();
-    return ReadNewNumber(values, "ValueID", key.name);
+    return ReadNewNumber<ValueId>(values, "ValueID", key.name);
 }
 
-std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
-    const std::int32_t valueID = ReadLong(values, "ValueID", key);
+ValueId KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
+    const ValueId valueID{ReadLong(values, "ValueID", key)};
     const std::int32_t vid = ReadLong(values, "VID", key);
     // A number beyond the range was given when that was used up, and stays.
     const std::int32_t keyVid = vid > LowestKeyVid ? vid : NextVid(key);
@@ -54,23 +54,23 @@ std::int32_t KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
     return valueID;
 }
 
-bool KeyValues::Rename(std::int32_t valueID, const KeyValue& key) {
+bool KeyValues::Rename(ValueId valueID, const KeyValue& key) {
     const auto values = m_rows.Value(valueID);
     if (!values || values->Eof()) return false;
     const bool isAutoNumber = ReadValue(values->Fields("IsAutoNumber"), automation::ToBoolean, key.name);
     const bool isSuchKey = isAutoNumber == key.isAutoNumber && IsKeyVid(ReadLong(*values, "VID", key)) &&
-                           IsKeyInterface(ReadLong(*values, "InterfaceID", key));
+                           IsKeyInterface(InterfaceId(ReadLong(*values, "InterfaceID", key)));
     if (isSuchKey) Edit(*values, key);
     values->Close();
     return isSuchKey;
 }
 
-bool KeyValues::IsKeyInterface(std::int32_t interfaceID) {
+bool KeyValues::IsKeyInterface(InterfaceId interfaceID) {
     const auto rows = m_rows.InterfaceName(interfaceID);
     if (!rows) return false;
     const bool isOne =
         !rows->Eof() && IsKeyInterfaceName(ReadValue(rows->Fields("Name"), automation::ToString,
-                                                     std::to_string(interfaceID)));
+                                                     std::to_string(Number(interfaceID))));
     rows->Close();
     return isOne;
 }

@@ -27,7 +27,7 @@ inline bool IsKeyValue(std::int32_t vid, std::string_view interfaceName) {
 
 /// A key value as its row in tValues tells it: a 32-bit integer that is stored in a column of its own name.
 struct KeyValue {
-    std::int32_t interfaceID = 0;
+    InterfaceId interfaceID = {};
     std::string name;
     std::string caption;
     std::string description;
@@ -44,12 +44,12 @@ class KeyValues {
     DefinitionRows::Rows Open(const KeyValue& key) { return m_rows.NamedValue(key.name, key.interfaceID); }
 
     /// Adds the key's row through `values`; gives its ValueID.
-    std::int32_t Add(dao::Recordset& values, const KeyValue& key);
+    ValueId Add(dao::Recordset& values, const KeyValue& key);
     /// Makes the current row of `values` the key's; gives its ValueID.
-    std::int32_t Edit(dao::Recordset& values, const KeyValue& key);
+    ValueId Edit(dao::Recordset& values, const KeyValue& key);
     /// Makes the key's a value that was written for it under another name. False, with nothing changed, when
     /// the value is gone or was not written as such a key.
-    bool Rename(std::int32_t valueID, const KeyValue& key);
+    bool Rename(ValueId valueID, const KeyValue& key);
 
   private:
     /// Where the numbering of an interface's keys stands.
@@ -61,10 +61,10 @@ class KeyValues {
 
     std::int32_t NextVid(const KeyValue& key);
     std::int32_t NextFreeVid(Numbering& numbering, const KeyValue& key);
-    bool IsKeyInterface(std::int32_t interfaceID);
+    bool IsKeyInterface(InterfaceId interfaceID);
 
     DefinitionRows& m_rows;
-    std::unordered_map<std::int32_t, Numbering> m_numberings;  ///< by interface
+    std::unordered_map<InterfaceId, Numbering> m_numberings;  ///< by interface
 };
 
 }  // namespace korvex::repository

@@ -15,21 +15,21 @@ namespace {
 /// Position of an own key in its table's primary key, which has no other column.
 constexpr std::int16_t KeySeq = 1;
 
-std::int32_t ReadValueID(dao::Recordset& rows, const KeyedObject& object) {
-    return ReadValue(rows.Fields("ValueID"), automation::ToLong, object.name);
+ValueId ReadValueID(dao::Recordset& rows, const KeyedObject& object) {
+    return ReadValue(rows.Fields("ValueID"), ToId<ValueId>, object.name);
 }
 
 }  // namespace
 
 std::string Describe(const KeyedObject& object) {
-    return "'" + object.name + "' (ObjectID " + std::to_string(object.objectID) + ")";
+    return "'" + object.name + "' (ObjectID " + std::to_string(Number(object.objectID)) + ")";
 }
 
 void KeyWriter::WriteOwnKey(KeyedObject& object) {
     m_references.AddObject(object.objectID);
     const auto keys = m_rows.PrimaryKeyRows(object.objectID);
     if (!keys) return;
-    std::vector<std::int32_t> earlierValues;
+    std::vector<ValueId> earlierValues;
     for (; !keys->Eof(); keys->MoveNext()) {
         earlierValues.push_back(ReadValueID(*keys, object));
     }
@@ -42,16 +42,15 @@ void KeyWriter::WriteOwnKey(KeyedObject& object) {
     if (!values->Eof()) {
         object.keyValueID = m_values.Edit(*values, key);
     } else {
-        const auto renamed =
-            std::find_if(earlierValues.begin(), earlierValues.end(),
-                         [&](std::int32_t valueID) { return m_values.Rename(valueID, key); });
+        const auto renamed = std::find_if(earlierValues.begin(), earlierValues.end(),
+                                          [&](ValueId valueID) { return m_values.Rename(valueID, key); });
         object.keyValueID = renamed != earlierValues.end() ? *renamed : m_values.Add(*values, key);
     }
     values->Close();
 
     keys->AddNew();
-    keys->Fields("ObjectID").Value(object.objectID);
-    keys->Fields("ValueID").Value(object.keyValueID);
+    keys->Fields("ObjectID").Value(Number(object.objectID));
+    keys->Fields("ValueID").Value(Number(object.keyValueID));
     keys->Fields("Seq").Value(KeySeq);
     keys->Update();
     keys->Close();
@@ -71,7 +70,7 @@ void KeyWriter::WriteForeignKey(const KeyedObject& child, const KeyedObject& par
 
 KeyWriter::ForeignKey KeyWriter::EditByName(dao::Recordset& values, const KeyValue& key,
                                             const KeyedObject& child, const KeyedObject& parent) {
-    const std::int32_t valueID = ReadValueID(values, child);
+    const ValueId valueID = ReadValueID(values, child);
     m_values.Edit(values, key);
     return {valueID, m_rows.ForeignKeyRows(child.objectID, valueID, parent.objectID)};
 }
@@ -80,13 +79,13 @@ KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyVa
                                              const KeyedObject& child, const KeyedObject& parent) {
     auto rows = m_rows.ForeignKeyRows(child.objectID, std::nullopt, parent.objectID);
     for (; rows && !rows->Eof(); rows->MoveNext()) {
-        const std::int32_t valueID = ReadValueID(*rows, child);
+        const ValueId valueID = ReadValueID(*rows, child);
         if (!IsShared(child, valueID) && m_values.Rename(valueID, key)) return {valueID, std::move(rows)};
     }
     return {m_values.Add(values, key), std::move(rows)};
 }
 
-bool KeyWriter::IsShared(const KeyedObject& child, std::int32_t valueID) {
+bool KeyWriter::IsShared(const KeyedObject& child, ValueId valueID) {
     const auto rows = m_rows.ForeignKeyRows(child.objectID, valueID, std::nullopt);
     if (!rows) return true;
     int parents = 0;
@@ -96,17 +95,17 @@ bool KeyWriter::IsShared(const KeyedObject& child, std::int32_t valueID) {
     return parents > 1;
 }
 
-void KeyWriter::StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, std::int32_t valueID,
+void KeyWriter::StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, ValueId valueID,
                                 const KeyedObject& parent) {
     if (rows.Eof()) {
         rows.AddNew();
-        rows.Fields("ObjectID").Value(child.objectID);
-        rows.Fields("ValueID").Value(valueID);
+        rows.Fields("ObjectID").Value(Number(child.objectID));
+        rows.Fields("ValueID").Value(Number(valueID));
     } else {
         rows.Edit();
     }
-    rows.Fields("FKObjectID").Value(parent.objectID);
-    rows.Fields("FKValueID").Value(parent.keyValueID);
+    rows.Fields("FKObjectID").Value(Number(parent.objectID));
+    rows.Fields("FKValueID").Value(Number(parent.keyValueID));
     rows.Fields("FKObjectGUID").Value(parent.guid);
     rows.Update();
     rows.Close();

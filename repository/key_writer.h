@@ -13,12 +13,12 @@ namespace korvex::repository {
 
 /// An object that is being prepared, as far as its keys need it.
 struct KeyedObject {
-    std::int32_t objectID = 0;
+    ObjectId objectID = {};
     std::string name;
     std::string guid;
-    std::int32_t keyInterfaceID = 0;  ///< interface that holds the object's key values
+    InterfaceId keyInterfaceID = {};  ///< interface that holds the object's key values
     std::string keyColumn;            ///< column of the object's own key
-    std::int32_t keyValueID = 0;      ///< value of the own key; 0 until it is written
+    ValueId keyValueID = {};          ///< value of the own key; 0 until it is written
 };
 
 /// "'Customer' (ObjectID 7)", for messages.
@@ -46,7 +46,7 @@ class KeyWriter {
 
   private:
     struct ForeignKey {
-        std::int32_t valueID = 0;
+        ValueId valueID = {};
         std::unique_ptr<dao::Recordset> rows;  ///< at its row in tForeignKeys, at EOF when it has none yet
     };
     ForeignKey EditByName(dao::Recordset& values, const KeyValue& key, const KeyedObject& child,
@@ -54,8 +54,8 @@ class KeyWriter {
     ForeignKey RenameOrAdd(dao::Recordset& values, const KeyValue& key, const KeyedObject& child,
                            const KeyedObject& parent);
     /// Whether the child refers to several parents by the value.
-    bool IsShared(const KeyedObject& child, std::int32_t valueID);
-    void StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, std::int32_t valueID,
+    bool IsShared(const KeyedObject& child, ValueId valueID);
+    void StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, ValueId valueID,
                          const KeyedObject& parent);
 
     DefinitionRows& m_rows;

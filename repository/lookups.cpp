@@ -7,15 +7,14 @@ namespace korvex::repository {
 
 namespace {
 
-/// One column of every row, as 32-bit integers.
-std::vector<std::int32_t> ReadIdentifiers(DefinitionRows::Rows rows, std::string_view table,
-                                          std::string_view column) {
-    std::vector<std::int32_t> identifiers;
+/// One column of every row.
+template <RowId Id>
+std::vector<Id> ReadIdentifiers(DefinitionRows::Rows rows, std::string_view table, std::string_view column) {
+    std::vector<Id> identifiers;
     if (!rows) return identifiers;
     dao::Field& field = rows->Fields(column);
     for (; !rows->Eof(); rows->MoveNext())
-        identifiers.push_back(
-            ReadValue(field, automation::ToLong, [&] { return DescribeRow(table, *rows); }));
+        identifiers.push_back(ReadValue(field, ToId<Id>, [&] { return DescribeRow(table, *rows); }));
     rows->Close();
     return identifiers;
 }
@@ -31,34 +30,33 @@ std::string ReadText(DefinitionRows::Rows rows, std::string_view column, std::st
 
 }  // namespace
 
-std::vector<std::int32_t> GetObjectInterfaces(DefinitionRows& rows, std::int32_t lObjectID) {
-    return ReadIdentifiers(rows.Interfaces(lObjectID), "tObjectInterfaces", "InterfaceID");
+std::vector<InterfaceId> GetObjectInterfaces(DefinitionRows& rows, ObjectId lObjectID) {
+    return ReadIdentifiers<InterfaceId>(rows.Interfaces(lObjectID), "tObjectInterfaces", "InterfaceID");
 }
 
-std::int32_t FindObjectInterface(DefinitionRows& rows, std::int32_t lObjectID,
-                                 std::string_view sInterfaceName) {
+InterfaceId FindObjectInterface(DefinitionRows& rows, ObjectId lObjectID, std::string_view sInterfaceName) {
     const auto interfaces = rows.InterfacesLike(lObjectID, sInterfaceName);
-    if (!interfaces) return 0;
-    const std::int32_t interfaceID =
-        interfaces->Eof() ? 0 : automation::ToLong(interfaces->Fields("InterfaceID").Value());
+    if (!interfaces) return {};
+    const InterfaceId interfaceID =
+        interfaces->Eof() ? InterfaceId() : ToId<InterfaceId>(interfaces->Fields("InterfaceID").Value());
     interfaces->Close();
     return interfaceID;
 }
 
-std::vector<std::int32_t> GetChildObjects(DefinitionRows& rows, std::int32_t lInterfaceID) {
-    return ReadIdentifiers(rows.Children(lInterfaceID), "tValues", "ChildObjectID");
+std::vector<ObjectId> GetChildObjects(DefinitionRows& rows, InterfaceId lInterfaceID) {
+    return ReadIdentifiers<ObjectId>(rows.Children(lInterfaceID), "tValues", "ChildObjectID");
 }
 
-std::string GetFieldName(DefinitionRows& rows, std::int32_t lValueID) {
+std::string GetFieldName(DefinitionRows& rows, ValueId lValueID) {
     return ReadText(rows.FieldName(lValueID), "FieldName", "a tValues row");
 }
 
-std::string GetObjectTableName(DefinitionRows& rows, std::int32_t lObjectID) {
+std::string GetObjectTableName(DefinitionRows& rows, ObjectId lObjectID) {
     return ReadText(rows.TableName(lObjectID), "tableName", "a tObjects row");
 }
 
-std::vector<std::int32_t> GetRootObjects(DefinitionRows& rows, std::string_view storageName) {
-    return ReadIdentifiers(rows.RootObjects(storageName), "tDataDefs", "RootObjectID");
+std::vector<ObjectId> GetRootObjects(DefinitionRows& rows, std::string_view storageName) {
+    return ReadIdentifiers<ObjectId>(rows.RootObjects(storageName), "tDataDefs", "RootObjectID");
 }
 
 }  // namespace korvex::repository

@@ -11,21 +11,20 @@
 namespace korvex::repository {
 
 /// The interfaces that an object implements, in the repository's order.
-std::vector<std::int32_t> GetObjectInterfaces(DefinitionRows& rows, std::int32_t lObjectID);
+std::vector<InterfaceId> GetObjectInterfaces(DefinitionRows& rows, ObjectId lObjectID);
 
 /// The first interface of the object whose name is like `sInterfaceName`, or 0.
-std::int32_t FindObjectInterface(DefinitionRows& rows, std::int32_t lObjectID,
-                                 std::string_view sInterfaceName);
+InterfaceId FindObjectInterface(DefinitionRows& rows, ObjectId lObjectID, std::string_view sInterfaceName);
 
 /// The objects that the values of an interface hold, in the repository's order.
-std::vector<std::int32_t> GetChildObjects(DefinitionRows& rows, std::int32_t lInterfaceID);
+std::vector<ObjectId> GetChildObjects(DefinitionRows& rows, InterfaceId lInterfaceID);
 
 /// Column name of a value, table name of an object; "" when there is no such row or it holds Null.
-std::string GetFieldName(DefinitionRows& rows, std::int32_t lValueID);
-std::string GetObjectTableName(DefinitionRows& rows, std::int32_t lObjectID);
+std::string GetFieldName(DefinitionRows& rows, ValueId lValueID);
+std::string GetObjectTableName(DefinitionRows& rows, ObjectId lObjectID);
 
 /// RootObjectID of every data definition of that storage name (of all when it is empty), in row order. A
 /// query that failed gives none.
-std::vector<std::int32_t> GetRootObjects(DefinitionRows& rows, std::string_view storageName);
+std::vector<ObjectId> GetRootObjects(DefinitionRows& rows, std::string_view storageName);
 
 }  // namespace korvex::repository

@@ -4,6 +4,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "platform/dao.h"
+#include "repository/ids.h"
 
 #include <cstdint>
 #include <functional>
@@ -34,6 +35,14 @@ inline automation::Variant ToVariant(const std::optional<std::string>& text) {
 template <class T>
 automation::Variant ToVariant(const T& value) {
     return value;
+}
+template <RowId Id>
+automation::Variant ToVariant(const Id& id) {
+    return Number(id);
+}
+template <RowId Id>
+void FromVariant(Id& id, const automation::Variant& value) {
+    id = Id(automation::ToLong(value));
 }
 inline void FromVariant(std::int32_t& number, const automation::Variant& value) {
     number = automation::ToLong(value);

@@ -14,11 +14,11 @@ namespace {
 
 /// An object on the way down, and how far the objects beneath it are walked.
 struct Level {
-    std::int32_t objectID = 0;
-    std::int32_t elementObject = 0;  ///< 0 once it is walked
-    std::optional<std::vector<std::int32_t>> interfaces;
+    ObjectId objectID = {};
+    ObjectId elementObject = {};  ///< 0 once it is walked
+    std::optional<std::vector<InterfaceId>> interfaces;
     std::size_t nextInterface = 0;
-    std::vector<std::int32_t> children;  ///< of the interface before the next one
+    std::vector<ObjectId> children;  ///< of the interface before the next one
     std::size_t nextChild = 0;
 };
 
@@ -26,7 +26,7 @@ class Walk {
   public:
     Walk(DefinitionRows& rows, ObjectVisitor& visitor) : m_rows(rows), m_visitor(visitor) {}
 
-    void From(std::int32_t rootObjectID) {
+    void From(ObjectId rootObjectID) {
         Enter(rootObjectID);
         while (!m_path.empty()) {
             if (const auto next = NextBeneath(m_path.back())) {
@@ -38,21 +38,22 @@ class Walk {
     }
 
   private:
-    void Enter(std::int32_t objectID);
+    void Enter(ObjectId objectID);
     void Leave();
-    std::optional<std::int32_t> NextBeneath(Level& level);
+    std::optional<ObjectId> NextBeneath(Level& level);
 
     DefinitionRows& m_rows;
     ObjectVisitor& m_visitor;
     std::vector<Level> m_path;
-    std::unordered_set<std::int32_t> m_objectsOnPath;
+    std::unordered_set<ObjectId> m_objectsOnPath;
 };
 
-void Walk::Enter(std::int32_t objectID) {
+void Walk::Enter(ObjectId objectID) {
     if (m_objectsOnPath.contains(objectID)) {
         throw automation::Error(automation::OutOfStackSpace,
-                                "Object " + std::to_string(objectID) + " is its own ancestor: object " +
-                                    std::to_string(m_path.back().objectID) + " holds it again.");
+                                "Object " + std::to_string(Number(objectID)) +
+                                    " is its own ancestor: object " +
+                                    std::to_string(Number(m_path.back().objectID)) + " holds it again.");
     }
     if (const auto elementObject = m_visitor.Enter(objectID)) {
         m_objectsOnPath.insert(objectID);
@@ -68,8 +69,8 @@ void Walk::Leave() {
     m_visitor.Leave();
 }
 
-std::optional<std::int32_t> Walk::NextBeneath(Level& level) {
-    if (level.elementObject > 0) return std::exchange(level.elementObject, 0);
+std::optional<ObjectId> Walk::NextBeneath(Level& level) {
+    if (IsRow(level.elementObject)) return std::exchange(level.elementObject, ObjectId());
 
     if (!level.interfaces) level.interfaces = GetObjectInterfaces(m_rows, level.objectID);
     while (level.nextChild == level.children.size()) {
@@ -83,7 +84,7 @@ std::optional<std::int32_t> Walk::NextBeneath(Level& level) {
 
 }  // namespace
 
-void WalkObjects(DefinitionRows& rows, std::int32_t lObjectID, ObjectVisitor& visitor) {
+void WalkObjects(DefinitionRows& rows, ObjectId lObjectID, ObjectVisitor& visitor) {
     Walk(rows, visitor).From(lObjectID);
 }
 

@@ -13,7 +13,7 @@ class ObjectVisitor {
     virtual ~ObjectVisitor() = default;
     /// Meets an object, its ancestors having been met before. Gives the object of its collection's elements
     /// (0 or less for none), or nothing to leave out everything beneath the object.
-    virtual std::optional<std::int32_t> Enter(std::int32_t lObjectID) = 0;
+    virtual std::optional<ObjectId> Enter(ObjectId lObjectID) = 0;
     /// Everything beneath the last object that was entered, and not left yet, has been walked.
     virtual void Leave() {}
 };
@@ -22,6 +22,6 @@ class ObjectVisitor {
 /// elements, then the objects that the values of its interfaces hold. An object that is reached along two
 /// ways is walked twice. One that is its own ancestor raises OutOfStackSpace (28). The way down is not kept
 /// on the call stack: its depth is limited by memory alone.
-void WalkObjects(DefinitionRows& rows, std::int32_t lObjectID, ObjectVisitor& visitor);
+void WalkObjects(DefinitionRows& rows, ObjectId lObjectID, ObjectVisitor& visitor);
 
 }  // namespace korvex::repository

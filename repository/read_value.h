@@ -34,12 +34,19 @@ auto ReadValue(dao::Field& field, Convert convert, const What& what) {
     }
 }
 
+/// A value as an identifier; errors as those of ToLong.
+template <RowId Id>
+Id ToId(const automation::Variant& value) {
+    return Id(automation::ToLong(value));
+}
+
 /// The number that the database gave the row just added through `rows`. InvalidUseOfNull (94) when it gave
 /// none.
-inline std::int32_t ReadNewNumber(dao::Recordset& rows, std::string_view column, std::string_view what) {
+template <RowId Id>
+Id ReadNewNumber(dao::Recordset& rows, std::string_view column, std::string_view what) {
     rows.MoveLast();
-    const std::int32_t number = ReadValue(rows.Fields(column), automation::ToLong, what);
-    if (number != 0) return number;
+    const Id id = ReadValue(rows.Fields(column), ToId<Id>, what);
+    if (id != Id()) return id;
     throw automation::Error(automation::InvalidUseOfNull,
                             std::string(column) + " of " + std::string(what) +
                                 ": the repository does not number its new rows; the column must be an "

@@ -19,15 +19,15 @@ namespace {
 /// A foreign key beside the column that holds it.
 struct ForeignKeyField {
     std::optional<std::string> FieldName;
-    std::int32_t FKObjectID = 0;
-    std::int32_t FKValueID = 0;
+    ObjectId FKObjectID = {};
+    ValueId FKValueID = {};
 };
 
 /// A foreign key beside the interface of its value.
 struct NumberedForeignKey {
-    std::int32_t ObjectID = 0;
-    std::int32_t ValueID = 0;
-    std::int32_t FKObjectID = 0;
+    ObjectId ObjectID = {};
+    ValueId ValueID = {};
+    ObjectId FKObjectID = {};
     std::string Name;
 };
 
@@ -95,15 +95,20 @@ Rows RowsOf(const RowColumn<Row> (&columns)[N], Given rows, typename MemoryRecor
 
 /// The entry of an identifier, made of the catalogue's rows when it is asked for first.
 template <class Entries, class Make>
-auto& Entry(Entries& entries, std::int32_t id, Make make) {
+auto& Entry(Entries& entries, RowId auto id, Make make) {
     const auto found = entries.find(id);
     return found != entries.end() ? found->second : entries.emplace(id, make()).first->second;
 }
 
-template <class Row>
-const Row* Find(const std::unordered_map<std::int32_t, Row>& rows, std::int32_t id) {
+template <RowId Id, class Row>
+const Row* Find(const std::unordered_map<Id, Row>& rows, Id id) {
     const auto found = rows.find(id);
     return found == rows.end() ? nullptr : &found->second;
+}
+
+template <RowId Id>
+Id Next(Id& last) {
+    return last = Id(Number(last) + 1);
 }
 
 template <class Row>
@@ -159,7 +164,8 @@ void RelatedCatalog::Relate(std::string_view storageName, std::string_view sFKPr
     for (const auto& [objectID, ways] : CountWays(m_catalog, storageName)) {
         if (ways <= std::numeric_limits<std::int16_t>::max()) continue;
         throw Error(automation::Overflow,
-                    "Object '" + FindObject(objectID)->Name + "' (ObjectID " + std::to_string(objectID) +
+                    "Object '" + FindObject(objectID)->Name + "' (ObjectID " +
+                        std::to_string(Number(objectID)) +
                         ") is reached along too many ways: its table names would run out of numbers.");
     }
     m_scriptedParents = RelateRows(*this, storageName, sFKPrefix);
@@ -183,31 +189,31 @@ void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string
     Relate(storageName, sFKPrefix);
 }
 
-const ObjectRow* RelatedCatalog::FindObject(std::int32_t objectID) const {
+const ObjectRow* RelatedCatalog::FindObject(ObjectId objectID) const {
     const ObjectRow* changed = Find(m_objects, objectID);
     return changed != nullptr ? changed : m_catalog.FindObject(objectID);
 }
 
-const InterfaceRow* RelatedCatalog::FindInterface(std::int32_t interfaceID) const {
+const InterfaceRow* RelatedCatalog::FindInterface(InterfaceId interfaceID) const {
     const InterfaceRow* added = Find(m_interfaces, interfaceID);
     return added != nullptr ? added : m_catalog.FindInterface(interfaceID);
 }
 
-const ValueRow* RelatedCatalog::FindValue(std::int32_t valueID) const {
+const ValueRow* RelatedCatalog::FindValue(ValueId valueID) const {
     if (m_deletedValues.contains(valueID)) return nullptr;
     const ValueRow* changed = Find(m_values, valueID);
     return changed != nullptr ? changed : m_catalog.FindValue(valueID);
 }
 
-std::vector<std::int32_t> RelatedCatalog::InterfacesOf(std::int32_t objectID) const {
-    const IDs* changed = Find(m_interfacesOfObject, objectID);
+std::vector<InterfaceId> RelatedCatalog::InterfacesOf(ObjectId objectID) const {
+    const auto* changed = Find(m_interfacesOfObject, objectID);
     return changed != nullptr ? *changed : m_catalog.InterfacesOf(objectID);
 }
 
-std::vector<const ValueRow*> RelatedCatalog::ValuesOfInterface(std::int32_t interfaceID) const {
+std::vector<const ValueRow*> RelatedCatalog::ValuesOfInterface(InterfaceId interfaceID) const {
     std::vector<const ValueRow*> values;
-    if (const IDs* changed = Find(m_valuesOfInterface, interfaceID)) {
-        for (const std::int32_t valueID : *changed)
+    if (const auto* changed = Find(m_valuesOfInterface, interfaceID)) {
+        for (const ValueId valueID : *changed)
             values.push_back(FindValue(valueID));
         return values;
     }
@@ -217,39 +223,39 @@ std::vector<const ValueRow*> RelatedCatalog::ValuesOfInterface(std::int32_t inte
     return values;
 }
 
-std::vector<const ValueRow*> RelatedCatalog::ValuesOf(std::int32_t objectID) const {
+std::vector<const ValueRow*> RelatedCatalog::ValuesOf(ObjectId objectID) const {
     std::vector<const ValueRow*> values;
-    for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
+    for (const InterfaceId interfaceID : InterfacesOf(objectID)) {
         const std::vector<const ValueRow*> own = ValuesOfInterface(interfaceID);
         values.insert(values.end(), own.begin(), own.end());
     }
     return values;
 }
 
-std::vector<const PrimaryKeyRow*> RelatedCatalog::PrimaryKeysOf(std::int32_t objectID) const {
+std::vector<const PrimaryKeyRow*> RelatedCatalog::PrimaryKeysOf(ObjectId objectID) const {
     const auto* changed = Find(m_primaryKeys, objectID);
     return changed != nullptr ? Pointers(*changed) : m_catalog.PrimaryKeysOf(objectID);
 }
 
-std::vector<const ForeignKeyRow*> RelatedCatalog::ForeignKeysOf(std::int32_t objectID) const {
+std::vector<const ForeignKeyRow*> RelatedCatalog::ForeignKeysOf(ObjectId objectID) const {
     const auto* changed = Find(m_foreignKeys, objectID);
     return changed != nullptr ? Pointers(*changed) : m_catalog.ForeignKeysOf(objectID);
 }
 
-RelatedCatalog::IDs& RelatedCatalog::ValueIDs(std::int32_t interfaceID) {
+std::vector<ValueId>& RelatedCatalog::ValueIDs(InterfaceId interfaceID) {
     return Entry(m_valuesOfInterface, interfaceID, [&] {
-        IDs ids;
+        std::vector<ValueId> ids;
         for (const ValueRow* value : m_catalog.ValuesOfInterface(interfaceID))
             ids.push_back(value->ValueID);
         return ids;
     });
 }
 
-std::vector<PrimaryKeyRow>& RelatedCatalog::PrimaryKeys(std::int32_t objectID) {
+std::vector<PrimaryKeyRow>& RelatedCatalog::PrimaryKeys(ObjectId objectID) {
     return Entry(m_primaryKeys, objectID, [&] { return Copies(m_catalog.PrimaryKeysOf(objectID)); });
 }
 
-std::vector<ForeignKeyRow>& RelatedCatalog::ForeignKeyList(std::int32_t objectID) {
+std::vector<ForeignKeyRow>& RelatedCatalog::ForeignKeyList(ObjectId objectID) {
     return Entry(m_foreignKeys, objectID, [&] { return Copies(m_catalog.ForeignKeysOf(objectID)); });
 }
 
@@ -260,20 +266,20 @@ Rows RelatedCatalog::RootObjects(std::string_view storageName) {
     return RowsOf(DataDefColumns, std::move(rows));
 }
 
-Rows RelatedCatalog::Interfaces(std::int32_t objectID) {
+Rows RelatedCatalog::Interfaces(ObjectId objectID) {
     std::vector<ObjectInterfaceRow> rows;
-    for (const std::int32_t interfaceID : InterfacesOf(objectID))
+    for (const InterfaceId interfaceID : InterfacesOf(objectID))
         rows.push_back({objectID, interfaceID});
     return RowsOf(ObjectInterfaceColumns, std::move(rows));
 }
 
-Rows RelatedCatalog::Children(std::int32_t interfaceID) {
+Rows RelatedCatalog::Children(InterfaceId interfaceID) {
     std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
-    std::erase_if(values, [](const ValueRow* value) { return value->ChildObjectID <= 0; });
+    std::erase_if(values, [](const ValueRow* value) { return !IsRow(value->ChildObjectID); });
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::ObjectRows(std::int32_t objectID, bool (*takes)(const ObjectRow& object)) {
+Rows RelatedCatalog::ObjectRows(ObjectId objectID, bool (*takes)(const ObjectRow& object)) {
     const ObjectRow* object = FindObject(objectID);
     std::vector<const ObjectRow*> rows;
     if (object != nullptr && takes(*object)) rows.push_back(object);
@@ -282,31 +288,31 @@ Rows RelatedCatalog::ObjectRows(std::int32_t objectID, bool (*takes)(const Objec
     });
 }
 
-Rows RelatedCatalog::Object(std::int32_t objectID) {
+Rows RelatedCatalog::Object(ObjectId objectID) {
     return ObjectRows(objectID, [](const ObjectRow&) { return true; });
 }
 
-Rows RelatedCatalog::ElementObject(std::int32_t objectID) { return Object(objectID); }
+Rows RelatedCatalog::ElementObject(ObjectId objectID) { return Object(objectID); }
 
-Rows RelatedCatalog::ScriptedObject(std::int32_t objectID) {
+Rows RelatedCatalog::ScriptedObject(ObjectId objectID) {
     return ObjectRows(objectID, [](const ObjectRow& row) { return row.IsIncluded && row.TableName; });
 }
 
-Rows RelatedCatalog::SingleObject(std::int32_t objectID) {
+Rows RelatedCatalog::SingleObject(ObjectId objectID) {
     return ObjectRows(objectID, [](const ObjectRow& row) {
-        return row.IsIncluded && row.TableName && row.HasKind && row.CollectionObjectID == 0;
+        return row.IsIncluded && row.TableName && row.HasKind && row.CollectionObjectID == ObjectId();
     });
 }
 
-Rows RelatedCatalog::CollectionObject(std::int32_t objectID) {
+Rows RelatedCatalog::CollectionObject(ObjectId objectID) {
     return ObjectRows(objectID, [](const ObjectRow& row) {
-        return row.IsIncluded && row.TableName && row.CollectionObjectID != 0;
+        return row.IsIncluded && row.TableName && row.CollectionObjectID != ObjectId();
     });
 }
 
-Rows RelatedCatalog::InterfacesLike(std::int32_t objectID, std::string_view name) {
+Rows RelatedCatalog::InterfacesLike(ObjectId objectID, std::string_view name) {
     std::vector<const InterfaceRow*> rows;
-    for (const std::int32_t interfaceID : InterfacesOf(objectID)) {
+    for (const InterfaceId interfaceID : InterfacesOf(objectID)) {
         const InterfaceRow* named = FindInterface(interfaceID);
         if (named != nullptr && IsLike(named->Name, name)) rows.push_back(named);
     }
@@ -316,7 +322,7 @@ Rows RelatedCatalog::InterfacesLike(std::int32_t objectID, std::string_view name
 Rows RelatedCatalog::NewInterfaces() {
     return RowsOf(InterfaceColumns, std::vector<const InterfaceRow*>(),
                   [this](InterfaceRow&& row, const InterfaceRow*) {
-                      row.InterfaceID = ++m_lastInterfaceID;
+                      row.InterfaceID = Next(m_lastInterfaceID);
                       return &(m_interfaces[row.InterfaceID] = std::move(row));
                   });
 }
@@ -339,17 +345,17 @@ Rows RelatedCatalog::ValueRows(std::vector<const ValueRow*> values) {
 }
 
 const ValueRow* RelatedCatalog::StoreValue(ValueRow row, const ValueRow* before) {
-    if (before == nullptr) row.ValueID = ++m_lastValueID;
-    row.IsPlain = row.ChildObjectID == 0;
+    if (before == nullptr) row.ValueID = Next(m_lastValueID);
+    row.IsPlain = row.ChildObjectID == ObjectId();
     if (before == nullptr || before->InterfaceID != row.InterfaceID) {
         if (before != nullptr) std::erase(ValueIDs(before->InterfaceID), row.ValueID);
-        IDs& values = ValueIDs(row.InterfaceID);
+        std::vector<ValueId>& values = ValueIDs(row.InterfaceID);
         values.insert(std::ranges::upper_bound(values, row.ValueID), row.ValueID);
     }
     return &(m_values[row.ValueID] = std::move(row));
 }
 
-Rows RelatedCatalog::PlainValues(std::int32_t interfaceID) {
+Rows RelatedCatalog::PlainValues(InterfaceId interfaceID) {
     constexpr std::int32_t nullType = 1;
     std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
     std::erase_if(values, [](const ValueRow* value) {
@@ -358,7 +364,7 @@ Rows RelatedCatalog::PlainValues(std::int32_t interfaceID) {
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::StoredValues(std::int32_t interfaceID) {
+Rows RelatedCatalog::StoredValues(InterfaceId interfaceID) {
     std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
     std::erase_if(values, [](const ValueRow* value) {
         return !value->IsPlain || !value->FieldName || !value->IsIncluded || value->DataType == TypeNoColumn;
@@ -366,7 +372,7 @@ Rows RelatedCatalog::StoredValues(std::int32_t interfaceID) {
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::PrimaryKeyRows(std::int32_t objectID) {
+Rows RelatedCatalog::PrimaryKeyRows(ObjectId objectID) {
     return RowsOf(PrimaryKeyColumns, Copies(PrimaryKeysOf(objectID)),
                   [this](const PrimaryKeyRow& row, const PrimaryKeyRow* before) {
                       PrimaryKeys(row.ObjectID).push_back(row);
@@ -374,42 +380,42 @@ Rows RelatedCatalog::PrimaryKeyRows(std::int32_t objectID) {
                   });
 }
 
-Rows RelatedCatalog::PrimaryKeysOfValue(std::int32_t objectID, std::int32_t valueID) {
+Rows RelatedCatalog::PrimaryKeysOfValue(ObjectId objectID, ValueId valueID) {
     std::vector<PrimaryKeyRow> rows = Copies(PrimaryKeysOf(objectID));
     std::erase_if(rows, [&](const PrimaryKeyRow& row) { return row.ValueID != valueID; });
     return RowsOf(PrimaryKeyColumns, std::move(rows));
 }
 
-Rows RelatedCatalog::NamedValue(std::string_view name, std::int32_t interfaceID) {
+Rows RelatedCatalog::NamedValue(std::string_view name, InterfaceId interfaceID) {
     std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
     std::erase_if(values, [&](const ValueRow* value) { return value->Name != name; });
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::Value(std::int32_t valueID) {
+Rows RelatedCatalog::Value(ValueId valueID) {
     const ValueRow* value = FindValue(valueID);
     return ValueRows(value == nullptr ? std::vector<const ValueRow*>() : std::vector{value});
 }
 
-Rows RelatedCatalog::InterfaceName(std::int32_t interfaceID) {
+Rows RelatedCatalog::InterfaceName(InterfaceId interfaceID) {
     const InterfaceRow* named = FindInterface(interfaceID);
     return RowsOf(InterfaceColumns,
                   named == nullptr ? std::vector<const InterfaceRow*>() : std::vector{named});
 }
 
-Rows RelatedCatalog::KeyNumbers(std::int32_t interfaceID) {
-    const IDs* added = Find(m_objectsOfInterface, interfaceID);
+Rows RelatedCatalog::KeyNumbers(InterfaceId interfaceID) {
+    const auto* added = Find(m_objectsOfInterface, interfaceID);
     std::vector<const ValueRow*> values;
-    for (const std::int32_t objectID : added != nullptr ? *added : m_catalog.ObjectsWith(interfaceID))
+    for (const ObjectId objectID : added != nullptr ? *added : m_catalog.ObjectsWith(interfaceID))
         for (const ValueRow* value : ValuesOf(objectID))
             if (IsKeyVid(value->VID)) values.push_back(value);
     std::ranges::stable_sort(values, {}, &ValueRow::VID);
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::Numbers(std::int32_t interfaceID) { return ValueRows(ValuesOfInterface(interfaceID)); }
+Rows RelatedCatalog::Numbers(InterfaceId interfaceID) { return ValueRows(ValuesOfInterface(interfaceID)); }
 
-Rows RelatedCatalog::ForeignKeys(std::int32_t objectID) {
+Rows RelatedCatalog::ForeignKeys(ObjectId objectID) {
     std::vector<ForeignKeyField> rows;
     for (const ForeignKeyRow* key : ForeignKeysOf(objectID))
         if (const ValueRow* value = FindValue(key->ValueID))
@@ -417,8 +423,8 @@ Rows RelatedCatalog::ForeignKeys(std::int32_t objectID) {
     return RowsOf(ForeignKeyFieldColumns, std::move(rows));
 }
 
-Rows RelatedCatalog::ForeignKeyRows(std::int32_t objectID, std::optional<std::int32_t> valueID,
-                                    std::optional<std::int32_t> parentID) {
+Rows RelatedCatalog::ForeignKeyRows(ObjectId objectID, std::optional<ValueId> valueID,
+                                    std::optional<ObjectId> parentID) {
     std::vector<ForeignKeyRow> rows;
     for (const ForeignKeyRow* key : ForeignKeysOf(objectID))
         if (key->ValueID == valueID.value_or(key->ValueID) &&
@@ -442,7 +448,7 @@ Rows RelatedCatalog::ForeignKeyRows(std::int32_t objectID, std::optional<std::in
 /// Only the keys of objects that were related, and of values that these share with others, are asked about.
 Rows RelatedCatalog::NumberedForeignKeys() {
     std::vector<NumberedForeignKey> rows;
-    std::unordered_set<std::int32_t> values;
+    std::unordered_set<ValueId> values;
     const auto add = [&](const ForeignKeyRow& key) {
         const ValueRow* value = FindValue(key.ValueID);
         const InterfaceRow* named = value == nullptr ? nullptr : FindInterface(value->InterfaceID);
@@ -460,19 +466,19 @@ Rows RelatedCatalog::NumberedForeignKeys() {
     return RowsOf(NumberedColumns, std::move(rows));
 }
 
-Rows RelatedCatalog::HeldObjects(std::int32_t objectID) {
+Rows RelatedCatalog::HeldObjects(ObjectId objectID) {
     std::vector<const ValueRow*> values = ValuesOf(objectID);
-    std::erase_if(values, [](const ValueRow* value) { return value->ChildObjectID <= 0; });
+    std::erase_if(values, [](const ValueRow* value) { return !IsRow(value->ChildObjectID); });
     return ValueRows(std::move(values));
 }
 
-void RelatedCatalog::DeleteForeignKey(std::int32_t objectID, std::int32_t valueID, std::int32_t parentID) {
+void RelatedCatalog::DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) {
     std::erase_if(ForeignKeyList(objectID), [&](const ForeignKeyRow& key) {
         return key.ValueID == valueID && key.FKObjectID == parentID;
     });
 }
 
-void RelatedCatalog::DeleteValue(std::int32_t valueID) {
+void RelatedCatalog::DeleteValue(ValueId valueID) {
     if (const ValueRow* value = FindValue(valueID)) std::erase(ValueIDs(value->InterfaceID), valueID);
     m_deletedValues.insert(valueID);
 }

@@ -30,75 +30,76 @@ class RelatedCatalog final : public DefinitionRows {
     void RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix);
 
     // The look-ups of a catalogue.
-    const ObjectRow* FindObject(std::int32_t objectID) const;
-    const InterfaceRow* FindInterface(std::int32_t interfaceID) const;
-    const ValueRow* FindValue(std::int32_t valueID) const;
-    std::vector<std::int32_t> InterfacesOf(std::int32_t objectID) const;
-    std::vector<const ValueRow*> ValuesOfInterface(std::int32_t interfaceID) const;
-    std::vector<const ValueRow*> ValuesOf(std::int32_t objectID) const;
-    std::vector<const PrimaryKeyRow*> PrimaryKeysOf(std::int32_t objectID) const;
-    std::vector<const ForeignKeyRow*> ForeignKeysOf(std::int32_t objectID) const;
+    const ObjectRow* FindObject(ObjectId objectID) const;
+    const InterfaceRow* FindInterface(InterfaceId interfaceID) const;
+    const ValueRow* FindValue(ValueId valueID) const;
+    std::vector<InterfaceId> InterfacesOf(ObjectId objectID) const;
+    std::vector<const ValueRow*> ValuesOfInterface(InterfaceId interfaceID) const;
+    std::vector<const ValueRow*> ValuesOf(ObjectId objectID) const;
+    std::vector<const PrimaryKeyRow*> PrimaryKeysOf(ObjectId objectID) const;
+    std::vector<const ForeignKeyRow*> ForeignKeysOf(ObjectId objectID) const;
 
     Rows RootObjects(std::string_view storageName) override;
-    Rows Interfaces(std::int32_t objectID) override;
-    Rows Children(std::int32_t interfaceID) override;
+    Rows Interfaces(ObjectId objectID) override;
+    Rows Children(InterfaceId interfaceID) override;
 
-    Rows ScriptedObject(std::int32_t objectID) override;
-    Rows StoredValues(std::int32_t interfaceID) override;
-    Rows PrimaryKey(std::int32_t objectID) override { return PrimaryKeyRows(objectID); }
-    Rows ForeignKeys(std::int32_t objectID) override;
-    Rows SingleObject(std::int32_t objectID) override;
-    Rows CollectionObject(std::int32_t objectID) override;
-    Rows TableName(std::int32_t objectID) override { return ElementObject(objectID); }
-    Rows FieldName(std::int32_t valueID) override { return Value(valueID); }
+    Rows ScriptedObject(ObjectId objectID) override;
+    Rows StoredValues(InterfaceId interfaceID) override;
+    Rows PrimaryKey(ObjectId objectID) override { return PrimaryKeyRows(objectID); }
+    Rows ForeignKeys(ObjectId objectID) override;
+    Rows SingleObject(ObjectId objectID) override;
+    Rows CollectionObject(ObjectId objectID) override;
+    Rows TableName(ObjectId objectID) override { return ElementObject(objectID); }
+    Rows FieldName(ValueId valueID) override { return Value(valueID); }
     const KeyParents& ScriptedParents() const noexcept override { return m_scriptedParents; }
 
-    Rows Object(std::int32_t objectID) override;
-    Rows InterfacesLike(std::int32_t objectID, std::string_view name) override;
+    Rows Object(ObjectId objectID) override;
+    Rows InterfacesLike(ObjectId objectID, std::string_view name) override;
     Rows NewInterfaces() override;
     Rows NewObjectInterfaces() override;
-    Rows PlainValues(std::int32_t interfaceID) override;
-    Rows PrimaryKeyRows(std::int32_t objectID) override;
-    void DeletePrimaryKey(std::int32_t objectID) override { m_primaryKeys[objectID].clear(); }
-    Rows NamedValue(std::string_view name, std::int32_t interfaceID) override;
-    Rows Value(std::int32_t valueID) override;
-    Rows InterfaceName(std::int32_t interfaceID) override;
-    Rows KeyNumbers(std::int32_t interfaceID) override;
-    Rows Numbers(std::int32_t interfaceID) override;
-    Rows ForeignKeyRows(std::int32_t objectID, std::optional<std::int32_t> valueID,
-                        std::optional<std::int32_t> parentID) override;
+    Rows PlainValues(InterfaceId interfaceID) override;
+    Rows PrimaryKeyRows(ObjectId objectID) override;
+    void DeletePrimaryKey(ObjectId objectID) override { m_primaryKeys[objectID].clear(); }
+    Rows NamedValue(std::string_view name, InterfaceId interfaceID) override;
+    Rows Value(ValueId valueID) override;
+    Rows InterfaceName(InterfaceId interfaceID) override;
+    Rows KeyNumbers(InterfaceId interfaceID) override;
+    Rows Numbers(InterfaceId interfaceID) override;
+    Rows ForeignKeyRows(ObjectId objectID, std::optional<ValueId> valueID,
+                        std::optional<ObjectId> parentID) override;
 
     Rows NumberedForeignKeys() override;
-    Rows ElementObject(std::int32_t objectID) override;
-    Rows HeldObjects(std::int32_t objectID) override;
-    void DeleteForeignKey(std::int32_t objectID, std::int32_t valueID, std::int32_t parentID) override;
-    Rows PrimaryKeysOfValue(std::int32_t objectID, std::int32_t valueID) override;
-    void DeleteValue(std::int32_t valueID) override;
+    Rows ElementObject(ObjectId objectID) override;
+    Rows HeldObjects(ObjectId objectID) override;
+    void DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) override;
+    Rows PrimaryKeysOfValue(ObjectId objectID, ValueId valueID) override;
+    void DeleteValue(ValueId valueID) override;
 
   private:
     template <class Row>
-    using ByID = std::unordered_map<std::int32_t, Row>;
-    using IDs = std::vector<std::int32_t>;
+    using ByObject = std::unordered_map<ObjectId, Row>;
+    template <class Row>
+    using ByInterface = std::unordered_map<InterfaceId, Row>;
 
-    Rows ObjectRows(std::int32_t objectID, bool (*takes)(const ObjectRow& object));
+    Rows ObjectRows(ObjectId objectID, bool (*takes)(const ObjectRow& object));
     Rows ValueRows(std::vector<const ValueRow*> values);
     const ValueRow* StoreValue(ValueRow row, const ValueRow* before);
-    IDs& ValueIDs(std::int32_t interfaceID);
-    std::vector<PrimaryKeyRow>& PrimaryKeys(std::int32_t objectID);
-    std::vector<ForeignKeyRow>& ForeignKeyList(std::int32_t objectID);
+    std::vector<ValueId>& ValueIDs(InterfaceId interfaceID);
+    std::vector<PrimaryKeyRow>& PrimaryKeys(ObjectId objectID);
+    std::vector<ForeignKeyRow>& ForeignKeyList(ObjectId objectID);
 
     const Catalog& m_catalog;
-    ByID<ObjectRow> m_objects;
-    ByID<InterfaceRow> m_interfaces;  ///< added ones
-    ByID<IDs> m_interfacesOfObject;
-    ByID<IDs> m_objectsOfInterface;  ///< of added interfaces
-    ByID<ValueRow> m_values;
-    std::unordered_set<std::int32_t> m_deletedValues;
-    ByID<IDs> m_valuesOfInterface;
-    ByID<std::vector<PrimaryKeyRow>> m_primaryKeys;  ///< by object
-    ByID<std::vector<ForeignKeyRow>> m_foreignKeys;  ///< by object
-    std::int32_t m_lastInterfaceID = 0;
-    std::int32_t m_lastValueID = 0;
+    ByObject<ObjectRow> m_objects;
+    ByInterface<InterfaceRow> m_interfaces;  ///< added ones
+    ByObject<std::vector<InterfaceId>> m_interfacesOfObject;
+    ByInterface<std::vector<ObjectId>> m_objectsOfInterface;  ///< of added interfaces
+    std::unordered_map<ValueId, ValueRow> m_values;
+    std::unordered_set<ValueId> m_deletedValues;
+    ByInterface<std::vector<ValueId>> m_valuesOfInterface;
+    ByObject<std::vector<PrimaryKeyRow>> m_primaryKeys;  ///< by object
+    ByObject<std::vector<ForeignKeyRow>> m_foreignKeys;  ///< by object
+    InterfaceId m_lastInterfaceID = {};
+    ValueId m_lastValueID = {};
     KeyParents m_scriptedParents;
 };
 

@@ -28,24 +28,24 @@ class RelationshipBuilder : public ObjectVisitor {
     RelationshipBuilder(DefinitionRows& rows, KeyNames names)
         : m_rows(rows), m_keys(rows, std::move(names)) {}
 
-    void WalkRelationships(std::int32_t lObjectID) { WalkObjects(m_rows, lObjectID, *this); }
+    void WalkRelationships(ObjectId lObjectID) { WalkObjects(m_rows, lObjectID, *this); }
     const KeyReferences& References() const noexcept { return m_keys.References(); }
 
   private:
     /// An object as its row in tObjects has it.
     struct NamedObject {
         KeyedObject object;
-        std::int32_t collectionObjectID = 0;
+        ObjectId collectionObjectID = {};
     };
 
-    std::optional<std::int32_t> Enter(std::int32_t lObjectID) override;
+    std::optional<ObjectId> Enter(ObjectId lObjectID) override;
     void Leave() override { m_ancestors.pop_back(); }
 
-    std::optional<NamedObject> NameTable(std::int32_t lObjectID);
+    std::optional<NamedObject> NameTable(ObjectId lObjectID);
     void PrepareKeys(KeyedObject& object);
-    std::int32_t EnsureKeyInterface(const KeyedObject& object);
+    InterfaceId EnsureKeyInterface(const KeyedObject& object);
     void MarkValueColumns(const KeyedObject& object);
-    void MarkInterface(std::int32_t lInterfaceID, const KeyedObject& object);
+    void MarkInterface(InterfaceId lInterfaceID, const KeyedObject& object);
 
     DefinitionRows& m_rows;
     KeyWriter m_keys;
@@ -54,7 +54,7 @@ class RelationshipBuilder : public ObjectVisitor {
 };
 
 /// Prepares one object for its parent, the last of the ancestors.
-std::optional<std::int32_t> RelationshipBuilder::Enter(std::int32_t lObjectID) {
+std::optional<ObjectId> RelationshipBuilder::Enter(ObjectId lObjectID) {
     std::optional<NamedObject> row = NameTable(lObjectID);
     if (!row) return std::nullopt;
     PrepareKeys(row->object);
@@ -63,7 +63,7 @@ std::optional<std::int32_t> RelationshipBuilder::Enter(std::int32_t lObjectID) {
 }
 
 /// Reads an object and gives it its table; nothing for an object without a row.
-std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(std::int32_t lObjectID) {
+std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(ObjectId lObjectID) {
     const auto rows = m_rows.Object(lObjectID);
     if (!rows || rows->Eof()) return std::nullopt;
 
@@ -73,7 +73,7 @@ std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(s
     object.objectID = lObjectID;
     object.name = ReadValue(rows->Fields("Name"), automation::ToString, what);
     object.guid = ReadValue(rows->Fields("Guid"), automation::ToString, what);
-    row.collectionObjectID = ReadValue(rows->Fields("CollectionObjectID"), automation::ToLong, what);
+    row.collectionObjectID = ReadValue(rows->Fields("CollectionObjectID"), ToId<ObjectId>, what);
     if (object.name.find('\'') != std::string::npos) {
         throw Error(automation::InvalidProcedureCall,
                     "The name of object " + Describe(object) + " holds a single quote; names must not.");
@@ -90,48 +90,48 @@ std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(s
 /// Gives an object its columns and keys.
 void RelationshipBuilder::PrepareKeys(KeyedObject& object) {
     const KeyedObject* parent = nullptr;
-    if (!m_ancestors.empty() && m_ancestors.back().objectID > 0) parent = &m_ancestors.back();
+    if (!m_ancestors.empty() && IsRow(m_ancestors.back().objectID)) parent = &m_ancestors.back();
 
     object.keyColumn = m_keys.KeyColumn(object.name);
     object.keyInterfaceID = EnsureKeyInterface(object);
     MarkValueColumns(object);
-    if (object.keyInterfaceID < 1) return;
+    if (!IsRow(object.keyInterfaceID)) return;
     m_keys.WriteOwnKey(object);
-    if (parent && parent->keyValueID > 0) m_keys.WriteForeignKey(object, *parent);
+    if (parent && IsRow(parent->keyValueID)) m_keys.WriteForeignKey(object, *parent);
 }
 
 /// The interface that holds the object's key values, made when it is missing; 0 when a query failed.
-std::int32_t RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) {
+InterfaceId RelationshipBuilder::EnsureKeyInterface(const KeyedObject& object) {
     const std::string name = KeyInterfaceName(object.name);
-    const std::int32_t found = FindObjectInterface(m_rows, object.objectID, name);
-    if (found >= 1) return found;
+    const InterfaceId found = FindObjectInterface(m_rows, object.objectID, name);
+    if (IsRow(found)) return found;
 
     const auto interfaces = m_rows.NewInterfaces();
-    if (!interfaces) return 0;
+    if (!interfaces) return {};
     interfaces->AddNew();
     interfaces->Fields("Name").Value(name);
     interfaces->Update();
-    const std::int32_t interfaceID = ReadNewNumber(*interfaces, "InterfaceID", name);
+    const InterfaceId interfaceID = ReadNewNumber<InterfaceId>(*interfaces, "InterfaceID", name);
     interfaces->Close();
 
     const auto implemented = m_rows.NewObjectInterfaces();
-    if (!implemented) return 0;
+    if (!implemented) return {};
     implemented->AddNew();
-    implemented->Fields("InterfaceID").Value(interfaceID);
-    implemented->Fields("objectID").Value(object.objectID);
+    implemented->Fields("InterfaceID").Value(Number(interfaceID));
+    implemented->Fields("objectID").Value(Number(object.objectID));
     implemented->Update();
     implemented->Close();
     return interfaceID;
 }
 
 void RelationshipBuilder::MarkValueColumns(const KeyedObject& object) {
-    for (const std::int32_t interfaceID : GetObjectInterfaces(m_rows, object.objectID)) {
+    for (const InterfaceId interfaceID : GetObjectInterfaces(m_rows, object.objectID)) {
         MarkInterface(interfaceID, object);
     }
 }
 
 /// Makes a column of every plain value of an interface.
-void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObject& object) {
+void RelationshipBuilder::MarkInterface(InterfaceId interfaceID, const KeyedObject& object) {
     const auto values = m_rows.PlainValues(interfaceID);
     if (!values) return;
     dao::Field& name = values->Fields("Name");
@@ -151,9 +151,9 @@ void RelationshipBuilder::MarkInterface(std::int32_t interfaceID, const KeyedObj
     values->Close();
 }
 
-KeyParents RelateObjects(DefinitionRows& rows, const std::vector<std::int32_t>& roots, KeyNames names) {
+KeyParents RelateObjects(DefinitionRows& rows, const std::vector<ObjectId>& roots, KeyNames names) {
     RelationshipBuilder builder(rows, std::move(names));
-    for (const std::int32_t root : roots)
+    for (const ObjectId root : roots)
         builder.WalkRelationships(root);
     DeleteStaleKeys(rows, builder.References());
     return builder.References().Parents();
@@ -169,7 +169,7 @@ KeyParents RelateRows(DefinitionRows& rows, std::string_view storageName, std::s
 void CreateRelationship(Repository& repository, std::string_view storageName, std::string_view sFKPrefix) {
     KeyNames names(sFKPrefix);
     StoredRows rows(repository);
-    const std::vector<std::int32_t> roots = GetRootObjects(rows, storageName);
+    const std::vector<ObjectId> roots = GetRootObjects(rows, storageName);
     if (roots.empty()) return;
     Transaction transaction(repository);
     KeyParents parents = RelateObjects(rows, roots, std::move(names));

@@ -61,9 +61,9 @@ Variant Repository::FieldValue(dao::Field& field) {
     return value;
 }
 
-bool Repository::IsObjectIncluded(std::int32_t lObjectID) {
+bool Repository::IsObjectIncluded(ObjectId lObjectID) {
     const auto rows =
-        OpenSnapshot("select IsIncluded from tObjects where ObjectID = " + std::to_string(lObjectID));
+        OpenSnapshot("select IsIncluded from tObjects where ObjectID = " + std::to_string(Number(lObjectID)));
     if (!rows) throw Error(automation::ObjectVariableNotSet);
     const bool included = !rows->Eof() && automation::ToBoolean(FieldValue(rows->Fields("IsIncluded")));
     rows->Close();

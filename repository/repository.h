@@ -2,6 +2,7 @@
 
 #include "automation/variant.h"
 #include "platform/platform.h"
+#include "repository/ids.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,7 +14,7 @@
 namespace korvex::repository {
 
 /// The object that each foreign-key value refers to, by ValueID.
-using KeyParents = std::unordered_map<std::int32_t, std::int32_t>;
+using KeyParents = std::unordered_map<ValueId, ObjectId>;
 
 /// The definition repository of one clsCreateDb: opening, the query helpers through which everything else
 /// reads and writes it, and closing.
@@ -41,7 +42,7 @@ class Repository {
     static automation::Variant FieldValue(dao::Field& field);
 
     /// Whether the object takes part in the scripts. A query that failed raises ObjectVariableNotSet (91).
-    bool IsObjectIncluded(std::int32_t lObjectID);
+    bool IsObjectIncluded(ObjectId lObjectID);
 
     /// Runs an action statement; engine errors reach the caller.
     void Execute(std::string_view sSQL);

@@ -10,7 +10,9 @@ using Rows = DefinitionRows::Rows;
 
 namespace {
 
-std::string With(std::string_view sql, std::int32_t id) { return std::string(sql) + std::to_string(id); }
+std::string With(std::string_view sql, RowId auto id) {
+    return std::string(sql) + std::to_string(Number(id));
+}
 
 std::string KeyRange(std::string_view column) {
     return std::string(column) + ">" + std::to_string(LowestKeyVid) + " And " + std::string(column) + "<" +
@@ -19,11 +21,11 @@ std::string KeyRange(std::string_view column) {
 
 }  // namespace
 
-Rows StoredRows::Snapshot(std::string_view sql, std::int32_t id) {
+Rows StoredRows::Snapshot(std::string_view sql, RowId auto id) {
     return m_repository.OpenSnapshot(With(sql, id));
 }
 
-Rows StoredRows::Dynaset(std::string_view sql, std::int32_t id) {
+Rows StoredRows::Dynaset(std::string_view sql, RowId auto id) {
     return m_repository.OpenDynaset(With(sql, id));
 }
 
@@ -40,16 +42,16 @@ Rows StoredRows::RootObjects(std::string_view storageName) {
     return m_repository.OpenSnapshot(sSQL);
 }
 
-Rows StoredRows::Interfaces(std::int32_t objectID) {
+Rows StoredRows::Interfaces(ObjectId objectID) {
     return Snapshot("select InterfaceID from tObjectInterfaces where ObjectID= ", objectID);
 }
 
-Rows StoredRows::Children(std::int32_t interfaceID) {
+Rows StoredRows::Children(InterfaceId interfaceID) {
     return Snapshot("SELECT ChildObjectID FROM tValues WHERE ChildObjectID > 0 and InterfaceID = ",
                     interfaceID);
 }
 
-Rows StoredRows::ScriptedObject(std::int32_t objectID) {
+Rows StoredRows::ScriptedObject(ObjectId objectID) {
     // The word touches the number in this statement; the engines' layer knows that.
     return Snapshot(
         "SELECT CollectionObjectID, TableName from tObjects where IsIncluded <> 0"
@@ -57,7 +59,7 @@ Rows StoredRows::ScriptedObject(std::int32_t objectID) {
         objectID);
 }
 
-Rows StoredRows::StoredValues(std::int32_t interfaceID) {
+Rows StoredRows::StoredValues(InterfaceId interfaceID) {
     return Snapshot(
         "SELECT ValueID, MaxLength, DataType, FieldName, IsAutoNumber, DefaultVal "
         "FROM tValues where ChildObjectID = 0 and FieldName is not null "
@@ -65,11 +67,11 @@ Rows StoredRows::StoredValues(std::int32_t interfaceID) {
         interfaceID);
 }
 
-Rows StoredRows::PrimaryKey(std::int32_t objectID) {
+Rows StoredRows::PrimaryKey(ObjectId objectID) {
     return Snapshot("SELECT ValueID, Seq from tPrimaryKeys where ObjectID = ", objectID);
 }
 
-Rows StoredRows::ForeignKeys(std::int32_t objectID) {
+Rows StoredRows::ForeignKeys(ObjectId objectID) {
     return Snapshot(
         "SELECT tValues.FieldName, tForeignKeys.FKObjectID, tForeignKeys.FKValueID "
         "FROM tObjects INNER JOIN "
@@ -79,33 +81,33 @@ Rows StoredRows::ForeignKeys(std::int32_t objectID) {
         objectID);
 }
 
-Rows StoredRows::SingleObject(std::int32_t objectID) {
+Rows StoredRows::SingleObject(ObjectId objectID) {
     return Snapshot(
         "SELECT Name from tObjects where CollectionObjectID = 0 "
         " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
         objectID);
 }
 
-Rows StoredRows::CollectionObject(std::int32_t objectID) {
+Rows StoredRows::CollectionObject(ObjectId objectID) {
     return Snapshot(
         "SELECT Name from tObjects where CollectionObjectID <> 0 "
         " and IsIncluded <> 0 and TableName  is not null and ObjectID =",
         objectID);
 }
 
-Rows StoredRows::TableName(std::int32_t objectID) {
+Rows StoredRows::TableName(ObjectId objectID) {
     return Snapshot("select TableName from tObjects where ObjectID= ", objectID);
 }
 
-Rows StoredRows::FieldName(std::int32_t valueID) {
+Rows StoredRows::FieldName(ValueId valueID) {
     return Snapshot("select FieldName from tValues where ValueID= ", valueID);
 }
 
-Rows StoredRows::Object(std::int32_t objectID) {
+Rows StoredRows::Object(ObjectId objectID) {
     return Dynaset("SELECT * FROM tObjects WHERE ObjectID = ", objectID);
 }
 
-Rows StoredRows::InterfacesLike(std::int32_t objectID, std::string_view name) {
+Rows StoredRows::InterfacesLike(ObjectId objectID, std::string_view name) {
     std::string sSQL =
         "SELECT tInterfaces.InterfaceID "
         "FROM tInterfaces INNER JOIN tObjectInterfaces ON "
@@ -118,7 +120,7 @@ Rows StoredRows::NewInterfaces() { return m_repository.OpenDynaset("select * fro
 
 Rows StoredRows::NewObjectInterfaces() { return m_repository.OpenDynaset("select * from tObjectInterfaces"); }
 
-Rows StoredRows::PlainValues(std::int32_t interfaceID) {
+Rows StoredRows::PlainValues(InterfaceId interfaceID) {
     return m_repository.OpenDynaset(With("select * from tValues where "
                                          "InterfaceID=",
                                          interfaceID) +
@@ -127,44 +129,42 @@ Rows StoredRows::PlainValues(std::int32_t interfaceID) {
                                     "1");
 }
 
-Rows StoredRows::PrimaryKeyRows(std::int32_t objectID) {
+Rows StoredRows::PrimaryKeyRows(ObjectId objectID) {
     return Dynaset("select * from tPrimaryKeys where ObjectID = ", objectID);
 }
 
-void StoredRows::DeletePrimaryKey(std::int32_t objectID) {
+void StoredRows::DeletePrimaryKey(ObjectId objectID) {
     m_repository.Execute(With("delete from tPrimaryKeys where ObjectID = ", objectID));
 }
 
-Rows StoredRows::NamedValue(std::string_view name, std::int32_t interfaceID) {
+Rows StoredRows::NamedValue(std::string_view name, InterfaceId interfaceID) {
     return Dynaset("select * from tValues where Name='" + std::string(name) + "' and InterfaceID=",
                    interfaceID);
 }
 
-Rows StoredRows::Value(std::int32_t valueID) {
-    return Dynaset("select * from tValues where ValueID = ", valueID);
-}
+Rows StoredRows::Value(ValueId valueID) { return Dynaset("select * from tValues where ValueID = ", valueID); }
 
-Rows StoredRows::InterfaceName(std::int32_t interfaceID) {
+Rows StoredRows::InterfaceName(InterfaceId interfaceID) {
     return Snapshot("select Name from tInterfaces where InterfaceID = ", interfaceID);
 }
 
-Rows StoredRows::KeyNumbers(std::int32_t interfaceID) {
+Rows StoredRows::KeyNumbers(InterfaceId interfaceID) {
     return m_repository.OpenSnapshot(
         "SELECT tObjectInterfaces.*, tObjectInterfaces_1.*,  tValues.ValueID, "
         "tValues.VID FROM (tObjectInterfaces INNER JOIN tObjectInterfaces AS tObjectInterfaces_1 ON "
         "tObjectInterfaces.ObjectID = tObjectInterfaces_1.ObjectID) INNER JOIN tValues ON "
         "tObjectInterfaces_1.InterfaceID = tValues.InterfaceID"
         " Where ((" +
-        KeyRange("VID") + ") AND ((tObjectInterfaces.InterfaceID)= " + std::to_string(interfaceID) + "))" +
-        "ORDER BY VID");
+        KeyRange("VID") + ") AND ((tObjectInterfaces.InterfaceID)= " + std::to_string(Number(interfaceID)) +
+        "))" + "ORDER BY VID");
 }
 
-Rows StoredRows::Numbers(std::int32_t interfaceID) {
+Rows StoredRows::Numbers(InterfaceId interfaceID) {
     return Snapshot("select VID from tValues where InterfaceID = ", interfaceID);
 }
 
-Rows StoredRows::ForeignKeyRows(std::int32_t objectID, std::optional<std::int32_t> valueID,
-                                std::optional<std::int32_t> parentID) {
+Rows StoredRows::ForeignKeyRows(ObjectId objectID, std::optional<ValueId> valueID,
+                                std::optional<ObjectId> parentID) {
     std::string sSQL = With("select * from tForeignKeys where ObjectID = ", objectID);
     if (valueID) sSQL += With(" and ValueID = ", *valueID);
     if (parentID) sSQL += With(" and FKObjectID = ", *parentID);
@@ -179,11 +179,11 @@ Rows StoredRows::NumberedForeignKeys() {
         KeyRange("tValues.VID"));
 }
 
-Rows StoredRows::ElementObject(std::int32_t objectID) {
+Rows StoredRows::ElementObject(ObjectId objectID) {
     return Snapshot("select CollectionObjectID from tObjects where ObjectID = ", objectID);
 }
 
-Rows StoredRows::HeldObjects(std::int32_t objectID) {
+Rows StoredRows::HeldObjects(ObjectId objectID) {
     return Snapshot(
         "SELECT tValues.ChildObjectID FROM tObjectInterfaces INNER JOIN tValues ON "
         "tObjectInterfaces.InterfaceID = tValues.InterfaceID "
@@ -191,17 +191,17 @@ Rows StoredRows::HeldObjects(std::int32_t objectID) {
         objectID);
 }
 
-void StoredRows::DeleteForeignKey(std::int32_t objectID, std::int32_t valueID, std::int32_t parentID) {
+void StoredRows::DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) {
     m_repository.Execute(With("delete from tForeignKeys where ValueID = ", valueID) +
                          With(" and ObjectID = ", objectID) + With(" and FKObjectID = ", parentID));
 }
 
-Rows StoredRows::PrimaryKeysOfValue(std::int32_t objectID, std::int32_t valueID) {
+Rows StoredRows::PrimaryKeysOfValue(ObjectId objectID, ValueId valueID) {
     return Snapshot(With("select ValueID from tPrimaryKeys where ValueID = ", valueID) + " and ObjectID = ",
                     objectID);
 }
 
-void StoredRows::DeleteValue(std::int32_t valueID) {
+void StoredRows::DeleteValue(ValueId valueID) {
     m_repository.Execute(With("delete from tValues where ValueID = ", valueID));
 }
 

@@ -13,44 +13,44 @@ class StoredRows final : public DefinitionRows {
 
     /// A storage name with a single quote raises InvalidProcedureCall (5) before anything is sent.
     Rows RootObjects(std::string_view storageName) override;
-    Rows Interfaces(std::int32_t objectID) override;
-    Rows Children(std::int32_t interfaceID) override;
+    Rows Interfaces(ObjectId objectID) override;
+    Rows Children(InterfaceId interfaceID) override;
 
-    Rows ScriptedObject(std::int32_t objectID) override;
-    Rows StoredValues(std::int32_t interfaceID) override;
-    Rows PrimaryKey(std::int32_t objectID) override;
-    Rows ForeignKeys(std::int32_t objectID) override;
-    Rows SingleObject(std::int32_t objectID) override;
-    Rows CollectionObject(std::int32_t objectID) override;
-    Rows TableName(std::int32_t objectID) override;
-    Rows FieldName(std::int32_t valueID) override;
+    Rows ScriptedObject(ObjectId objectID) override;
+    Rows StoredValues(InterfaceId interfaceID) override;
+    Rows PrimaryKey(ObjectId objectID) override;
+    Rows ForeignKeys(ObjectId objectID) override;
+    Rows SingleObject(ObjectId objectID) override;
+    Rows CollectionObject(ObjectId objectID) override;
+    Rows TableName(ObjectId objectID) override;
+    Rows FieldName(ValueId valueID) override;
     const KeyParents& ScriptedParents() const noexcept override { return m_repository.ScriptedParents(); }
 
-    Rows Object(std::int32_t objectID) override;
-    Rows InterfacesLike(std::int32_t objectID, std::string_view name) override;
+    Rows Object(ObjectId objectID) override;
+    Rows InterfacesLike(ObjectId objectID, std::string_view name) override;
     Rows NewInterfaces() override;
     Rows NewObjectInterfaces() override;
-    Rows PlainValues(std::int32_t interfaceID) override;
-    Rows PrimaryKeyRows(std::int32_t objectID) override;
-    void DeletePrimaryKey(std::int32_t objectID) override;
-    Rows NamedValue(std::string_view name, std::int32_t interfaceID) override;
-    Rows Value(std::int32_t valueID) override;
-    Rows InterfaceName(std::int32_t interfaceID) override;
-    Rows KeyNumbers(std::int32_t interfaceID) override;
-    Rows Numbers(std::int32_t interfaceID) override;
-    Rows ForeignKeyRows(std::int32_t objectID, std::optional<std::int32_t> valueID,
-                        std::optional<std::int32_t> parentID) override;
+    Rows PlainValues(InterfaceId interfaceID) override;
+    Rows PrimaryKeyRows(ObjectId objectID) override;
+    void DeletePrimaryKey(ObjectId objectID) override;
+    Rows NamedValue(std::string_view name, InterfaceId interfaceID) override;
+    Rows Value(ValueId valueID) override;
+    Rows InterfaceName(InterfaceId interfaceID) override;
+    Rows KeyNumbers(InterfaceId interfaceID) override;
+    Rows Numbers(InterfaceId interfaceID) override;
+    Rows ForeignKeyRows(ObjectId objectID, std::optional<ValueId> valueID,
+                        std::optional<ObjectId> parentID) override;
 
     Rows NumberedForeignKeys() override;
-    Rows ElementObject(std::int32_t objectID) override;
-    Rows HeldObjects(std::int32_t objectID) override;
-    void DeleteForeignKey(std::int32_t objectID, std::int32_t valueID, std::int32_t parentID) override;
-    Rows PrimaryKeysOfValue(std::int32_t objectID, std::int32_t valueID) override;
-    void DeleteValue(std::int32_t valueID) override;
+    Rows ElementObject(ObjectId objectID) override;
+    Rows HeldObjects(ObjectId objectID) override;
+    void DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) override;
+    Rows PrimaryKeysOfValue(ObjectId objectID, ValueId valueID) override;
+    void DeleteValue(ValueId valueID) override;
 
   private:
-    Rows Snapshot(std::string_view sql, std::int32_t id);
-    Rows Dynaset(std::string_view sql, std::int32_t id);
+    Rows Snapshot(std::string_view sql, RowId auto id);
+    Rows Dynaset(std::string_view sql, RowId auto id);
 
     Repository& m_repository;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "repository/ids.h"
+
 #include <cstdint>
 #include <string>
 
@@ -12,12 +14,13 @@ struct Column {
     bool IsPrimaryKey = false;
     bool IsAutoNumber = false;  ///< filled by the database on insert
     bool IsForeignKey = false;
-    std::int32_t FKObjectID = 0;  ///< object of the referenced table; -1 when the column is no foreign key
-    std::string MaxLength;        ///< declared length of a character column, as numeric text
-    std::int32_t ValueID = 0;     ///< repository value stored in the column; 0 for added columns
-    std::int32_t FKValueID = 0;   ///< referenced key value; -1 when the column is no foreign key
-    std::string TypeSize;         ///< type text of the dialect
-    std::int16_t nPrimaryKeySeq = 0;  ///< position within the primary key
+    repository::ObjectId FKObjectID =
+        {};                 ///< object of the referenced table; -1 when the column is no foreign key
+    std::string MaxLength;  ///< declared length of a character column, as numeric text
+    repository::ValueId ValueID = {};    ///< repository value stored in the column; 0 for added columns
+    repository::ValueId FKValueID = {};  ///< referenced key value; -1 when the column is no foreign key
+    std::string TypeSize;                ///< type text of the dialect
+    std::int16_t nPrimaryKeySeq = 0;     ///< position within the primary key
     std::string DefaultVal;
     bool IsLongFld = false;   ///< became a long text or long binary type
     std::string DefaultText;  ///< on an engine: the default as the engine writes it; "" for Null

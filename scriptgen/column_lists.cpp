@@ -27,12 +27,12 @@ std::vector<std::string> PrimaryKeyColumns(std::span<const Column> columns) {
     return names;
 }
 
-std::vector<std::int32_t> GetForeignKeyTargets(std::span<const Column> columns) {
-    std::vector<std::int32_t> targets;
+std::vector<repository::ObjectId> GetForeignKeyTargets(std::span<const Column> columns) {
+    std::vector<repository::ObjectId> targets;
     std::set<std::string> within;  // what stands within the digits of the targets so far
     for (const Column& column : columns) {
         if (!column.IsForeignKey) continue;
-        const std::string digits = std::to_string(column.FKObjectID);
+        const std::string digits = std::to_string(Number(column.FKObjectID));
         if (within.contains(digits)) continue;
         for (std::size_t begin = 0; begin < digits.size(); ++begin) {
             for (std::size_t length = digits.size() - begin; length > 0; --length)

@@ -18,6 +18,6 @@ std::vector<std::string> PrimaryKeyColumns(std::span<const Column> columns);
 
 /// The objects that the foreign-key columns reference, in column order. An object whose digits occur within
 /// the ones listed before it (2 after 12) counts as listed.
-std::vector<std::int32_t> GetForeignKeyTargets(std::span<const Column> columns);
+std::vector<repository::ObjectId> GetForeignKeyTargets(std::span<const Column> columns);
 
 }  // namespace korvex::scriptgen

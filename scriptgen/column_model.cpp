@@ -21,19 +21,23 @@ using automation::ToInteger;
 using automation::ToLong;
 using automation::ToString;
 using repository::DefinitionRows;
+using repository::InterfaceId;
+using repository::ObjectId;
 using repository::ReadValue;
+using repository::ToId;
+using repository::ValueId;
 
 namespace {
 
 struct PrimaryKeyValue {
-    std::int32_t ValueID = 0;
+    ValueId ValueID = {};
     std::int16_t Seq = 0;
 };
 
 struct ForeignKeyField {
     std::string FieldName;
-    std::int32_t FKObjectID = 0;
-    std::int32_t FKValueID = 0;
+    ObjectId FKObjectID = {};
+    ValueId FKValueID = {};
 };
 
 std::string Trimmed(std::string text) {
@@ -44,14 +48,14 @@ std::string Trimmed(std::string text) {
 using Columns = std::vector<Column>;
 
 void AddColumn(Columns& columns, Column column) {
-    column.FKObjectID = -1;
-    column.FKValueID = -1;
+    column.FKObjectID = ObjectId{-1};
+    column.FKValueID = ValueId{-1};
     columns.push_back(std::move(column));
 }
 
 /// Adds the stored values of one interface; `table` names the table. False when the repository could not be
 /// asked.
-bool AddInterfaceFields(Columns& columns, DefinitionRows& source, std::int32_t lInterfaceID,
+bool AddInterfaceFields(Columns& columns, DefinitionRows& source, InterfaceId lInterfaceID,
                         const std::string& table) {
     const auto rows = source.StoredValues(lInterfaceID);
     if (rows == nullptr) return false;
@@ -64,7 +68,7 @@ bool AddInterfaceFields(Columns& columns, DefinitionRows& source, std::int32_t l
     const auto what = [&] { return repository::DescribeRow("tValues", *rows) + ", " + table; };
     for (; !rows->Eof(); rows->MoveNext()) {
         Column column;
-        column.ValueID = ReadValue(valueID, ToLong, what);
+        column.ValueID = ReadValue(valueID, ToId<ValueId>, what);
         column.FieldName = Trimmed(ReadValue(fieldName, ToString, what));
         column.DataType = ReadValue(dataType, ToLong, what);
         column.IsAutoNumber = ReadValue(isAutoNumber, ToBoolean, what);
@@ -77,21 +81,21 @@ bool AddInterfaceFields(Columns& columns, DefinitionRows& source, std::int32_t l
     return true;
 }
 
-std::vector<PrimaryKeyValue> GetPrimaryKeyValues(DefinitionRows& source, std::int32_t lObjectID,
+std::vector<PrimaryKeyValue> GetPrimaryKeyValues(DefinitionRows& source, ObjectId lObjectID,
                                                  const std::string& table) {
     std::vector<PrimaryKeyValue> values;
     const auto rows = source.PrimaryKey(lObjectID);
     if (rows == nullptr) return values;
     const std::string what = "the primary key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
-        values.push_back({.ValueID = ReadValue(rows->Fields("ValueID"), ToLong, what),
+        values.push_back({.ValueID = ReadValue(rows->Fields("ValueID"), ToId<ValueId>, what),
                           .Seq = ReadValue(rows->Fields("Seq"), ToInteger, what)});
     }
     rows->Close();
     return values;
 }
 
-std::vector<ForeignKeyField> GetForeignKeyFields(DefinitionRows& source, std::int32_t lObjectID,
+std::vector<ForeignKeyField> GetForeignKeyFields(DefinitionRows& source, ObjectId lObjectID,
                                                  const std::string& table) {
     std::vector<ForeignKeyField> fields;
     const auto rows = source.ForeignKeys(lObjectID);
@@ -99,8 +103,8 @@ std::vector<ForeignKeyField> GetForeignKeyFields(DefinitionRows& source, std::in
     const std::string what = "a foreign key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
         fields.push_back({.FieldName = ReadValue(rows->Fields("FieldName"), ToString, what),
-                          .FKObjectID = ReadValue(rows->Fields("FKObjectID"), ToLong, what),
-                          .FKValueID = ReadValue(rows->Fields("FKValueID"), ToLong, what)});
+                          .FKObjectID = ReadValue(rows->Fields("FKObjectID"), ToId<ObjectId>, what),
+                          .FKValueID = ReadValue(rows->Fields("FKValueID"), ToId<ValueId>, what)});
     }
     rows->Close();
     return fields;
@@ -147,10 +151,10 @@ void AddStateFields(Columns& columns, DefinitionRows::Rows object, std::string_v
 
 }  // namespace
 
-std::vector<Column> BuildTableFields(DefinitionRows& rows, std::int32_t lObjectID, std::string_view table) {
+std::vector<Column> BuildTableFields(DefinitionRows& rows, ObjectId lObjectID, std::string_view table) {
     const std::string what = "table " + std::string(table);
     Columns columns;
-    for (const std::int32_t lInterfaceID : repository::GetObjectInterfaces(rows, lObjectID)) {
+    for (const InterfaceId lInterfaceID : repository::GetObjectInterfaces(rows, lObjectID)) {
         if (!AddInterfaceFields(columns, rows, lInterfaceID, what)) return columns;
     }
     MarkPrimaryKey(columns, GetPrimaryKeyValues(rows, lObjectID, what));

@@ -11,7 +11,7 @@ namespace korvex::scriptgen {
 
 /// The columns of an object's table, which is named `table`: the stored values in the repository's order,
 /// then the state columns of its kind; keys marked, TypeSize empty.
-std::vector<Column> BuildTableFields(repository::DefinitionRows& rows, std::int32_t lObjectID,
+std::vector<Column> BuildTableFields(repository::DefinitionRows& rows, repository::ObjectId lObjectID,
                                      std::string_view table);
 
 }  // namespace korvex::scriptgen

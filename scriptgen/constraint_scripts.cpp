@@ -12,7 +12,7 @@ void AddForeignKeyScripts(RunState& run, std::string_view table, std::string_vie
 
     // Never emptied: each constraint is written with all those before it.
     std::string constraints;
-    for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields)) {
+    for (const repository::ObjectId target : GetForeignKeyTargets(run.m_colFields)) {
         const std::string referencedTable = names.GetObjectTableName(target);
         JoinedText foreignKey(", ");
         JoinedText referenced(", ");

@@ -12,8 +12,8 @@ namespace korvex::scriptgen {
 class ReferencedNames {
   public:
     virtual ~ReferencedNames() = default;
-    virtual std::string GetObjectTableName(std::int32_t lObjectID) = 0;
-    virtual std::string GetFieldName(std::int32_t lValueID) = 0;
+    virtual std::string GetObjectTableName(repository::ObjectId lObjectID) = 0;
+    virtual std::string GetFieldName(repository::ValueId lValueID) = 0;
 };
 
 /// Appends one constraint per object that the table in hand references to the create-foreign-key script, and

@@ -15,7 +15,7 @@ constexpr std::array Published = {ScriptType::SqlServer, ScriptType::Sybase, Scr
 
 /// `describe` gives the table as the dialect has it, `type` the type of one of its columns.
 template <class Describe, class Type>
-ColumnsInDialect Columns(const DescribedTable& table, Describe describe, Type type) {
+ColumnsInDialect Described(const DescribedTable& table, Describe describe, Type type) {
     ColumnsInDialect result;
     try {
         const DescribedTable described = describe(std::span(&table, 1)).front();
@@ -38,15 +38,16 @@ std::span<const std::string_view> DialectTitles() noexcept {
 
 std::vector<ColumnsInDialect> DescribeInDialects(const DescribedTable& table) {
     std::vector<ColumnsInDialect> all;
+    all.reserve(DialectTitles().size());
     for (const ScriptType type : Published) {
-        all.push_back(Columns(
+        all.push_back(Described(
             table, [type](std::span<const DescribedTable> tables) { return PublishedTables(type, tables); },
             [type](const DescribedTable&, const Column& column) {
                 return FindDialect(type)->ColumnType(column);
             }));
     }
     for (const EngineDialect* engine : AllEngineDialects()) {
-        all.push_back(Columns(
+        all.push_back(Described(
             table, [engine](std::span<const DescribedTable> tables) { return engine->Tables(tables); },
             [engine](const DescribedTable& described, const Column& column) {
                 return engine->ColumnType(described, column);

@@ -69,7 +69,7 @@ bool CanBeKept(const ForeignKey& key, std::span<const DescribedTable> tables) {
 
 /// The tables with those that refer to others before these.
 std::vector<const DescribedTable*> ReferringFirst(std::span<const DescribedTable> tables) {
-    std::unordered_map<std::int32_t, std::size_t> positions;
+    std::unordered_map<repository::ObjectId, std::size_t> positions;
     for (std::size_t i = 0; i < tables.size(); ++i)
         positions.emplace(tables[i].ObjectID, i);
     std::vector<std::size_t> references(tables.size());  // to the table, from those that are not placed yet
@@ -299,8 +299,9 @@ std::vector<DescribedTable> EngineDialect::Resolve(std::span<const DescribedTabl
             table.Indexes.push_back({ColumnThingName("IX_", table.Name, key.FieldName), {key.FieldName}});
             if (CanBeKept(key, tables)) continue;
             notes.push_back(Place(table, key.FieldName) + " refers to " +
-                            (key.Table.empty() ? "the object with ObjectID " + std::to_string(key.FKObjectID)
-                                               : key.Table) +
+                            (key.Table.empty()
+                                 ? "the object with ObjectID " + std::to_string(Number(key.FKObjectID))
+                                 : key.Table) +
                             (key.IsInRun ? ", but not to its key" : ", which is none of these tables") +
                             ": it gets an index, but no constraint.");
             key.IsInRun = false;

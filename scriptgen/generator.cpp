@@ -19,10 +19,10 @@ class RowNames final : public ReferencedNames {
   public:
     explicit RowNames(DefinitionRows& rows) : m_rows(rows) {}
 
-    std::string GetObjectTableName(std::int32_t lObjectID) override {
+    std::string GetObjectTableName(repository::ObjectId lObjectID) override {
         return repository::GetObjectTableName(m_rows, lObjectID);
     }
-    std::string GetFieldName(std::int32_t lValueID) override {
+    std::string GetFieldName(repository::ValueId lValueID) override {
         return repository::GetFieldName(m_rows, lValueID);
     }
 
@@ -37,7 +37,7 @@ class TableScripts final : public TableVisitor {
         : TableVisitor(rows), m_run(run), m_dialect(dialect), m_names(rows) {}
 
   private:
-    bool EnterTable(std::int32_t lObjectID, const std::string& table) override;
+    bool EnterTable(repository::ObjectId lObjectID, const std::string& table) override;
 
     RunState& m_run;
     const Dialect& m_dialect;
@@ -46,7 +46,7 @@ class TableScripts final : public TableVisitor {
 };
 
 /// The scripts of a table, in the order in which the script files need them.
-bool TableScripts::EnterTable(std::int32_t lObjectID, const std::string& table) {
+bool TableScripts::EnterTable(repository::ObjectId lObjectID, const std::string& table) {
     m_run.m_lCurrentObjectID = lObjectID;
     m_run.m_sCurrentTable = table;
     m_run.m_colFields = BuildTableFields(m_rows, lObjectID, table);
@@ -77,7 +77,7 @@ void GenerateForStorage(RunState& run, DefinitionRows& rows, std::string_view st
     MakeRoom(run, rows.ScriptedParents().size() + 1);  // all tables but a root's refer to a parent's
     if (const Dialect* dialect = FindDialect(run.m_nScriptType))
         TableScripts(run, rows, *dialect).WalkStorage(storageName);
-    run.m_lCurrentObjectID = -1;
+    run.m_lCurrentObjectID = repository::ObjectId{-1};
     run.m_sCurrentTable.clear();
     run.m_colFields.clear();
 }

@@ -18,7 +18,7 @@ void Procedures::Add(RunState& run) const {
     AddStatement(run, ProcedureName(run.m_sCurrentTable, "AR"), nullptr, "SELECT * ", "", false);
     AddStatement(run, ProcedureName(run.m_sCurrentTable, "AD"), nullptr, "DELETE ", "", true);
     AddByPrimaryKey(run);
-    for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields))
+    for (const repository::ObjectId target : GetForeignKeyTargets(run.m_colFields))
         AddByForeignKey(run, target);
     AddInsert(run);
     AddUpdate(run);
@@ -58,7 +58,7 @@ void Procedures::AddByPrimaryKey(RunState& run) const {
 }
 
 /// The group of the columns that reference one object; its procedures are named after the first of them.
-void Procedures::AddByForeignKey(RunState& run, std::int32_t target) const {
+void Procedures::AddByForeignKey(RunState& run, repository::ObjectId target) const {
     RowChoice rows(", \r\n");
     std::string base;
     for (const Column& column : run.m_colFields) {

@@ -50,7 +50,7 @@ class Procedures {
     void Pick(RowChoice& rows, std::string_view table, const Column& column) const;
     void AddReadAndDelete(RunState& run, std::string_view base, const RowChoice& rows) const;
     void AddByPrimaryKey(RunState& run) const;
-    void AddByForeignKey(RunState& run, std::int32_t target) const;
+    void AddByForeignKey(RunState& run, repository::ObjectId target) const;
     void AddInsert(RunState& run) const;
     void AddUpdate(RunState& run) const;
 };

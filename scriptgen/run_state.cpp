@@ -8,7 +8,7 @@ void ResetRun(RunState& run) {
     for (const ScriptKind kind :
          {ScriptKind::Create, ScriptKind::Drop, ScriptKind::Procedures, ScriptKind::DropForeignKeys})
         run.Text(kind).clear();
-    run.m_lCurrentObjectID = -1;
+    run.m_lCurrentObjectID = repository::ObjectId{-1};
     run.m_sCurrentTable.clear();
 }
 

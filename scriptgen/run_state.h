@@ -33,7 +33,7 @@ struct RunState {
     bool m_bLongWarning = false;     ///< a table has more than one long column (Oracle)
 
     // The table in hand.
-    std::int32_t m_lCurrentObjectID = -1;
+    repository::ObjectId m_lCurrentObjectID{-1};
     std::string m_sCurrentTable;
     std::vector<Column> m_colFields;
 };

@@ -26,17 +26,17 @@ class Describer final : public TableVisitor {
     }
 
   private:
-    bool EnterTable(std::int32_t lObjectID, const std::string& table) override;
+    bool EnterTable(repository::ObjectId lObjectID, const std::string& table) override;
     void Leave() override { m_ancestors.pop_back(); }
     void AddForeignKeys(DescribedTable& table);
 
     std::vector<DescribedTable> m_tables;
-    std::unordered_map<std::int32_t, std::size_t> m_positions;  ///< of the tables, by ObjectID
-    std::vector<std::int32_t> m_ancestors;
+    std::unordered_map<repository::ObjectId, std::size_t> m_positions;  ///< of the tables, by ObjectID
+    std::vector<repository::ObjectId> m_ancestors;
 };
 
 /// What is beneath an object is the same along every way to it.
-bool Describer::EnterTable(std::int32_t lObjectID, const std::string& table) {
+bool Describer::EnterTable(repository::ObjectId lObjectID, const std::string& table) {
     const auto [position, isNew] = m_positions.try_emplace(lObjectID, m_tables.size());
     if (isNew) {
         DescribedTable& described = m_tables.emplace_back();
@@ -45,7 +45,7 @@ bool Describer::EnterTable(std::int32_t lObjectID, const std::string& table) {
         described.Columns = BuildTableFields(m_rows, lObjectID, table);
         described.PrimaryKey = PrimaryKeyColumns(described.Columns);
     }
-    std::vector<std::int32_t>& parents = m_tables[position->second].Parents;
+    std::vector<repository::ObjectId>& parents = m_tables[position->second].Parents;
     if (!m_ancestors.empty() && std::ranges::find(parents, m_ancestors.back()) == parents.end())
         parents.push_back(m_ancestors.back());
     if (isNew) m_ancestors.push_back(lObjectID);

@@ -15,7 +15,7 @@ namespace korvex::scriptgen {
 /// A column that refers to a column of another table.
 struct ForeignKey {
     std::string FieldName;
-    std::int32_t FKObjectID = 0;
+    repository::ObjectId FKObjectID = {};
     std::string Table;      ///< of the object referred to; "" when it has none
     std::string KeyField;   ///< the column referred to; "" when it is none of a described table
     bool IsInRun = false;   ///< the table referred to is among those described
@@ -36,7 +36,7 @@ struct TableDependent {
 /// Where an object stands: the object that holds it (0 for a root) and the value that it is held by: its
 /// name (the storage name for a root, "" for an element of a collection), number and interface, as in Column.
 struct TablePlace {
-    std::int32_t ParentID = 0;
+    repository::ObjectId ParentID = {};
     std::string Value;
     std::string Interface = {};
     std::int32_t VID = 0;
@@ -44,13 +44,13 @@ struct TablePlace {
 };
 
 struct DescribedTable {
-    std::int32_t ObjectID = 0;  ///< the object whose records the table holds
+    repository::ObjectId ObjectID = {};  ///< the object whose records the table holds
     std::string Name;
     std::vector<Column> Columns;  ///< as the published scripts have them; TypeSize is for the engine's
     std::vector<std::string> PrimaryKey;  ///< its columns in key order
     std::vector<ForeignKey> ForeignKeys;  ///< in column order
     /// The objects that hold this one, in the order of the walk, each once; none for a root.
-    std::vector<std::int32_t> Parents;
+    std::vector<repository::ObjectId> Parents;
     std::vector<TableIndex> Indexes;    ///< on an engine: but for that of the primary key
     std::vector<std::string> Triggers;  ///< on an engine: their names
     std::vector<TableDependent> Dependents;

@@ -23,12 +23,12 @@ void AppendPrimaryKey(std::string& text, const RunState& run, std::string_view k
 
 void AppendForeignKeyIndexes(std::string& text, const RunState& run, std::string_view owner,
                              std::string_view terminator) {
-    std::map<std::int32_t, JoinedText> names;
+    std::map<repository::ObjectId, JoinedText> names;
     for (const Column& column : run.m_colFields)
         names.try_emplace(column.FKObjectID, ", ").first->second.Add(column.FieldName);
     const std::string& table = run.m_sCurrentTable;
     std::int16_t number = 0;
-    for (const std::int32_t target : GetForeignKeyTargets(run.m_colFields)) {
+    for (const repository::ObjectId target : GetForeignKeyTargets(run.m_colFields)) {
         number = automation::ToInteger(number + 1);
         Append(text, "\r\n");
         Append(text, "CREATE INDEX ", IndexName(table, number), " ON ", owner, table, "(",

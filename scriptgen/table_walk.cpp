@@ -9,18 +9,18 @@ namespace korvex::scriptgen {
 using repository::ReadValue;
 
 void TableVisitor::WalkStorage(std::string_view storageName) {
-    for (const std::int32_t root : repository::GetRootObjects(m_rows, storageName))
+    for (const repository::ObjectId root : repository::GetRootObjects(m_rows, storageName))
         repository::WalkObjects(m_rows, root, *this);
 }
 
 /// Nothing for an object that takes no part in the scripts.
-std::optional<std::int32_t> TableVisitor::Enter(std::int32_t lObjectID) {
+std::optional<repository::ObjectId> TableVisitor::Enter(repository::ObjectId lObjectID) {
     const auto object = m_rows.ScriptedObject(lObjectID);
     if (object == nullptr || object->Eof()) return std::nullopt;
 
-    const std::string what = "the tObjects row with ObjectID = " + std::to_string(lObjectID);
-    const std::int32_t lCollectionObjectID =
-        ReadValue(object->Fields("CollectionObjectID"), automation::ToLong, what);
+    const std::string what = "the tObjects row with ObjectID = " + std::to_string(Number(lObjectID));
+    const repository::ObjectId lCollectionObjectID =
+        ReadValue(object->Fields("CollectionObjectID"), repository::ToId<repository::ObjectId>, what);
     const std::string table = ReadValue(object->Fields("TableName"), automation::ToString, what);
     object->Close();
 

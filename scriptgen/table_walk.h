@@ -21,12 +21,12 @@ class TableVisitor : public repository::ObjectVisitor {
 
   protected:
     /// The table of an object that takes part in the scripts. False to leave out everything beneath it.
-    virtual bool EnterTable(std::int32_t lObjectID, const std::string& table) = 0;
+    virtual bool EnterTable(repository::ObjectId lObjectID, const std::string& table) = 0;
 
     repository::DefinitionRows& m_rows;
 
   private:
-    std::optional<std::int32_t> Enter(std::int32_t lObjectID) final;
+    std::optional<repository::ObjectId> Enter(repository::ObjectId lObjectID) final;
 };
 
 }  // namespace korvex::scriptgen

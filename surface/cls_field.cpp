@@ -53,9 +53,10 @@ clsField::clsField() : m_column(std::make_unique<scriptgen::Column>()) {}
 
 clsField::~clsField() = default;
 
-#define KORVEX_ACCESSORS(type, name)                 \
-    type clsField::name() { return m_column->name; } \
-    void clsField::name(NewValue<type> value) { m_column->name = value; }
+/// Identifiers are numbers to hosts.
+#define KORVEX_ACCESSORS(type, name)                       \
+    type clsField::name() { return type(m_column->name); } \
+    void clsField::name(NewValue<type> value) { m_column->name = decltype(m_column->name)(value); }
 
 KORVEX_PROPERTIES(KORVEX_ACCESSORS)
 

@@ -43,11 +43,11 @@ std::optional<std::string> Beginning(const std::string& file) {
 }
 
 /// Puts a model into an empty database; the ValueIDs of the values that it numbers itself.
-std::unordered_set<std::int32_t> Fill(dao::Database& database, const std::string& file) {
+std::unordered_set<repository::ValueId> Fill(dao::Database& database, const std::string& file) {
     const Model model = ReadModel(file);
     repository::CreateSchema(database);
     const StoredModel imported = ImportModel(model, database);
-    std::unordered_set<std::int32_t> numbered;
+    std::unordered_set<repository::ValueId> numbered;
     for (std::size_t i = 0; i < model.interfaces.size(); ++i) {
         const std::vector<ModelValue>& values = model.interfaces[i].values;
         for (std::size_t j = 0; j < values.size(); ++j)
@@ -102,7 +102,7 @@ Source OpenSource(const Platform& platform, const std::string& place) {
         return {std::move(repository), std::nullopt};
     }
     repository = repository.NewPrivate();
-    std::unordered_set<std::int32_t> numbered = Fill(repository.Open(), place);
+    std::unordered_set<repository::ValueId> numbered = Fill(repository.Open(), place);
     return {std::move(repository), std::move(numbered)};
 }
 

@@ -30,7 +30,7 @@ SourceKind KindOfSource(std::string_view place);
 struct Source {
     repository::Repository repository;
     /// ValueIDs of the values to which a model itself gives a number; nothing for a repository.
-    std::optional<std::unordered_set<std::int32_t>> numbered;
+    std::optional<std::unordered_set<repository::ValueId>> numbered;
 };
 
 /// Opens any kind of source. A model becomes a repository that nobody else sees, gone when it is closed; its

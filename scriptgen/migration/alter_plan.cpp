@@ -153,7 +153,8 @@ class AlterPlanner {
         if (plan.before == nullptr || (plan.now == nullptr && !MakesRoom(plan))) return;
         if (!StayTriggers(plan)) {
             for (const std::string& trigger : plan.before->Triggers)
-                if (plan.before->ObjectID != 0 || m_text.IsTriggerOf(*plan.before, trigger))
+                if (plan.before->ObjectID != repository::NoObject ||
+                    m_text.IsTriggerOf(*plan.before, trigger))
                     m_text.DropTrigger(m_steps, *plan.before, trigger);
         }
         for (const TableIndex& index : plan.before->Indexes)
@@ -166,7 +167,7 @@ class AlterPlanner {
         if (std::ranges::any_of(plan.now->Indexes,
                                 [&](const TableIndex& now) { return StaysIndex(plan, index, now); }))
             return false;
-        if (plan.before->ObjectID != 0) return true;
+        if (plan.before->ObjectID != repository::NoObject) return true;
         std::vector<std::string> columns;
         for (const std::string& name : index.Columns) {
             const ColumnPlan* column = ColumnBefore(plan, name);

@@ -104,7 +104,7 @@ Comparison::Comparison(std::span<const DescribedTable> before, std::span<const D
                        const EngineTraits& traits, const DiffOptions& options)
     : m_traits(traits) {
     for (const TablePair& pair : MatchTables(before, now, options.renames, traits.foldsTableNames)) {
-        if (pair.now == nullptr && (pair.before->ObjectID == 0 ||
+        if (pair.now == nullptr && (pair.before->ObjectID == repository::NoObject ||
                                     options.kept.contains(automation::ToUpperAscii(pair.before->Name))))
             continue;
         m_tables.push_back(PlanOf(pair));

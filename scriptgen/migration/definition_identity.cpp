@@ -19,7 +19,7 @@ struct Numbering {
 
 class Identifier {
   public:
-    Identifier(const Catalog& catalog, const std::unordered_set<std::int32_t>* numbered)
+    Identifier(const Catalog& catalog, const std::unordered_set<repository::ValueId>* numbered)
         : m_catalog(catalog), m_numbered(numbered) {
         for (const repository::InterfaceRow& row : catalog.Interfaces()) {
             Numbering& numbering = m_numberings[row.InterfaceID];
@@ -30,7 +30,7 @@ class Identifier {
             }
         }
         for (const repository::DataDefRow& definition : catalog.DataDefs())
-            m_places[definition.RootObjectID].push_back({0, definition.Storage});
+            m_places[definition.RootObjectID].push_back({repository::NoObject, definition.Storage});
         for (const repository::ObjectRow& object : catalog.Objects())
             AddPlaces(object);
     }
@@ -61,11 +61,11 @@ class Identifier {
     }
     bool IsGiven(std::int32_t number) const { return m_numbered != nullptr && number != 0; }
     void AddPlaces(const repository::ObjectRow& object) {
-        if (object.CollectionObjectID > 0)
+        if (IsRow(object.CollectionObjectID))
             m_places[object.CollectionObjectID].push_back({object.ObjectID, ""});
         for (const repository::ValueRow* value : m_catalog.ValuesOf(object.ObjectID)) {
             const repository::InterfaceRow* interface_ = m_catalog.FindInterface(value->InterfaceID);
-            if (value->ChildObjectID <= 0 || interface_ == nullptr) continue;
+            if (!IsRow(value->ChildObjectID) || interface_ == nullptr) continue;
             const std::int32_t number = NumberOf(*value);
             m_places[value->ChildObjectID].push_back(
                 {object.ObjectID, value->Name, interface_->Name, number, IsGiven(number)});
@@ -73,16 +73,16 @@ class Identifier {
     }
 
     const Catalog& m_catalog;
-    const std::unordered_set<std::int32_t>* m_numbered;
-    std::unordered_map<std::int32_t, Numbering> m_numberings;            ///< by InterfaceID
-    std::unordered_map<std::int32_t, std::vector<TablePlace>> m_places;  ///< by ObjectID
+    const std::unordered_set<repository::ValueId>* m_numbered;
+    std::unordered_map<repository::InterfaceId, Numbering> m_numberings;         ///< by InterfaceID
+    std::unordered_map<repository::ObjectId, std::vector<TablePlace>> m_places;  ///< by ObjectID
 };
 
 }  // namespace
 
 std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
                                                std::string_view storageName, std::string_view sFKPrefix,
-                                               const std::unordered_set<std::int32_t>* numbered) {
+                                               const std::unordered_set<repository::ValueId>* numbered) {
     std::vector<DescribedTable> tables = DescribeDefinition(catalog, storageName, sFKPrefix);
     const Identifier identifier(catalog, numbered);
     for (DescribedTable& table : tables)
@@ -91,7 +91,8 @@ std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalo
 }
 
 DefinitionState DescribeState(const Catalog& catalog, const std::string& storageName,
-                              std::string_view sFKPrefix, const std::unordered_set<std::int32_t>* numbered) {
+                              std::string_view sFKPrefix,
+                              const std::unordered_set<repository::ValueId>* numbered) {
     DefinitionState state{DescribeIdentified(catalog, storageName, sFKPrefix, numbered), {}};
     std::set<std::string> storages = {storageName};
     for (const repository::DataDefRow& definition : catalog.DataDefs()) {

@@ -15,9 +15,9 @@ namespace korvex::scriptgen {
 /// The tables of a definition (DescribeDefinition) with what tells its objects and values from others, for a
 /// comparison with the same definition at another time. `numbered`: ValueIDs of the values that have a number
 /// of their own, where that is known; the numbers of others are no identity then.
-std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
-                                               std::string_view storageName, std::string_view sFKPrefix,
-                                               const std::unordered_set<std::int32_t>* numbered = nullptr);
+std::vector<DescribedTable> DescribeIdentified(
+    const repository::Catalog& catalog, std::string_view storageName, std::string_view sFKPrefix,
+    const std::unordered_set<repository::ValueId>* numbered = nullptr);
 
 /// A definition as one source has it.
 struct DefinitionState {
@@ -26,6 +26,6 @@ struct DefinitionState {
 };
 DefinitionState DescribeState(const repository::Catalog& catalog, const std::string& storageName,
                               std::string_view sFKPrefix,
-                              const std::unordered_set<std::int32_t>* numbered = nullptr);
+                              const std::unordered_set<repository::ValueId>* numbered = nullptr);
 
 }  // namespace korvex::scriptgen

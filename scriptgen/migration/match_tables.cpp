@@ -35,7 +35,7 @@ class TableIdentity {
         : m_tables(tables), m_namesOnly(namesOnly), m_folds(folds) {
         for (std::size_t i = 0; i < tables.size(); ++i) {
             m_byName.emplace(Folded(tables[i].Name), i);
-            if (tables[i].ObjectID != 0) m_byID.emplace(tables[i].ObjectID, i);
+            if (tables[i].ObjectID != repository::NoObject) m_byID.emplace(tables[i].ObjectID, i);
             m_result.objects.push_back(
                 {.name = namesOnly ? Folded(tables[i].Name) : ToUpperAscii(tables[i].ObjectName),
                  .guid = namesOnly ? "" : ToUpperAscii(tables[i].Guid)});
@@ -62,7 +62,7 @@ class TableIdentity {
     std::optional<std::size_t> TargetOf(const DescribedTable& table, const Column& column) const {
         const ForeignKey* key = FindForeignKey(table, column.FieldName);
         if (key == nullptr) return std::nullopt;
-        if (key->FKObjectID != 0) {
+        if (key->FKObjectID != repository::NoObject) {
             const auto found = m_byID.find(key->FKObjectID);
             return found == m_byID.end() ? std::nullopt : std::optional(found->second);
         }
@@ -91,7 +91,8 @@ class TableIdentity {
     }
 
     void AddPlace(std::size_t table, const TablePlace& place) {
-        if (place.ParentID == 0) m_result.roots.emplace_back(ToUpperAscii(place.Value), table);
+        if (place.ParentID == repository::NoObject)
+            m_result.roots.emplace_back(ToUpperAscii(place.Value), table);
         const auto parent = m_byID.find(place.ParentID);
         if (parent == m_byID.end()) return;
         if (place.Value.empty())
@@ -123,7 +124,7 @@ class TableIdentity {
     Tables m_tables;
     bool m_namesOnly, m_folds;
     std::unordered_map<std::string, std::size_t> m_byName;
-    std::unordered_map<std::int32_t, std::size_t> m_byID;
+    std::unordered_map<repository::ObjectId, std::size_t> m_byID;
     std::unordered_map<const Column*, std::size_t> m_positions;
     std::vector<const Column*> m_columns;
     DefinitionIdentity m_result;
@@ -148,7 +149,8 @@ class Matcher {
   public:
     Matcher(Tables before, Tables now, std::span<const NamedRename> renames, bool folds)
         : m_namesOnly(!before.empty() &&
-                      std::ranges::all_of(before, [](const auto& table) { return table.ObjectID == 0; })),
+                      std::ranges::all_of(
+                          before, [](const auto& table) { return table.ObjectID == repository::NoObject; })),
           m_before(before, m_namesOnly, folds),
           m_now(now, m_namesOnly, folds) {
         m_match.objects.resize(now.size());

@@ -23,7 +23,7 @@ std::set<std::string> ProcedureNames(const DescribedTable& table) {
         add(table.Name, {"R", "D"});
         if (!std::ranges::all_of(table.Columns, &Column::IsPrimaryKey)) add(table.Name, {"U"});
     }
-    for (const std::int32_t target : GetForeignKeyTargets(table.Columns)) {
+    for (const repository::ObjectId target : GetForeignKeyTargets(table.Columns)) {
         const auto first = std::ranges::find(table.Columns, target, &Column::FKObjectID);
         add(GroupBase(table.Name, first->FieldName), {"R", "D"});
     }

@@ -36,7 +36,7 @@ void Publish(ScriptType type, DescribedTable& table) {
         if (type == ScriptType::Oracle && column.IsAutoNumber && table.Triggers.empty())
             table.Triggers.push_back(TriggerName(table.Name));
     }
-    const std::vector<std::int32_t> targets = GetForeignKeyTargets(table.Columns);
+    const std::vector<repository::ObjectId> targets = GetForeignKeyTargets(table.Columns);
     for (std::size_t i = 0; i < targets.size(); ++i) {
         TableIndex& index = table.Indexes.emplace_back();
         index.Name = IndexName(table.Name, static_cast<int>(i) + 1);

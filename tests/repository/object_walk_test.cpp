@@ -12,22 +12,22 @@ namespace {
 /// Notes the walk as nested text: "1(2 3(4))".
 class NotingVisitor : public ObjectVisitor {
   public:
-    std::optional<std::int32_t> Enter(std::int32_t lObjectID) override {
-        notes += "(" + std::to_string(lObjectID);
+    std::optional<ObjectId> Enter(ObjectId lObjectID) override {
+        notes += "(" + std::to_string(Number(lObjectID));
         ++met;
         if (lObjectID == leftOut) {
             notes += "!)";
             return std::nullopt;
         }
-        return lObjectID == collection ? element : 0;
+        return lObjectID == collection ? element : NoObject;
     }
     void Leave() override { notes += ")"; }
 
     std::string notes;
     int met = 0;
-    std::int32_t leftOut = 0;
-    std::int32_t collection = 0;
-    std::int32_t element = 0;
+    ObjectId leftOut{};
+    ObjectId collection{};
+    ObjectId element{};
 };
 
 class ObjectWalkTest : public RepositoryFileTest {
@@ -36,7 +36,7 @@ class ObjectWalkTest : public RepositoryFileTest {
         Repository repository(platform);
         repository.OpenRepository(Connection());
         StoredRows rows(repository);
-        WalkObjects(rows, 1, visitor);
+        WalkObjects(rows, ObjectId{1}, visitor);
     }
 };
 
@@ -53,9 +53,9 @@ TEST_P(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
         .Child(4, "Left out", 5)
         .Child(5, "Address", 3);
     NotingVisitor visitor;
-    visitor.collection = 2;
-    visitor.element = 4;
-    visitor.leftOut = 5;
+    visitor.collection = ObjectId{2};
+    visitor.element = ObjectId{4};
+    visitor.leftOut = ObjectId{5};
     Walk(visitor);
     EXPECT_EQ(visitor.notes, "(1(3)(2(4(5!))(3)))");
 }

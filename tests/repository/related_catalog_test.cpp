@@ -84,14 +84,14 @@ class RelatedCatalogTest : public RepositoryFileTest {
 
     void ExpectEqual(const RelatedCatalog& related, const Catalog& stored) {
         for (const ObjectRow& object : stored.Objects()) {
-            const std::int32_t id = object.ObjectID;
+            const ObjectId id = object.ObjectID;
             EXPECT_EQ(*related.FindObject(id), object);
             EXPECT_EQ(related.InterfacesOf(id), stored.InterfacesOf(id));
-            for (const std::int32_t interface : stored.InterfacesOf(id))
+            for (const InterfaceId interface : stored.InterfacesOf(id))
                 EXPECT_EQ(related.FindInterface(interface)->Name, stored.FindInterface(interface)->Name);
             EXPECT_TRUE(std::ranges::equal(related.ValuesOf(id), stored.ValuesOf(id),
                                            [](const ValueRow* a, const ValueRow* b) { return *a == *b; }))
-                << "values of " << id;
+                << "values of " << object.Name;
             EXPECT_EQ(Sorted(related.PrimaryKeysOf(id)), Sorted(stored.PrimaryKeysOf(id)));
             EXPECT_EQ(Sorted(related.ForeignKeysOf(id)), Sorted(stored.ForeignKeysOf(id)));
         }
@@ -142,7 +142,7 @@ TEST_P(RelatedCatalogTest, WaysWithoutEndOrNumberAreToldAtOnce) {
         repository.Child(levels + 1, "c", levels + 2).Child(levels + 2, "c", levels + 1);
     }
     const Catalog catalog = Catalog::Read(*platform.repositoryEngine->OpenDatabase(path));
-    EXPECT_EQ(CountWays(catalog, "Wide").at(levels), std::int64_t{1} << (levels - 1));
+    EXPECT_EQ(CountWays(catalog, "Wide").at(ObjectId{levels}), std::int64_t{1} << (levels - 1));
     const auto errorOf = [&](const char* storage) {
         return tests::ErrorOf([&] { RelatedCatalog(catalog).Relate(storage, "FK_"); }).Text();
     };

@@ -130,19 +130,19 @@ TEST_P(RepositoryTest, NothingOpenIsAFailedQueryToReadersAndAnErrorToTheOthers) 
               (std::vector<std::string>{"message 0 <> <Object variable or With block variable not set>"}));
     EXPECT_EQ(OutcomeOf([&] { repository.Execute("delete from tObjects"); }), "error 91");
     EXPECT_EQ(OutcomeOf([&] { repository.Close(); }), "error 91");
-    EXPECT_EQ(OutcomeOf([&] { repository.IsObjectIncluded(1); }), "error 91");
+    EXPECT_EQ(OutcomeOf([&] { repository.IsObjectIncluded(ObjectId{1}); }), "error 91");
 }
 
 TEST_P(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     NewRepository().Object(1, "A");
     Open();
     EXPECT_EQ(OutcomeOf([&] { repository.OpenRepository(folder.Path("missing.db")); }), "error 3024");
-    EXPECT_EQ(GetObjectInterfaces(rows, 1), std::vector<std::int32_t>{1});
+    EXPECT_EQ(GetObjectInterfaces(rows, ObjectId{1}), std::vector{InterfaceId{1}});
 
     const std::string other = places.New("other.db");
     tests::DefinitionRepository(platform, other);
     repository.OpenRepository(other);
-    EXPECT_EQ(GetObjectInterfaces(rows, 1), std::vector<std::int32_t>{});
+    EXPECT_EQ(GetObjectInterfaces(rows, ObjectId{1}), std::vector<InterfaceId>{});
     repository.Close();
     EXPECT_FALSE(repository.IsOpen());
 }
@@ -153,12 +153,13 @@ TEST_P(RepositoryTest, InclusionReadsNullAndAMissingRowAsFalse) {
     Open();
     const std::vector<bool> expected = {false, true, true, false, false};
     for (std::int32_t objectID = 1; objectID <= 5; ++objectID) {
-        EXPECT_EQ(repository.IsObjectIncluded(objectID), expected[static_cast<std::size_t>(objectID) - 1])
+        EXPECT_EQ(repository.IsObjectIncluded(ObjectId{objectID}),
+                  expected[static_cast<std::size_t>(objectID) - 1])
             << objectID;
     }
     Execute("drop table tObjects");
     Open();
-    EXPECT_EQ(OutcomeOf([&] { repository.IsObjectIncluded(2); }), "error 91");
+    EXPECT_EQ(OutcomeOf([&] { repository.IsObjectIncluded(ObjectId{2}); }), "error 91");
     EXPECT_EQ(journal->size(), 1u);
 }
 
@@ -187,19 +188,19 @@ TEST_P(RepositoryTest, LookUpsGiveRowsInOrderAndNeutralAnswersWithoutOne) {
     Execute("update tObjects set TableName = 'tCustomer' where ObjectID = 1");
     Execute("update tValues set FieldName = 'Column' where ValueID = 2");
     Open();
-    using Numbers = std::vector<std::int32_t>;
-    EXPECT_EQ(GetRootObjects(rows, ""), (Numbers{1, 3, 2}));
-    EXPECT_EQ(GetRootObjects(rows, "Orders"), (Numbers{1, 2}));
-    EXPECT_EQ(GetRootObjects(rows, "orders"),
-              tests::EqualIgnoresCase(GetParam()) ? (Numbers{1, 2}) : Numbers{});
-    EXPECT_EQ(GetObjectInterfaces(rows, 1), (Numbers{1, 2}));
-    EXPECT_EQ(GetChildObjects(rows, 1), (Numbers{20, 10}));
-    EXPECT_EQ(FindObjectInterface(rows, 1, "iorder"), 2);
-    EXPECT_EQ(FindObjectInterface(rows, 2, "ICustomer"), 0);
-    EXPECT_EQ(GetObjectTableName(rows, 1), "tCustomer");
-    EXPECT_EQ(GetObjectTableName(rows, 2), "");
-    EXPECT_EQ(GetFieldName(rows, 2), "Column");
-    EXPECT_EQ(GetFieldName(rows, 99), "");
+    using Objects = std::vector<ObjectId>;
+    EXPECT_EQ(GetRootObjects(rows, ""), (Objects{ObjectId{1}, ObjectId{3}, ObjectId{2}}));
+    const Objects both = {ObjectId{1}, ObjectId{2}};
+    EXPECT_EQ(GetRootObjects(rows, "Orders"), both);
+    EXPECT_EQ(GetRootObjects(rows, "orders"), tests::EqualIgnoresCase(GetParam()) ? both : Objects{});
+    EXPECT_EQ(GetObjectInterfaces(rows, ObjectId{1}), (std::vector{InterfaceId{1}, InterfaceId{2}}));
+    EXPECT_EQ(GetChildObjects(rows, InterfaceId{1}), (Objects{ObjectId{20}, ObjectId{10}}));
+    EXPECT_EQ(FindObjectInterface(rows, ObjectId{1}, "iorder"), InterfaceId{2});
+    EXPECT_EQ(FindObjectInterface(rows, ObjectId{2}, "ICustomer"), InterfaceId{});
+    EXPECT_EQ(GetObjectTableName(rows, ObjectId{1}), "tCustomer");
+    EXPECT_EQ(GetObjectTableName(rows, ObjectId{2}), "");
+    EXPECT_EQ(GetFieldName(rows, ValueId{2}), "Column");
+    EXPECT_EQ(GetFieldName(rows, ValueId{99}), "");
     EXPECT_EQ(*journal, std::vector<std::string>{});
 }
 

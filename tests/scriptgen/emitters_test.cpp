@@ -13,8 +13,10 @@ namespace {
 /// Objects 7 and 8 and some of their columns; of others there are no names.
 class Names final : public ReferencedNames {
   public:
-    std::string GetObjectTableName(std::int32_t lObjectID) override { return m_tables[lObjectID]; }
-    std::string GetFieldName(std::int32_t lValueID) override { return m_fields[lValueID]; }
+    std::string GetObjectTableName(repository::ObjectId lObjectID) override {
+        return m_tables[Number(lObjectID)];
+    }
+    std::string GetFieldName(repository::ValueId lValueID) override { return m_fields[Number(lValueID)]; }
 
   private:
     std::map<std::int32_t, std::string> m_tables{{7, "Customer"}, {8, "Site"}};

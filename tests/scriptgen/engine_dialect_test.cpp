@@ -15,7 +15,7 @@ using testing::IsEmpty;
 
 DescribedTable Table(std::int32_t objectID, const std::string& name, std::vector<Column> columns = {}) {
     DescribedTable table;
-    table.ObjectID = objectID;
+    table.ObjectID = repository::ObjectId{objectID};
     table.Name = name;
     table.Columns = std::move(columns);
     table.Columns.push_back(Key(Counter(Plain(name + "ID", 3)), 1));
@@ -25,7 +25,7 @@ DescribedTable Table(std::int32_t objectID, const std::string& name, std::vector
 
 void Refer(DescribedTable& table, const DescribedTable& parent) {
     const std::string column = "FK_" + parent.Name + "ID";
-    table.Columns.push_back(Reference(column, parent.ObjectID));
+    table.Columns.push_back(Reference(column, Number(parent.ObjectID)));
     table.ForeignKeys.push_back({column, parent.ObjectID, parent.Name, parent.Name + "ID", true});
 }
 
@@ -103,7 +103,7 @@ TEST(EngineDialect, ProblemsAreNamed) {
     DescribedTable table = Table(1, "tA", {Plain("Order", 3), Plain("a b", 3), Counter(Plain("N", 3))});
     DescribedTable parent = Table(2, "tP");
     for (std::int32_t i = 0; i < 64; ++i)
-        table.ForeignKeys.push_back({"F" + std::to_string(i), 2, "tP", "tPID", true});
+        table.ForeignKeys.push_back({"F" + std::to_string(i), parent.ObjectID, "tP", "tPID", true});
     std::vector<std::string> texts;
     for (const EngineDialect* dialect : AllEngineDialects())
         for (const std::string& problem : dialect->Problems(std::vector{table, parent}))
@@ -125,7 +125,7 @@ TEST(EngineDialect, AThousandForeignKeysOfOneTableHoldOnSqlite) {
     for (int i = 1; i <= 1000; ++i) {
         const std::string column = "F" + std::to_string(i);
         child.Columns.push_back(Reference(column, 1));
-        child.ForeignKeys.push_back({column, 1, "tP", "tPID", true});
+        child.ForeignKeys.push_back({column, parent.ObjectID, "tP", "tPID", true});
     }
     const auto connection = DefaultPlatform().targetProvider->CreateConnection();
     connection->Open("Provider=SQLite;Data Source=:memory:");

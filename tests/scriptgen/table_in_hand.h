@@ -28,8 +28,8 @@ inline Column Plain(std::string name, std::int32_t dataType, std::string maxLeng
     column.DataType = dataType;
     column.MaxLength = std::move(maxLength);
     column.DefaultVal = std::move(defaultVal);
-    column.FKObjectID = -1;
-    column.FKValueID = -1;
+    column.FKObjectID = repository::ObjectId{-1};
+    column.FKValueID = repository::ValueId{-1};
     return column;
 }
 
@@ -47,8 +47,8 @@ inline Column Counter(Column column) {
 inline Column Reference(std::string name, std::int32_t objectID, std::int32_t valueID = 0) {
     Column column = Plain(std::move(name), 3);
     column.IsForeignKey = true;
-    column.FKObjectID = objectID;
-    column.FKValueID = valueID;
+    column.FKObjectID = repository::ObjectId{objectID};
+    column.FKValueID = repository::ValueId{valueID};
     return column;
 }
 

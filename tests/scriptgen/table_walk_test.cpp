@@ -114,7 +114,7 @@ TEST_F(TableWalk, OwnTableThenElementsThenChildrenOncePerPath) {
     EXPECT_THAT(Tables(), ElementsAre("tOrder", "tLine", "tSite", "tNote", "tSite", "tSite"));
     EXPECT_THAT(*m_messages, IsEmpty());
 
-    EXPECT_EQ(m_run.m_lCurrentObjectID, -1);
+    EXPECT_EQ(m_run.m_lCurrentObjectID, repository::ObjectId{-1});
     EXPECT_EQ(m_run.m_sCurrentTable, "");
     EXPECT_THAT(m_run.m_colFields, IsEmpty());
 }

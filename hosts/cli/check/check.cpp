@@ -84,13 +84,13 @@ std::size_t Findings::Count(Severity severity) const {
                       [severity](const Finding& finding) { return finding.severity == severity; }));
 }
 
-std::string ObjectText(const Catalog& catalog, std::int32_t objectID) {
+std::string ObjectText(const Catalog& catalog, repository::ObjectId objectID) {
     const repository::ObjectRow* object = catalog.FindObject(objectID);
-    return object == nullptr ? "ObjectID " + std::to_string(objectID) : ObjectText(*object);
+    return object == nullptr ? "ObjectID " + std::to_string(Number(objectID)) : ObjectText(*object);
 }
 
 std::string ObjectText(const repository::ObjectRow& object) {
-    return "object " + object.Name + " (ObjectID " + std::to_string(object.ObjectID) + ")";
+    return "object " + object.Name + " (ObjectID " + std::to_string(Number(object.ObjectID)) + ")";
 }
 
 Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix, std::string_view storage) {

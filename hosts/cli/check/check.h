@@ -69,7 +69,7 @@ void CheckScriptNames(const CheckedDefinition& definition, Findings& findings);
 std::string NamelessText(const repository::ValueRow& value);
 
 /// "object Customer (ObjectID 7)", for findings; also for an identifier without a row.
-std::string ObjectText(const repository::Catalog& catalog, std::int32_t objectID);
+std::string ObjectText(const repository::Catalog& catalog, repository::ObjectId objectID);
 std::string ObjectText(const repository::ObjectRow& object);
 
 }  // namespace korvex::cli

@@ -40,13 +40,13 @@ std::vector<std::string> KeyOrigins(const repository::RelatedCatalog& rows,
     std::vector<std::string> origins;
     if (column.IsPrimaryKey) origins.emplace_back("the own key");
     if (!column.IsForeignKey) return origins;
-    std::set<std::int32_t> targets;
+    std::set<repository::ObjectId> targets;
     for (const repository::ForeignKeyRow* key : rows.ForeignKeysOf(table.ObjectID))
         if (key->ValueID == column.ValueID) targets.insert(key->FKObjectID);
-    for (const std::int32_t parent : table.Parents)
+    for (const repository::ObjectId parent : table.Parents)
         if (targets.contains(parent))
             origins.push_back("the key of " + rows.FindObject(parent)->Name + " (ObjectID " +
-                              std::to_string(parent) + ")");
+                              std::to_string(Number(parent)) + ")");
     return origins;
 }
 
@@ -60,7 +60,8 @@ CheckedTable Checked(const repository::RelatedCatalog& rows, const scriptgen::De
     CheckedTable checked{ObjectText(*rows.FindObject(table.ObjectID)), {}};
     for (const scriptgen::Column& column : table.Columns) {
         CheckedColumn& entry = checked.columns.emplace_back(CheckedColumn{column, nullptr, {}});
-        const ValueRow* value = column.ValueID == 0 ? nullptr : rows.FindValue(column.ValueID);
+        const ValueRow* value =
+            column.ValueID == repository::ValueId() ? nullptr : rows.FindValue(column.ValueID);
         if (value == nullptr) {
             entry.origins = {"an added column"};
             continue;
@@ -68,7 +69,8 @@ CheckedTable Checked(const repository::RelatedCatalog& rows, const scriptgen::De
         if (IsKey(rows, *value, column)) entry.origins = KeyOrigins(rows, table, column);
         if (!entry.origins.empty()) continue;
         entry.value = value;
-        entry.origins = {"value " + value->Name + " (ValueID " + std::to_string(value->ValueID) + ")"};
+        entry.origins = {"value " + value->Name + " (ValueID " + std::to_string(Number(value->ValueID)) +
+                         ")"};
     }
     return checked;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "repository/ids.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <set>
@@ -17,7 +19,7 @@ struct Finding {
     Severity severity;
     std::string text;
     bool endangersData = false;  ///< what is stored with such a definition may be mixed up or lost
-    std::vector<std::int32_t> objects = {};  ///< ObjectIDs of those that it is about
+    std::vector<repository::ObjectId> objects = {};  ///< those that it is about
 };
 
 /// What a check has found, each finding once, in the order of discovery. Control characters in names are
@@ -27,7 +29,7 @@ class Findings {
     /// What is found while this lives is about these objects.
     class About {
       public:
-        About(Findings& findings, std::vector<std::int32_t> objects) : m_findings(findings) {
+        About(Findings& findings, std::vector<repository::ObjectId> objects) : m_findings(findings) {
             findings.m_objects = std::move(objects);
         }
         About(const About&) = delete;
@@ -51,7 +53,7 @@ class Findings {
 
     std::vector<Finding> m_findings;
     std::set<std::string> m_texts;
-    std::vector<std::int32_t> m_objects;
+    std::vector<repository::ObjectId> m_objects;
 };
 
 }  // namespace korvex::cli

@@ -2,10 +2,8 @@
 
 #include "repository/catalog.h"
 
-#include <cstdint>
 #include <unordered_map>
 #include <unordered_set>
-#include <vector>
 
 namespace korvex::cli {
 
@@ -14,10 +12,10 @@ class HeldObjects {
   public:
     explicit HeldObjects(const repository::Catalog& catalog) : m_catalog(catalog) {}
 
-    bool Holds(std::int32_t parentID, std::int32_t childID) {
+    bool Holds(repository::ObjectId parentID, repository::ObjectId childID) {
         const auto [entry, isNew] = m_children.try_emplace(parentID);
         if (isNew) {
-            const std::vector<std::int32_t> children = m_catalog.ChildrenOf(parentID);
+            const auto children = m_catalog.ChildrenOf(parentID);
             entry->second.insert(children.begin(), children.end());
         }
         return entry->second.contains(childID);
@@ -25,7 +23,7 @@ class HeldObjects {
 
   private:
     const repository::Catalog& m_catalog;
-    std::unordered_map<std::int32_t, std::unordered_set<std::int32_t>> m_children;
+    std::unordered_map<repository::ObjectId, std::unordered_set<repository::ObjectId>> m_children;
 };
 
 }  // namespace korvex::cli

@@ -37,7 +37,7 @@ void CheckKeyInterfaces(const Catalog& catalog, Findings& findings) {
 
 /// Key values that are no key of any table stay ordinary columns of theirs.
 void CheckKeyValues(const Catalog& catalog, Findings& findings) {
-    std::set<std::int32_t> keys;
+    std::set<repository::ValueId> keys;
     for (const repository::PrimaryKeyRow& row : catalog.PrimaryKeys())
         keys.insert(row.ValueID);
     for (const ForeignKeyRow& row : catalog.ForeignKeys())
@@ -47,7 +47,7 @@ void CheckKeyValues(const Catalog& catalog, Findings& findings) {
         const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
         const bool isKey = interface != nullptr && repository::IsKeyValue(row.VID, interface->Name);
         if (!isKey || keys.contains(row.ValueID)) continue;
-        findings.Warning("value " + row.Name + " (ValueID " + std::to_string(row.ValueID) +
+        findings.Warning("value " + row.Name + " (ValueID " + std::to_string(Number(row.ValueID)) +
                          ") was a key once and is none any more; it stays a column");
     }
 }

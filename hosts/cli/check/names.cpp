@@ -27,8 +27,8 @@ void CheckName(const std::string& what, const std::string& name, Findings& findi
 }
 
 /// Whether an object has values besides its keys.
-bool HasValues(const Catalog& catalog, std::int32_t objectID) {
-    std::set<std::int32_t> keys;
+bool HasValues(const Catalog& catalog, repository::ObjectId objectID) {
+    std::set<repository::ValueId> keys;
     for (const repository::PrimaryKeyRow* key : catalog.PrimaryKeysOf(objectID))
         keys.insert(key->ValueID);
     for (const repository::ForeignKeyRow* key : catalog.ForeignKeysOf(objectID))
@@ -39,16 +39,17 @@ bool HasValues(const Catalog& catalog, std::int32_t objectID) {
 }
 
 std::string ValueText(const repository::ValueRow& value) {
-    return "value " + value.Name + " (ValueID " + std::to_string(value.ValueID) + ")";
+    return "value " + value.Name + " (ValueID " + std::to_string(Number(value.ValueID)) + ")";
 }
 
 }  // namespace
 
 void CheckNames(const Catalog& catalog, Findings& findings) {
     for (const repository::DataDefRow& row : catalog.DataDefs()) {
-        CheckName("definition with root ObjectID " + std::to_string(row.RootObjectID), row.Storage, findings);
+        CheckName("definition with root ObjectID " + std::to_string(Number(row.RootObjectID)), row.Storage,
+                  findings);
     }
-    std::map<std::string, std::int32_t> guids;
+    std::map<std::string, repository::ObjectId> guids;
     for (const repository::ObjectRow& row : catalog.Objects()) {
         const Findings::About about(findings, {row.ObjectID});
         const std::string what = ObjectText(catalog, row.ObjectID);
@@ -57,7 +58,7 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
             const auto [entry, isNew] = guids.emplace(row.Guid, row.ObjectID);
             if (!isNew) findings.Warning(what + " has the guid of " + ObjectText(catalog, entry->second));
         }
-        if (!HasValues(catalog, row.ObjectID) && row.CollectionObjectID == 0) {
+        if (!HasValues(catalog, row.ObjectID) && row.CollectionObjectID == repository::NoObject) {
             findings.Warning(what + " has no values; its table will hold keys only");
         }
     }
@@ -74,7 +75,7 @@ void CheckNames(const Catalog& catalog, Findings& findings) {
 }
 
 std::string NamelessText(const repository::ValueRow& value) {
-    return "value with ValueID " + std::to_string(value.ValueID) + " has no name";
+    return "value with ValueID " + std::to_string(Number(value.ValueID)) + " has no name";
 }
 
 void CheckIdentifier(const std::string& what, const std::string& name, bool isInStatements,

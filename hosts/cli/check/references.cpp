@@ -9,7 +9,9 @@ namespace {
 
 using repository::Catalog;
 
-std::string Id(const char* column, std::int32_t id) { return std::string(column) + " " + std::to_string(id); }
+std::string Id(const char* column, repository::RowId auto id) {
+    return std::string(column) + " " + std::to_string(Number(id));
+}
 
 std::string ValueText(const repository::ValueRow& value) {
     return "value " + value.Name + " (" + Id("ValueID", value.ValueID) + ")";
@@ -32,12 +34,13 @@ void CheckDataDefs(const Catalog& catalog, Findings& findings) {
 void CheckObjects(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectRow& row : catalog.Objects()) {
         const Findings::About about(findings, {row.ObjectID});
-        if (row.CollectionObjectID != 0 && catalog.FindObject(row.CollectionObjectID) == nullptr) {
+        if (row.CollectionObjectID != repository::NoObject &&
+            catalog.FindObject(row.CollectionObjectID) == nullptr) {
             findings.Error(ObjectText(catalog, row.ObjectID) + ": the object of its elements, " +
                            Id("ObjectID", row.CollectionObjectID) + ", does not exist");
         }
     }
-    std::set<std::pair<std::int32_t, std::int32_t>> links;
+    std::set<std::pair<repository::ObjectId, repository::InterfaceId>> links;
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
         const Findings::About about(findings, {row.ObjectID});
         if (catalog.FindObject(row.ObjectID) == nullptr) {
@@ -61,7 +64,7 @@ void CheckValues(const Catalog& catalog, Findings& findings) {
             findings.Error(ValueText(row) + ": its interface, " + Id("InterfaceID", row.InterfaceID) +
                            ", does not exist");
         }
-        if (row.ChildObjectID != 0 && catalog.FindObject(row.ChildObjectID) == nullptr) {
+        if (row.ChildObjectID != repository::NoObject && catalog.FindObject(row.ChildObjectID) == nullptr) {
             findings.Error(ValueText(row) + ": its child, " + Id("ObjectID", row.ChildObjectID) +
                            ", does not exist");
         }
@@ -93,15 +96,15 @@ void CheckKeyRows(const Catalog& catalog, Findings& findings) {
 
 /// Objects and interfaces that no definition leads to.
 void CheckUse(const Catalog& catalog, Findings& findings) {
-    std::set<std::int32_t> reached;
-    std::vector<std::int32_t> waiting;
+    std::set<repository::ObjectId> reached;
+    std::vector<repository::ObjectId> waiting;
     for (const repository::DataDefRow& row : catalog.DataDefs())
         waiting.push_back(row.RootObjectID);
     while (!waiting.empty()) {
-        const std::int32_t id = waiting.back();
+        const repository::ObjectId id = waiting.back();
         waiting.pop_back();
         if (!reached.insert(id).second) continue;
-        const std::vector<std::int32_t> children = catalog.ChildrenOf(id);
+        const auto children = catalog.ChildrenOf(id);
         waiting.insert(waiting.end(), children.begin(), children.end());
     }
     for (const repository::ObjectRow& row : catalog.Objects()) {
@@ -110,7 +113,7 @@ void CheckUse(const Catalog& catalog, Findings& findings) {
             findings.Warning(ObjectText(catalog, row.ObjectID) + " is part of no definition");
         }
     }
-    std::set<std::int32_t> used;
+    std::set<repository::InterfaceId> used;
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces())
         used.insert(row.InterfaceID);
     for (const repository::InterfaceRow& row : catalog.Interfaces()) {
@@ -132,10 +135,10 @@ void CheckReferences(const Catalog& catalog, Findings& findings) {
 }
 
 bool CheckCycles(const Catalog& catalog, Findings& findings) {
-    std::vector<std::int32_t> objects;
+    std::vector<repository::ObjectId> objects;
     for (const repository::ObjectRow& row : catalog.Objects())
         objects.push_back(row.ObjectID);
-    std::vector<std::int32_t> finished;
+    std::vector<repository::ObjectId> finished;
     const auto cycle = repository::FindOwnAncestor(catalog, objects, finished);
     if (cycle) findings.Error("an object is its own ancestor: " + *cycle);
     return !cycle;

@@ -48,7 +48,7 @@ class UniqueNames {
 };
 
 /// `targets` are the objects that the table refers to in the scripts.
-void AddProcedures(const DescribedTable& table, std::span<const std::int32_t> targets,
+void AddProcedures(const DescribedTable& table, std::span<const repository::ObjectId> targets,
                    UniqueNames& procedures) {
     const std::string ofTable = " of table " + table.Name;
     for (const auto& [suffix, what] :
@@ -56,7 +56,7 @@ void AddProcedures(const DescribedTable& table, std::span<const std::int32_t> ta
           std::pair("R", "to read a row"), std::pair("D", "to delete a row"),
           std::pair("C", "to insert a row"), std::pair("U", "to update a row")})
         procedures.Add(ProcedureName(table.Name, suffix), what + ofTable);
-    for (const std::int32_t target : targets) {
+    for (const repository::ObjectId target : targets) {
         const auto column = std::ranges::find(table.Columns, target, &scriptgen::Column::FKObjectID);
         const std::string group = scriptgen::GroupBase(table.Name, column->FieldName);
         const std::string by = " by " + column->FieldName + ofTable;
@@ -80,13 +80,14 @@ void AddConstraint(const DescribedTable& table, std::size_t targets, const std::
 
 /// The scripts take an object as listed whose digits stand within those of one listed before: 2 after 12.
 void CheckTargets(const CheckedDefinition& definition, const DescribedTable& table,
-                  std::span<const std::int32_t> targets, const std::string& owner, Findings& findings) {
-    const std::unordered_set<std::int32_t> listed(targets.begin(), targets.end());
+                  std::span<const repository::ObjectId> targets, const std::string& owner,
+                  Findings& findings) {
+    const std::unordered_set<repository::ObjectId> listed(targets.begin(), targets.end());
     for (const scriptgen::ForeignKey& key : table.ForeignKeys) {
         if (listed.contains(key.FKObjectID)) continue;
         const repository::ObjectRow* target = definition.rows.FindObject(key.FKObjectID);
         findings.Error(owner + " refers to " +
-                       (target == nullptr ? std::to_string(key.FKObjectID) : ObjectText(*target)) +
+                       (target == nullptr ? std::to_string(Number(key.FKObjectID)) : ObjectText(*target)) +
                        " without a constraint, an index or procedures: the digits of its ObjectID "
                        "stand in that of an object referred to before");
     }
@@ -113,7 +114,7 @@ void CheckScriptNames(const CheckedDefinition& definition, Findings& findings) {
     for (const DescribedTable& table : definition.tables) {
         const Findings::About about(findings, {table.ObjectID});
         const std::string owner = ObjectText(*definition.rows.FindObject(table.ObjectID));
-        const std::vector<std::int32_t> targets = scriptgen::GetForeignKeyTargets(table.Columns);
+        const std::vector<repository::ObjectId> targets = scriptgen::GetForeignKeyTargets(table.Columns);
         // What has the same table has all the rest in common as well.
         if (tables.Add(table.Name, owner)) {
             AddProcedures(table, targets, procedures);

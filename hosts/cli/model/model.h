@@ -1,5 +1,7 @@
 #pragma once
 
+#include "repository/ids.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -91,9 +93,9 @@ struct Model {
 /// The identifiers that a repository has for a model's entries, by their positions; 0 for those that it does
 /// not hold.
 struct ModelIDs {
-    std::vector<std::int32_t> objects;
-    std::vector<std::int32_t> interfaces;
-    std::vector<std::vector<std::int32_t>> values;  ///< by interface
+    std::vector<repository::ObjectId> objects;
+    std::vector<repository::InterfaceId> interfaces;
+    std::vector<std::vector<repository::ValueId>> values;  ///< by interface
 };
 
 struct StoredModel {

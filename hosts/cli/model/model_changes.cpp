@@ -14,6 +14,12 @@ namespace korvex::cli {
 
 namespace {
 
+using repository::InterfaceId;
+using repository::NoObject;
+using repository::ObjectId;
+using repository::RowId;
+using repository::ValueId;
+
 using Position = std::optional<std::size_t>;
 
 /// Nothing and 0 are the same length.
@@ -48,9 +54,11 @@ class Changes {
     }
 
   private:
-    using Positions = std::unordered_map<std::int32_t, std::size_t>;  // by identifier
+    template <RowId Id>
+    using Positions = std::unordered_map<Id, std::size_t>;
 
-    static void Index(const std::vector<std::int32_t>& ids, Positions& positions) {
+    template <RowId Id>
+    static void Index(const std::vector<Id>& ids, Positions<Id>& positions) {
         for (std::size_t i = 0; i < ids.size(); ++i)
             positions.emplace(ids[i], i);
     }
@@ -96,7 +104,7 @@ class Changes {
     }
 
     void Objects() {
-        const std::set<std::int32_t> stay(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
+        const std::set<ObjectId> stay(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
         for (std::size_t i = 0; i < m_before.objects.size(); ++i)
             if (!stay.contains(m_beforeIDs.objects[i]))
                 m_lines.push_back(Named("object", m_before.objects[i].name) + " removed");
@@ -133,11 +141,13 @@ class Changes {
         return member == "field" ? value.fieldName.has_value() : value.isIncluded;
     }
 
-    std::int32_t BeforeID(const Position& object) const { return object ? m_beforeIDs.objects[*object] : 0; }
+    ObjectId BeforeID(const Position& object) const {
+        return object ? m_beforeIDs.objects[*object] : NoObject;
+    }
     /// -1 for an object that is new.
-    std::int32_t AfterID(const Position& object) const {
-        if (!object) return 0;
-        return m_afterIDs.objects[*object] == 0 ? -1 : m_afterIDs.objects[*object];
+    ObjectId AfterID(const Position& object) const {
+        if (!object) return NoObject;
+        return m_afterIDs.objects[*object] == NoObject ? ObjectId{-1} : m_afterIDs.objects[*object];
     }
 
     void Compare(const ModelObject& before, const ModelObject& now, const std::vector<std::size_t>& objects) {
@@ -153,9 +163,9 @@ class Changes {
     }
 
     /// But for those of keys, which come and go with runs.
-    static std::vector<std::int32_t> InterfacesOf(const Model& model, const ModelIDs& ids,
-                                                  const ModelObject& object) {
-        std::vector<std::int32_t> interfaces;
+    static std::vector<InterfaceId> InterfacesOf(const Model& model, const ModelIDs& ids,
+                                                 const ModelObject& object) {
+        std::vector<InterfaceId> interfaces;
         for (const std::size_t interface : object.interfaces)
             if (model.interfaces[interface].name != repository::KeyInterfaceName(object.name))
                 interfaces.push_back(ids.interfaces[interface]);
@@ -163,11 +173,11 @@ class Changes {
     }
 
     void Interfaces() {
-        const std::set<std::int32_t> objects(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
-        std::set<std::int32_t> known(m_afterIDs.interfaces.begin(), m_afterIDs.interfaces.end());
+        const std::set<ObjectId> objects(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
+        std::set<InterfaceId> known(m_afterIDs.interfaces.begin(), m_afterIDs.interfaces.end());
         for (std::size_t i = 0; i < m_before.objects.size(); ++i) {
             if (!objects.contains(m_beforeIDs.objects[i])) continue;
-            for (const std::int32_t id : InterfacesOf(m_before, m_beforeIDs, m_before.objects[i]))
+            for (const InterfaceId id : InterfacesOf(m_before, m_beforeIDs, m_before.objects[i]))
                 if (known.insert(id).second)
                     m_lines.push_back(Named("interface", m_before.interfaces[m_interfaces.at(id)].name) +
                                       " removed");
@@ -186,7 +196,7 @@ class Changes {
     void Compare(std::size_t beforeIndex, std::size_t afterIndex, const std::vector<std::size_t>& users) {
         const ModelInterface& before = m_before.interfaces[beforeIndex];
         const ModelInterface& after = m_after.interfaces[afterIndex];
-        Positions nowOf;
+        Positions<ValueId> nowOf;
         Index(m_afterIDs.values[afterIndex], nowOf);
         const auto name = [](const ModelInterface& interface, const ModelValue& value) {
             return Named("value", interface.name + "." + value.name);
@@ -202,12 +212,12 @@ class Changes {
             if (BeforeID(value.child) != AfterID(other.child)) members.push_back("child");
             AddDifferences(name(after, other), name(before, value), value, other, std::move(members), users);
         }
-        std::vector<std::int32_t> order = m_afterIDs.values[afterIndex];
-        std::erase(order, 0);
+        std::vector<ValueId> order = m_afterIDs.values[afterIndex];
+        std::erase(order, ValueId());
         if (!std::ranges::is_sorted(order))
             Add(Named("interface", after.name) + " changed: the order of its values", users);
         for (std::size_t i = 0; i < after.values.size(); ++i)
-            if (m_afterIDs.values[afterIndex][i] == 0 && !IsKeyValue(after, after.values[i]))
+            if (m_afterIDs.values[afterIndex][i] == ValueId() && !IsKeyValue(after, after.values[i]))
                 Add(name(after, after.values[i]) + " added", users);
     }
 
@@ -215,8 +225,8 @@ class Changes {
     const Model& m_after;
     const ModelIDs& m_beforeIDs;
     const ModelIDs& m_afterIDs;
-    Positions m_objects;                                              ///< of m_before
-    Positions m_interfaces;                                           ///< likewise
+    Positions<ObjectId> m_objects;                                    ///< of m_before
+    Positions<InterfaceId> m_interfaces;                              ///< likewise
     std::vector<std::pair<std::string, std::vector<bool>>> m_others;  ///< with the objects of m_after
     bool m_runsWork = false;
     std::vector<std::string> m_lines;

@@ -12,8 +12,11 @@ namespace {
 
 using repository::Catalog;
 using repository::ForeignKeyRow;
+using repository::InterfaceId;
+using repository::ObjectId;
 using repository::ObjectRow;
 using repository::PrimaryKeyRow;
+using repository::ValueId;
 using repository::ValueRow;
 
 class Exporter {
@@ -50,7 +53,7 @@ class Exporter {
                 m_result.model.definitions.push_back({row.Storage, *root, {}});
             } else {
                 LeaveOut("definition " + automation::Quoted(row.Storage) + ": its root object " +
-                         std::to_string(row.RootObjectID) + " does not exist");
+                         std::to_string(Number(row.RootObjectID)) + " does not exist");
             }
         }
         if (!m_storage.empty()) return;
@@ -60,15 +63,15 @@ class Exporter {
     }
 
     /// Adds an object and everything beneath it that is not there yet, each before its children.
-    void CollectFrom(std::int32_t start) {
-        std::vector<std::int32_t> waiting = {start};
+    void CollectFrom(ObjectId start) {
+        std::vector<ObjectId> waiting = {start};
         while (!waiting.empty()) {
-            const std::int32_t id = waiting.back();
+            const ObjectId id = waiting.back();
             waiting.pop_back();
             const ObjectRow* row = m_catalog.FindObject(id);
             if (row == nullptr || !m_objectIndex.emplace(id, m_objects.size()).second) continue;
             m_objects.push_back(row);
-            const std::vector<std::int32_t> children = m_catalog.ChildrenOf(id);
+            const std::vector<ObjectId> children = m_catalog.ChildrenOf(id);
             waiting.insert(waiting.end(), children.rbegin(), children.rend());
         }
     }
@@ -80,25 +83,25 @@ class Exporter {
         object.guid = row.Guid;
         object.tableName = row.TableName;
         object.isIncluded = row.IsIncluded;
-        for (const std::int32_t interfaceID : m_catalog.InterfacesOf(row.ObjectID)) {
+        for (const InterfaceId interfaceID : m_catalog.InterfacesOf(row.ObjectID)) {
             if (m_catalog.FindInterface(interfaceID) == nullptr) {
-                LeaveOut("object " + row.Name + ": interface " + std::to_string(interfaceID) +
+                LeaveOut("object " + row.Name + ": interface " + std::to_string(Number(interfaceID)) +
                          " does not exist");
             } else {
                 object.interfaces.push_back(InterfaceIndex(interfaceID));
             }
         }
-        if (row.CollectionObjectID > 0) {
+        if (IsRow(row.CollectionObjectID)) {
             object.element = Find(m_objectIndex, row.CollectionObjectID);
             if (!object.element) {
                 LeaveOut("object " + row.Name + ": its element object " +
-                         std::to_string(row.CollectionObjectID) + " does not exist");
+                         std::to_string(Number(row.CollectionObjectID)) + " does not exist");
             }
         }
         m_result.model.objects.push_back(std::move(object));
     }
 
-    std::size_t InterfaceIndex(std::int32_t interfaceID) {
+    std::size_t InterfaceIndex(InterfaceId interfaceID) {
         const auto [entry, isNew] = m_interfaceIndex.emplace(interfaceID, m_interfaceIDs.size());
         if (isNew) m_interfaceIDs.push_back(interfaceID);
         return entry->second;
@@ -111,10 +114,10 @@ class Exporter {
     }
 
     void FillInterface(std::size_t index) {
-        const std::int32_t id = m_interfaceIDs[index];
+        const InterfaceId id = m_interfaceIDs[index];
         ModelInterface& interface = m_result.model.interfaces.emplace_back();
         interface.name = m_catalog.FindInterface(id)->Name;
-        std::vector<std::int32_t>& ids = m_result.ids.values.emplace_back();
+        std::vector<ValueId>& ids = m_result.ids.values.emplace_back();
         for (const ValueRow* row : m_catalog.ValuesOfInterface(id)) {
             m_valueRefs[row->ValueID] = {index, interface.values.size()};
             interface.values.push_back(Value(*row));
@@ -139,25 +142,25 @@ class Exporter {
         value.minValue = row.MinValue;
         value.vid = row.VID;
         value.tags = {row.VIDTag1, row.VIDTag2, row.VIDTag3};
-        if (row.ChildObjectID > 0) {
+        if (IsRow(row.ChildObjectID)) {
             value.child = Find(m_objectIndex, row.ChildObjectID);
             if (!value.child) {
-                LeaveOut("value " + row.Name + ": its child object " + std::to_string(row.ChildObjectID) +
-                         " does not exist");
+                LeaveOut("value " + row.Name + ": its child object " +
+                         std::to_string(Number(row.ChildObjectID)) + " does not exist");
             }
         }
         return value;
     }
 
     void FillKeys(std::size_t index) {
-        const std::int32_t id = m_objects[index]->ObjectID;
+        const ObjectId id = m_objects[index]->ObjectID;
         ModelObject& object = m_result.model.objects[index];
         for (const PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(id)) {
             if (const std::optional<ModelValueRef> value = ValueOf(index, row->ValueID)) {
                 object.primaryKeys.push_back({*value, row->Seq, {}});
             } else {
-                LeaveOut("object " + object.name + ": its primary-key value " + std::to_string(row->ValueID) +
-                         " is none of its values");
+                LeaveOut("object " + object.name + ": its primary-key value " +
+                         std::to_string(Number(row->ValueID)) + " is none of its values");
             }
         }
         for (const ForeignKeyRow* row : m_catalog.ForeignKeysOf(id)) {
@@ -174,14 +177,15 @@ class Exporter {
         if (value && key) {
             object.foreignKeys.push_back({*value, *target, *key, row.FKObjectGUID, {}});
         } else {
-            LeaveOut("object " + object.name + ": its foreign key from value " + std::to_string(row.ValueID) +
-                     " to object " + std::to_string(row.FKObjectID) + ", value " +
-                     std::to_string(row.FKValueID) + " leads nowhere");
+            LeaveOut("object " + object.name + ": its foreign key from value " +
+                     std::to_string(Number(row.ValueID)) + " to object " +
+                     std::to_string(Number(row.FKObjectID)) + ", value " +
+                     std::to_string(Number(row.FKValueID)) + " leads nowhere");
         }
     }
 
     /// Where a value stands in the model, when it is one of the object's.
-    std::optional<ModelValueRef> ValueOf(std::size_t object, std::int32_t valueID) const {
+    std::optional<ModelValueRef> ValueOf(std::size_t object, ValueId valueID) const {
         const auto entry = m_valueRefs.find(valueID);
         if (entry == m_valueRefs.end()) return std::nullopt;
         const std::vector<std::size_t>& interfaces = m_result.model.objects[object].interfaces;
@@ -190,8 +194,8 @@ class Exporter {
         return isOwn ? std::optional(entry->second) : std::nullopt;
     }
 
-    using Index = std::unordered_map<std::int32_t, std::size_t>;
-    static std::optional<std::size_t> Find(const Index& index, std::int32_t id) {
+    using ObjectIndex = std::unordered_map<ObjectId, std::size_t>;
+    static std::optional<std::size_t> Find(const ObjectIndex& index, ObjectId id) {
         const auto entry = index.find(id);
         return entry == index.end() ? std::nullopt : std::optional(entry->second);
     }
@@ -199,10 +203,10 @@ class Exporter {
     const Catalog& m_catalog;
     std::string_view m_storage;
     std::vector<const ObjectRow*> m_objects;
-    Index m_objectIndex;  ///< by ObjectID
-    std::vector<std::int32_t> m_interfaceIDs;
-    Index m_interfaceIndex;  ///< by InterfaceID
-    std::unordered_map<std::int32_t, ModelValueRef> m_valueRefs;
+    ObjectIndex m_objectIndex;
+    std::vector<InterfaceId> m_interfaceIDs;
+    std::unordered_map<InterfaceId, std::size_t> m_interfaceIndex;
+    std::unordered_map<ValueId, ModelValueRef> m_valueRefs;
     ExportedModel m_result;
 };
 

@@ -134,7 +134,7 @@ class Merger {
             if (place) continue;
             place = m_result.model.objects.size();
             m_result.model.objects.emplace_back();
-            m_result.ids.objects.push_back(0);
+            m_result.ids.objects.push_back(repository::NoObject);
         }
     }
 
@@ -180,8 +180,9 @@ class Merger {
     void AddInterface(std::optional<std::size_t> before, std::optional<std::size_t> now, bool isWhole) {
         const std::size_t position = m_result.model.interfaces.size();
         ModelInterface& result = m_result.model.interfaces.emplace_back();
-        std::vector<std::int32_t>& ids = m_result.ids.values.emplace_back();
-        m_result.ids.interfaces.push_back(before ? m_stored.ids.interfaces[*before] : 0);
+        std::vector<repository::ValueId>& ids = m_result.ids.values.emplace_back();
+        m_result.ids.interfaces.push_back(before ? m_stored.ids.interfaces[*before]
+                                                 : repository::InterfaceId());
         VidNumbering numbering;
         if (before) {
             m_interfaceOfBefore[*before] = position;
@@ -199,7 +200,7 @@ class Merger {
         for (const auto& [old, recent] : ValuesInOrder(before, now, isWhole)) {
             const ModelValue* known = old ? &m_before.interfaces[*before].values[*old] : nullptr;
             if (known != nullptr) m_valuesOfBefore[*before][*old] = result.values.size();
-            ids.push_back(known != nullptr ? m_stored.ids.values[*before][*old] : 0);
+            ids.push_back(known != nullptr ? m_stored.ids.values[*before][*old] : repository::ValueId());
             if (!recent) {
                 ModelValue& value = result.values.emplace_back(*known);
                 if (value.child) value.child = m_objectOfBefore[*value.child];

@@ -19,6 +19,11 @@ namespace {
 
 using automation::Error;
 using automation::Variant;
+using repository::InterfaceId;
+using repository::NoObject;
+using repository::ObjectId;
+using repository::RowId;
+using repository::ValueId;
 
 /// Writes rows of one table.
 class TableWriter {
@@ -27,6 +32,7 @@ class TableWriter {
         : m_model(model), m_database(database), m_select("select * from " + std::string(table)), m_id(id) {}
 
     /// Begins a row, a new one unless it has an identifier. `place` is that of the entry which it says.
+    void Begin(const ModelPlace& place, RowId auto id) { Begin(place, Number(id)); }
     void Begin(const ModelPlace& place, std::int32_t id = 0) {
         m_place = &place;
         if (id == 0) {
@@ -41,6 +47,9 @@ class TableWriter {
     /// `member` is the one which the column says, for the errors of its value.
     void Put(std::string_view column, std::string_view member, const Variant& value) {
         Placed(member, [&] { Row().Fields(column).Value(value); });
+    }
+    void Put(std::string_view column, std::string_view member, RowId auto id) {
+        Put(column, member, Variant(Number(id)));
     }
     /// No text is Null.
     void PutText(std::string_view column, std::string_view member, const std::string& text) {
@@ -81,10 +90,12 @@ class TableWriter {
     const ModelPlace* m_place = nullptr;
 };
 
-using Positions = std::unordered_map<std::int32_t, std::size_t>;  // by identifier
+template <RowId Id>
+using Positions = std::unordered_map<Id, std::size_t>;
 
-Positions Index(const std::vector<std::int32_t>& ids) {
-    Positions positions;
+template <RowId Id>
+Positions<Id> Index(const std::vector<Id>& ids) {
+    Positions<Id> positions;
     for (std::size_t i = 0; i < ids.size(); ++i)
         positions.emplace(ids[i], i);
     return positions;
@@ -92,12 +103,12 @@ Positions Index(const std::vector<std::int32_t>& ids) {
 
 /// What belongs to an object in other tables, by identifiers.
 struct ObjectRows {
-    std::vector<std::int32_t> interfaces;
-    std::vector<std::tuple<std::int32_t, std::int32_t>> primaryKeys;
-    std::vector<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::string>> foreignKeys;
+    std::vector<InterfaceId> interfaces;
+    std::vector<std::tuple<ValueId, std::int32_t>> primaryKeys;
+    std::vector<std::tuple<ValueId, ObjectId, ValueId, std::string>> foreignKeys;
 };
 
-std::int32_t ValueID(const ModelIDs& ids, const ModelValueRef& ref) {
+ValueId ValueID(const ModelIDs& ids, const ModelValueRef& ref) {
     return ids.values[ref.interface][ref.value];
 }
 
@@ -135,7 +146,7 @@ class Store {
     }
 
   private:
-    const ModelObject* Before(std::int32_t id) const {
+    const ModelObject* Before(ObjectId id) const {
         const auto found = m_objects.find(id);
         return found == m_objects.end() ? nullptr : &m_before.model.objects[found->second];
     }
@@ -143,11 +154,11 @@ class Store {
     /// Values stand in the order of their identifiers, and new ones are the highest: what stands behind a new
     /// one, or is to stand behind one that it stood before, gets a new one, too.
     void KeepOrder() {
-        for (std::vector<std::int32_t>& ids : m_ids.values) {
-            std::int32_t last = 0;
-            for (std::int32_t& id : ids) {
-                if (id < last) id = 0;
-                last = id == 0 ? std::numeric_limits<std::int32_t>::max() : id;
+        for (std::vector<ValueId>& ids : m_ids.values) {
+            ValueId last{};
+            for (ValueId& id : ids) {
+                if (id < last) id = {};
+                last = id == ValueId() ? ValueId{std::numeric_limits<std::int32_t>::max()} : id;
             }
         }
     }
@@ -164,7 +175,7 @@ class Store {
             table.PutText("TableName", "table", object.tableName.value_or(""));
             table.Put("IsIncluded", "included", object.isIncluded);
             table.PutText("Guid", "guid", object.guid);
-            const std::int32_t id = table.Store();
+            const ObjectId id{table.Store()};
             if (before == nullptr) m_ids.objects[i] = id;
         }
     }
@@ -173,13 +184,13 @@ class Store {
     void WriteElements() {
         for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
             const auto& element = m_after.objects[i].element;
-            const std::int32_t id = element ? m_ids.objects[*element] : 0;
+            const ObjectId id = element ? m_ids.objects[*element] : NoObject;
             const ModelObject* before = Before(m_ids.objects[i]);
-            const std::int32_t old =
-                before != nullptr && before->element ? m_before.ids.objects[*before->element] : 0;
+            const ObjectId old =
+                before != nullptr && before->element ? m_before.ids.objects[*before->element] : NoObject;
             if (id == old) continue;
-            m_database.Execute("update tObjects set CollectionObjectID = " + std::to_string(id) +
-                               " where ObjectID = " + std::to_string(m_ids.objects[i]));
+            m_database.Execute("update tObjects set CollectionObjectID = " + std::to_string(Number(id)) +
+                               " where ObjectID = " + std::to_string(Number(m_ids.objects[i])));
         }
     }
 
@@ -192,7 +203,7 @@ class Store {
             if (!isNew && m_before.model.interfaces[before->second].name == interface.name) continue;
             table.Begin(interface.place, m_ids.interfaces[i]);
             table.Put("Name", "name", interface.name);
-            const std::int32_t id = table.Store();
+            const InterfaceId id{table.Store()};
             if (isNew) m_ids.interfaces[i] = id;
         }
     }
@@ -202,31 +213,31 @@ class Store {
         for (std::size_t i = 0; i < m_after.interfaces.size(); ++i) {
             const auto interface = m_interfaces.find(m_ids.interfaces[i]);
             const bool isNew = interface == m_interfaces.end();
-            const Positions before = isNew ? Positions() : Index(m_before.ids.values[interface->second]);
+            const auto before = isNew ? Positions<ValueId>() : Index(m_before.ids.values[interface->second]);
             for (std::size_t j = 0; j < m_after.interfaces[i].values.size(); ++j) {
                 const ModelValue& value = m_after.interfaces[i].values[j];
-                std::int32_t& id = m_ids.values[i][j];
+                ValueId& id = m_ids.values[i][j];
                 const auto old = before.find(id);
                 if (old != before.end() &&
                     IsSame(m_before.model.interfaces[interface->second].values[old->second], value))
                     continue;
-                const std::int32_t given = WriteValue(table, value, m_ids.interfaces[i], id);
+                const ValueId given = WriteValue(table, value, m_ids.interfaces[i], id);
                 if (old == before.end()) id = given;
             }
         }
     }
 
     bool IsSame(const ModelValue& before, const ModelValue& now) const {
-        const std::int32_t child = before.child ? m_before.ids.objects[*before.child] : 0;
+        const ObjectId child = before.child ? m_before.ids.objects[*before.child] : NoObject;
         return child == ChildID(now) && Differences(before, now).empty();
     }
 
-    std::int32_t ChildID(const ModelValue& value) const {
-        return value.child ? m_ids.objects[*value.child] : 0;
+    ObjectId ChildID(const ModelValue& value) const {
+        return value.child ? m_ids.objects[*value.child] : NoObject;
     }
 
-    std::int32_t WriteValue(TableWriter& table, const ModelValue& value, std::int32_t interfaceID,
-                            std::int32_t id) const {
+    ValueId WriteValue(TableWriter& table, const ModelValue& value, InterfaceId interfaceID,
+                       ValueId id) const {
         table.Begin(value.place, id);
         table.Put("InterfaceID", {}, interfaceID);
         table.Put("ChildObjectID", "child", ChildID(value));
@@ -247,7 +258,7 @@ class Store {
         table.PutText("VIDTag1", "tags[0]", value.tags[0]);
         table.PutText("VIDTag2", "tags[1]", value.tags[1]);
         table.PutText("VIDTag3", "tags[2]", value.tags[2]);
-        return table.Store();
+        return ValueId{table.Store()};
     }
 
     void WriteObjectRows() {
@@ -256,7 +267,7 @@ class Store {
         TableWriter foreign(m_after, m_database, "tForeignKeys");
         for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
             const ModelObject& object = m_after.objects[i];
-            const std::int32_t id = m_ids.objects[i];
+            const ObjectId id = m_ids.objects[i];
             const ModelObject* before = Before(id);
             const ObjectRows old = before == nullptr ? ObjectRows() : RowsOf(*before, m_before.ids);
             const ObjectRows now = RowsOf(object, m_ids);
@@ -271,13 +282,13 @@ class Store {
 
     /// Whether the rows of an object are to be written; the old ones are gone then.
     template <class Rows>
-    bool Replaces(const Rows& before, const Rows& now, std::string_view table, std::int32_t objectID) const {
+    bool Replaces(const Rows& before, const Rows& now, std::string_view table, ObjectId objectID) const {
         if (before == now) return false;
-        if (!before.empty()) Delete(table, "ObjectID", {objectID});
+        if (!before.empty()) Delete(table, "ObjectID", std::vector{objectID});
         return true;
     }
 
-    void WriteLinks(TableWriter& table, const ModelObject& object, std::int32_t id) const {
+    void WriteLinks(TableWriter& table, const ModelObject& object, ObjectId id) const {
         for (const std::size_t interface : object.interfaces) {
             table.Begin(object.place);
             table.Put("ObjectID", "interfaces", id);
@@ -286,7 +297,7 @@ class Store {
         }
     }
 
-    void WritePrimaryKeys(TableWriter& table, const ModelObject& object, std::int32_t id) const {
+    void WritePrimaryKeys(TableWriter& table, const ModelObject& object, ObjectId id) const {
         for (const ModelPrimaryKey& key : object.primaryKeys) {
             table.Begin(key.place);
             table.Put("ObjectID", {}, id);
@@ -296,7 +307,7 @@ class Store {
         }
     }
 
-    void WriteForeignKeys(TableWriter& table, const ModelObject& object, std::int32_t id) const {
+    void WriteForeignKeys(TableWriter& table, const ModelObject& object, ObjectId id) const {
         for (const ModelForeignKey& key : object.foreignKeys) {
             table.Begin(key.place);
             table.Put("ObjectID", {}, id);
@@ -311,7 +322,7 @@ class Store {
     /// Rows of one storage name are told apart by nothing, so they are written anew where they differ.
     void WriteDefinitions() {
         const auto rootsOf = [](const Model& model, const ModelIDs& ids) {
-            std::unordered_map<std::string, std::vector<std::int32_t>> roots;
+            std::unordered_map<std::string, std::vector<ObjectId>> roots;
             for (const ModelDefinition& definition : model.definitions)
                 roots[definition.storage].push_back(ids.objects[definition.root]);
             return roots;
@@ -325,11 +336,11 @@ class Store {
         }
         TableWriter table(m_after, m_database, "tDataDefs");
         for (const ModelDefinition& definition : m_after.definitions) {
-            const std::int32_t root = m_ids.objects[definition.root];
+            const ObjectId root = m_ids.objects[definition.root];
             const auto old = before.find(definition.storage);
             if (old != before.end() && old->second == now.at(definition.storage)) continue;
             if (old != before.end() && old->second.size() == 1) {
-                m_database.Execute("update tDataDefs set RootObjectID = " + std::to_string(root) +
+                m_database.Execute("update tDataDefs set RootObjectID = " + std::to_string(Number(root)) +
                                    " where Storage = " + Literal(definition.storage));
                 continue;
             }
@@ -348,7 +359,7 @@ class Store {
     }
 
     void DeleteRest() const {
-        const std::vector<std::int32_t> objects = Gone(m_before.ids.objects, m_ids.objects);
+        const std::vector<ObjectId> objects = Gone(m_before.ids.objects, m_ids.objects);
         for (const std::string_view table : {"tObjects", "tObjectInterfaces", "tPrimaryKeys", "tForeignKeys"})
             Delete(table, "ObjectID", objects);
         Delete("tForeignKeys", "FKObjectID", objects);
@@ -356,27 +367,29 @@ class Store {
         Delete("tValues", "ValueID", Gone(Flat(m_before.ids.values), Flat(m_ids.values)));
     }
 
-    static std::vector<std::int32_t> Flat(const std::vector<std::vector<std::int32_t>>& lists) {
-        std::vector<std::int32_t> all;
-        for (const std::vector<std::int32_t>& list : lists)
+    static std::vector<ValueId> Flat(const std::vector<std::vector<ValueId>>& lists) {
+        std::vector<ValueId> all;
+        for (const std::vector<ValueId>& list : lists)
             all.insert(all.end(), list.begin(), list.end());
         return all;
     }
 
-    static std::vector<std::int32_t> Gone(std::vector<std::int32_t> before, std::vector<std::int32_t> now) {
+    template <RowId Id>
+    static std::vector<Id> Gone(std::vector<Id> before, std::vector<Id> now) {
         std::ranges::sort(before);
         std::ranges::sort(now);
-        std::vector<std::int32_t> gone;
+        std::vector<Id> gone;
         std::ranges::set_difference(before, now, std::back_inserter(gone));
         return gone;
     }
 
-    void Delete(std::string_view table, std::string_view column, const std::vector<std::int32_t>& ids) const {
+    template <RowId Id>
+    void Delete(std::string_view table, std::string_view column, const std::vector<Id>& ids) const {
         constexpr std::size_t most = 500;  // of one statement
         for (std::size_t i = 0; i < ids.size(); i += most) {
             std::string list;
             for (std::size_t j = i; j < std::min(i + most, ids.size()); ++j)
-                list += (list.empty() ? "" : ", ") + std::to_string(ids[j]);
+                list += (list.empty() ? "" : ", ") + std::to_string(Number(ids[j]));
             m_database.Execute("delete from " + std::string(table) + " where " + std::string(column) +
                                " in (" + list + ")");
         }
@@ -386,8 +399,8 @@ class Store {
     const Model& m_after;
     ModelIDs& m_ids;
     dao::Database& m_database;
-    Positions m_objects;     ///< of m_before
-    Positions m_interfaces;  ///< likewise
+    Positions<ObjectId> m_objects;        ///< of m_before
+    Positions<InterfaceId> m_interfaces;  ///< likewise
 };
 
 }  // namespace

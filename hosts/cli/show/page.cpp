@@ -54,7 +54,7 @@ class Page {
     /// Findings about objects that are not shown are left out.
     void AddFinding(const Finding& finding) {
         std::set<std::size_t> objects;
-        for (const std::int32_t id : finding.objects)
+        for (const repository::ObjectId id : finding.objects)
             if (const auto object = m_content.shown.Find(id)) objects.insert(*object);
         if (!finding.objects.empty() && objects.empty()) return;
         m_all.push_back(&finding);
@@ -156,7 +156,7 @@ class Page {
         for (const Finding* finding : m_all) {
             Html links;
             std::set<std::size_t> objects;
-            for (const std::int32_t id : finding->objects) {
+            for (const repository::ObjectId id : finding->objects) {
                 const auto object = m_content.shown.Find(id);
                 if (object && objects.insert(*object).second) {
                     links += " ";

@@ -50,24 +50,24 @@ ShownDefinition::ShownDefinition(const repository::Catalog& catalog, std::string
     SetDepths();
 }
 
-std::optional<std::size_t> ShownDefinition::Find(std::int32_t objectID) const {
+std::optional<std::size_t> ShownDefinition::Find(repository::ObjectId objectID) const {
     const auto found = m_positions.find(objectID);
     return found == m_positions.end() ? std::nullopt : std::optional(found->second);
 }
 
 void ShownDefinition::FillObject(std::size_t index) {
     ShownObject& object = m_objects[index];
-    const std::int32_t id = m_exported.ids.objects[index];
+    const repository::ObjectId id = m_exported.ids.objects[index];
     object.row = m_related.FindObject(id);
     object.element = Find(object.row->CollectionObjectID);
-    for (const std::int32_t interface : m_related.InterfacesOf(id))
+    for (const repository::InterfaceId interface : m_related.InterfacesOf(id))
         AddValues(object, interface);
     if (object.table == nullptr) return;
     for (const scriptgen::Column& column : object.table->Columns)
-        if (column.ValueID == 0) object.values.push_back({.column = &column});
+        if (column.ValueID == repository::ValueId()) object.values.push_back({.column = &column});
 }
 
-void ShownDefinition::AddValues(ShownObject& object, std::int32_t interfaceID) {
+void ShownDefinition::AddValues(ShownObject& object, repository::InterfaceId interfaceID) {
     const repository::InterfaceRow* interface = m_related.FindInterface(interfaceID);
     if (interface == nullptr) return;
     for (const ValueRow* row : m_related.ValuesOfInterface(interfaceID)) {

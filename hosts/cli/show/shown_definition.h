@@ -64,20 +64,20 @@ class ShownDefinition {
     /// In walk order, each before what it holds.
     const std::vector<ShownObject>& Objects() const noexcept { return m_objects; }
     /// The position of an object; nothing for one that is not shown.
-    std::optional<std::size_t> Find(std::int32_t objectID) const;
+    std::optional<std::size_t> Find(repository::ObjectId objectID) const;
     /// What refers to rows that do not exist, in words.
     const std::vector<std::string>& LeftOut() const noexcept { return m_exported.leftOut; }
 
   private:
     void FillObject(std::size_t index);
-    void AddValues(ShownObject& object, std::int32_t interfaceID);
+    void AddValues(ShownObject& object, repository::InterfaceId interfaceID);
     void AddHolders();
     void SetDepths();
 
     ExportedModel m_exported;
     repository::RelatedCatalog m_related;
     std::vector<scriptgen::DescribedTable> m_tables;
-    std::unordered_map<std::int32_t, std::size_t> m_positions;  ///< by ObjectID
+    std::unordered_map<repository::ObjectId, std::size_t> m_positions;
     std::vector<ShownObject> m_objects;
 };
 

@@ -76,22 +76,22 @@ TEST_P(ExampleScripts, AreTheGoldenFiles) {
 
 /// What a table's description says, a line for the table and one for each column.
 std::string TableText(const scriptgen::DescribedTable& table) {
-    std::string text = table.Name + ": object " + std::to_string(table.ObjectID) + " beneath";
-    for (const std::int32_t parent : table.Parents)
-        text += " " + std::to_string(parent);
+    std::string text = table.Name + ": object " + std::to_string(Number(table.ObjectID)) + " beneath";
+    for (const repository::ObjectId parent : table.Parents)
+        text += " " + std::to_string(Number(parent));
     text += ", key";
     for (const std::string& column : table.PrimaryKey)
         text += " " + column;
     auto key = table.ForeignKeys.begin();
     for (const scriptgen::Column& column : table.Columns) {
-        text += "\n    " + column.FieldName + ": value " + std::to_string(column.ValueID) + ", type " +
-                std::to_string(column.DataType) + "(" + column.MaxLength + ")";
+        text += "\n    " + column.FieldName + ": value " + std::to_string(Number(column.ValueID)) +
+                ", type " + std::to_string(column.DataType) + "(" + column.MaxLength + ")";
         if (!column.DefaultVal.empty()) text += ", default " + column.DefaultVal;
         if (column.IsAutoNumber) text += ", numbered";
         if (column.IsPrimaryKey) text += ", key " + std::to_string(column.nPrimaryKeySeq);
         if (!column.IsForeignKey) continue;
-        text += ", object " + std::to_string(column.FKObjectID) + " value " +
-                std::to_string(column.FKValueID) + ": " + key->Table + "(" + key->KeyField +
+        text += ", object " + std::to_string(Number(column.FKObjectID)) + " value " +
+                std::to_string(Number(column.FKValueID)) + ": " + key->Table + "(" + key->KeyField +
                 (key->IsInRun ? ")" : ") elsewhere");
         EXPECT_EQ(key->FieldName, column.FieldName);
         EXPECT_EQ(key++->FKObjectID, column.FKObjectID);

@@ -241,8 +241,8 @@ cli::ExportedModel ReadBack(dao::Database& database) {
     return cli::ExportModel(repository::Catalog::Read(database), "");
 }
 
-std::set<std::int32_t> ValueIDs(const cli::ExportedModel& exported) {
-    std::set<std::int32_t> all;
+std::set<repository::ValueId> ValueIDs(const cli::ExportedModel& exported) {
+    std::set<repository::ValueId> all;
     for (const auto& ids : exported.ids.values)
         all.insert(ids.begin(), ids.end());
     return all;
@@ -277,11 +277,11 @@ TEST(Replace, AnyModelComesBackAndIdentifiersStay) {
         ExpectSameText("model", cli::ModelText(after.model), Imported(edited));
         std::size_t added = 0;
         std::size_t removed = 0;
-        const std::set<std::int32_t> old = ValueIDs(before);
-        const std::set<std::int32_t> now = ValueIDs(after);
-        for (const std::int32_t id : now)
+        const std::set<repository::ValueId> old = ValueIDs(before);
+        const std::set<repository::ValueId> now = ValueIDs(after);
+        for (const repository::ValueId id : now)
             added += old.contains(id) ? 0 : 1;
-        for (const std::int32_t id : old)
+        for (const repository::ValueId id : old)
             removed += now.contains(id) ? 0 : 1;
         const auto count = [](const cli::Model& model) {
             std::size_t values = 0;
