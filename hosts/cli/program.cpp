@@ -102,7 +102,7 @@ bool ReadAll(std::span<pollfd> pipes, std::span<std::string> texts, Clock::time_
         if (poll(pipes.data(), pipes.size(), static_cast<int>(rest)) < 0 && errno != EINTR) return false;
         for (std::size_t i = 0; i < pipes.size(); ++i) {
             if (pipes[i].fd < 0 || pipes[i].revents == 0) continue;
-            std::array<char, 65536> buffer;
+            std::array<char, 65536> buffer{};
             const ssize_t count = read(pipes[i].fd, buffer.data(), buffer.size());
             if (count > 0) texts[i].append(buffer.data(), static_cast<std::size_t>(count));
             if (count == 0 || (count < 0 && errno != EINTR)) pipes[i].fd = -1;
