@@ -1,5 +1,4 @@
 #include "hosts/cli/commands.h"
-
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/source.h"
 #include "objects/json_schema.h"
