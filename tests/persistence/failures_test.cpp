@@ -1,4 +1,5 @@
 #include "persistence/order_model.h"
+#include "support/instrumented.h"
 #include "support/small_stack.h"
 
 namespace korvex::tests {
@@ -239,18 +240,7 @@ class Endless final : public persistence::PlainObject {
     Ref m_definition;
 };
 
-// Instrumented code needs many times the stack for each level.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int DeepLevels = 300;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr int DeepLevels = 300;
-#else
-constexpr int DeepLevels = 3000;
-#endif
-#else
-constexpr int DeepLevels = 3000;
-#endif
+constexpr int DeepLevels = IsInstrumented ? 300 : 3000;
 
 TEST(Failures, ATreeWithoutEndIsAnErrorAndDeepOnesWork) {
     OrderWorld world;

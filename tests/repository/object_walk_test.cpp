@@ -2,6 +2,7 @@
 
 #include "repository/stored_rows.h"
 #include "repository_files.h"
+#include "support/instrumented.h"
 
 #include <string>
 #include <vector>
@@ -63,7 +64,7 @@ TEST_P(ObjectWalkTest, MeetsTheElementObjectFirstAndSharedObjectsOncePerWay) {
 TEST_P(ObjectWalkTest, DepthIsNotLimited) {
     NewRepository();
     // Each level costs a server some answers; what must not end the walk is the same everywhere.
-    const int depth = IsServer(GetParam()) ? 3000 : 100000;
+    const int depth = IsServer(GetParam()) ? 3000 : tests::IsInstrumented ? 20000 : 100000;
     const std::string levels = "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
                                std::to_string(depth) + ") ";
     Execute("insert into tObjectInterfaces (ObjectID, InterfaceID) " + levels + "select i, i from n");

@@ -5,6 +5,7 @@
 #include "hosts/cli/model/model_writer.h"
 #include "platform/native/native_platform.h"
 #include "repository/schema.h"
+#include "support/instrumented.h"
 #include "support/test_seam.h"
 #include "support/text_files.h"
 
@@ -41,7 +42,7 @@ TEST(Model, MissingFileAndEndlessDefinitionHaveTheirOwnNumbers) {
 }
 
 TEST(Model, DeepDefinitionsAreListedNotNested) {
-    const int depth = 10000;
+    const int depth = IsInstrumented ? 2000 : 10000;
     std::string listed = R"({"definitions":[{"storage":"Deep","root":"O0"}],"objects":[)";
     std::string nested = listed;
     std::string ends;

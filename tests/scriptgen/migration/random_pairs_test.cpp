@@ -10,6 +10,7 @@
 #include "scriptgen/script_text.h"
 #include "support/driver.h"
 #include "support/error_of.h"
+#include "support/instrumented.h"
 #include "support/json_holds.h"
 #include "support/recording_parts.h"
 #include "surface/cls_crud.h"
@@ -295,7 +296,7 @@ class RandomPairs : public testing::TestWithParam<Driver> {
 unsigned PairsToTry(Driver driver) {
     if (const char* wanted = std::getenv("KORVEX_RANDOM_PAIRS"))
         return static_cast<unsigned>(std::atoi(wanted));
-    return IsServer(driver) ? 20 : 200;
+    return IsServer(driver) ? 20 : IsInstrumented ? 50 : 200;
 }
 
 TEST_P(RandomPairs, OfDefinitionsLeadFromOneToTheOtherAndBack) {
