@@ -17,7 +17,7 @@ for package in "$work"/once/*.deb; do
     cmp "$package" "$work/twice/${package##*/}"
 done
 # It closes no bug of a distribution that it is no part of.
-lintian --allow-root --suppress-tags initial-upload-closes-no-bugs --fail-on error "$work"/once/*.deb
+lintian --allow-root --suppress-tags initial-upload-closes-no-bugs --fail-on error,warning "$work"/once/*.deb
 
 mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Component: main' | head -n 1)
 mmdebstrap --quiet --variant=minbase --mode=root bookworm "$root" "$mirror"
