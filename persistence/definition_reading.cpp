@@ -51,7 +51,8 @@ DefinitionReading ReadDefinition(QORObject& definition) {
 }
 
 const std::vector<std::int32_t>& ColumnIndexes::In(ado::Recordset& records,
-                                                   const std::vector<PlainValue>& values) {
+                                                   const std::vector<PlainValue>& values,
+                                                   std::span<const std::string_view> columns) {
     auto layout = records.Layout();
     if (layout != nullptr && layout == m_layout) return m_indexes;
     m_indexes.clear();
@@ -60,8 +61,10 @@ const std::vector<std::int32_t>& ColumnIndexes::In(ado::Recordset& records,
     try {
         for (const PlainValue& value : values)
             m_indexes.push_back(value.IsStored() ? records.FieldIndex(value.column) : None);
+        for (const std::string_view column : columns)
+            m_indexes.push_back(records.FieldIndex(column));
     } catch (const automation::Error&) {
-        m_indexes.clear();  // the value without a column is met in its turn
+        m_indexes.clear();  // what has no column is met in its turn
     }
     return m_indexes;
 }

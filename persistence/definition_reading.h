@@ -5,7 +5,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -23,14 +25,16 @@ struct PlainValue {
     bool IsStored() const noexcept { return isIncluded && !column.empty(); }
 };
 
-/// Where the columns of values stand among the fields of recordsets of one layout.
+/// Where the columns of values, and others of their records, stand among the fields of recordsets of one
+/// layout.
 class ColumnIndexes {
   public:
     static constexpr std::int32_t None = -1;  ///< the value has no place in the records
 
-    /// The indexes for these values, always the same ones; empty where a recordset does not tell, or lacks a
-    /// column.
-    const std::vector<std::int32_t>& In(ado::Recordset& records, const std::vector<PlainValue>& values);
+    /// The indexes for these values, and behind them those of these columns, always the same ones; empty
+    /// where a recordset does not tell, or lacks a column.
+    const std::vector<std::int32_t>& In(ado::Recordset& records, const std::vector<PlainValue>& values,
+                                        std::span<const std::string_view> columns);
 
   private:
     std::shared_ptr<const void> m_layout;
@@ -42,7 +46,7 @@ struct DefinitionReading {
     std::vector<PlainValue> values;       ///< in the order of the definition
     std::vector<std::string> childNames;  ///< of the child objects among the values, in the same order
     std::string keyColumn;                ///< the own key; "" when no key entry names a plain value
-    mutable ColumnIndexes indexes;        ///< of `values`
+    mutable ColumnIndexes indexes;        ///< of `values`, and of the state of their object
 };
 
 DefinitionReading ReadDefinition(QORObject& definition);

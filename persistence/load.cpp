@@ -6,6 +6,8 @@
 #include "persistence/record_lookup.h"
 #include "persistence/special_state.h"
 
+#include <span>
+
 namespace korvex::persistence {
 
 using automation::Variant;
@@ -33,9 +35,10 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
     loaded.ownKey = std::move(place->ownKey);
     loaded.isCollection = IsCollection(*loaded.definition);
     loaded.reading = session.Read(loaded.definition);
-    const auto& indexes = loaded.reading->indexes.In(*records, loaded.reading->values);
-    for (std::size_t i = 0; i < loaded.reading->values.size(); ++i) {
-        const auto& value = loaded.reading->values[i];
+    const auto& values = loaded.reading->values;
+    const auto& indexes = loaded.reading->indexes.In(*records, values, StateColumns(loaded.isCollection));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const PlainValue& value = values[i];
         if (indexes.empty())
             LoadFieldValue(*coData, value, *records);
         else if (indexes[i] != ColumnIndexes::None)
@@ -43,10 +46,9 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
         if (!loaded.ownKey.empty() && value.column == loaded.ownKey)
             loaded.key = automation::ToLong(coData->Value(value.index));
     }
-    if (loaded.isCollection)
-        LoadCollectionItemState(*coData, *records);
-    else
-        LoadObjectState(*coData, *records);
+    std::span<const std::int32_t> stateIndexes(indexes);
+    if (!indexes.empty()) stateIndexes = stateIndexes.subspan(values.size());
+    LoadState(*coData, *records, loaded.isCollection, stateIndexes);
     records->Close();
     return loaded;
 }

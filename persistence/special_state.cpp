@@ -32,16 +32,7 @@ Variant Attribute(QORObject& coData, const StateColumn& state) {
     return coData.LongAttribute(state.attribute);
 }
 
-void Load(QORObject& coData, ado::Recordset& records, const StatePair& pair) {
-    for (const auto& state : pair) {
-        const Variant value = records.FieldValue(state.column);
-        if (IsEmptyOrNull(value)) continue;
-        if (state.is16Bit)
-            coData.IntegerAttribute(state.attribute, automation::ToInteger(value));
-        else
-            coData.LongAttribute(state.attribute, automation::ToLong(value));
-    }
-}
+const StatePair& PairOf(bool isCollection) { return isCollection ? CollectionItemState : ObjectState; }
 
 void Save(QORObject& coData, ado::Recordset& records, const StatePair& pair) {
     for (const auto& state : pair)
@@ -50,11 +41,25 @@ void Save(QORObject& coData, ado::Recordset& records, const StatePair& pair) {
 
 }  // namespace
 
-void LoadCollectionItemState(QORObject& coData, ado::Recordset& records) {
-    Load(coData, records, CollectionItemState);
+std::array<std::string_view, 2> StateColumns(bool isCollection) {
+    const StatePair& pair = PairOf(isCollection);
+    return {pair[0].column, pair[1].column};
 }
 
-void LoadObjectState(QORObject& coData, ado::Recordset& records) { Load(coData, records, ObjectState); }
+void LoadState(QORObject& coData, ado::Recordset& records, bool isCollection,
+               std::span<const std::int32_t> indexes) {
+    const StatePair& pair = PairOf(isCollection);
+    for (std::size_t i = 0; i < pair.size(); ++i) {
+        const StateColumn& state = pair[i];
+        const Variant value =
+            indexes.empty() ? records.FieldValue(state.column) : records.FieldValue(indexes[i]);
+        if (IsEmptyOrNull(value)) continue;
+        if (state.is16Bit)
+            coData.IntegerAttribute(state.attribute, automation::ToInteger(value));
+        else
+            coData.LongAttribute(state.attribute, automation::ToLong(value));
+    }
+}
 
 void SaveCollectionItemState(QORObject& coData, ado::Recordset& records) {
     Save(coData, records, CollectionItemState);
@@ -64,7 +69,7 @@ void SaveObjectState(QORObject& coData, ado::Recordset& records) { Save(coData, 
 
 bool UpdateState(QORObject& coData, ado::Recordset& records, bool isCollection) {
     bool changed = false;
-    for (const auto& state : isCollection ? CollectionItemState : ObjectState) {
+    for (const auto& state : PairOf(isCollection)) {
         const auto field = records.Fields(state.column);
         const Variant value = Attribute(coData, state);
         if (SameAsStored(field->Value(), value)) continue;
