@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 sh tools/packages.sh build
-cmake --preset release -DKORVEX_BUILD_TESTS=OFF -DKORVEX_BUILD_BENCH=OFF -DKORVEX_BUILD_PYTHON=OFF -B build/start >/dev/null
+cmake --preset release -DCMAKE_UNITY_BUILD=ON -DKORVEX_BUILD_TESTS=OFF -DKORVEX_BUILD_BENCH=OFF -DKORVEX_BUILD_PYTHON=OFF -B build/start >/dev/null
 cmake --build build/start
 
 PATH=$PWD/build/start/hosts/cli:$PATH sh tools/example.sh
