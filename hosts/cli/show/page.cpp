@@ -1,7 +1,6 @@
 #include "hosts/cli/show/page.h"
 
 #include <algorithm>
-#include <set>
 
 #ifndef KORVEX_VERSION
 #error "the build passes KORVEX_VERSION"
@@ -51,11 +50,19 @@ class Page {
     }
 
   private:
+    /// The objects that a finding is about, as far as they are shown, each once.
+    std::vector<std::size_t> ObjectsOf(const Finding& finding) const {
+        std::vector<std::size_t> objects;
+        for (const repository::ObjectId id : finding.objects) {
+            const auto object = m_content.shown.Find(id);
+            if (object && std::ranges::find(objects, *object) == objects.end()) objects.push_back(*object);
+        }
+        return objects;
+    }
+
     /// Findings about objects that are not shown are left out.
     void AddFinding(const Finding& finding) {
-        std::set<std::size_t> objects;
-        for (const repository::ObjectId id : finding.objects)
-            if (const auto object = m_content.shown.Find(id)) objects.insert(*object);
+        const std::vector<std::size_t> objects = ObjectsOf(finding);
         if (!finding.objects.empty() && objects.empty()) return;
         m_all.push_back(&finding);
         for (const std::size_t object : objects)
@@ -155,13 +162,9 @@ class Page {
         Html items;
         for (const Finding* finding : m_all) {
             Html links;
-            std::set<std::size_t> objects;
-            for (const repository::ObjectId id : finding->objects) {
-                const auto object = m_content.shown.Find(id);
-                if (object && objects.insert(*object).second) {
-                    links += " ";
-                    links += ObjectAnchor(m_objects[*object]);
-                }
+            for (const std::size_t object : ObjectsOf(*finding)) {
+                links += " ";
+                links += ObjectAnchor(m_objects[object]);
             }
             items.Join(FindingPart(*finding, links));
         }
