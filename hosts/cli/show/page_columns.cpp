@@ -1,6 +1,7 @@
 #include "hosts/cli/show/page.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvex::cli {
 
@@ -144,14 +145,17 @@ class ColumnTable {
     /// One cell for neighbours that say the same.
     Html CellsOf(const scriptgen::Column& column, const std::string& mainDefault) const {
         Html cells;
-        for (std::size_t i = 0; i < m_dialects.size();) {
-            const Html cell = CellOf(column, i, mainDefault);
-            std::size_t end = i + 1;
-            while (end < m_dialects.size() && CellOf(column, end, mainDefault).Markup() == cell.Markup())
-                ++end;
-            cells += end == i + 1 ? Fill("cell", {{"text", cell}})
-                                  : Fill("wide-cell", {{"width", std::to_string(end - i)}, {"text", cell}});
-            i = end;
+        Html cell;
+        std::size_t width = 0;
+        for (std::size_t i = 0; i <= m_dialects.size(); ++i) {
+            Html next = i < m_dialects.size() ? CellOf(column, i, mainDefault) : Html();
+            if (width > 0 && next.Markup() != cell.Markup()) {
+                cells += width == 1 ? Fill("cell", {{"text", cell}})
+                                    : Fill("wide-cell", {{"width", std::to_string(width)}, {"text", cell}});
+                width = 0;
+            }
+            cell = std::move(next);
+            ++width;
         }
         return cells;
     }
