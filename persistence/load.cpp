@@ -6,6 +6,7 @@
 #include "persistence/record_lookup.h"
 #include "persistence/special_state.h"
 
+#include <algorithm>
 #include <span>
 
 namespace korvex::persistence {
@@ -46,9 +47,8 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
         if (!loaded.ownKey.empty() && value.column == loaded.ownKey)
             loaded.key = automation::ToLong(coData->Value(value.index));
     }
-    std::span<const std::int32_t> stateIndexes(indexes);
-    if (!indexes.empty()) stateIndexes = stateIndexes.subspan(values.size());
-    LoadState(*coData, *records, loaded.isCollection, stateIndexes);
+    LoadState(*coData, *records, loaded.isCollection,
+              std::span(indexes).subspan(std::min(values.size(), indexes.size())));
     records->Close();
     return loaded;
 }
