@@ -39,7 +39,8 @@ std::optional<std::string> IniValue(const std::string& section, const std::strin
 }  // namespace
 
 OdbcString::OdbcString(std::string_view text) : m_text(text) {
-    if (EqualsIgnoreCase(text.substr(0, DaoPrefix.size()), DaoPrefix)) m_text.erase(0, DaoPrefix.size());
+    while (EqualsIgnoreCase(std::string_view(m_text).substr(0, DaoPrefix.size()), DaoPrefix))
+        m_text.erase(0, DaoPrefix.size());
     const std::string_view all = m_text;
     for (std::size_t at = 0; at < all.size();) {
         const std::size_t equals = std::min(all.find_first_of("=;", at), all.size());

@@ -11,7 +11,7 @@ namespace korvex::native::sql {
 /// semicolon in braces.
 class OdbcString {
   public:
-    /// A DAO connect string's "ODBC;" in front is dropped.
+    /// A DAO connect string's "ODBC;" in front is dropped, as often as it stands there.
     explicit OdbcString(std::string_view text);
 
     /// With the settings that this layer counts on, where the string means a driver that has them.
