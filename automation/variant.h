@@ -1,10 +1,13 @@
 #pragma once
 
+#include <array>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -74,7 +77,24 @@ class Variant {
                      std::int64_t, float, double, Currency, Date, std::string, Bytes, ObjectRef>;
 
     /// Empty.
-    Variant() = default;
+    Variant() noexcept : m_value() {}
+    /// Copies the value; an object is shared.
+    Variant(const Variant& other) : m_value(other.m_value) {}
+    /// Takes the value over; what is left behind is of the same type.
+    Variant(Variant&& other) noexcept : m_value(std::move(other.m_value)) {}
+    /// Copies the value; an object is shared.
+    Variant& operator=(const Variant& other) {
+        m_value = other.m_value;
+        return *this;
+    }
+    /// Takes the value over; what is left behind is of the same type.
+    Variant& operator=(Variant&& other) noexcept {
+        m_value = std::move(other.m_value);
+        return *this;
+    }
+    ~Variant() {
+        if (OwnsMemory()) m_value.~Storage();
+    }
     /// A value of the automation type that the C++ type stands for; numbers keep their width, and a literal
     /// such as 5 is a Long.
     Variant(NullValue value) : m_value(value) {}
@@ -103,7 +123,7 @@ class Variant {
     static Variant Missing() { return MissingValue{}; }
 
     /// The type of the value held; never VarType::Variant or VarType::Void.
-    VarType Type() const noexcept;
+    VarType Type() const noexcept { return Types[m_value.index()]; }
     /// Whether the value was never set.
     bool IsEmpty() const noexcept { return Holds<EmptyValue>(); }
     /// Whether the value is Null, which IsEmpty is not.
@@ -135,10 +155,28 @@ class Variant {
     /// What is stored, for std::visit.
     const Storage& Value() const noexcept { return m_value; }
 
-    friend bool operator==(const Variant&, const Variant&) = default;
+    /// Whether type and value are exactly the same; objects by identity.
+    friend bool operator==(const Variant& left, const Variant& right) {
+        return left.m_value == right.m_value;
+    }
 
   private:
-    Storage m_value;
+    /// In the order of the alternatives of Storage.
+    static constexpr std::array Types = {
+        VarType::Empty,    VarType::Null, VarType::Missing,  VarType::Boolean, VarType::Byte,
+        VarType::Integer,  VarType::Long, VarType::LongLong, VarType::Single,  VarType::Double,
+        VarType::Currency, VarType::Date, VarType::String,   VarType::Bytes,   VarType::Object};
+    static_assert(Types.size() == std::variant_size_v<Storage>);
+
+    /// Texts, bytes and objects stand behind all others.
+    bool OwnsMemory() const noexcept { return m_value.index() >= FirstOwner; }
+    static constexpr std::size_t FirstOwner = std::variant_size_v<Storage> - 3;
+    static_assert(std::is_same_v<std::variant_alternative_t<FirstOwner, Storage>, std::string>);
+
+    /// In a union, so that no destructor runs for the many values that own nothing.
+    union {
+        Storage m_value;
+    };
 };
 
 }  // namespace korvex::automation
