@@ -135,10 +135,6 @@ Variant Convert(const Variant& value, const ColumnInfo& column) {
 
 }  // namespace
 
-Variant WholeNumber(std::int64_t value) {
-    return Fits<std::int32_t>(value) ? Variant(static_cast<std::int32_t>(value)) : Variant(value);
-}
-
 Variant ForColumn(const Variant& value, const ColumnInfo& column) {
     if (value.IsNull() || value.IsEmpty()) return Variant::Null();
     try {
@@ -163,9 +159,9 @@ Variant FromCell(const Cell& cell, const ColumnInfo& column) {
             break;
     }
     if (IsBinary(column.type) || (cell.kind == Cell::Kind::Bytes && !IsText(column.type)))
-        return automation::Bytes(cell.data.begin(), cell.data.end());
-    if (IsText(column.type)) return cell.data;
-    return FromText(cell.data, column);
+        return automation::Bytes(cell.Data().begin(), cell.Data().end());
+    if (IsText(column.type)) return cell.Data();
+    return FromText(cell.Data(), column);
 }
 
 Variant FromInteger(std::int64_t stored, const ColumnInfo& column) {

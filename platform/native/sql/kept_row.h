@@ -17,9 +17,14 @@ struct Cell {
     enum class Kind : std::uint8_t { Null, Integer, Real, Text, Bytes };
 
     Kind kind = Kind::Null;
-    std::int64_t integer = 0;
-    double real = 0;
-    std::string_view data = {};  ///< of Text and Bytes
+    union {
+        std::int64_t integer = 0;
+        double real;
+        const char* data;  ///< of Text and Bytes
+    };
+    std::size_t length = 0;  ///< of Text and Bytes
+
+    std::string_view Data() const noexcept { return {data, length}; }
 };
 
 /// Its value in the form of the column's type.
@@ -50,8 +55,9 @@ class KeptRow {
         for (std::size_t column = 0; column < count; ++column) {
             Cell& cell = m_cells[column] = cellAt(column);
             if (cell.kind < Cell::Kind::Text) continue;
-            cell.integer = static_cast<std::int64_t>(m_bytes.size());
-            m_bytes.append(cell.data);
+            const std::size_t place = m_bytes.size();
+            m_bytes.append(cell.Data());
+            cell.integer = static_cast<std::int64_t>(place);
         }
     }
     /// Takes a row whose values are known.
@@ -61,7 +67,7 @@ class KeptRow {
         if (!m_values.empty()) return m_values[column];
         const Cell& cell = m_cells[column];
         if (cell.kind < Cell::Kind::Text) return FromCell(cell, shape.columns[column]);
-        return FromCell({.kind = cell.kind, .data = {m_bytes.data() + cell.integer, cell.data.size()}},
+        return FromCell({.kind = cell.kind, .data = m_bytes.data() + cell.integer, .length = cell.length},
                         shape.columns[column]);
     }
     /// All values, which the row holds from now on; a caller may put others in their place.

@@ -162,7 +162,8 @@ Cell SqliteStatement::CellAt(int index) const {
             const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
             if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
             return {.kind = isText ? Cell::Kind::Text : Cell::Kind::Bytes,
-                    .data = {static_cast<const char*>(data), length}};
+                    .data = static_cast<const char*>(data),
+                    .length = length};
         }
     }
 }
