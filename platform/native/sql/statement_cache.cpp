@@ -3,6 +3,8 @@
 namespace korvex::native::sql {
 
 StatementCache::Bucket& StatementCache::Find(std::string_view text) {
+    // Many records in a row are looked up by the same statement.
+    if (!m_buckets.empty() && m_buckets.front().text == text) return m_buckets.front();
     if (const auto found = m_byText.find(text); found != m_byText.end()) {
         m_buckets.splice(m_buckets.begin(), m_buckets, found->second);
         return m_buckets.front();
