@@ -85,7 +85,7 @@ void OpenRows::Value(std::size_t column, const Variant& value) {
 std::int32_t OpenRows::ActualSize(std::size_t column) {
     if (!sql::IsLong(Column(column).type)) return FieldActualSize(Value(column), Column(column));
     ReadLong(column);
-    return m_chunks.size;
+    return m_chunks->size;
 }
 
 Variant OpenRows::GetChunk(std::size_t column, std::int32_t length) {
@@ -97,10 +97,9 @@ Variant OpenRows::GetChunk(std::size_t column, std::int32_t length) {
 
 void OpenRows::AppendChunk(std::size_t column, const Variant& data) {
     RequireLong(column);
-    if (!m_chunks.isAppending || m_chunks.column != column) {
+    if (!m_chunks || !m_chunks->isAppending || m_chunks->column != column) {
         Value(column, data);
-        m_chunks.column = column;
-        m_chunks.isAppending = true;
+        m_chunks = std::make_unique<Chunks>(Chunks{.column = column, .isAppending = true, .value = {}});
         return;
     }
     WithAdoErrors([&] { m_cursor.Extend(column, data); }, [this, column] { return Place(column); });
@@ -138,30 +137,29 @@ void OpenRows::StartEdit() {
 }
 
 void OpenRows::ReadLong(std::size_t column) {
-    if (m_chunks.column == column && !m_chunks.isAppending) return;
+    if (m_chunks && m_chunks->column == column && !m_chunks->isAppending) return;
     Variant value = Value(column);
-    m_chunks = {};
-    m_chunks.column = column;
-    m_chunks.size = FieldActualSize(value, Column(column));
-    m_chunks.value = std::move(value);
+    const std::int32_t size = FieldActualSize(value, Column(column));
+    m_chunks = std::make_unique<Chunks>(Chunks{.column = column, .value = std::move(value), .size = size});
 }
 
 Variant OpenRows::NextChunk(std::size_t length) {
-    const std::size_t start = m_chunks.next;
-    if (start == None) return Variant::Null();
-    const bool isWhole = start == 0 && m_chunks.size > 0 && length >= static_cast<std::size_t>(m_chunks.size);
+    Chunks& chunks = *m_chunks;
+    const std::size_t start = chunks.next;
+    if (start == AllRead) return Variant::Null();
+    const bool isWhole = start == 0 && chunks.size > 0 && length >= static_cast<std::size_t>(chunks.size);
     if (isWhole) {
-        m_chunks.next = None;
-        return std::exchange(m_chunks.value, {});
+        chunks.next = AllRead;
+        return std::exchange(chunks.value, {});
     }
-    if (const auto* text = m_chunks.value.If<std::string>(); text != nullptr && start < text->size()) {
+    if (const auto* text = chunks.value.If<std::string>(); text != nullptr && start < text->size()) {
         const std::string_view chunk = TextChunk(*text, start, length);
-        m_chunks.next += chunk.size();
+        chunks.next += chunk.size();
         return chunk;
     }
-    if (const auto* bytes = m_chunks.value.If<Bytes>(); bytes != nullptr && start < bytes->size()) {
+    if (const auto* bytes = chunks.value.If<Bytes>(); bytes != nullptr && start < bytes->size()) {
         const std::size_t end = start + std::min(length, bytes->size() - start);
-        m_chunks.next = end;
+        chunks.next = end;
         return Bytes(bytes->begin() + static_cast<std::ptrdiff_t>(start),
                      bytes->begin() + static_cast<std::ptrdiff_t>(end));
     }

@@ -50,7 +50,7 @@ class OpenRows {
     void CancelUpdate();
 
     automation::Variant Value(std::size_t column) {
-        if (m_chunks.column != column) EndChunks();
+        if (m_chunks && m_chunks->column != column) EndChunks();
         return WithAdoErrors([this, column] { return m_cursor.Value(column); },
                              [this, column] { return Place(column); });
     }
@@ -72,20 +72,18 @@ class OpenRows {
   private:
     /// The long value that is read or written in chunks. Touching another field's value ends it.
     struct Chunks {
-        std::size_t column = None;
+        std::size_t column;
         bool isAppending = false;
         automation::Variant value;  ///< being read
         std::int32_t size = 0;      ///< of the value being read
-        std::size_t next = 0;       ///< where the next chunk starts: bytes of text, or of binary data
+        std::size_t next = 0;  ///< where the next chunk starts: bytes of text, or of binary data; or AllRead
     };
-    static constexpr std::size_t None = static_cast<std::size_t>(-1);
+    static constexpr std::size_t AllRead = static_cast<std::size_t>(-1);
 
     void RequireUpdatable() const;
     void RequireLong(std::size_t column);
     void StartEdit();
-    void EndChunks() noexcept {
-        if (m_chunks.column != None) m_chunks = {};
-    }
+    void EndChunks() noexcept { m_chunks.reset(); }
     void ReadLong(std::size_t column);
     automation::Variant NextChunk(std::size_t length);
     std::string Place(std::size_t column);
@@ -93,7 +91,7 @@ class OpenRows {
     std::shared_ptr<NativeConnection> m_connection;  ///< open as long as somebody reads from it
     sql::Cursor m_cursor;
     bool m_isUpdatable;
-    Chunks m_chunks;
+    std::unique_ptr<Chunks> m_chunks;         ///< null outside a long value
     std::unique_ptr<NativeField[]> m_fields;  ///< made with the first field that is asked for
 };
 

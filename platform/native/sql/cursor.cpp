@@ -12,8 +12,7 @@ using automation::Variant;
 void Cursor::Close() noexcept {
     m_rows.Close();
     m_mode = EditMode::None;
-    m_writer.reset();
-    m_added.Clear();
+    m_writing.reset();
 }
 
 // ---- Reading ----
@@ -31,8 +30,9 @@ void Cursor::RequireRecord() {
 
 void Cursor::Start() {
     if (m_position != Position::Rows || m_rows.HasRow()) return;
-    StepIntoAdded(m_added.Count());  // what fails here ends the rows
-    if (!m_rows.IsStarted()) m_rows.Start(m_added.Count() == 0 ? nullptr : m_added.Recognizer(Writer()));
+    StepIntoAdded(AddedCount());  // what fails here ends the rows
+    if (!m_rows.IsStarted())
+        m_rows.Start(AddedCount() == 0 ? nullptr : m_writing->added.Recognizer(Writer()));
     m_rows.RaiseFailure();
     if (m_rows.HasRow())
         m_position = Position::Rows;
@@ -58,19 +58,19 @@ void Cursor::MoveNext() {
 void Cursor::MoveLast() {
     RequireOpen();
     CancelUpdate();
-    if (m_added.Count() > 0) return StepIntoAdded(m_added.Count() - 1);
+    if (AddedCount() > 0) return StepIntoAdded(AddedCount() - 1);
     RequireRecord();
     m_rows.MoveLast();
 }
 
 void Cursor::StepIntoAdded(std::size_t index) noexcept {
     m_addedIndex = index;
-    m_position = index < m_added.Count() ? Position::Added : Position::End;
+    m_position = index < AddedCount() ? Position::Added : Position::End;
 }
 
 Variant Cursor::SettledValue(std::size_t column) {
     if (m_mode != EditMode::None) {
-        if (m_changes.IsSet(column)) return m_changes.Value(column);
+        if (m_writing->changes.IsSet(column)) return m_writing->changes.Value(column);
         if (m_mode == EditMode::Adding) return {};
     }
     RequireRecord();
@@ -79,16 +79,18 @@ Variant Cursor::SettledValue(std::size_t column) {
 
 Variant Cursor::StoredValue(std::size_t column) {
     if (m_position == Position::Rows) return m_rows.Value(column);
-    return m_added.Value(m_addedIndex, column, Writer());
+    return m_writing->added.Value(m_addedIndex, column, Writer());
 }
 
 // ---- Writing ----
 
 RowWriter& Cursor::Writer() {
     const std::shared_ptr<const RowShape>& shape = m_rows.Shape();
-    if (!m_writer || &m_writer->Plan().Shape() != shape.get())
-        m_writer.emplace(m_session, m_session.PlanFor(shape));
-    return *m_writer;
+    if (!m_writing) m_writing = std::make_unique<Writing>();
+    std::optional<RowWriter>& writer = m_writing->writer;
+    if (!writer || &writer->Plan().Shape() != shape.get())
+        writer.emplace(m_session, m_session.PlanFor(shape));
+    return *writer;
 }
 
 void Cursor::AddNew() {
@@ -104,13 +106,14 @@ void Cursor::Edit() {
 }
 
 void Cursor::StartChanges(EditMode mode) {
-    m_changes.Start(Writer().Plan().Shape().columns.size());
+    const std::size_t columns = Writer().Plan().Shape().columns.size();
+    m_writing->changes.Start(columns);
     m_mode = mode;
 }
 
 void Cursor::CancelUpdate() noexcept {
     m_mode = EditMode::None;
-    m_changes.Clear();
+    if (m_writing) m_writing->changes.Clear();
 }
 
 void Cursor::Set(std::size_t column, const Variant& value) {
@@ -124,7 +127,7 @@ void Cursor::Set(std::size_t column, const Variant& value) {
         throw EngineError(ErrorKind::NotUpdatable, 0,
                           "The column " + info.name + " is computed and cannot be set");
     }
-    m_changes.Set(column, Fit(value, info));
+    m_writing->changes.Set(column, Fit(value, info));
 }
 
 /// ForColumn, for what the engine holds.
@@ -140,8 +143,8 @@ Variant Cursor::Fit(const Variant& value, const ColumnInfo& column) const {
 }
 
 void Cursor::Extend(std::size_t column, const Variant& data) {
-    if (m_mode == EditMode::None || !m_changes.IsSet(column)) return Set(column, data);
-    Variant& value = m_changes.Value(column);
+    if (m_mode == EditMode::None || !m_writing->changes.IsSet(column)) return Set(column, data);
+    Variant& value = m_writing->changes.Value(column);
     if (value.IsNull()) return Set(column, data);
     RequireOpen();
     const Variant more = Fit(data, Shape().columns[column]);
@@ -159,28 +162,29 @@ void Cursor::Update() {
         throw EngineError(ErrorKind::NotEditing, 0, "Update without AddNew or Edit");
     }
     if (m_mode == EditMode::Adding)
-        m_added.Add(Writer(), m_changes);
+        m_writing->added.Add(Writer(), m_writing->changes);
     else
         StoreEdit();
     CancelUpdate();
 }
 
 void Cursor::StoreEdit() {
-    m_changes.RemoveSame([this](std::size_t column) { return StoredValue(column); });
-    if (m_changes.Columns().empty()) return;
+    Changes& changes = m_writing->changes;
+    changes.RemoveSame([this](std::size_t column) { return StoredValue(column); });
+    if (changes.Columns().empty()) return;
     const RowIdentity identity = CurrentIdentity();
-    Writer().Update(identity, m_changes);
-    for (const std::size_t column : m_changes.Columns()) {
+    Writer().Update(identity, changes);
+    for (const std::size_t column : changes.Columns()) {
         if (m_position == Position::Rows)
-            m_rows.Values()[column] = m_changes.Value(column);
+            m_rows.Values()[column] = changes.Value(column);
         else
-            m_added.Replace(m_addedIndex, column, Shape().columns[column].baseColumn,
-                            m_changes.Value(column));
+            m_writing->added.Replace(m_addedIndex, column, Shape().columns[column].baseColumn,
+                                     changes.Value(column));
     }
 }
 
 RowIdentity Cursor::CurrentIdentity() {
-    return m_position == Position::Added ? m_added.IdentityOf(m_addedIndex)
+    return m_position == Position::Added ? m_writing->added.IdentityOf(m_addedIndex)
                                          : Writer().Identify(m_rows.Values());
 }
 

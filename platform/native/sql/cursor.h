@@ -80,10 +80,17 @@ class Cursor final {
         End,
     };
 
+    struct Writing {
+        AddedRows added;
+        Changes changes;
+        std::optional<RowWriter> writer;
+    };
+
     void RequireOpen() const;
     void RequireRecord();
     void Start();
     void StepIntoAdded(std::size_t index) noexcept;
+    std::size_t AddedCount() const noexcept { return m_writing ? m_writing->added.Count() : 0; }
     automation::Variant SettledValue(std::size_t column);
     automation::Variant StoredValue(std::size_t column);
     RowWriter& Writer();
@@ -94,14 +101,12 @@ class Cursor final {
 
     Session& m_session;
     StatementRows m_rows;
-    AddedRows m_added;
     std::size_t m_addedIndex = 0;
     Position m_position = Position::Rows;
     std::size_t m_expected = 0;  ///< the column behind the one found last
 
     EditMode m_mode = EditMode::None;
-    Changes m_changes;
-    std::optional<RowWriter> m_writer;
+    std::unique_ptr<Writing> m_writing;  ///< from the first change on: most cursors only read
 };
 
 }  // namespace korvex::native::sql
