@@ -20,19 +20,20 @@ bool IsEmptyText(const Variant& value) {
     return text != nullptr && text->empty();
 }
 
-/// The value is kept as it is; Converted gives what is kept of others.
-bool IsKept(const ValueInfo& info, const Variant& value) {
-    return value.Type() == static_cast<VarType>(info.dataType) || value.IsEmpty() || value.IsNull() ||
-           KeptType(info.dataType) == VarType::Variant;
+/// The value is kept as it is where that type is asked for; Converted gives what is kept of others.
+bool IsKept(VarType type, const Variant& value) {
+    return value.Type() == type || value.IsEmpty() || value.IsNull() || type == VarType::Variant;
 }
 
-Variant Converted(const Definition& definition, const ValueInfo& info, const Variant& value) {
+Variant Converted(const Definition& definition, std::int32_t index, const Variant& value) {
     if (IsEmptyText(value)) return {};
     try {
-        return automation::ChangeType(value, KeptType(info.dataType));
+        return automation::ChangeType(value, definition.TypeAt(index));
     } catch (const Error& error) {
-        throw Error(error.Number(), definition.Name() + "." + info.name + ": " + error.Description(),
-                    error.Source());
+        throw Error(
+            error.Number(),
+            definition.Name() + "." + definition.ValueAt(index).Info().name + ": " + error.Description(),
+            error.Source());
     }
 }
 
@@ -202,14 +203,14 @@ Variant DataObject::Value(std::int32_t index) { return ValueOf(Type().ValueAt(in
 
 template <class NewValue>
 void DataObject::Store(std::int32_t index, NewValue&& value) {
-    const auto& definition = Type().ValueAt(index);
-    if (definition.Child() != nullptr) return SetChild(definition, value);
-    const auto& info = definition.Info();
+    const Definition& definition = Type();
+    const VarType type = definition.TypeAt(index);
+    if (type == VarType::Object) return SetChild(definition.ValueAt(index), value);
     auto& kept = m_values[static_cast<std::size_t>(index) - 1];
-    if (IsKept(info, value))
+    if (IsKept(type, value))
         Assign(kept, std::forward<NewValue>(value));
     else
-        Assign(kept, Converted(Type(), info, value));
+        Assign(kept, Converted(definition, index, value));
 }
 
 void DataObject::Value(std::int32_t index, const Variant& value) { Store(index, value); }

@@ -149,6 +149,7 @@ void Definition::Append(std::shared_ptr<ValueDefinition> value) {
                         "; rename one of them.");
     if (!info.column.empty()) m_byColumn.emplace(info.column, value.get());
     m_valueList->Add(value);
+    m_types.push_back(value->Child() != nullptr ? VarType::Object : KeptType(info.dataType));
     m_values.push_back(std::move(value));
     ++m_revision;
 }

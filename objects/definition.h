@@ -107,6 +107,13 @@ class Definition final : public persistence::PlainObject {
         if (position >= m_values.size()) RaiseNoValue(index);
         return *m_values[position];
     }
+    /// The type in which the value at an index is kept: VarType::Variant where it is kept as given,
+    /// VarType::Object for a child object; SubscriptOutOfRange (9) for an index of no value.
+    automation::VarType TypeAt(std::int32_t index) const {
+        const auto position = static_cast<std::size_t>(index) - 1;
+        if (position >= m_types.size()) RaiseNoValue(index);
+        return m_types[position];
+    }
     /// The value of the own key; nullptr when there is none.
     const ValueDefinition* KeyValue() const;
 
@@ -126,6 +133,7 @@ class Definition final : public persistence::PlainObject {
     std::string m_table;
     bool m_isIncluded;
     std::vector<std::shared_ptr<ValueDefinition>> m_values;
+    std::vector<automation::VarType> m_types;  ///< of the values, close together: asked for at each store
     std::map<std::string, const ValueDefinition*, std::less<>> m_byName;
     std::map<std::string, const ValueDefinition*, std::less<>> m_byColumn;
     std::vector<std::string> m_primaryKeys;
