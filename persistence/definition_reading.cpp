@@ -36,6 +36,14 @@ std::string ReadKeyColumn(QORObject& definition, const std::vector<PlainValue>& 
 
 }  // namespace
 
+std::size_t DefinitionReading::PositionOf(std::string_view column) const {
+    if (column == keyColumn) return keyPosition;
+    std::size_t position = column.empty() ? 0 : values.size();
+    while (position > 0 && values[position - 1].column != column)
+        --position;
+    return position - 1;
+}
+
 DefinitionReading ReadDefinition(QORObject& definition) {
     DefinitionReading reading;
     reading.values.reserve(UsualValues);
@@ -46,7 +54,9 @@ DefinitionReading ReadDefinition(QORObject& definition) {
         else
             reading.values.push_back(ReadPlainValue(*valueDef));
     });
-    reading.keyColumn = ReadKeyColumn(definition, reading.values);
+    std::string keyColumn = ReadKeyColumn(definition, reading.values);
+    reading.keyPosition = reading.PositionOf(keyColumn);
+    reading.keyColumn = std::move(keyColumn);
     return reading;
 }
 
@@ -70,23 +80,32 @@ const std::vector<std::int32_t>& ColumnIndexes::In(ado::Recordset& records,
 }
 
 DefinitionReadings::Reading DefinitionReadings::Of(const QORObject::Ref& definition) {
+    if (m_latest == nullptr || m_latest->definition != definition) m_latest = &EntryOf(definition);
+    return m_latest->reading;
+}
+
+DefinitionReadings::Entry& DefinitionReadings::EntryOf(const QORObject::Ref& definition) {
     const auto known = m_readings.find(definition.get());
     if (known != m_readings.end()) {
         Entry& entry = known->second;
-        if (entry.definition != nullptr) return entry.reading;
+        if (entry.definition != nullptr) return entry;
         if (entry.between.lock() == definition && entry.revision == definition->Revision()) {
             entry.definition = definition;
-            return entry.reading;
+            return entry;
         }
         m_readings.erase(known);
     }
     auto reading = std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
-    if (m_readings.size() >= ReadingLimit) m_readings.clear();
-    m_readings.emplace(definition.get(), Entry{definition, definition, definition->Revision(), reading});
-    return reading;
+    if (m_readings.size() >= ReadingLimit) {
+        m_latest = nullptr;
+        m_readings.clear();
+    }
+    const Entry entry{definition, definition, definition->Revision(), std::move(reading)};
+    return m_readings.emplace(definition.get(), entry).first->second;
 }
 
 void DefinitionReadings::Forget() {
+    m_latest = nullptr;
     std::erase_if(m_readings, [](const auto& item) { return item.second.revision == 0; });
     for (auto& item : m_readings)
         item.second.definition.reset();

@@ -43,10 +43,16 @@ class ColumnIndexes {
 
 /// What a definition says of its values, in one walk over them.
 struct DefinitionReading {
-    std::vector<PlainValue> values;       ///< in the order of the definition
-    std::vector<std::string> childNames;  ///< of the child objects among the values, in the same order
-    std::string keyColumn;                ///< the own key; "" when no key entry names a plain value
-    mutable ColumnIndexes indexes;        ///< of `values`, and of the state of their object
+    static constexpr std::size_t NoPosition = static_cast<std::size_t>(-1);
+
+    /// The last of `values` that stands in a column; NoPosition for "" and where there is none.
+    std::size_t PositionOf(std::string_view column) const;
+
+    std::vector<PlainValue> values;        ///< in the order of the definition
+    std::vector<std::string> childNames;   ///< of the child objects among the values, in the same order
+    std::string keyColumn;                 ///< the own key; "" when no key entry names a plain value
+    std::size_t keyPosition = NoPosition;  ///< of its value among `values`
+    mutable ColumnIndexes indexes;         ///< of `values`, and of the state of their object
 };
 
 DefinitionReading ReadDefinition(QORObject& definition);
@@ -69,7 +75,10 @@ class DefinitionReadings {
         std::uint64_t revision = 0;
         Reading reading;
     };
+    Entry& EntryOf(const QORObject::Ref& definition);
+
     std::unordered_map<const QORObject*, Entry> m_readings;
+    const Entry* m_latest = nullptr;  ///< many objects in a row share a definition
 };
 
 }  // namespace korvex::persistence

@@ -38,14 +38,14 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
     loaded.reading = session.Read(loaded.definition);
     const auto& values = loaded.reading->values;
     const auto& indexes = loaded.reading->indexes.In(*records, values, StateColumns(loaded.isCollection));
+    const std::size_t keyPosition = loaded.reading->PositionOf(loaded.ownKey);
     for (std::size_t i = 0; i < values.size(); ++i) {
         const PlainValue& value = values[i];
         if (indexes.empty())
             LoadFieldValue(*coData, value, *records);
         else if (indexes[i] != ColumnIndexes::None)
             coData->MoveValue(value.index, records->FieldValue(indexes[i]));
-        if (!loaded.ownKey.empty() && value.column == loaded.ownKey)
-            loaded.key = automation::ToLong(coData->Value(value.index));
+        if (i == keyPosition) loaded.key = automation::ToLong(coData->Value(value.index));
     }
     LoadState(*coData, *records, loaded.isCollection,
               std::span(indexes).subspan(std::min(values.size(), indexes.size())));
