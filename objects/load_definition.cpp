@@ -92,7 +92,7 @@ class Builder {
         Definition& definition = *m_definitions.at(place);
         const ObjectRow& row = ObjectOf(m_catalog, object);
         const auto otherForeignKeys = ForeignKeysToOthers(object, parent);
-        for (const auto* value : m_catalog.ValuesOf(object)) {
+        for (const auto* value : ValuesOf(m_catalog, object)) {
             if (IsRow(value->ChildObjectID)) {
                 definition.AddChild(value->Name, DefinitionOf(value->ChildObjectID, object));
                 continue;

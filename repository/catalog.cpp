@@ -1,7 +1,7 @@
 #include "repository/catalog.h"
 
-#include "automation/convert.h"
 #include "repository/read_value.h"
+#include "repository/row_columns.h"
 
 #include <memory>
 
@@ -9,116 +9,36 @@ namespace korvex::repository {
 
 namespace {
 
-/// Reads the columns of one table's current record.
-class RowReader {
-    template <class Conversion>
-    auto Convert(std::string_view column, Conversion conversion) const {
-        return repository::ReadValue(m_recordset.Fields(column), conversion,
-                                     [this] { return DescribeRow(m_table, m_recordset); });
-    }
-
-  public:
-    RowReader(std::string_view table, dao::Recordset& recordset) : m_table(table), m_recordset(recordset) {}
-
-    bool IsNull(std::string_view column) const { return m_recordset.Fields(column).Value().IsNull(); }
-    template <RowId Id>
-    Id Identifier(std::string_view column) const {
-        return Id(Long(column));
-    }
-    std::int32_t Long(std::string_view column) const {
-        return Convert(column, [](const automation::Variant& value) { return automation::ToLong(value); });
-    }
-    bool Flag(std::string_view column) const {
-        return Convert(column, [](const automation::Variant& value) { return automation::ToBoolean(value); });
-    }
-    std::string Text(std::string_view column) const { return OptionalText(column).value_or(std::string()); }
-    std::optional<std::string> OptionalText(std::string_view column) const {
-        return Convert(column, [](const automation::Variant& value) -> std::optional<std::string> {
-            if (value.IsEmpty()) return std::nullopt;
-            return automation::ToString(value);
-        });
-    }
-
-  private:
-    std::string_view m_table;
-    dao::Recordset& m_recordset;
-};
-
-template <class Row, class ReadRow>
+/// `mark` notes about a row what its columns do not tell as they are kept.
+template <class Row, std::size_t N>
 std::vector<Row> ReadTable(dao::Database& database, std::string_view table, std::string_view orderBy,
-                           ReadRow readRow) {
+                           const RowColumn<Row> (&columns)[N],
+                           void (*mark)(Row& row, dao::Recordset& rows) = nullptr) {
     std::string sql = "select * from " + std::string(table);
     if (!orderBy.empty()) sql.append(" order by ").append(orderBy);
     const std::unique_ptr<dao::Recordset> recordset = database.OpenRecordset(sql, dao::dbOpenSnapshot);
-    const RowReader reader(table, *recordset);
+    const auto what = [&] { return DescribeRow(table, *recordset); };
     std::vector<Row> rows;
-    for (; !recordset->Eof(); recordset->MoveNext()) {
-        rows.push_back(readRow(reader));
+    for (std::vector<dao::Field*> fields; !recordset->Eof(); recordset->MoveNext()) {
+        for (std::size_t i = fields.size(); i < N; ++i)
+            fields.push_back(&recordset->Fields(columns[i].name));
+        Row& row = rows.emplace_back();
+        for (std::size_t i = 0; i < N; ++i)
+            ReadValue(
+                *fields[i], [&](const automation::Variant& value) { columns[i].set(row, value); }, what);
+        if (mark != nullptr) mark(row, *recordset);
     }
     recordset->Close();
     return rows;
 }
 
-DataDefRow ReadDataDef(const RowReader& row) {
-    return {.Storage = row.Text("Storage"), .RootObjectID = row.Identifier<ObjectId>("RootObjectID")};
-}
+bool IsNull(dao::Recordset& rows, std::string_view column) { return rows.Fields(column).Value().IsNull(); }
 
-ObjectRow ReadObject(const RowReader& row) {
-    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
-            .Name = row.Text("Name"),
-            .CollectionObjectID = row.Identifier<ObjectId>("CollectionObjectID"),
-            .TableName = row.OptionalText("TableName"),
-            .IsIncluded = row.Flag("IsIncluded"),
-            .Guid = row.Text("Guid"),
-            .HasKind = !row.IsNull("CollectionObjectID")};
-}
+void MarkObject(ObjectRow& row, dao::Recordset& rows) { row.HasKind = !IsNull(rows, "CollectionObjectID"); }
 
-InterfaceRow ReadInterface(const RowReader& row) {
-    return {.InterfaceID = row.Identifier<InterfaceId>("InterfaceID"), .Name = row.Text("Name")};
-}
-
-ObjectInterfaceRow ReadObjectInterface(const RowReader& row) {
-    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
-            .InterfaceID = row.Identifier<InterfaceId>("InterfaceID")};
-}
-
-ValueRow ReadValueRow(const RowReader& row) {
-    return {
-        .ValueID = row.Identifier<ValueId>("ValueID"),
-        .InterfaceID = row.Identifier<InterfaceId>("InterfaceID"),
-        .ChildObjectID = row.Identifier<ObjectId>("ChildObjectID"),
-        .Name = row.Text("Name"),
-        .FieldName = row.OptionalText("FieldName"),
-        .DataType = row.Long("DataType"),
-        .MaxLength = row.Text("MaxLength"),
-        .IsAutoNumber = row.Flag("IsAutoNumber"),
-        .DefaultVal = row.Text("DefaultVal"),
-        .IsIncluded = row.Flag("IsIncluded"),
-        .IsReadOnly = row.Flag("IsReadOnly"),
-        .Description = row.Text("Description"),
-        .Caption = row.Text("Caption"),
-        .Translation = row.Text("Translation"),
-        .MaxValue = row.Text("MaxValue"),
-        .MinValue = row.Text("MinValue"),
-        .VID = row.Long("VID"),
-        .VIDTag1 = row.Text("VIDTag1"),
-        .VIDTag2 = row.Text("VIDTag2"),
-        .VIDTag3 = row.Text("VIDTag3"),
-        .IsPlain = !row.IsNull("ChildObjectID") && row.Long("ChildObjectID") == 0 && !row.IsNull("DataType")};
-}
-
-PrimaryKeyRow ReadPrimaryKey(const RowReader& row) {
-    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
-            .ValueID = row.Identifier<ValueId>("ValueID"),
-            .Seq = row.Long("Seq")};
-}
-
-ForeignKeyRow ReadForeignKey(const RowReader& row) {
-    return {.ObjectID = row.Identifier<ObjectId>("ObjectID"),
-            .ValueID = row.Identifier<ValueId>("ValueID"),
-            .FKObjectID = row.Identifier<ObjectId>("FKObjectID"),
-            .FKValueID = row.Identifier<ValueId>("FKValueID"),
-            .FKObjectGUID = row.Text("FKObjectGUID")};
+void MarkValue(ValueRow& row, dao::Recordset& rows) {
+    row.IsPlain =
+        row.ChildObjectID == NoObject && !IsNull(rows, "ChildObjectID") && !IsNull(rows, "DataType");
 }
 
 template <RowId Id>
@@ -137,6 +57,7 @@ template <class Row, RowId Id>
 std::vector<const Row*> RowsOf(const std::vector<Row>& rows, const Positions<Id>& positions, Id key) {
     std::vector<const Row*> found;
     if (const auto entry = positions.find(key); entry != positions.end()) {
+        found.reserve(entry->second.size());
         for (const std::size_t position : entry->second) {
             found.push_back(&rows[position]);
         }
@@ -154,16 +75,14 @@ const Row* FirstRow(const std::vector<Row>& rows, const Positions<Id>& positions
 
 Catalog Catalog::Read(dao::Database& database) {
     Catalog catalog;
-    catalog.m_dataDefs = ReadTable<DataDefRow>(database, "tDataDefs", "", ReadDataDef);
-    catalog.m_objects = ReadTable<ObjectRow>(database, "tObjects", "ObjectID", ReadObject);
-    catalog.m_interfaces = ReadTable<InterfaceRow>(database, "tInterfaces", "InterfaceID", ReadInterface);
-    catalog.m_objectInterfaces =
-        ReadTable<ObjectInterfaceRow>(database, "tObjectInterfaces", "", ReadObjectInterface);
-    catalog.m_values = ReadTable<ValueRow>(database, "tValues", "ValueID", ReadValueRow);
-    catalog.m_primaryKeys =
-        ReadTable<PrimaryKeyRow>(database, "tPrimaryKeys", "ObjectID, Seq, ValueID", ReadPrimaryKey);
+    catalog.m_dataDefs = ReadTable(database, "tDataDefs", "", DataDefColumns);
+    catalog.m_objects = ReadTable(database, "tObjects", "ObjectID", ObjectColumns, MarkObject);
+    catalog.m_interfaces = ReadTable(database, "tInterfaces", "InterfaceID", InterfaceColumns);
+    catalog.m_objectInterfaces = ReadTable(database, "tObjectInterfaces", "", ObjectInterfaceColumns);
+    catalog.m_values = ReadTable(database, "tValues", "ValueID", ValueColumns, MarkValue);
+    catalog.m_primaryKeys = ReadTable(database, "tPrimaryKeys", "ObjectID, Seq, ValueID", PrimaryKeyColumns);
     catalog.m_foreignKeys =
-        ReadTable<ForeignKeyRow>(database, "tForeignKeys", "ObjectID, ValueID, FKObjectID", ReadForeignKey);
+        ReadTable(database, "tForeignKeys", "ObjectID, ValueID, FKObjectID", ForeignKeyColumns);
     catalog.BuildIndexes();
     return catalog;
 }
@@ -201,15 +120,6 @@ std::vector<const ValueRow*> Catalog::ValuesOfInterface(InterfaceId interfaceID)
     return RowsOf(m_values, m_valuesByInterface, interfaceID);
 }
 
-std::vector<const ValueRow*> Catalog::ValuesOf(ObjectId objectID) const {
-    std::vector<const ValueRow*> values;
-    for (const InterfaceId interfaceID : InterfacesOf(objectID)) {
-        const std::vector<const ValueRow*> own = ValuesOfInterface(interfaceID);
-        values.insert(values.end(), own.begin(), own.end());
-    }
-    return values;
-}
-
 std::vector<const PrimaryKeyRow*> Catalog::PrimaryKeysOf(ObjectId objectID) const {
     return RowsOf(m_primaryKeys, m_primaryKeysByObject, objectID);
 }
@@ -223,7 +133,7 @@ std::vector<ObjectId> Catalog::ChildrenOf(ObjectId objectID) const {
     const ObjectRow* object = FindObject(objectID);
     if (object != nullptr && IsRow(object->CollectionObjectID))
         children.push_back(object->CollectionObjectID);
-    for (const ValueRow* value : ValuesOf(objectID)) {
+    for (const ValueRow* value : ValuesOf(*this, objectID)) {
         if (IsRow(value->ChildObjectID)) children.push_back(value->ChildObjectID);
     }
     return children;

@@ -130,8 +130,6 @@ class Catalog {
     std::vector<InterfaceId> InterfacesOf(ObjectId objectID) const;
     /// Values of one interface, by their identifiers.
     std::vector<const ValueRow*> ValuesOfInterface(InterfaceId interfaceID) const;
-    /// Values of all interfaces of an object, in the order of these.
-    std::vector<const ValueRow*> ValuesOf(ObjectId objectID) const;
     /// The primary key of an object's table, by Seq.
     std::vector<const PrimaryKeyRow*> PrimaryKeysOf(ObjectId objectID) const;
     /// The foreign keys of an object's table, by ValueID.
@@ -159,5 +157,16 @@ class Catalog {
     Positions<InterfaceId> m_interfaceByID, m_objectsByInterface, m_valuesByInterface;
     Positions<ValueId> m_valueByID;
 };
+
+/// Values of all interfaces of an object, in the order of these, in a catalogue or a related one.
+template <class Rows>
+std::vector<const ValueRow*> ValuesOf(const Rows& rows, ObjectId objectID) {
+    std::vector<const ValueRow*> values;
+    for (const InterfaceId interfaceID : rows.InterfacesOf(objectID)) {
+        const std::vector<const ValueRow*> own = rows.ValuesOfInterface(interfaceID);
+        values.insert(values.end(), own.begin(), own.end());
+    }
+    return values;
+}
 
 }  // namespace korvex::repository

@@ -75,8 +75,9 @@ class StaleKeys {
         const auto add = [&held](std::string_view column) {
             return [&held, column](dao::Recordset& rows) { held.insert(Read<ObjectId>(rows, column)); };
         };
-        const bool isComplete = ForEachRow(m_source.ElementObject(parentID), add("CollectionObjectID")) &&
-                                ForEachRow(m_source.HeldObjects(parentID), add("ChildObjectID"));
+        const bool isComplete =
+            ForEachRow(m_source.Ask(questions::ElementObject, parentID), add("CollectionObjectID")) &&
+            ForEachRow(m_source.HeldObjects(parentID), add("ChildObjectID"));
         return isComplete ? std::optional(std::move(held)) : std::nullopt;
     }
 

@@ -55,7 +55,7 @@ ValueId KeyValues::Edit(dao::Recordset& values, const KeyValue& key) {
 }
 
 bool KeyValues::Rename(ValueId valueID, const KeyValue& key) {
-    const auto values = m_rows.Value(valueID);
+    const auto values = m_rows.Ask(questions::Value, valueID);
     if (!values || values->Eof()) return false;
     const bool isAutoNumber = ReadValue(values->Fields("IsAutoNumber"), automation::ToBoolean, key.name);
     const bool isSuchKey = isAutoNumber == key.isAutoNumber && IsKeyVid(ReadLong(*values, "VID", key)) &&
@@ -94,7 +94,7 @@ std::int32_t KeyValues::NextVid(const KeyValue& key) {
 
 std::int32_t KeyValues::NextFreeVid(Numbering& numbering, const KeyValue& key) {
     if (numbering.taken.empty()) {
-        const auto rows = m_rows.Numbers(key.interfaceID);
+        const auto rows = m_rows.Ask(questions::Numbers, key.interfaceID);
         for (; rows && !rows->Eof(); rows->MoveNext())
             numbering.taken.insert(ReadLong(*rows, "VID", key));
         if (rows) rows->Close();

@@ -27,7 +27,7 @@ std::string Describe(const KeyedObject& object) {
 
 void KeyWriter::WriteOwnKey(KeyedObject& object) {
     m_references.AddObject(object.objectID);
-    const auto keys = m_rows.PrimaryKeyRows(object.objectID);
+    const auto keys = m_rows.Ask(questions::PrimaryKeyRows, object.objectID);
     if (!keys) return;
     std::vector<ValueId> earlierValues;
     for (; !keys->Eof(); keys->MoveNext()) {

@@ -44,15 +44,15 @@ InterfaceId FindObjectInterface(DefinitionRows& rows, ObjectId lObjectID, std::s
 }
 
 std::vector<ObjectId> GetChildObjects(DefinitionRows& rows, InterfaceId lInterfaceID) {
-    return ReadIdentifiers<ObjectId>(rows.Children(lInterfaceID), "tValues", "ChildObjectID");
+    return ReadIdentifiers<ObjectId>(rows.Ask(questions::Children, lInterfaceID), "tValues", "ChildObjectID");
 }
 
 std::string GetFieldName(DefinitionRows& rows, ValueId lValueID) {
-    return ReadText(rows.FieldName(lValueID), "FieldName", "a tValues row");
+    return ReadText(rows.Ask(questions::FieldName, lValueID), "FieldName", "a tValues row");
 }
 
 std::string GetObjectTableName(DefinitionRows& rows, ObjectId lObjectID) {
-    return ReadText(rows.TableName(lObjectID), "tableName", "a tObjects row");
+    return ReadText(rows.Ask(questions::TableName, lObjectID), "tableName", "a tObjects row");
 }
 
 std::vector<ObjectId> GetRootObjects(DefinitionRows& rows, std::string_view storageName) {

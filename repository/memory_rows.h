@@ -1,66 +1,21 @@
 #pragma once
 
-#include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
 #include "platform/dao.h"
-#include "repository/ids.h"
+#include "repository/row_columns.h"
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 /// Rows in memory in the shape of a repository's recordsets.
 namespace korvex::repository {
-
-/// A column of rows of one type, under the name that it has in the repository.
-template <class Row>
-struct RowColumn {
-    std::string_view name;
-    automation::Variant (*get)(const Row& row);
-    void (*set)(Row& row, const automation::Variant& value);
-};
-
-namespace detail {
-
-inline automation::Variant ToVariant(const std::optional<std::string>& text) {
-    return text ? automation::Variant(*text) : automation::Variant::Null();
-}
-template <class T>
-automation::Variant ToVariant(const T& value) {
-    return value;
-}
-template <RowId Id>
-automation::Variant ToVariant(const Id& id) {
-    return Number(id);
-}
-template <RowId Id>
-void FromVariant(Id& id, const automation::Variant& value) {
-    id = Id(automation::ToLong(value));
-}
-inline void FromVariant(std::int32_t& number, const automation::Variant& value) {
-    number = automation::ToLong(value);
-}
-inline void FromVariant(bool& flag, const automation::Variant& value) { flag = automation::ToBoolean(value); }
-template <class Text>
-void FromVariant(Text& text, const automation::Variant& value) {
-    text = automation::ToString(value);
-}
-
-}  // namespace detail
-
-/// The column of a member: ColumnOf<&ObjectRow::Name>("Name").
-template <auto Member, class Row>
-constexpr RowColumn<Row> ColumnOf(std::string_view name) {
-    return {name, [](const Row& row) { return detail::ToVariant(row.*Member); },
-            [](Row& row, const automation::Variant& value) { detail::FromVariant(row.*Member, value); }};
-}
 
 /// A recordset of rows that stand elsewhere, or that it keeps itself.
 template <class Row>
@@ -71,11 +26,7 @@ class MemoryRecordset final : public dao::Recordset {
     using Store = std::function<const Row*(Row&& row, const Row* before)>;
 
     MemoryRecordset(Columns columns, std::vector<const Row*> rows, Store store = {})
-        : m_rows(std::move(rows)), m_store(std::move(store)) {
-        m_fields.reserve(columns.size());
-        for (const RowColumn<Row>& column : columns)
-            m_fields.emplace_back(*this, column);
-    }
+        : m_columns(columns), m_rows(std::move(rows)), m_store(std::move(store)) {}
     MemoryRecordset(Columns columns, std::vector<Row> rows, Store store = {})
         : MemoryRecordset(columns, std::vector<const Row*>(), std::move(store)) {
         m_own = std::move(rows);
@@ -87,6 +38,9 @@ class MemoryRecordset final : public dao::Recordset {
     void MoveNext() override { ++m_at; }
     void MoveLast() override { m_at = m_rows.size() - 1; }
     dao::Field& Fields(std::string_view name) override {
+        m_fields.reserve(m_columns.size());
+        for (std::size_t i = m_fields.size(); i < m_columns.size(); ++i)
+            m_fields.emplace_back(*this, m_columns[i]);
         for (Field& field : m_fields)
             if (automation::EqualsIgnoreCase(field.Name(), name)) return field;
         throw automation::Error(dao::ItemNotFound, "There is no column " + automation::Quoted(name) + ".");
@@ -119,6 +73,7 @@ class MemoryRecordset final : public dao::Recordset {
         const RowColumn<Row>& m_column;
     };
 
+    Columns m_columns;
     std::vector<const Row*> m_rows;
     std::vector<Row> m_own;
     std::size_t m_at = 0;

@@ -31,62 +31,12 @@ struct NumberedForeignKey {
     std::string Name;
 };
 
-template <auto Member, class Row>
-constexpr RowColumn<Row> Of(std::string_view name) {
-    return ColumnOf<Member, Row>(name);
-}
-
-constexpr RowColumn<DataDefRow> DataDefColumns[] = {
-    Of<&DataDefRow::Storage, DataDefRow>("Storage"),
-    Of<&DataDefRow::RootObjectID, DataDefRow>("RootObjectID")};
-constexpr RowColumn<ObjectRow> ObjectColumns[] = {
-    Of<&ObjectRow::ObjectID, ObjectRow>("ObjectID"),
-    Of<&ObjectRow::Name, ObjectRow>("Name"),
-    Of<&ObjectRow::CollectionObjectID, ObjectRow>("CollectionObjectID"),
-    Of<&ObjectRow::TableName, ObjectRow>("TableName"),
-    Of<&ObjectRow::IsIncluded, ObjectRow>("IsIncluded"),
-    Of<&ObjectRow::Guid, ObjectRow>("Guid")};
-constexpr RowColumn<InterfaceRow> InterfaceColumns[] = {
-    Of<&InterfaceRow::InterfaceID, InterfaceRow>("InterfaceID"),
-    Of<&InterfaceRow::Name, InterfaceRow>("Name")};
-constexpr RowColumn<ObjectInterfaceRow> ObjectInterfaceColumns[] = {
-    Of<&ObjectInterfaceRow::ObjectID, ObjectInterfaceRow>("ObjectID"),
-    Of<&ObjectInterfaceRow::InterfaceID, ObjectInterfaceRow>("InterfaceID")};
-constexpr RowColumn<ValueRow> ValueColumns[] = {Of<&ValueRow::ValueID, ValueRow>("ValueID"),
-                                                Of<&ValueRow::InterfaceID, ValueRow>("InterfaceID"),
-                                                Of<&ValueRow::ChildObjectID, ValueRow>("ChildObjectID"),
-                                                Of<&ValueRow::Name, ValueRow>("Name"),
-                                                Of<&ValueRow::FieldName, ValueRow>("FieldName"),
-                                                Of<&ValueRow::DataType, ValueRow>("DataType"),
-                                                Of<&ValueRow::MaxLength, ValueRow>("MaxLength"),
-                                                Of<&ValueRow::IsAutoNumber, ValueRow>("IsAutoNumber"),
-                                                Of<&ValueRow::DefaultVal, ValueRow>("DefaultVal"),
-                                                Of<&ValueRow::IsIncluded, ValueRow>("IsIncluded"),
-                                                Of<&ValueRow::IsReadOnly, ValueRow>("IsReadOnly"),
-                                                Of<&ValueRow::Description, ValueRow>("Description"),
-                                                Of<&ValueRow::Caption, ValueRow>("Caption"),
-                                                Of<&ValueRow::Translation, ValueRow>("Translation"),
-                                                Of<&ValueRow::MaxValue, ValueRow>("MaxValue"),
-                                                Of<&ValueRow::MinValue, ValueRow>("MinValue"),
-                                                Of<&ValueRow::VID, ValueRow>("VID")};
-constexpr RowColumn<PrimaryKeyRow> PrimaryKeyColumns[] = {
-    Of<&PrimaryKeyRow::ObjectID, PrimaryKeyRow>("ObjectID"),
-    Of<&PrimaryKeyRow::ValueID, PrimaryKeyRow>("ValueID"), Of<&PrimaryKeyRow::Seq, PrimaryKeyRow>("Seq")};
-constexpr RowColumn<ForeignKeyRow> ForeignKeyColumns[] = {
-    Of<&ForeignKeyRow::ObjectID, ForeignKeyRow>("ObjectID"),
-    Of<&ForeignKeyRow::ValueID, ForeignKeyRow>("ValueID"),
-    Of<&ForeignKeyRow::FKObjectID, ForeignKeyRow>("FKObjectID"),
-    Of<&ForeignKeyRow::FKValueID, ForeignKeyRow>("FKValueID"),
-    Of<&ForeignKeyRow::FKObjectGUID, ForeignKeyRow>("FKObjectGUID")};
 constexpr RowColumn<ForeignKeyField> ForeignKeyFieldColumns[] = {
-    Of<&ForeignKeyField::FieldName, ForeignKeyField>("FieldName"),
-    Of<&ForeignKeyField::FKObjectID, ForeignKeyField>("FKObjectID"),
-    Of<&ForeignKeyField::FKValueID, ForeignKeyField>("FKValueID")};
+    ColumnOf<&ForeignKeyField::FieldName>("FieldName"), ColumnOf<&ForeignKeyField::FKObjectID>("FKObjectID"),
+    ColumnOf<&ForeignKeyField::FKValueID>("FKValueID")};
 constexpr RowColumn<NumberedForeignKey> NumberedColumns[] = {
-    Of<&NumberedForeignKey::ObjectID, NumberedForeignKey>("ObjectID"),
-    Of<&NumberedForeignKey::ValueID, NumberedForeignKey>("ValueID"),
-    Of<&NumberedForeignKey::FKObjectID, NumberedForeignKey>("FKObjectID"),
-    Of<&NumberedForeignKey::Name, NumberedForeignKey>("Name")};
+    ColumnOf<&NumberedForeignKey::ObjectID>("ObjectID"), ColumnOf<&NumberedForeignKey::ValueID>("ValueID"),
+    ColumnOf<&NumberedForeignKey::FKObjectID>("FKObjectID"), ColumnOf<&NumberedForeignKey::Name>("Name")};
 
 template <class Row, std::size_t N, class Given>
 Rows RowsOf(const RowColumn<Row> (&columns)[N], Given rows, typename MemoryRecordset<Row>::Store store = {}) {
@@ -111,9 +61,19 @@ Id Next(Id& last) {
     return last = Id(Number(last) + 1);
 }
 
+/// Those of the rows, null for none, that the question is about.
+template <class Row, RowId Id>
+std::vector<const Row*> Taken(std::vector<const Row*> rows, const Question<Row, Id>& question) {
+    std::erase_if(rows, [&](const Row* row) {
+        return row == nullptr || (question.takes != nullptr && !question.takes(*row));
+    });
+    return rows;
+}
+
 template <class Row>
 std::vector<Row> Copies(const std::vector<const Row*>& rows) {
     std::vector<Row> copies;
+    copies.reserve(rows.size());
     for (const Row* row : rows)
         copies.push_back(*row);
     return copies;
@@ -122,6 +82,7 @@ std::vector<Row> Copies(const std::vector<const Row*>& rows) {
 template <class Row>
 std::vector<const Row*> Pointers(const std::vector<Row>& rows) {
     std::vector<const Row*> pointers;
+    pointers.reserve(rows.size());
     for (const Row& row : rows)
         pointers.push_back(&row);
     return pointers;
@@ -223,15 +184,6 @@ std::vector<const ValueRow*> RelatedCatalog::ValuesOfInterface(InterfaceId inter
     return values;
 }
 
-std::vector<const ValueRow*> RelatedCatalog::ValuesOf(ObjectId objectID) const {
-    std::vector<const ValueRow*> values;
-    for (const InterfaceId interfaceID : InterfacesOf(objectID)) {
-        const std::vector<const ValueRow*> own = ValuesOfInterface(interfaceID);
-        values.insert(values.end(), own.begin(), own.end());
-    }
-    return values;
-}
-
 std::vector<const PrimaryKeyRow*> RelatedCatalog::PrimaryKeysOf(ObjectId objectID) const {
     const auto* changed = Find(m_primaryKeys, objectID);
     return changed != nullptr ? Pointers(*changed) : m_catalog.PrimaryKeysOf(objectID);
@@ -259,6 +211,20 @@ std::vector<ForeignKeyRow>& RelatedCatalog::ForeignKeyList(ObjectId objectID) {
     return Entry(m_foreignKeys, objectID, [&] { return Copies(m_catalog.ForeignKeysOf(objectID)); });
 }
 
+Rows RelatedCatalog::Ask(const ObjectQuestion& question, ObjectId objectID) {
+    return RowsOf(
+        ObjectColumns, Taken({FindObject(objectID)}, question),
+        [this](ObjectRow&& row, const ObjectRow*) { return &(m_objects[row.ObjectID] = std::move(row)); });
+}
+
+Rows RelatedCatalog::Ask(const ValuesQuestion& question, InterfaceId interfaceID) {
+    return ValueRows(Taken(ValuesOfInterface(interfaceID), question));
+}
+
+Rows RelatedCatalog::Ask(const ValueQuestion& question, ValueId valueID) {
+    return ValueRows(Taken({FindValue(valueID)}, question));
+}
+
 Rows RelatedCatalog::RootObjects(std::string_view storageName) {
     std::vector<const DataDefRow*> rows;
     for (const DataDefRow& row : m_catalog.DataDefs())
@@ -271,43 +237,6 @@ Rows RelatedCatalog::Interfaces(ObjectId objectID) {
     for (const InterfaceId interfaceID : InterfacesOf(objectID))
         rows.push_back({objectID, interfaceID});
     return RowsOf(ObjectInterfaceColumns, std::move(rows));
-}
-
-Rows RelatedCatalog::Children(InterfaceId interfaceID) {
-    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
-    std::erase_if(values, [](const ValueRow* value) { return !IsRow(value->ChildObjectID); });
-    return ValueRows(std::move(values));
-}
-
-Rows RelatedCatalog::ObjectRows(ObjectId objectID, bool (*takes)(const ObjectRow& object)) {
-    const ObjectRow* object = FindObject(objectID);
-    std::vector<const ObjectRow*> rows;
-    if (object != nullptr && takes(*object)) rows.push_back(object);
-    return RowsOf(ObjectColumns, std::move(rows), [this](ObjectRow&& row, const ObjectRow*) {
-        return &(m_objects[row.ObjectID] = std::move(row));
-    });
-}
-
-Rows RelatedCatalog::Object(ObjectId objectID) {
-    return ObjectRows(objectID, [](const ObjectRow&) { return true; });
-}
-
-Rows RelatedCatalog::ElementObject(ObjectId objectID) { return Object(objectID); }
-
-Rows RelatedCatalog::ScriptedObject(ObjectId objectID) {
-    return ObjectRows(objectID, [](const ObjectRow& row) { return row.IsIncluded && row.TableName; });
-}
-
-Rows RelatedCatalog::SingleObject(ObjectId objectID) {
-    return ObjectRows(objectID, [](const ObjectRow& row) {
-        return row.IsIncluded && row.TableName && row.HasKind && row.CollectionObjectID == ObjectId();
-    });
-}
-
-Rows RelatedCatalog::CollectionObject(ObjectId objectID) {
-    return ObjectRows(objectID, [](const ObjectRow& row) {
-        return row.IsIncluded && row.TableName && row.CollectionObjectID != ObjectId();
-    });
 }
 
 Rows RelatedCatalog::InterfacesLike(ObjectId objectID, std::string_view name) {
@@ -344,7 +273,7 @@ Rows RelatedCatalog::ValueRows(std::vector<const ValueRow*> values) {
     });
 }
 
-const ValueRow* RelatedCatalog::StoreValue(ValueRow row, const ValueRow* before) {
+const ValueRow* RelatedCatalog::StoreValue(ValueRow&& row, const ValueRow* before) {
     if (before == nullptr) row.ValueID = Next(m_lastValueID);
     row.IsPlain = row.ChildObjectID == ObjectId();
     if (before == nullptr || before->InterfaceID != row.InterfaceID) {
@@ -352,27 +281,11 @@ const ValueRow* RelatedCatalog::StoreValue(ValueRow row, const ValueRow* before)
         std::vector<ValueId>& values = ValueIDs(row.InterfaceID);
         values.insert(std::ranges::upper_bound(values, row.ValueID), row.ValueID);
     }
-    return &(m_values[row.ValueID] = std::move(row));
+    const ValueId valueID = row.ValueID;
+    return &m_values.insert_or_assign(valueID, std::move(row)).first->second;
 }
 
-Rows RelatedCatalog::PlainValues(InterfaceId interfaceID) {
-    constexpr std::int32_t nullType = 1;
-    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
-    std::erase_if(values, [](const ValueRow* value) {
-        return !value->IsPlain || value->DataType == TypeNoColumn || value->DataType == nullType;
-    });
-    return ValueRows(std::move(values));
-}
-
-Rows RelatedCatalog::StoredValues(InterfaceId interfaceID) {
-    std::vector<const ValueRow*> values = ValuesOfInterface(interfaceID);
-    std::erase_if(values, [](const ValueRow* value) {
-        return !value->IsPlain || !value->FieldName || !value->IsIncluded || value->DataType == TypeNoColumn;
-    });
-    return ValueRows(std::move(values));
-}
-
-Rows RelatedCatalog::PrimaryKeyRows(ObjectId objectID) {
+Rows RelatedCatalog::Ask(const KeyQuestion&, ObjectId objectID) {
     return RowsOf(PrimaryKeyColumns, Copies(PrimaryKeysOf(objectID)),
                   [this](const PrimaryKeyRow& row, const PrimaryKeyRow* before) {
                       PrimaryKeys(row.ObjectID).push_back(row);
@@ -392,11 +305,6 @@ Rows RelatedCatalog::NamedValue(std::string_view name, InterfaceId interfaceID) 
     return ValueRows(std::move(values));
 }
 
-Rows RelatedCatalog::Value(ValueId valueID) {
-    const ValueRow* value = FindValue(valueID);
-    return ValueRows(value == nullptr ? std::vector<const ValueRow*>() : std::vector{value});
-}
-
 Rows RelatedCatalog::InterfaceName(InterfaceId interfaceID) {
     const InterfaceRow* named = FindInterface(interfaceID);
     return RowsOf(InterfaceColumns,
@@ -407,13 +315,11 @@ Rows RelatedCatalog::KeyNumbers(InterfaceId interfaceID) {
     const auto* added = Find(m_objectsOfInterface, interfaceID);
     std::vector<const ValueRow*> values;
     for (const ObjectId objectID : added != nullptr ? *added : m_catalog.ObjectsWith(interfaceID))
-        for (const ValueRow* value : ValuesOf(objectID))
+        for (const ValueRow* value : ValuesOf(*this, objectID))
             if (IsKeyVid(value->VID)) values.push_back(value);
     std::ranges::stable_sort(values, {}, &ValueRow::VID);
     return ValueRows(std::move(values));
 }
-
-Rows RelatedCatalog::Numbers(InterfaceId interfaceID) { return ValueRows(ValuesOfInterface(interfaceID)); }
 
 Rows RelatedCatalog::ForeignKeys(ObjectId objectID) {
     std::vector<ForeignKeyField> rows;
@@ -467,9 +373,7 @@ Rows RelatedCatalog::NumberedForeignKeys() {
 }
 
 Rows RelatedCatalog::HeldObjects(ObjectId objectID) {
-    std::vector<const ValueRow*> values = ValuesOf(objectID);
-    std::erase_if(values, [](const ValueRow* value) { return !IsRow(value->ChildObjectID); });
-    return ValueRows(std::move(values));
+    return ValueRows(Taken(ValuesOf(*this, objectID), questions::Children));
 }
 
 void RelatedCatalog::DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) {

@@ -35,41 +35,30 @@ class RelatedCatalog final : public DefinitionRows {
     const ValueRow* FindValue(ValueId valueID) const;
     std::vector<InterfaceId> InterfacesOf(ObjectId objectID) const;
     std::vector<const ValueRow*> ValuesOfInterface(InterfaceId interfaceID) const;
-    std::vector<const ValueRow*> ValuesOf(ObjectId objectID) const;
     std::vector<const PrimaryKeyRow*> PrimaryKeysOf(ObjectId objectID) const;
     std::vector<const ForeignKeyRow*> ForeignKeysOf(ObjectId objectID) const;
 
+    Rows Ask(const ObjectQuestion& question, ObjectId objectID) override;
+    Rows Ask(const ValuesQuestion& question, InterfaceId interfaceID) override;
+    Rows Ask(const ValueQuestion& question, ValueId valueID) override;
+    Rows Ask(const KeyQuestion& question, ObjectId objectID) override;
+
     Rows RootObjects(std::string_view storageName) override;
     Rows Interfaces(ObjectId objectID) override;
-    Rows Children(InterfaceId interfaceID) override;
-
-    Rows ScriptedObject(ObjectId objectID) override;
-    Rows StoredValues(InterfaceId interfaceID) override;
-    Rows PrimaryKey(ObjectId objectID) override { return PrimaryKeyRows(objectID); }
     Rows ForeignKeys(ObjectId objectID) override;
-    Rows SingleObject(ObjectId objectID) override;
-    Rows CollectionObject(ObjectId objectID) override;
-    Rows TableName(ObjectId objectID) override { return ElementObject(objectID); }
-    Rows FieldName(ValueId valueID) override { return Value(valueID); }
     const KeyParents& ScriptedParents() const noexcept override { return m_scriptedParents; }
 
-    Rows Object(ObjectId objectID) override;
     Rows InterfacesLike(ObjectId objectID, std::string_view name) override;
     Rows NewInterfaces() override;
     Rows NewObjectInterfaces() override;
-    Rows PlainValues(InterfaceId interfaceID) override;
-    Rows PrimaryKeyRows(ObjectId objectID) override;
     void DeletePrimaryKey(ObjectId objectID) override { m_primaryKeys[objectID].clear(); }
     Rows NamedValue(std::string_view name, InterfaceId interfaceID) override;
-    Rows Value(ValueId valueID) override;
     Rows InterfaceName(InterfaceId interfaceID) override;
     Rows KeyNumbers(InterfaceId interfaceID) override;
-    Rows Numbers(InterfaceId interfaceID) override;
     Rows ForeignKeyRows(ObjectId objectID, std::optional<ValueId> valueID,
                         std::optional<ObjectId> parentID) override;
 
     Rows NumberedForeignKeys() override;
-    Rows ElementObject(ObjectId objectID) override;
     Rows HeldObjects(ObjectId objectID) override;
     void DeleteForeignKey(ObjectId objectID, ValueId valueID, ObjectId parentID) override;
     Rows PrimaryKeysOfValue(ObjectId objectID, ValueId valueID) override;
@@ -81,9 +70,8 @@ class RelatedCatalog final : public DefinitionRows {
     template <class Row>
     using ByInterface = std::unordered_map<InterfaceId, Row>;
 
-    Rows ObjectRows(ObjectId objectID, bool (*takes)(const ObjectRow& object));
     Rows ValueRows(std::vector<const ValueRow*> values);
-    const ValueRow* StoreValue(ValueRow row, const ValueRow* before);
+    const ValueRow* StoreValue(ValueRow&& row, const ValueRow* before);
     std::vector<ValueId>& ValueIDs(InterfaceId interfaceID);
     std::vector<PrimaryKeyRow>& PrimaryKeys(ObjectId objectID);
     std::vector<ForeignKeyRow>& ForeignKeyList(ObjectId objectID);

@@ -64,7 +64,7 @@ std::optional<ObjectId> RelationshipBuilder::Enter(ObjectId lObjectID) {
 
 /// Reads an object and gives it its table; nothing for an object without a row.
 std::optional<RelationshipBuilder::NamedObject> RelationshipBuilder::NameTable(ObjectId lObjectID) {
-    const auto rows = m_rows.Object(lObjectID);
+    const auto rows = m_rows.Ask(questions::Object, lObjectID);
     if (!rows || rows->Eof()) return std::nullopt;
 
     const auto what = [&rows] { return DescribeRow("tObjects", *rows); };
@@ -132,7 +132,7 @@ void RelationshipBuilder::MarkValueColumns(const KeyedObject& object) {
 
 /// Makes a column of every plain value of an interface.
 void RelationshipBuilder::MarkInterface(InterfaceId interfaceID, const KeyedObject& object) {
-    const auto values = m_rows.PlainValues(interfaceID);
+    const auto values = m_rows.Ask(questions::PlainValues, interfaceID);
     if (!values) return;
     dao::Field& name = values->Fields("Name");
     dao::Field& fieldName = values->Fields("FieldName");

@@ -27,6 +27,8 @@ using repository::ReadValue;
 using repository::ToId;
 using repository::ValueId;
 
+namespace questions = repository::questions;
+
 namespace {
 
 struct PrimaryKeyValue {
@@ -57,7 +59,7 @@ void AddColumn(Columns& columns, Column column) {
 /// asked.
 bool AddInterfaceFields(Columns& columns, DefinitionRows& source, InterfaceId lInterfaceID,
                         const std::string& table) {
-    const auto rows = source.StoredValues(lInterfaceID);
+    const auto rows = source.Ask(questions::StoredValues, lInterfaceID);
     if (rows == nullptr) return false;
     dao::Field& valueID = rows->Fields("ValueID");
     dao::Field& fieldName = rows->Fields("FieldName");
@@ -84,7 +86,7 @@ bool AddInterfaceFields(Columns& columns, DefinitionRows& source, InterfaceId lI
 std::vector<PrimaryKeyValue> GetPrimaryKeyValues(DefinitionRows& source, ObjectId lObjectID,
                                                  const std::string& table) {
     std::vector<PrimaryKeyValue> values;
-    const auto rows = source.PrimaryKey(lObjectID);
+    const auto rows = source.Ask(questions::PrimaryKey, lObjectID);
     if (rows == nullptr) return values;
     const std::string what = "the primary key of " + table;
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -159,9 +161,9 @@ std::vector<Column> BuildTableFields(DefinitionRows& rows, ObjectId lObjectID, s
     }
     MarkPrimaryKey(columns, GetPrimaryKeyValues(rows, lObjectID, what));
     MarkForeignKeys(columns, GetForeignKeyFields(rows, lObjectID, what), rows.ScriptedParents());
-    AddStateFields(columns, rows.SingleObject(lObjectID), repository::SelectStateColumn,
+    AddStateFields(columns, rows.Ask(questions::SingleObject, lObjectID), repository::SelectStateColumn,
                    repository::CounterColumn);
-    AddStateFields(columns, rows.CollectionObject(lObjectID), repository::SelectedItemColumn,
+    AddStateFields(columns, rows.Ask(questions::CollectionObject, lObjectID), repository::SelectedItemColumn,
                    repository::CounterHolderColumn);
     return columns;
 }

@@ -15,7 +15,7 @@ void TableVisitor::WalkStorage(std::string_view storageName) {
 
 /// Nothing for an object that takes no part in the scripts.
 std::optional<repository::ObjectId> TableVisitor::Enter(repository::ObjectId lObjectID) {
-    const auto object = m_rows.ScriptedObject(lObjectID);
+    const auto object = m_rows.Ask(repository::questions::ScriptedObject, lObjectID);
     if (object == nullptr || object->Eof()) return std::nullopt;
 
     const std::string what = "the tObjects row with ObjectID = " + std::to_string(Number(lObjectID));

@@ -63,7 +63,7 @@ class Identifier {
     void AddPlaces(const repository::ObjectRow& object) {
         if (IsRow(object.CollectionObjectID))
             m_places[object.CollectionObjectID].push_back({object.ObjectID, ""});
-        for (const repository::ValueRow* value : m_catalog.ValuesOf(object.ObjectID)) {
+        for (const repository::ValueRow* value : ValuesOf(m_catalog, object.ObjectID)) {
             const repository::InterfaceRow* interface_ = m_catalog.FindInterface(value->InterfaceID);
             if (!IsRow(value->ChildObjectID) || interface_ == nullptr) continue;
             const std::int32_t number = NumberOf(*value);

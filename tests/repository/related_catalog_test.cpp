@@ -89,7 +89,7 @@ class RelatedCatalogTest : public RepositoryFileTest {
             EXPECT_EQ(related.InterfacesOf(id), stored.InterfacesOf(id));
             for (const InterfaceId interface : stored.InterfacesOf(id))
                 EXPECT_EQ(related.FindInterface(interface)->Name, stored.FindInterface(interface)->Name);
-            EXPECT_TRUE(std::ranges::equal(related.ValuesOf(id), stored.ValuesOf(id),
+            EXPECT_TRUE(std::ranges::equal(ValuesOf(related, id), ValuesOf(stored, id),
                                            [](const ValueRow* a, const ValueRow* b) { return *a == *b; }))
                 << "values of " << object.Name;
             EXPECT_EQ(Sorted(related.PrimaryKeysOf(id)), Sorted(stored.PrimaryKeysOf(id)));

@@ -33,7 +33,7 @@ bool HasValues(const Catalog& catalog, repository::ObjectId objectID) {
         keys.insert(key->ValueID);
     for (const repository::ForeignKeyRow* key : catalog.ForeignKeysOf(objectID))
         keys.insert(key->ValueID);
-    const std::vector<const repository::ValueRow*> values = catalog.ValuesOf(objectID);
+    const std::vector<const repository::ValueRow*> values = ValuesOf(catalog, objectID);
     return std::any_of(values.begin(), values.end(),
                        [&keys](const repository::ValueRow* value) { return !keys.contains(value->ValueID); });
 }
