@@ -19,16 +19,6 @@ struct KeyRow {
     ObjectId parentID = {};
 };
 
-/// Calls `take` with every row; false when the query failed.
-template <class Take>
-bool ForEachRow(DefinitionRows::Rows rows, Take take) {
-    if (!rows) return false;
-    for (; !rows->Eof(); rows->MoveNext())
-        take(*rows);
-    rows->Close();
-    return true;
-}
-
 class StaleKeys {
   public:
     StaleKeys(DefinitionRows& rows, const KeyReferences& references)

@@ -94,10 +94,8 @@ std::int32_t KeyValues::NextVid(const KeyValue& key) {
 
 std::int32_t KeyValues::NextFreeVid(Numbering& numbering, const KeyValue& key) {
     if (numbering.taken.empty()) {
-        const auto rows = m_rows.Ask(questions::Numbers, key.interfaceID);
-        for (; rows && !rows->Eof(); rows->MoveNext())
-            numbering.taken.insert(ReadLong(*rows, "VID", key));
-        if (rows) rows->Close();
+        ForEachRow(m_rows.Ask(questions::Numbers, key.interfaceID),
+                   [&](dao::Recordset& rows) { numbering.taken.insert(ReadLong(rows, "VID", key)); });
     }
     while (!numbering.taken.insert(numbering.next).second)
         ++numbering.next;

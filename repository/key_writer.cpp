@@ -86,13 +86,10 @@ KeyWriter::ForeignKey KeyWriter::RenameOrAdd(dao::Recordset& values, const KeyVa
 }
 
 bool KeyWriter::IsShared(const KeyedObject& child, ValueId valueID) {
-    const auto rows = m_rows.ForeignKeyRows(child.objectID, valueID, std::nullopt);
-    if (!rows) return true;
     int parents = 0;
-    for (; !rows->Eof(); rows->MoveNext())
+    return !ForEachRow(m_rows.ForeignKeyRows(child.objectID, valueID, std::nullopt), [&](dao::Recordset&) {
         ++parents;
-    rows->Close();
-    return parents > 1;
+    }) || parents > 1;
 }
 
 void KeyWriter::StoreForeignKey(dao::Recordset& rows, const KeyedObject& child, ValueId valueID,

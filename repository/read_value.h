@@ -5,6 +5,7 @@
 #include "repository/repository.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -32,6 +33,16 @@ auto ReadValue(dao::Field& field, Convert convert, const What& what) {
         throw automation::Error(error.Number(),
                                 std::string(field.Name()) + " of " + row + ": " + error.Description());
     }
+}
+
+/// Calls `take` with the recordset at every row; false when the query failed.
+template <class Take>
+bool ForEachRow(const std::unique_ptr<dao::Recordset>& rows, Take take) {
+    if (!rows) return false;
+    for (; !rows->Eof(); rows->MoveNext())
+        take(*rows);
+    rows->Close();
+    return true;
 }
 
 /// A value as an identifier; errors as those of ToLong.

@@ -21,6 +21,7 @@ using automation::ToInteger;
 using automation::ToLong;
 using automation::ToString;
 using repository::DefinitionRows;
+using repository::ForEachRow;
 using repository::InterfaceId;
 using repository::ObjectId;
 using repository::ReadValue;
@@ -30,17 +31,6 @@ using repository::ValueId;
 namespace questions = repository::questions;
 
 namespace {
-
-struct PrimaryKeyValue {
-    ValueId ValueID = {};
-    std::int16_t Seq = 0;
-};
-
-struct ForeignKeyField {
-    std::string FieldName;
-    ObjectId FKObjectID = {};
-    ValueId FKValueID = {};
-};
 
 std::string Trimmed(std::string text) {
     const std::string_view trimmed = automation::Trim(text);
@@ -83,58 +73,36 @@ bool AddInterfaceFields(Columns& columns, DefinitionRows& source, InterfaceId lI
     return true;
 }
 
-std::vector<PrimaryKeyValue> GetPrimaryKeyValues(DefinitionRows& source, ObjectId lObjectID,
-                                                 const std::string& table) {
-    std::vector<PrimaryKeyValue> values;
-    const auto rows = source.Ask(questions::PrimaryKey, lObjectID);
-    if (rows == nullptr) return values;
+void MarkPrimaryKey(Columns& columns, DefinitionRows& source, ObjectId lObjectID, const std::string& table) {
     const std::string what = "the primary key of " + table;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        values.push_back({.ValueID = ReadValue(rows->Fields("ValueID"), ToId<ValueId>, what),
-                          .Seq = ReadValue(rows->Fields("Seq"), ToInteger, what)});
-    }
-    rows->Close();
-    return values;
-}
-
-std::vector<ForeignKeyField> GetForeignKeyFields(DefinitionRows& source, ObjectId lObjectID,
-                                                 const std::string& table) {
-    std::vector<ForeignKeyField> fields;
-    const auto rows = source.ForeignKeys(lObjectID);
-    if (rows == nullptr) return fields;
-    const std::string what = "a foreign key of " + table;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        fields.push_back({.FieldName = ReadValue(rows->Fields("FieldName"), ToString, what),
-                          .FKObjectID = ReadValue(rows->Fields("FKObjectID"), ToId<ObjectId>, what),
-                          .FKValueID = ReadValue(rows->Fields("FKValueID"), ToId<ValueId>, what)});
-    }
-    rows->Close();
-    return fields;
-}
-
-void MarkPrimaryKey(Columns& columns, const std::vector<PrimaryKeyValue>& keys) {
-    for (const PrimaryKeyValue& key : keys) {
+    ForEachRow(source.Ask(questions::PrimaryKey, lObjectID), [&](dao::Recordset& key) {
+        const auto valueID = ReadValue(key.Fields("ValueID"), ToId<ValueId>, what);
+        const std::int16_t nSeq = ReadValue(key.Fields("Seq"), ToInteger, what);
         for (Column& column : columns) {
-            if (column.ValueID != key.ValueID) continue;
+            if (column.ValueID != valueID) continue;
             column.IsPrimaryKey = true;
-            column.nPrimaryKeySeq = key.Seq;
+            column.nPrimaryKeySeq = nSeq;
         }
-    }
+    });
 }
 
-void MarkForeignKeys(Columns& columns, const std::vector<ForeignKeyField>& keys,
-                     const repository::KeyParents& parents) {
-    for (const ForeignKeyField& key : keys) {
+void MarkForeignKeys(Columns& columns, DefinitionRows& source, ObjectId lObjectID, const std::string& table) {
+    const repository::KeyParents& parents = source.ScriptedParents();
+    const std::string what = "a foreign key of " + table;
+    ForEachRow(source.ForeignKeys(lObjectID), [&](dao::Recordset& key) {
+        const std::string fieldName = ReadValue(key.Fields("FieldName"), ToString, what);
+        const auto objectID = ReadValue(key.Fields("FKObjectID"), ToId<ObjectId>, what);
+        const auto valueID = ReadValue(key.Fields("FKValueID"), ToId<ValueId>, what);
         for (Column& column : columns) {
-            if (column.FieldName != key.FieldName) continue;
+            if (column.FieldName != fieldName) continue;
             // The rows of parents that share the column come in no particular order.
             const auto parent = parents.find(column.ValueID);
-            if (parent != parents.end() && parent->second != key.FKObjectID) continue;
+            if (parent != parents.end() && parent->second != objectID) continue;
             column.IsForeignKey = true;
-            column.FKObjectID = key.FKObjectID;
-            column.FKValueID = key.FKValueID;
+            column.FKObjectID = objectID;
+            column.FKValueID = valueID;
         }
-    }
+    });
 }
 
 /// Adds the two whole-number columns of an object's kind when the object is found to be of it.
@@ -159,8 +127,8 @@ std::vector<Column> BuildTableFields(DefinitionRows& rows, ObjectId lObjectID, s
     for (const InterfaceId lInterfaceID : repository::GetObjectInterfaces(rows, lObjectID)) {
         if (!AddInterfaceFields(columns, rows, lInterfaceID, what)) return columns;
     }
-    MarkPrimaryKey(columns, GetPrimaryKeyValues(rows, lObjectID, what));
-    MarkForeignKeys(columns, GetForeignKeyFields(rows, lObjectID, what), rows.ScriptedParents());
+    MarkPrimaryKey(columns, rows, lObjectID, what);
+    MarkForeignKeys(columns, rows, lObjectID, what);
     AddStateFields(columns, rows.Ask(questions::SingleObject, lObjectID), repository::SelectStateColumn,
                    repository::CounterColumn);
     AddStateFields(columns, rows.Ask(questions::CollectionObject, lObjectID), repository::SelectedItemColumn,
