@@ -38,10 +38,11 @@ class MemoryRecordset final : public dao::Recordset {
     void MoveNext() override { ++m_at; }
     void MoveLast() override { m_at = m_rows.size() - 1; }
     dao::Field& Fields(std::string_view name) override {
-        if (m_fields == nullptr) m_fields = std::make_unique<Field[]>(m_columns.size());
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            if (automation::EqualsIgnoreCase(m_columns[i].name, name))
-                return m_fields[i].Bind(*this, m_columns[i]);
+        m_fields.reserve(m_columns.size());
+        for (std::size_t i = m_fields.size(); i < m_columns.size(); ++i)
+            m_fields.emplace_back(*this, m_columns[i]);
+        for (Field& field : m_fields)
+            if (automation::EqualsIgnoreCase(field.Name(), name)) return field;
         throw automation::Error(dao::ItemNotFound, "There is no column " + automation::Quoted(name) + ".");
     }
     void AddNew() override {
@@ -62,18 +63,14 @@ class MemoryRecordset final : public dao::Recordset {
   private:
     class Field final : public dao::Field {
       public:
-        Field& Bind(MemoryRecordset& rows, const RowColumn<Row>& column) {
-            m_rows = &rows;
-            m_column = &column;
-            return *this;
-        }
-        std::string_view Name() const override { return m_column->name; }
-        automation::Variant Value() override { return m_column->get(*m_rows->m_rows.at(m_rows->m_at)); }
-        void Value(const automation::Variant& value) override { m_column->set(*m_rows->m_edited, value); }
+        Field(MemoryRecordset& rows, const RowColumn<Row>& column) : m_rows(rows), m_column(column) {}
+        std::string_view Name() const override { return m_column.name; }
+        automation::Variant Value() override { return m_column.get(*m_rows.m_rows.at(m_rows.m_at)); }
+        void Value(const automation::Variant& value) override { m_column.set(*m_rows.m_edited, value); }
 
       private:
-        MemoryRecordset* m_rows = nullptr;
-        const RowColumn<Row>* m_column = nullptr;
+        MemoryRecordset& m_rows;
+        const RowColumn<Row>& m_column;
     };
 
     Columns m_columns;
@@ -81,7 +78,7 @@ class MemoryRecordset final : public dao::Recordset {
     std::vector<Row> m_own;
     std::size_t m_at = 0;
     Store m_store;
-    std::unique_ptr<Field[]> m_fields;  ///< of the columns, each bound when it is asked for
+    std::vector<Field> m_fields;
     std::optional<Row> m_edited;
     bool m_isNew = false;
 };
