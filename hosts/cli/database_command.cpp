@@ -194,7 +194,7 @@ void CheckDefinition(const std::string& repository, const std::string& storage, 
 }
 
 std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console) {
-    const Connection connection = std::make_shared<CountedConnection>(
+    Connection connection = std::make_shared<CountedConnection>(
         Session(console).platform.targetProvider->CreateConnection(), console);
     connection->Open(connectionString);
     return connection;
