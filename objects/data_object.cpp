@@ -90,10 +90,8 @@ void DataObject::TakeParts(std::vector<Shared>& parts) {
     m_values.clear();
 }
 
-Definition& DataObject::Type() const {
-    if (m_definition == nullptr)
-        throw Error(automation::ObjectVariableNotSet, "The data object has no definition.");
-    return *m_definition;
+void DataObject::RaiseNoDefinition() {
+    throw Error(automation::ObjectVariableNotSet, "The data object has no definition.");
 }
 
 const ValueDefinition& DataObject::ValueNamed(std::string_view name) const {

@@ -28,7 +28,10 @@ class DataObject final : public persistence::PlainObject {
     ~DataObject() override;
 
     /// The definition; ObjectVariableNotSet (91) when there is none.
-    Definition& Type() const;
+    Definition& Type() const {
+        if (m_definition == nullptr) RaiseNoDefinition();
+        return *m_definition;
+    }
     /// A value by name, case included; MemberNotFound (438) for a name that the definition does not have.
     automation::Variant Get(std::string_view name);
     /// Sets a value by name, converted to its type; errors as for Get and Value.
@@ -80,6 +83,7 @@ class DataObject final : public persistence::PlainObject {
     std::unique_ptr<automation::Enumerator> NewEnum() override;
 
   private:
+    [[noreturn]] static void RaiseNoDefinition();
     const ValueDefinition& ValueNamed(std::string_view name) const;
     automation::Variant ValueOf(const ValueDefinition& value);
     void SetChild(const ValueDefinition& value, const automation::Variant& child);

@@ -70,7 +70,7 @@ std::optional<std::int32_t> AddElements(CrudState& session, QORObject& coData, c
     for (; !records->Eof(); records->MoveNext()) {
         const auto item = Need(coData.AddItem(), "new element of the collection");
         keyIndex = item->ValueIndex(keyColumn);
-        item->Value(*keyIndex, records->FieldValue(keyColumn));
+        item->MoveValue(*keyIndex, records->FieldValue(keyColumn));
     }
     records->Close();
     return keyIndex;

@@ -15,10 +15,10 @@ bool CheckKey(CrudState& session, const Variant& lKey) {
 
 std::optional<RecordPlace> FindKeyColumn(CrudState& session, const QORObject::Ref& definition,
                                          const std::string& sKeyFieldName) {
-    RecordPlace place;
-    place.ownKey = session.Members().GetPrimaryKeyFieldName(definition);
-    place.keyColumn = sKeyFieldName.empty() ? place.ownKey : sKeyFieldName;
-    if (!place.keyColumn.empty()) return place;
+    std::optional<RecordPlace> place(std::in_place);
+    place->ownKey = session.Members().GetPrimaryKeyFieldName(definition);
+    place->keyColumn = sKeyFieldName.empty() ? place->ownKey : sKeyFieldName;
+    if (!place->keyColumn.empty()) return place;
     session.Fail(dbPrimaryKeyFieldNameMissing);
     return std::nullopt;
 }

@@ -33,7 +33,7 @@ class OpenRows {
     const sql::RowShape& Shape() { return m_cursor.Shape(); }
     const std::shared_ptr<const sql::RowShape>& Layout() { return m_cursor.SharedShape(); }
     const sql::ColumnInfo& Column(std::size_t column) { return Shape().columns[column]; }
-    bool HasColumn(std::size_t column) { return column < Shape().columns.size(); }
+    bool HasColumn(std::size_t column) { return column < Shape().types.size(); }
     bool IsOpen() const noexcept { return m_cursor.IsOpen(); }
     const std::string& Text() const noexcept { return m_cursor.Text(); }
     bool IsUpdatable() const noexcept { return m_isUpdatable; }

@@ -105,10 +105,19 @@ std::uint32_t NameHash(std::string_view name) noexcept {
     return hash ^ (hash >> 15);
 }
 
+std::vector<ColumnType> TypesOf(const std::vector<ColumnInfo>& columns) {
+    std::vector<ColumnType> types;
+    types.reserve(columns.size());
+    for (const ColumnInfo& column : columns)
+        types.push_back(column.type);
+    return types;
+}
+
 }  // namespace
 
 RowShape::RowShape(std::vector<ColumnInfo> described, bool isWholeTable)
     : columns(WithCurrencies(std::move(described))),
+      types(TypesOf(columns)),
       isWholeTable(isWholeTable),
       m_slots(std::bit_ceil(columns.size() * 2 + 1)) {
     for (std::size_t i = 0; i < columns.size(); ++i) {

@@ -72,6 +72,8 @@ class RowShape {
     std::string DescribeMissing(std::string_view name) const;
 
     const std::vector<ColumnInfo> columns;
+    /// Their types, close together: asked for with each value.
+    const std::vector<ColumnType> types;
     const bool isWholeTable;
 
   private:

@@ -12,12 +12,6 @@
 /// asks for.
 namespace korvex::native::sql {
 
-/// A Long when it fits, else a LongLong.
-inline automation::Variant WholeNumber(std::int64_t value) {
-    const auto narrow = static_cast<std::int32_t>(value);
-    return narrow == value ? automation::Variant(narrow) : automation::Variant(value);
-}
-
 /// `value` in the form in which reading `column` would give it back. Empty becomes Null. EngineError
 /// WrongType or ValueTooLarge, naming the column, for what does not convert.
 automation::Variant ForColumn(const automation::Variant& value, const ColumnInfo& column);

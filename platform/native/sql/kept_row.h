@@ -27,6 +27,12 @@ struct Cell {
     std::string_view Data() const noexcept { return {data, length}; }
 };
 
+/// A Long when it fits, else a LongLong.
+inline automation::Variant WholeNumber(std::int64_t value) {
+    const auto narrow = static_cast<std::int32_t>(value);
+    return narrow == value ? automation::Variant(narrow) : automation::Variant(value);
+}
+
 /// Its value in the form of the column's type.
 automation::Variant FromCell(const Cell& cell, const ColumnInfo& column);
 
@@ -66,8 +72,12 @@ class KeptRow {
     automation::Variant Value(std::size_t column, const RowShape& shape) const {
         if (!m_values.empty()) return m_values[column];
         const Cell& cell = m_cells[column];
+        const ColumnType type = shape.types[column];
+        if (cell.kind == Cell::Kind::Integer && type == ColumnType::Integer) return WholeNumber(cell.integer);
         if (cell.kind < Cell::Kind::Text) return FromCell(cell, shape.columns[column]);
-        return FromCell({.kind = cell.kind, .data = m_bytes.data() + cell.integer, .length = cell.length},
+        const std::string_view data(m_bytes.data() + cell.integer, cell.length);
+        if (IsText(type)) return data;
+        return FromCell({.kind = cell.kind, .data = data.data(), .length = data.size()},
                         shape.columns[column]);
     }
     /// All values, which the row holds from now on; a caller may put others in their place.
