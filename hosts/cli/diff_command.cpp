@@ -54,7 +54,7 @@ std::string WriteScript(const scriptgen::DefinitionDiff& diff, const DiffCommand
     if (command.out.empty()) return {};
     CreateFolder(command.out);
     const Session session(console);
-    const std::string path = (std::filesystem::path(command.out) / diff.FileName()).string();
+    std::string path = (std::filesystem::path(command.out) / diff.FileName()).string();
     session.platform.files->WriteText(path, diff.Script(command.settings.allowsLoss), "");
     return path;
 }

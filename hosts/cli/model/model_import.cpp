@@ -73,7 +73,7 @@ StoredModel ImportModel(const Model& model, dao::Database& database) {
 std::vector<std::string> ReplaceDefinitions(const Model& model, std::span<const std::string> removed,
                                             dao::Database& database, bool isDry) {
     return InTransaction(database, [&] {
-        const StoredModel before = ExportModel(repository::Catalog::Read(database), "");
+        const ExportedModel before = ExportModel(repository::Catalog::Read(database), "");
         StoredModel after = MergeModel(before, model, removed);
         std::vector<std::string> changes = DescribeChanges(before, after);
         if (!isDry) StoreModel(before, after, database);

@@ -112,7 +112,7 @@ std::string NumberedKey(const DescribedTable& table) {
 std::string ObjectName(const DescribedTable& table) {
     const std::string key = NumberedKey(table);
     const auto limit = static_cast<std::int16_t>(repository::DefaultFKPrefix.size());
-    const std::string name = table.Name.substr(std::min<std::size_t>(1, table.Name.size()));
+    std::string name = table.Name.substr(std::min<std::size_t>(1, table.Name.size()));
     if (EqualsIgnoreCase(repository::TableName(name), table.Name) &&
         EqualsIgnoreCase(repository::KeyColumnName(name, limit), key)) {
         return name;
