@@ -1,26 +1,27 @@
+#include "automation/text.h"
 #include "hosts/cli/show/render.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace korvex::cli {
 
 namespace {
 
-/// Attribute names and types hold word characters only.
+/// Attribute names and types hold word characters of ASCII only: one underscore for each other character. The
+/// marks of keys are none.
 std::string Word(std::string_view text) {
-    std::string word(text);
-    std::replace_if(
-        word.begin(), word.end(),
-        [](char c) {
-            const bool isAscii = static_cast<unsigned char>(c) < 0x80;
-            const bool isWord =
-                (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-            return isAscii && !isWord && c != '(' && c != ')';
-        },
-        '_');
-    const bool startsWell = !word.empty() && !(word.front() >= '0' && word.front() <= '9');
-    return startsWell ? word : "_" + word;
+    std::string word;
+    for (const char c : text) {
+        const bool isDigit = c >= '0' && c <= '9';
+        const bool isWord =
+            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit || c == '_' || c == '(' || c == ')';
+        if (word.empty() && isDigit) word = "_";
+        const bool isWithinCharacter = (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+        if (!isWithinCharacter) word += isWord ? c : '_';
+    }
+    const bool isMark = automation::EqualsIgnoreCase(word, "PK") ||
+                        automation::EqualsIgnoreCase(word, "FK") || automation::EqualsIgnoreCase(word, "UK");
+    return word.empty() || isMark ? "_" + word : word;
 }
 
 /// What stands between quotes takes neither these nor percent signs, backslashes and control characters.
@@ -41,12 +42,16 @@ std::string Title(const ShownObject& object) {
     return object.row->Name + (object.table == nullptr ? "" : " (" + object.table->Name + ")");
 }
 
+/// In quotes, as some words are none of a name: to, one, class, style ...
+std::string Name(const ShownObject& object) { return Quoted(object.identifier); }
+
 std::string Entity(const ShownObject& object) {
-    std::string text = "    " + object.identifier + "[" + Quoted(Title(object)) + "] {\n";
+    std::string text = "    " + Name(object) + "[" + Quoted(Title(object)) + "] {\n";
     for (const ShownValue& row : object.DiagramRows()) {
         const std::string marks = row.KeyMarks(", ");
-        text += "        " + Word(row.TypeText()) + " " + Word(row.Name()) +
-                (marks.empty() ? "" : " " + marks) + "\n";
+        const std::string name = Word(row.Name());
+        text += "        " + Word(row.TypeText()) + " " + name + (marks.empty() ? "" : " " + marks) +
+                (name == row.Name() ? "" : " " + Quoted(row.Name())) + "\n";
     }
     return text + "    }\n";
 }
@@ -60,11 +65,11 @@ std::string MermaidText(const ShownDefinition& shown) {
     for (const ShownObject& object : objects) {
         entities += Entity(object);
         if (object.element)
-            relations += "    " + object.identifier + " ||--o{ " + objects[*object.element].identifier +
-                         " : elements\n";
+            relations +=
+                "    " + Name(object) + " ||--o{ " + Name(objects[*object.element]) + " : elements\n";
         for (const ShownValue& value : object.values) {
             if (!value.child) continue;
-            relations += "    " + object.identifier + " ||--o| " + objects[*value.child].identifier + " : " +
+            relations += "    " + Name(object) + " ||--o| " + Name(objects[*value.child]) + " : " +
                          Quoted(value.Name()) + "\n";
         }
     }

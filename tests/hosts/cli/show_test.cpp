@@ -18,10 +18,10 @@ constexpr std::string_view Model = R"({
     { "name": "Reader", "values": [
         { "name": "Full name", "type": "string", "maxLength": 80, "default": "n|n" },
         { "name": "Loans", "child": { "name": "Loans", "element": { "name": "Loan", "values": [
-            { "name": "TakenOn", "type": "date" },
+            { "name": "PK", "type": "date" },
             { "name": "Book", "child": "Book" } ] } } },
         { "name": "Favourite", "child": "Book" } ] },
-    { "name": "Book", "values": [ { "name": "Pages", "type": 99 } ] },
+    { "name": "Book", "values": [ { "name": "Größe", "type": 99 } ] },
     { "name": "Book", "id": "lost", "values": [ { "name": "Since", "type": "integer" } ] }
   ]
 })";
