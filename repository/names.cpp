@@ -51,7 +51,8 @@ std::u32string CodePoints(std::string_view text) {
             points += units[i];
             continue;
         }
-        points += 0x10000 + ((char32_t{units[i]} - 0xD800) << 10) + (char32_t{units[i + 1]} - 0xDC00);
+        points += static_cast<char32_t>(0x10000 + ((char32_t{units[i]} - 0xD800) << 10) +
+                                        (char32_t{units[i + 1]} - 0xDC00));
         ++i;
     }
     return points;

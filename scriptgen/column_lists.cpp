@@ -22,6 +22,7 @@ std::vector<std::string> PrimaryKeyColumns(std::span<const Column> columns) {
     std::ranges::stable_sort(keys, {}, [](const Column& column) { return column.nPrimaryKeySeq; });
 
     std::vector<std::string> names;
+    names.reserve(keys.size());
     for (const Column& key : keys)
         names.push_back(key.FieldName);
     return names;

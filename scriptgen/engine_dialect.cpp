@@ -235,7 +235,7 @@ std::string EngineDialect::ColumnType(const DescribedTable& table, const Column&
 }
 
 std::string EngineDialect::ColumnText(const DescribedTable& table, const Column& column) const {
-    const std::string text = column.FieldName + " " + ColumnType(table, column);
+    std::string text = column.FieldName + " " + ColumnType(table, column);
     if (IsNumbered(table, column)) return text;
     if (column.IsPrimaryKey) return text + " NOT NULL";
     return text + (column.DefaultText.empty() ? " NULL" : " DEFAULT " + column.DefaultText);

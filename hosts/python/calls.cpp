@@ -39,7 +39,7 @@ py::str Text(std::string_view text) { return {text.data(), text.size()}; }
 }  // namespace
 
 py::object Invoke(const Handle& self, const std::string& name, InvokeKind kind, const py::args& arguments) {
-    const automation::ObjectRef object = self.Object();
+    const automation::ObjectRef& object = self.Object();
     const auto* table = dynamic_cast<const automation::TableObject*>(object.get());
     const Member* member = table != nullptr ? FindMember(table->Class(), name, kind) : nullptr;
     std::vector<Variant> values = ReadArguments(member, arguments);

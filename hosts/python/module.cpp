@@ -49,6 +49,7 @@ py::list List(const Names& names) {
 }
 
 /// The library's errors are the package's.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the form in which translators are registered
 void Translate(std::exception_ptr failure) {
     try {
         if (failure) std::rethrow_exception(failure);

@@ -13,6 +13,7 @@ namespace korvex::native::sql {
 using Row = std::vector<automation::Variant>;
 
 /// A value as the engine holds it, before its column says what it is.
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): one member of a union has a value.
 struct Cell {
     enum class Kind : std::uint8_t { Null, Integer, Real, Text, Bytes };
 

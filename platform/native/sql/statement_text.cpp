@@ -12,7 +12,6 @@
 namespace korvex::native::sql {
 namespace {
 
-using automation::EqualsIgnoreCase;
 using namespace automation::sql;
 
 StatementVerb VerbOfWord(std::string_view firstWord) noexcept {

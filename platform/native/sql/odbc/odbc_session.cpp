@@ -12,6 +12,8 @@ namespace {
 
 constexpr SQLULEN LoginTimeoutSeconds = 15;
 
+/// ODBC passes the numbers of attributes in place of pointers.
+// NOLINTNEXTLINE(performance-no-int-to-ptr)
 SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTER>(value); }
 
 }  // namespace
