@@ -149,7 +149,6 @@ Variant ForColumn(const Variant& value, const ColumnInfo& column) {
 Variant FromCell(const Cell& cell, const ColumnInfo& column) {
     switch (cell.kind) {
         case Cell::Kind::Integer:
-            if (column.type == ColumnType::Integer) return WholeNumber(cell.integer);
             return FromInteger(cell.integer, column);
         case Cell::Kind::Real:
             return FromReal(cell.real, column);

@@ -36,6 +36,13 @@ inline automation::Variant WholeNumber(std::int64_t value) {
 
 /// Its value in the form of the column's type.
 automation::Variant FromCell(const Cell& cell, const ColumnInfo& column);
+/// The same, at once for what most columns are.
+inline automation::Variant FromCell(const Cell& cell, const RowShape& shape, std::size_t column) {
+    const ColumnType type = shape.types[column];
+    if (cell.kind == Cell::Kind::Integer && type == ColumnType::Integer) return WholeNumber(cell.integer);
+    if (cell.kind == Cell::Kind::Text && IsText(type)) return cell.Data();
+    return FromCell(cell, shape.columns[column]);
+}
 
 /// A row taken out of its statement, in little room: what a column holds is worked out when somebody asks for
 /// it. Used again and again, it allocates nothing.
@@ -72,14 +79,9 @@ class KeptRow {
 
     automation::Variant Value(std::size_t column, const RowShape& shape) const {
         if (!m_values.empty()) return m_values[column];
-        const Cell& cell = m_cells[column];
-        const ColumnType type = shape.types[column];
-        if (cell.kind == Cell::Kind::Integer && type == ColumnType::Integer) return WholeNumber(cell.integer);
-        if (cell.kind < Cell::Kind::Text) return FromCell(cell, shape.columns[column]);
-        const std::string_view data(m_bytes.data() + cell.integer, cell.length);
-        if (IsText(type)) return data;
-        return FromCell({.kind = cell.kind, .data = data.data(), .length = data.size()},
-                        shape.columns[column]);
+        Cell cell = m_cells[column];
+        if (cell.kind >= Cell::Kind::Text) cell.data = m_bytes.data() + cell.integer;
+        return FromCell(cell, shape, column);
     }
     /// All values, which the row holds from now on; a caller may put others in their place.
     Row& Values(const RowShape& shape);

@@ -169,7 +169,7 @@ Cell SqliteStatement::CellAt(int index) const {
 }
 
 Variant SqliteStatement::Value(std::size_t column) {
-    return FromCell(CellAt(static_cast<int>(column)), m_shape->columns[column]);
+    return FromCell(CellAt(static_cast<int>(column)), *m_shape, column);
 }
 
 void SqliteStatement::Keep(KeptRow& row) {
