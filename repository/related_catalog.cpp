@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 
 namespace korvex::repository {
 
@@ -133,20 +134,17 @@ void RelatedCatalog::Relate(std::string_view storageName, std::string_view sFKPr
 }
 
 void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix) {
-    const auto isRelated = [&](std::string_view name) {
+    const auto own = CountWays(m_catalog, storageName);
+    std::set<std::string_view> others;
+    for (const DataDefRow& row : m_catalog.DataDefs()) {
+        if (storageName.empty() || row.Storage == storageName || !others.insert(row.Storage).second) continue;
         try {
-            Relate(name, sFKPrefix);
-            return true;
+            const auto isOwn = [&](const auto& other) { return own.contains(other.first); };
+            if (std::ranges::any_of(CountWays(m_catalog, row.Storage), isOwn)) Relate(row.Storage, sFKPrefix);
         } catch (const Error&) {
             // What is wrong with another definition does not concern this one.
-            return false;
         }
-    };
-    const auto isOther = [&](const DataDefRow& row) { return row.Storage != storageName; };
-    const bool hasOthers = !storageName.empty() && std::ranges::any_of(m_catalog.DataDefs(), isOther);
-    if (hasOthers && !isRelated(""))
-        for (const DataDefRow& other : m_catalog.DataDefs())
-            isRelated(other.Storage);
+    }
     Relate(storageName, sFKPrefix);
 }
 

@@ -24,9 +24,9 @@ class RelatedCatalog final : public DefinitionRows {
     /// Does with these rows what CreateRelationship does with those of a repository; errors as there. An
     /// object that more ways lead to than table names have numbers raises Overflow (6) before the first step.
     void Relate(std::string_view storageName, std::string_view sFKPrefix);
-    /// The same for a definition whose objects may stand beneath parents of other definitions: these are
-    /// related first, as far as they can be, so that the keys to those parents are there. Names are those of
-    /// the one definition.
+    /// The same for a definition whose objects may stand beneath parents of other definitions: those that
+    /// share objects with it are related first, as far as they can be, so that the keys to these parents are
+    /// there. Names are those of the one definition.
     void RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix);
 
     // The look-ups of a catalogue.
