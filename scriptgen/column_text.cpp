@@ -50,6 +50,33 @@ void AppendDefaultLiteral(std::string& text, const Column& column) {
 
 }  // namespace
 
+std::string_view TypeName(const TypeNames& types, std::int32_t dataType) {
+    switch (dataType) {
+        case TypeCode(VarType::Integer):
+            return types.integer16;
+        case TypeCode(VarType::Long):
+            return types.integer32;
+        case TypeCode(VarType::Single):
+            return types.single;
+        case TypeCode(VarType::Double):
+            return types.real;
+        case TypeCode(VarType::Currency):
+            return types.currency;
+        case TypeCode(VarType::Date):
+            return types.date;
+        case TypeCode(VarType::Boolean):
+            return types.boolean;
+        case TypeCode(VarType::Object):
+            return types.object;
+        case TypeCode(VarType::Variant):
+            return types.variant;
+        case TypeCode(VarType::Byte):
+            return types.byte.empty() ? types.text : types.byte;
+        default:
+            return types.text;
+    }
+}
+
 double DeclaredLength(std::string_view table, const Column& column) {
     try {
         return automation::ParseNumber(column.MaxLength);
@@ -58,13 +85,6 @@ double DeclaredLength(std::string_view table, const Column& column) {
                                         std::string(table) + "." + column.FieldName +
                                         " is no usable number: " + error.Description());
     }
-}
-
-std::string SizedTypeText(std::string_view typeName, const Column& column, double declaredLength) {
-    const std::string_view size = declaredLength > 0 ? automation::Trim(column.MaxLength) : "50";
-    std::string text;
-    Append(text, typeName, "(", size, ")");
-    return text;
 }
 
 void AppendNullOrDefault(std::string& text, const Column& column) {

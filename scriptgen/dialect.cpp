@@ -1,46 +1,133 @@
 #include "scriptgen/dialect.h"
 
-#include "automation/error.h"
+#include "automation/convert.h"
 #include "automation/text.h"
-#include "scriptgen/engine_dialects.h"
-#include "scriptgen/oracle_tables.h"
-#include "scriptgen/sql_server_tables.h"
+#include "scriptgen/column_lists.h"
+#include "scriptgen/script_names.h"
+#include "scriptgen/script_text.h"
 
 #include <algorithm>
+#include <map>
 
 namespace korvex::scriptgen {
 
 const Dialect* FindDialect(ScriptType type) noexcept {
-    static const SqlServerDialect sqlServer;
-    static const OracleDialect oracle;
-    static const SybaseDialect sybase;
     switch (type) {
         case ScriptType::SqlServer:
-            return &sqlServer;
+            return &SqlServerDialect();
         case ScriptType::Oracle:
-            return &oracle;
+            return &OracleDialect();
         case ScriptType::Sybase:
-            return &sybase;
+            return &SybaseDialect();
         case ScriptType::None:
             break;
     }
     return nullptr;
 }
 
-std::span<const EngineDialect* const> AllEngineDialects() noexcept {
-    static const SqliteDialect sqlite;
-    static const MariaDbDialect mariaDb;
-    static const PostgreSqlDialect postgreSql;
-    static const EngineDialect* const all[] = {&sqlite, &mariaDb, &postgreSql};
-    return all;
+const Column* CounterOf(const DescribedTable& table) {
+    const auto counter = std::ranges::find_if(table.Columns, &Column::IsAutoNumber);
+    return counter == table.Columns.end() ? nullptr : &*counter;
 }
 
-const EngineDialect& EngineDialectOf(std::string_view name) {
-    const auto all = AllEngineDialects();
-    const auto found = std::ranges::find(all, name, &EngineDialect::Name);
-    if (found != all.end()) return **found;
-    throw automation::Error(automation::InvalidProcedureCall,
-                            "There is no dialect for the engine " + automation::Quoted(name) + ".");
+/// In the order in which the script files need them. A length that is no number ends the run before what
+/// needs the type.
+void Dialect::AddScripts(RunState& run, DescribedTable& table, const ReferencedNames& names) const {
+    if (ProceduresNameTypes()) SetTypes(table);
+    AddForeignKeys(run, table, names);
+    AddStoredProcedures(run, table);
+    AppendTableDrop(run.Text(ScriptKind::Drop), table);
+    if (!ProceduresNameTypes()) SetTypes(table);
+    AddTable(run, table);
+}
+
+void Dialect::SetTypes(DescribedTable& table) const {
+    for (Column& column : table.Columns)
+        column.TypeSize = TypeText(table.Name, column);
+}
+
+/// Bytes of a declared length become long ones as texts do, but only a text is marked.
+std::string Dialect::TypeText(std::string_view table, Column& column) const {
+    const std::string_view name = TypeName(m_types, column.DataType);
+    const bool isText = name == m_types.text;
+    const bool isSized = isText || (name == m_types.variant && name != m_types.object);
+    if (!isSized) return std::string(name);
+    const double length = DeclaredLength(table, column);
+    if (length > m_maxCharLen) {
+        column.IsLongFld = isText;
+        return std::string(isText ? m_types.longText : m_types.object);
+    }
+    std::string text(name);
+    Append(text, "(", length > 0 ? automation::Trim(column.MaxLength) : "50", ")");
+    return text;
+}
+
+void Dialect::AppendTable(std::string& text, const DescribedTable& table) const {
+    Append(text, "CREATE TABLE ", m_table.owner, table.Name, "\r\n");
+    Append(text, "( \r\n");
+    std::string_view before = "\t";
+    for (const Column& column : table.Columns) {
+        Append(text, before, column.FieldName, " ", ColumnType(column));
+        AppendNullOrDefault(text, column);
+        before = ",\r\n\t";
+    }
+    AppendPrimaryKey(text, table);
+    Append(text, ")", m_table.end);
+    AppendForeignKeyIndexes(text, table);
+}
+
+/// The key constraint behind the last column, or, for a table without a key, only the line end.
+void Dialect::AppendPrimaryKey(std::string& text, const DescribedTable& table) const {
+    if (HasPrimaryKey(table.Columns)) {
+        Append(text, ",\r\n");
+        Append(text, "\tCONSTRAINT ", PrimaryKeyName(table.Name), " ", m_table.keyKind, "\r\n");
+        Append(text, "\t(\r\n");
+        Append(text, "\t\t", Joined(PrimaryKeyColumns(table.Columns)), "\r\n");
+        Append(text, "\t)\r\n");
+    } else {
+        Append(text, "\r\n");
+    }
+}
+
+/// One per referenced object over the columns that reference it.
+void Dialect::AppendForeignKeyIndexes(std::string& text, const DescribedTable& table) const {
+    std::map<repository::ObjectId, JoinedText> names;
+    for (const Column& column : table.Columns)
+        names.try_emplace(column.FKObjectID, ", ").first->second.Add(column.FieldName);
+    std::int16_t number = 0;
+    for (const repository::ObjectId target : GetForeignKeyTargets(table.Columns)) {
+        number = automation::ToInteger(number + 1);
+        Append(text, "\r\n");
+        Append(text, "CREATE INDEX ", IndexName(table.Name, number), " ON ", m_table.owner, table.Name, "(",
+               names.at(target).Text(), ")", m_table.end);
+    }
+}
+
+void Dialect::AddForeignKeys(RunState& run, const DescribedTable& table, const ReferencedNames& names) const {
+    const std::string constraint = ForeignKeyName(table.Name);
+
+    // Never emptied: each constraint is written with all those before it.
+    std::string constraints;
+    for (const repository::ObjectId target : GetForeignKeyTargets(table.Columns)) {
+        const std::string referencedTable = names.GetObjectTableName(target);
+        JoinedText foreignKey(", ");
+        JoinedText referenced(", ");
+        for (const Column& column : table.Columns) {
+            if (column.FKObjectID != target) continue;
+            foreignKey.Add(column.FieldName);
+            referenced.Add(names.GetFieldName(column.FKValueID));
+        }
+
+        Append(constraints, "ALTER TABLE ", table.Name, "\r\n");
+        Append(constraints, "ADD CONSTRAINT ", constraint, " FOREIGN KEY (", foreignKey.Text(), ")\r\n");
+        Append(constraints, " REFERENCES ", referencedTable, "(", referenced.Text(), ")",
+               m_table.constraintEnd, "\r\n");
+        Append(run.Text(ScriptKind::CreateForeignKeys), constraints, "\r\n");
+
+        std::string& drop = run.Text(ScriptKind::DropForeignKeys);
+        Append(drop, "ALTER TABLE ", table.Name, "\r\n");
+        Append(drop, "DROP CONSTRAINT ", constraint, m_table.constraintEnd, "\r\n\r\n");
+    }
 }
 
 }  // namespace korvex::scriptgen

@@ -11,8 +11,6 @@ namespace korvex::scriptgen {
 
 namespace {
 
-constexpr std::array Published = {ScriptType::SqlServer, ScriptType::Sybase, ScriptType::Oracle};
-
 /// `describe` gives the table as the dialect has it, `type` the type of one of its columns.
 template <class Describe, class Type>
 ColumnsInDialect Described(const DescribedTable& table, Describe describe, Type type) {
@@ -39,12 +37,11 @@ std::span<const std::string_view> DialectTitles() noexcept {
 std::vector<ColumnsInDialect> DescribeInDialects(const DescribedTable& table) {
     std::vector<ColumnsInDialect> all;
     all.reserve(DialectTitles().size());
-    for (const ScriptType type : Published) {
+    for (const Dialect* dialect : {&SqlServerDialect(), &SybaseDialect(), &OracleDialect()}) {
         all.push_back(Described(
-            table, [type](std::span<const DescribedTable> tables) { return PublishedTables(type, tables); },
-            [type](const DescribedTable&, const Column& column) {
-                return FindDialect(type)->ColumnType(column);
-            }));
+            table,
+            [dialect](std::span<const DescribedTable> tables) { return PublishedTables(*dialect, tables); },
+            [dialect](const DescribedTable&, const Column& column) { return dialect->ColumnType(column); }));
     }
     for (const EngineDialect* engine : AllEngineDialects()) {
         all.push_back(Described(

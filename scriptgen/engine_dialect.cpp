@@ -17,6 +17,19 @@
 
 namespace korvex::scriptgen {
 
+std::span<const EngineDialect* const> AllEngineDialects() noexcept {
+    static const EngineDialect* const all[] = {&SqliteDialect(), &MariaDbDialect(), &PostgreSqlDialect()};
+    return all;
+}
+
+const EngineDialect& EngineDialectOf(std::string_view name) {
+    const auto all = AllEngineDialects();
+    const auto found = std::ranges::find(all, name, &EngineDialect::Name);
+    if (found != all.end()) return **found;
+    throw automation::Error(automation::InvalidProcedureCall,
+                            "There is no dialect for the engine " + automation::Quoted(name) + ".");
+}
+
 using automation::Error;
 using automation::VarType;
 
@@ -138,37 +151,16 @@ std::string EngineDialect::TextLiteral(std::string_view text) const {
 
 bool EngineDialect::IsNumbered(const DescribedTable& table, const Column& column) const {
     const bool isKey = table.PrimaryKey.size() == 1 && table.PrimaryKey.front() == column.FieldName;
-    return column.IsAutoNumber && (isKey || !NumbersTheKeyOnly());
+    return column.IsAutoNumber && (isKey || !m_facts.numbersTheKeyOnly);
 }
 
 std::string EngineDialect::TypeText(const DescribedTable& table, const Column& column) const {
-    const EngineTypes& types = Types();
-    switch (column.DataType) {
-        case TypeCode(VarType::Integer):
-            return std::string(types.integer16);
-        case TypeCode(VarType::Long):
-            return std::string(types.integer32);
-        case TypeCode(VarType::Single):
-            return std::string(types.single);
-        case TypeCode(VarType::Double):
-            return std::string(types.real);
-        case TypeCode(VarType::Currency):
-            return std::string(types.currency);
-        case TypeCode(VarType::Date):
-            return std::string(types.date);
-        case TypeCode(VarType::Boolean):
-            return std::string(types.boolean);
-        case TypeCode(VarType::Byte):
-            return std::string(types.byte);
-        case TypeCode(VarType::Object):
-        case TypeCode(VarType::Variant):
-            return std::string(types.bytes);
-        default:
-            break;
-    }
+    const TypeNames& types = m_facts.types;
+    const std::string_view name = TypeName(types, column.DataType);
+    if (name != types.text) return std::string(name);
     const double length = DeclaredLength(table.Name, column);
     if (length > LongestVarchar) return std::string(types.longText);
-    return "varchar(" + std::to_string(length < 1 ? 50 : static_cast<int>(length)) + ")";
+    return std::string(name) + "(" + std::to_string(length < 1 ? 50 : static_cast<int>(length)) + ")";
 }
 
 std::vector<std::string> EngineDialect::ColumnTypes(const DescribedTable& table,
@@ -197,7 +189,7 @@ std::string EngineDialect::Literal(const DescribedTable& table, const Column& co
         case TypeCode(VarType::Currency):
             return automation::ToString(automation::ToCurrency(number));
         case TypeCode(VarType::Boolean):
-            return BooleanLiteral(automation::ToBoolean(number));
+            return std::string(automation::ToBoolean(number) ? m_facts.trueLiteral : m_facts.falseLiteral);
         case TypeCode(VarType::Date): {
             if (value.empty()) return {};
             std::string text = automation::FormatIsoDate(automation::ToDate(value));
@@ -247,7 +239,7 @@ std::string EngineDialect::TableText(const DescribedTable& table) const {
     for (std::size_t i = 0; i < table.Columns.size(); ++i)
         Append(text, i == 0 ? "\r\n\t" : ",\r\n\t", ColumnText(table, table.Columns[i]));
     AppendConstraints(text, table);
-    Append(text, "\r\n)", TableOptions());
+    Append(text, "\r\n)", m_facts.tableOptions);
     return text;
 }
 
@@ -264,10 +256,23 @@ std::string EngineDialect::ForeignKeyText(const DescribedTable& table, const For
     return text;
 }
 
+/// Where none can be added they stand in their tables.
 void EngineDialect::AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
                                   const ForeignKey& key) const {
+    if (!AltersForeignKeys()) return;
     scripts.addKeys.push_back({"ALTER TABLE " + table.Name + " ADD " + ForeignKeyText(table, key),
                                EngineThing::ForeignKey, table.Name, key.FieldName});
+    std::string drop;
+    Append(drop, "ALTER TABLE IF EXISTS ", table.Name, " DROP ", m_facts.droppedKey, " IF EXISTS ",
+           ColumnThingName("FK_", table.Name, key.FieldName));
+    scripts.dropKeys.push_back({std::move(drop), EngineThing::ForeignKey, table.Name, key.FieldName});
+}
+
+std::vector<std::string> EngineDialect::TriggerNames(const DescribedTable& table) const {
+    std::vector<std::string> names;
+    for (const std::string_view suffix : m_facts.triggers)
+        names.push_back(table.Name + std::string(suffix));
+    return names;
 }
 
 void EngineDialect::AddDropTable(EngineScripts& scripts, const DescribedTable& table) const {
@@ -335,7 +340,7 @@ std::vector<std::string> EngineDialect::Problems(std::span<const DescribedTable>
         const std::string word = " " + automation::ToUpperAscii(name) + " ";
         if (!IsPlainName(name)) {
             problems.push_back(what + " is no name that can stand unquoted in " + std::string(Name()));
-        } else if (ReservedWords().find(word) != std::string_view::npos) {
+        } else if (m_facts.reservedWords.find(word) != std::string_view::npos) {
             problems.push_back(what + " is a reserved word of " + std::string(Name()));
         }
     };
@@ -361,8 +366,8 @@ std::vector<std::string> EngineDialect::Problems(std::span<const DescribedTable>
                 problems.push_back(error.Description());
             }
         }
-        checkCount(table, table.Columns.size(), Limits().columns, "columns");
-        checkCount(table, table.ForeignKeys.size() + 1, Limits().indexes, "keys");
+        checkCount(table, table.Columns.size(), m_facts.limits.columns, "columns");
+        checkCount(table, table.ForeignKeys.size() + 1, m_facts.limits.indexes, "keys");
     }
     return problems;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "automation/text.h"
+#include "scriptgen/column_text.h"
 #include "scriptgen/table_model.h"
 
 #include <cstddef>
@@ -40,11 +41,6 @@ struct EngineFile {
     std::vector<EngineStatement> EngineScripts::*statements = nullptr;
 };
 
-/// Column types of an engine; text is varchar(n) on all of them.
-struct EngineTypes {
-    std::string_view integer16, integer32, single, real, currency, date, boolean, byte, bytes, longText;
-};
-
 /// What an engine takes at most in one table.
 struct EngineLimits {
     std::size_t columns = 0;
@@ -63,22 +59,52 @@ struct CatalogueQueries {
     std::string_view dependents = {};
 };
 
+/// What is fixed for an engine.
+struct EngineFacts {
+    std::string_view name;  ///< of the dialect, for people who choose one: "sqlite"
+    std::span<const EngineFile> files;
+    TypeNames types;
+    EngineLimits limits;
+    CatalogueQueries catalogue;
+    /// The words that are no names of tables or columns, each between blanks, in capitals.
+    std::string_view reservedWords;
+    /// What stands behind the name of a numbered column, and behind the parentheses of a table.
+    std::string_view numberedColumn = {}, tableOptions = {};
+    std::string_view falseLiteral = "0", trueLiteral = "1";
+    /// What stands behind the name of a table in those of its triggers.
+    std::span<const std::string_view> triggers;
+    /// What a foreign key is called where it is dropped; "" where references can neither be added to a table
+    /// that is there nor removed.
+    std::string_view droppedKey = {};
+    /// Whether what was made in a transaction goes when that is rolled back.
+    bool definitionsRollBack = true;
+    /// Whether names of tables are the same in any case.
+    bool foldsTableNames = true;
+    /// Whether the engine numbers the column of a key only, and only a key of one column.
+    bool numbersTheKeyOnly = true;
+};
+
 /// How tables are made on one engine. What most engines agree on stands here; each overrides the rest.
 class EngineDialect {
   public:
+    explicit EngineDialect(const EngineFacts& facts) : m_facts(facts) {}
     virtual ~EngineDialect() = default;
 
-    /// Name of the dialect for people who choose one: "sqlite".
-    virtual std::string_view Name() const noexcept = 0;
-    virtual std::span<const EngineFile> Files() const noexcept = 0;
+    const EngineFacts& Facts() const noexcept { return m_facts; }
+    std::string_view Name() const noexcept { return m_facts.name; }
+    bool DefinitionsRollBack() const noexcept { return m_facts.definitionsRollBack; }
+    bool FoldsTableNames() const noexcept { return m_facts.foldsTableNames; }
+    /// Whether references can be added to a table that is there, and removed.
+    bool AltersForeignKeys() const noexcept { return !m_facts.droppedKey.empty(); }
+    /// Whether the engine's "float" keeps single precision.
+    bool FloatIsSingle() const noexcept { return m_facts.types.single == "float"; }
 
     /// The scripts of these tables. InvalidProcedureCall (5) for a default that is no value of its column's
     /// type, TypeMismatch (13) for a length that is no number, both naming table and column.
     EngineScripts Write(std::span<const DescribedTable> tables) const;
 
     /// The tables as the engine will tell of them once they are made: column types, defaults, indexes,
-    /// triggers, and
-    /// only such references in the run as it can keep. Errors as above.
+    /// triggers, and only such references in the run as it can keep. Errors as above.
     std::vector<DescribedTable> Tables(std::span<const DescribedTable> tables) const;
     /// What makes a table alone, as Tables() gives it.
     std::string TableText(const DescribedTable& table) const;
@@ -86,10 +112,9 @@ class EngineDialect {
     std::string ColumnType(const DescribedTable& table, const Column& column) const;
     /// A column with its type and default, as it stands in TableText.
     std::string ColumnText(const DescribedTable& table, const Column& column) const;
-    /// Whether the engine's "float" keeps single precision.
-    bool FloatIsSingle() const noexcept { return Types().single == "float"; }
+    /// The names of the triggers that turn 0 into Null.
+    std::vector<std::string> TriggerNames(const DescribedTable& table) const;
 
-    virtual const CatalogueQueries& Catalogue() const noexcept = 0;
     /// A column type that the engine tells, as the scripts write it.
     virtual std::string TypeAsWritten(std::string type) const { return type; }
     /// A default that the engine tells, as the scripts write it; "" for Null.
@@ -97,12 +122,6 @@ class EngineDialect {
         if (automation::EqualsIgnoreCase(text, "NULL")) text.clear();
         return text;
     }
-    /// Whether what was made in a transaction goes when that is rolled back.
-    virtual bool DefinitionsRollBack() const noexcept { return true; }
-    /// Whether references can be added to a table that is there, and removed.
-    virtual bool AltersForeignKeys() const noexcept { return true; }
-    /// Whether names of tables are the same in any case.
-    virtual bool FoldsTableNames() const noexcept { return true; }
 
     /// What the engine will not take, a line each: names that are reserved or no identifiers, defaults that
     /// are no values of their columns, numbered columns beside the key, more columns or indexes than a table
@@ -110,33 +129,20 @@ class EngineDialect {
     std::vector<std::string> Problems(std::span<const DescribedTable> tables) const;
 
   protected:
-    virtual const EngineTypes& Types() const noexcept = 0;
-    virtual EngineLimits Limits() const noexcept = 0;
-    /// The words that are no names of tables or columns, each between blanks, in capitals.
-    virtual std::string_view ReservedWords() const noexcept = 0;
-    /// Whether the engine numbers the column of a key only, and only a key of one column.
-    virtual bool NumbersTheKeyOnly() const noexcept { return true; }
-
-    virtual std::string BooleanLiteral(bool value) const { return value ? "1" : "0"; }
     virtual std::string TextLiteral(std::string_view text) const;
     /// Type texts of the columns of a table, in their order; `notes` takes what is not as asked for.
     virtual std::vector<std::string> ColumnTypes(const DescribedTable& table,
                                                  std::vector<std::string>& notes) const;
     /// What stands behind the name of a numbered column.
-    virtual std::string NumberedColumn(const DescribedTable& table) const = 0;
+    virtual std::string NumberedColumn(const DescribedTable& /*table*/) const {
+        return std::string(m_facts.numberedColumn);
+    }
     /// Adds the constraints of a table behind its columns, each with the comma before it.
     virtual void AppendConstraints(std::string& text, const DescribedTable& table) const;
-    /// What stands behind the closing parenthesis of a table.
-    virtual std::string_view TableOptions() const noexcept { return ""; }
-    virtual void AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
-                               const ForeignKey& key) const;
     /// Adds what turns 0 into Null in columns that refer to parents: 0 stands for none.
     virtual void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
                              std::span<const std::string> columns) const = 0;
     virtual void AddDropTable(EngineScripts& scripts, const DescribedTable& table) const;
-    virtual std::vector<std::string> TriggerNames(const DescribedTable& table) const {
-        return {table.Name + "_I", table.Name + "_U"};
-    }
 
     bool IsNumbered(const DescribedTable& table, const Column& column) const;
     /// "CONSTRAINT n FOREIGN KEY (c) REFERENCES t (k)"
@@ -149,8 +155,15 @@ class EngineDialect {
     std::string DefaultLiteral(const DescribedTable& table, const Column& column) const;
     std::string Literal(const DescribedTable& table, const Column& column) const;
     void AddTable(EngineScripts& scripts, const DescribedTable& table) const;
+    void AddForeignKey(EngineScripts& scripts, const DescribedTable& table, const ForeignKey& key) const;
+
+    const EngineFacts& m_facts;
 };
 
+/// One by one.
+const EngineDialect& SqliteDialect() noexcept;
+const EngineDialect& MariaDbDialect() noexcept;
+const EngineDialect& PostgreSqlDialect() noexcept;
 /// The dialect of that name; InvalidProcedureCall (5) when there is none.
 const EngineDialect& EngineDialectOf(std::string_view name);
 /// All of them, in the order in which they are offered.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "repository/definition_rows.h"
-#include "scriptgen/run_state.h"
+#include "scriptgen/script_types.h"
 
 #include <string_view>
 

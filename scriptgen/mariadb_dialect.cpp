@@ -1,5 +1,5 @@
 #include "automation/text.h"
-#include "scriptgen/engine_dialects.h"
+#include "scriptgen/engine_dialect.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
@@ -44,17 +44,6 @@ constexpr EngineFile ScriptFiles[] = {{"MariaCreate.sql", &EngineScripts::create
                                       {"MariaFKCr.sql", &EngineScripts::addKeys},
                                       {"MariaFKdel.sql", &EngineScripts::dropKeys}};
 
-constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
-                                         .integer32 = "int",
-                                         .single = "float",
-                                         .real = "double",
-                                         .currency = "decimal(19,4)",
-                                         .date = "datetime(3)",
-                                         .boolean = "bit",
-                                         .byte = "tinyint unsigned",
-                                         .bytes = "longblob",
-                                         .longText = "longtext"};
-
 constexpr CatalogueQueries Queries = {
     .columns =
         "select table_name, column_name, column_type, extra = 'auto_increment', column_key = 'PRI', "
@@ -72,6 +61,35 @@ constexpr CatalogueQueries Queries = {
     .triggers =
         "select event_object_table, trigger_name from information_schema.triggers where "
         "trigger_schema = database()"};
+
+constexpr std::string_view Triggers[] = {"_I", "_U"};
+
+/// Names and texts in any language, and foreign keys, whatever the database is set to.
+constexpr std::string_view Options = " ENGINE=InnoDB DEFAULT CHARACTER SET utf8mb4";
+
+constexpr EngineFacts MariaDbFacts = {.name = "mariadb",
+                                      .files = ScriptFiles,
+                                      .types = {.integer16 = "smallint",
+                                                .integer32 = "int",
+                                                .single = "float",
+                                                .real = "double",
+                                                .currency = "decimal(19,4)",
+                                                .date = "datetime(3)",
+                                                .boolean = "bit",
+                                                .object = "longblob",
+                                                .variant = "longblob",
+                                                .byte = "tinyint unsigned",
+                                                .text = "varchar",
+                                                .longText = "longtext"},
+                                      .limits = {.columns = 1017, .indexes = 64},
+                                      .catalogue = Queries,
+                                      .reservedWords = Words,
+                                      .numberedColumn = "int NOT NULL AUTO_INCREMENT",
+                                      .tableOptions = Options,
+                                      .triggers = Triggers,
+                                      .droppedKey = "FOREIGN KEY",
+                                      .definitionsRollBack = false,
+                                      .foldsTableNames = false};
 
 constexpr std::string_view Varchar = "varchar(";
 constexpr std::size_t BytesOfCharacter = 4;
@@ -106,22 +124,29 @@ std::optional<std::size_t> ColumnTooMuch(const std::vector<std::string>& types) 
         for (const std::string& type : types)
             size += sizeOf(type);
         const auto longest = std::ranges::max_element(types, {}, sizeOf);
-        if (size > most && sizeOf(*longest) > sizeOf(ColumnTypeTexts.longText))
+        if (size > most && sizeOf(*longest) > sizeOf(MariaDbFacts.types.longText))
             return static_cast<std::size_t>(longest - types.begin());
     }
     return std::nullopt;
 }
 
-}  // namespace
+/// A row has a limit of length, a table one of indexes.
+class MariaDb final : public EngineDialect {
+  public:
+    MariaDb() : EngineDialect(MariaDbFacts) {}
+    std::string TypeAsWritten(std::string type) const override;
+    std::string DefaultAsWritten(std::string text) const override;
 
-std::span<const EngineFile> MariaDbDialect::Files() const noexcept { return ScriptFiles; }
-const EngineTypes& MariaDbDialect::Types() const noexcept { return ColumnTypeTexts; }
-std::string_view MariaDbDialect::ReservedWords() const noexcept { return Words; }
-
-const CatalogueQueries& MariaDbDialect::Catalogue() const noexcept { return Queries; }
+  protected:
+    std::string TextLiteral(std::string_view text) const override;
+    std::vector<std::string> ColumnTypes(const DescribedTable& table,
+                                         std::vector<std::string>& notes) const override;
+    void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                     std::span<const std::string> columns) const override;
+};
 
 /// The engine tells how many digits it would show of a whole number.
-std::string MariaDbDialect::TypeAsWritten(std::string type) const {
+std::string MariaDb::TypeAsWritten(std::string type) const {
     const std::size_t begin = type.find('(');
     const std::string name = type.substr(0, begin);
     if (begin != std::string::npos && (name.ends_with("int") || name == "bit"))
@@ -130,7 +155,7 @@ std::string MariaDbDialect::TypeAsWritten(std::string type) const {
 }
 
 /// The engine tells texts with escapes, and bits as texts of bits.
-std::string MariaDbDialect::DefaultAsWritten(std::string text) const {
+std::string MariaDb::DefaultAsWritten(std::string text) const {
     if (text.starts_with("b'")) return text.substr(2, text.size() - 3);
     if (!text.starts_with('\'')) return EngineDialect::DefaultAsWritten(std::move(text));
     std::string value;
@@ -142,7 +167,7 @@ std::string MariaDbDialect::DefaultAsWritten(std::string text) const {
 }
 
 /// A backslash is an escape or none, as the server is set; digits mean the same on each.
-std::string MariaDbDialect::TextLiteral(std::string_view text) const {
+std::string MariaDb::TextLiteral(std::string_view text) const {
     if (text.find('\\') == std::string_view::npos) return EngineDialect::TextLiteral(text);
     std::string literal = "_utf8mb4 X'";
     for (const char c : text) {
@@ -153,31 +178,19 @@ std::string MariaDbDialect::TextLiteral(std::string_view text) const {
 }
 
 /// The longest texts become long ones until the row is short enough.
-std::vector<std::string> MariaDbDialect::ColumnTypes(const DescribedTable& table,
-                                                     std::vector<std::string>& notes) const {
+std::vector<std::string> MariaDb::ColumnTypes(const DescribedTable& table,
+                                              std::vector<std::string>& notes) const {
     std::vector<std::string> types = EngineDialect::ColumnTypes(table, notes);
     while (const auto column = ColumnTooMuch(types)) {
         notes.push_back(table.Name + "." + table.Columns[*column].FieldName +
                         " becomes longtext in place of " + types[*column] + ": the row would be too long.");
-        types[*column] = ColumnTypeTexts.longText;
+        types[*column] = MariaDbFacts.types.longText;
     }
     return types;
 }
 
-std::string MariaDbDialect::NumberedColumn(const DescribedTable& /*table*/) const {
-    return "int NOT NULL AUTO_INCREMENT";
-}
-
-void MariaDbDialect::AddForeignKey(EngineScripts& scripts, const DescribedTable& table,
-                                   const ForeignKey& key) const {
-    EngineDialect::AddForeignKey(scripts, table, key);
-    scripts.dropKeys.push_back({"ALTER TABLE IF EXISTS " + table.Name + " DROP FOREIGN KEY IF EXISTS " +
-                                    ColumnThingName("FK_", table.Name, key.FieldName),
-                                EngineThing::ForeignKey, table.Name, key.FieldName});
-}
-
-void MariaDbDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
-                                 std::span<const std::string> columns) const {
+void MariaDb::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                          std::span<const std::string> columns) const {
     JoinedText assignments(", ");
     for (const std::string& column : columns)
         assignments.Add("NEW.", column, " = NULLIF(NEW.", column, ", 0)");
@@ -188,6 +201,13 @@ void MariaDbDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& t
         scripts.create.push_back(
             {std::move(text), EngineThing::Trigger, table.Name, table.Name + "_" + std::string(event, 0, 1)});
     }
+}
+
+}  // namespace
+
+const EngineDialect& MariaDbDialect() noexcept {
+    static const MariaDb dialect;
+    return dialect;
 }
 
 }  // namespace korvex::scriptgen

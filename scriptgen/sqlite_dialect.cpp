@@ -1,5 +1,5 @@
 #include "automation/text.h"
-#include "scriptgen/engine_dialects.h"
+#include "scriptgen/engine_dialect.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
@@ -22,16 +22,7 @@ constexpr std::string_view Words =
 constexpr EngineFile ScriptFiles[] = {{"LiteCreate.sql", &EngineScripts::create},
                                       {"LiteDel.sql", &EngineScripts::drop}};
 
-constexpr EngineTypes ColumnTypeTexts = {.integer16 = "smallint",
-                                         .integer32 = "int",
-                                         .single = "real",
-                                         .real = "double",
-                                         .currency = "decimal(19,4)",
-                                         .date = "datetime",
-                                         .boolean = "bit",
-                                         .byte = "tinyint",
-                                         .bytes = "blob",
-                                         .longText = "text"};
+constexpr std::string_view Triggers[] = {"_I", "_U"};
 
 constexpr CatalogueQueries Queries = {
     .columns =
@@ -50,25 +41,47 @@ constexpr CatalogueQueries Queries = {
         "select tbl_name, name, sql from sqlite_master where type in ('index', 'trigger') and sql "
         "is not null order by rowid"};
 
-}  // namespace
+constexpr EngineFacts SqliteFacts = {.name = "sqlite",
+                                     .files = ScriptFiles,
+                                     .types = {.integer16 = "smallint",
+                                               .integer32 = "int",
+                                               .single = "real",
+                                               .real = "double",
+                                               .currency = "decimal(19,4)",
+                                               .date = "datetime",
+                                               .boolean = "bit",
+                                               .object = "blob",
+                                               .variant = "blob",
+                                               .byte = "tinyint",
+                                               .text = "varchar",
+                                               .longText = "text"},
+                                     .limits = {.columns = 2000, .indexes = std::string::npos},
+                                     .catalogue = Queries,
+                                     .reservedWords = Words,
+                                     .triggers = Triggers};
 
-const CatalogueQueries& SqliteDialect::Catalogue() const noexcept { return Queries; }
+/// Foreign keys stand in their tables.
+class Sqlite final : public EngineDialect {
+  public:
+    Sqlite() : EngineDialect(SqliteFacts) {}
 
-std::string SqliteDialect::TypeAsWritten(std::string type) const {
-    return automation::EqualsIgnoreCase(type, "INTEGER") ? std::string(ColumnTypeTexts.integer32) : type;
-}
+    std::string TypeAsWritten(std::string type) const override {
+        return automation::EqualsIgnoreCase(type, "INTEGER") ? std::string(SqliteFacts.types.integer32)
+                                                             : type;
+    }
 
-std::span<const EngineFile> SqliteDialect::Files() const noexcept { return ScriptFiles; }
-const EngineTypes& SqliteDialect::Types() const noexcept { return ColumnTypeTexts; }
-std::string_view SqliteDialect::ReservedWords() const noexcept { return Words; }
-
-/// Only a column of exactly this type is numbered, and only as the primary key.
-std::string SqliteDialect::NumberedColumn(const DescribedTable& table) const {
-    return "INTEGER CONSTRAINT " + PrimaryKeyName(table.Name) + " PRIMARY KEY AUTOINCREMENT";
-}
+  protected:
+    /// Only a column of exactly this type is numbered, and only as the primary key.
+    std::string NumberedColumn(const DescribedTable& table) const override {
+        return "INTEGER CONSTRAINT " + PrimaryKeyName(table.Name) + " PRIMARY KEY AUTOINCREMENT";
+    }
+    void AppendConstraints(std::string& text, const DescribedTable& table) const override;
+    void AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                     std::span<const std::string> columns) const override;
+};
 
 /// The engine adds no constraint to a table that is there, so a table brings its references with it.
-void SqliteDialect::AppendConstraints(std::string& text, const DescribedTable& table) const {
+void Sqlite::AppendConstraints(std::string& text, const DescribedTable& table) const {
     const auto isKey = [&](const Column& column) { return IsNumbered(table, column); };
     if (std::ranges::none_of(table.Columns, isKey)) EngineDialect::AppendConstraints(text, table);
     for (const ForeignKey& key : table.ForeignKeys)
@@ -77,8 +90,8 @@ void SqliteDialect::AppendConstraints(std::string& text, const DescribedTable& t
 
 /// References are looked up when the statement ends, after its triggers. A list has no limit of depth, as a
 /// chain of comparisons has.
-void SqliteDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
-                                std::span<const std::string> columns) const {
+void Sqlite::AddNoParent(EngineScripts& scripts, const DescribedTable& table,
+                         std::span<const std::string> columns) const {
     JoinedText values(", ");
     JoinedText assignments(", ");
     for (const std::string& column : columns) {
@@ -96,6 +109,13 @@ void SqliteDialect::AddNoParent(EngineScripts& scripts, const DescribedTable& ta
     };
     add("_I", "INSERT");
     add("_U", "UPDATE OF " + Joined(columns));
+}
+
+}  // namespace
+
+const EngineDialect& SqliteDialect() noexcept {
+    static const Sqlite dialect;
+    return dialect;
 }
 
 }  // namespace korvex::scriptgen

@@ -9,7 +9,6 @@
 #include "repository/stored_rows.h"
 #include "scriptgen/engine_dialect.h"
 #include "scriptgen/generator.h"
-#include "scriptgen/run_state.h"
 #include "scriptgen/script_types.h"
 #include "surface/language_service.h"
 
@@ -122,7 +121,6 @@ void clsCreateDb::Impl::SetupRun(clsCreateDb& self, const ScriptTypeInfo& type,
                                  const std::string& storageName, const Variant& sFKPrefix) {
     const bool isOracle = type.type == ScriptType::Oracle;
     scriptgen::ResetRun(run);
-    run.m_nMaxCharLen = type.maxCharLen;
     if (isOracle) run.m_bLongWarning = false;
     self.CreateRelationship(storageName, sFKPrefix);
     run.m_nScriptType = type.type;
@@ -217,7 +215,6 @@ void clsCreateDb::CreateRelationship(const std::string& storageName, const Varia
 void clsCreateDb::ShutDown() {
     m_impl->desktop->ExpectNoOpenBox();
     m_impl->repository.Close();
-    m_impl->run.m_colFields.clear();
     ShowLog();
 }
 
@@ -265,10 +262,10 @@ std::vector<std::string> clsCreateDb::DoEngineDb(const std::string& sEngine, con
     const auto tables = scriptgen::DescribeTables(rows, storageName);
     m_impl->repository.Close();
     const scriptgen::EngineScripts scripts = dialect.Write(tables);
-    for (const scriptgen::EngineFile& file : dialect.Files()) {
+    for (const scriptgen::EngineFile& file : dialect.Facts().files) {
         m_impl->ShowScript(
             scriptgen::ScriptFilePath(ScriptFilePath(), m_impl->platform.files->Separator(), file.name),
-            scriptgen::ScriptText(scripts.*file.statements), &file == &dialect.Files().front());
+            scriptgen::ScriptText(scripts.*file.statements), &file == &dialect.Facts().files.front());
     }
     std::vector<std::string> notes = dialect.Problems(tables);
     notes.insert(notes.end(), scripts.notes.begin(), scripts.notes.end());

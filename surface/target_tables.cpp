@@ -5,12 +5,12 @@
 #include "platform/ado_transaction.h"
 #include "repository/catalog.h"
 #include "repository/related_catalog.h"
-#include "scriptgen/dialect.h"
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/live_tables.h"
+#include "scriptgen/migration/match_tables.h"
+#include "scriptgen/migration/published_alter.h"
 #include "scriptgen/migration/table_rebuild.h"
 #include "scriptgen/script_text.h"
-#include "scriptgen/script_types.h"
 
 #include <algorithm>
 #include <array>
@@ -218,25 +218,18 @@ std::size_t KeysInRun(const DescribedTable& table) {
 bool IsMadeByFirstVersion(std::span<const TableDifference> differences,
                           std::span<const DescribedTable> wanted, std::span<const DescribedTable> live,
                           bool folds) {
-    scriptgen::RunState run;
-    run.m_nMaxCharLen = scriptgen::FindScriptType(scriptgen::ScriptType::SqlServer)->maxCharLen;
-    const scriptgen::Dialect& dialect = *scriptgen::FindDialect(scriptgen::ScriptType::SqlServer);
-    std::size_t types = 0;
+    std::vector<DescribedTable> firsts;
     for (const TableDifference& difference : differences) {
         if (difference.aspect != TableAspect::Type) continue;
-        ++types;
-        const DescribedTable& table = *scriptgen::FindTable(wanted, difference.table, folds);
-        const DescribedTable& actual = *scriptgen::FindTable(live, difference.table, folds);
-        const auto named = [&](const scriptgen::Column& column) {
-            return automation::EqualsIgnoreCase(column.FieldName, difference.name);
+        if (firsts.empty()) firsts = scriptgen::PublishedTables(scriptgen::SqlServerDialect(), wanted);
+        const auto typeIn = [&](std::span<const DescribedTable> tables) -> const std::string& {
+            return scriptgen::FindColumn(*scriptgen::FindTable(tables, difference.table, folds),
+                                         difference.name)
+                ->TypeSize;
         };
-        scriptgen::Column column = *std::ranges::find_if(table.Columns, named);
-        run.m_sCurrentTable = table.Name;
-        if (!automation::EqualsIgnoreCase(dialect.ColumnTypeText(run, column),
-                                          std::ranges::find_if(actual.Columns, named)->TypeSize))
-            return false;
+        if (!automation::EqualsIgnoreCase(typeIn(firsts), typeIn(live))) return false;
     }
-    return types > 0;
+    return !firsts.empty();
 }
 
 /// Plans how tables go, with what refers to them.

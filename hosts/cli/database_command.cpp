@@ -70,17 +70,6 @@ Json DifferenceJson(const TargetDifference& difference) {
     return json;
 }
 
-/// The published dialect of an engine; nullptr for one that has a dialect of its own.
-const scriptgen::ScriptTypeInfo* PublishedDialect(std::string_view engine) {
-    constexpr std::pair<std::string_view, scriptgen::ScriptType> Engines[] = {
-        {"mssql", scriptgen::ScriptType::SqlServer},
-        {"oracle", scriptgen::ScriptType::Oracle},
-        {"sybase", scriptgen::ScriptType::Sybase}};
-    for (const auto& [name, type] : Engines)
-        if (name == engine) return scriptgen::FindScriptType(type);
-    return nullptr;
-}
-
 /// Runs the published scripts as korvex apply does.
 void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& options,
                   const Connection& connection, bool creates, Console& console) {
@@ -93,7 +82,6 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
     rows.Relate(options.storage, options.fkPrefix);
     scriptgen::RunState run;
     run.m_nScriptType = type.type;
-    run.m_nMaxCharLen = type.maxCharLen;
     scriptgen::GenerateForStorage(run, rows, options.storage);
     using scriptgen::ScriptKind;
     const std::vector<ScriptKind> kinds =
@@ -124,7 +112,7 @@ void RunCreate(const DatabaseOptions& options, Console& console) {
         place = WithCreateMode(place);
     }
     const Connection connection = Connect(place, console);
-    if (const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection))) {
+    if (const auto* type = scriptgen::FindScriptType(scriptgen::EngineBehind(*connection))) {
         RunPublished(*type, options, connection, true, console);
     } else {
         Print(tables.Create(connection), "created", console);
@@ -134,7 +122,7 @@ void RunCreate(const DatabaseOptions& options, Console& console) {
 void RunDrop(const DatabaseOptions& options, Console& console) {
     const TargetTables tables = OpenTables(options, console);
     const Connection connection = Connect(options.connection, console);
-    const auto* type = PublishedDialect(scriptgen::EngineBehind(*connection));
+    const auto* type = scriptgen::FindScriptType(scriptgen::EngineBehind(*connection));
     if (!options.yes) {
         const std::vector<std::string> names =
             type == nullptr ? tables.TablesToDrop(*connection) : std::vector<std::string>();

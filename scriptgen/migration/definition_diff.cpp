@@ -21,14 +21,12 @@ DefinitionDiff::DefinitionDiff(std::string_view dialect, std::span<const Describ
         throw automation::Error(automation::InvalidProcedureCall,
                                 "There is no script that changes tables on Sybase: run the drop and create "
                                 "scripts of korvex script, or those of another dialect.");
-    if (dialect == "mssql" || dialect == "oracle") {
-        const ScriptType type = dialect == "mssql" ? ScriptType::SqlServer : ScriptType::Oracle;
-        m_before = PublishedTables(type, before);
-        m_now = PublishedTables(type, now);
-        m_text = type == ScriptType::Oracle ? MakeOracleAlter() : MakeSqlServerAlter();
-        Compare({.numbersAnew = false,
-                 .fixedTypes = type == ScriptType::Oracle ? std::string_view("LONG") : std::string_view()},
-                options);
+    if (const ScriptTypeInfo* published = FindScriptType(dialect)) {
+        const bool isOracle = published->type == ScriptType::Oracle;
+        m_before = PublishedTables(*FindDialect(published->type), before);
+        m_now = PublishedTables(*FindDialect(published->type), now);
+        m_text = isOracle ? MakeOracleAlter() : MakeSqlServerAlter();
+        Compare({.numbersAnew = false, .fixedTypes = isOracle ? "LONG" : ""}, options);
         return;
     }
     const EngineDialect& engine = EngineDialectOf(dialect);

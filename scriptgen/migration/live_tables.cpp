@@ -48,7 +48,7 @@ class LiveReader {
     explicit LiveReader(ado::Connection& connection) : m_connection(connection) {}
 
     std::vector<DescribedTable> Read(const EngineDialect& dialect) {
-        const CatalogueQueries& queries = dialect.Catalogue();
+        const CatalogueQueries& queries = dialect.Facts().catalogue;
         ForEach(queries.columns, [&](DescribedTable& table, ado::Recordset& row) {
             Column& column = table.Columns.emplace_back();
             column.FieldName = Text(row, 1);

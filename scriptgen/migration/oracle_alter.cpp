@@ -1,7 +1,6 @@
 #include "automation/text.h"
 #include "scriptgen/column_lists.h"
 #include "scriptgen/migration/published_alter.h"
-#include "scriptgen/oracle_tables.h"
 #include "scriptgen/script_names.h"
 
 #include <algorithm>
@@ -30,14 +29,9 @@ std::set<std::string> ProcedureNames(const DescribedTable& table) {
     return names;
 }
 
-const Column* CounterOf(const DescribedTable& table) {
-    const auto counter = std::ranges::find_if(table.Columns, &Column::IsAutoNumber);
-    return counter == table.Columns.end() ? nullptr : &*counter;
-}
-
 class OracleAlter final : public PublishedAlter {
   public:
-    OracleAlter() : PublishedAlter(ScriptType::Oracle) {}
+    OracleAlter() : PublishedAlter(OracleDialect()) {}
 
     std::string_view FileName() const noexcept override { return "OraAlter.sql"; }
     std::string_view CommentMark() const noexcept override { return "rem  "; }

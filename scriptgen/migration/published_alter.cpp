@@ -2,13 +2,8 @@
 
 #include "scriptgen/column_lists.h"
 #include "scriptgen/column_text.h"
-#include "scriptgen/dialect.h"
-#include "scriptgen/oracle_tables.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
-#include "scriptgen/script_types.h"
-
-#include <algorithm>
 
 namespace korvex::scriptgen {
 
@@ -16,26 +11,15 @@ namespace {
 
 constexpr std::string_view Default = " default ";
 
-RunState NewRun(ScriptType type, const DescribedTable& table) {
-    RunState run;
-    run.m_nScriptType = type;
-    run.m_nMaxCharLen = FindScriptType(type)->maxCharLen;
-    run.m_sCurrentTable = table.Name;
-    run.m_lCurrentObjectID = table.ObjectID;
-    return run;
-}
-
-void Publish(ScriptType type, DescribedTable& table) {
-    const RunState run = NewRun(type, table);
+void Publish(const Dialect& dialect, DescribedTable& table) {
+    dialect.SetTypes(table);
     for (Column& column : table.Columns) {
-        column.TypeSize = type == ScriptType::Oracle ? OracleTypeText(run, column)
-                                                     : FindDialect(type)->ColumnTypeText(run, column);
         std::string text;
         AppendNullOrDefault(text, column);
         if (text.starts_with(Default)) column.DefaultText = text.substr(Default.size());
-        if (type == ScriptType::Oracle && column.IsAutoNumber && table.Triggers.empty())
-            table.Triggers.push_back(TriggerName(table.Name));
     }
+    if (&dialect == &OracleDialect() && CounterOf(table) != nullptr)
+        table.Triggers.push_back(TriggerName(table.Name));
     const std::vector<repository::ObjectId> targets = GetForeignKeyTargets(table.Columns);
     for (std::size_t i = 0; i < targets.size(); ++i) {
         TableIndex& index = table.Indexes.emplace_back();
@@ -50,22 +34,16 @@ void Publish(ScriptType type, DescribedTable& table) {
 
 }  // namespace
 
-std::vector<DescribedTable> PublishedTables(ScriptType type, std::span<const DescribedTable> tables) {
+std::vector<DescribedTable> PublishedTables(const Dialect& dialect, std::span<const DescribedTable> tables) {
     std::vector<DescribedTable> published(tables.begin(), tables.end());
     for (DescribedTable& table : published)
-        Publish(type, table);
+        Publish(dialect, table);
     return published;
 }
 
-RunState PublishedAlter::RunWith(const DescribedTable& table) const {
-    RunState run = NewRun(m_type, table);
-    run.m_colFields = table.Columns;
-    return run;
-}
-
 RunState PublishedAlter::ProceduresOf(const DescribedTable& table) const {
-    RunState run = RunWith(table);
-    FindDialect(m_type)->AddStoredProcedures(run);
+    RunState run;
+    m_dialect.AddStoredProcedures(run, table);
     return run;
 }
 
@@ -75,10 +53,9 @@ bool PublishedAlter::HaveSameProcedures(const DescribedTable& before, const Desc
 }
 
 void PublishedAlter::CreateTable(AlterSteps& steps, const DescribedTable& now) const {
-    RunState run = RunWith(now);
-    std::string text;
-    FindDialect(m_type)->AddTable(run, text);
-    steps.Add(text + "\r\n", true);
+    RunState run;
+    m_dialect.AddTable(run, now);
+    steps.Add(std::move(run.Text(ScriptKind::Create)), true);
 }
 
 void PublishedAlter::CreateIndex(AlterSteps& steps, const DescribedTable& now,

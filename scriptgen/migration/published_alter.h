@@ -1,19 +1,19 @@
 #pragma once
 
+#include "scriptgen/dialect.h"
 #include "scriptgen/migration/alter_text.h"
-#include "scriptgen/run_state.h"
 
 /// Changes of tables that the published scripts made.
 namespace korvex::scriptgen {
 
 /// The tables as the published scripts make them: types, defaults, indexes, triggers. All constraints of a
 /// table bear one name there, so that a server keeps the first: only that one is in the run.
-std::vector<DescribedTable> PublishedTables(ScriptType type, std::span<const DescribedTable> tables);
+std::vector<DescribedTable> PublishedTables(const Dialect& dialect, std::span<const DescribedTable> tables);
 
 /// What SQL Server and Oracle agree on.
 class PublishedAlter : public AlterText {
   public:
-    explicit PublishedAlter(ScriptType type) : m_type(type) {}
+    explicit PublishedAlter(const Dialect& dialect) : m_dialect(dialect) {}
 
     bool CreatesWholeTables() const noexcept override { return true; }
     void CreateTable(AlterSteps& steps, const DescribedTable& now) const override;
@@ -35,13 +35,12 @@ class PublishedAlter : public AlterText {
     /// Carries the values through a column beside the old one.
     void CarryOver(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const;
 
-    /// A run with this table in hand, and the same after the table's procedures were written.
-    RunState RunWith(const DescribedTable& table) const;
+    /// A run that wrote the table's procedures.
     RunState ProceduresOf(const DescribedTable& table) const;
     bool HaveSameProcedures(const DescribedTable& before, const DescribedTable& now) const;
 
   private:
-    ScriptType m_type;
+    const Dialect& m_dialect;
 };
 
 std::unique_ptr<AlterText> MakeSqlServerAlter();

@@ -8,7 +8,7 @@ namespace {
 
 class SqlServerAlter final : public PublishedAlter {
   public:
-    SqlServerAlter() : PublishedAlter(ScriptType::SqlServer) {}
+    SqlServerAlter() : PublishedAlter(SqlServerDialect()) {}
 
     std::string_view FileName() const noexcept override { return "MSAlter.sql"; }
     std::string Ended(const AlterStep& step) const override { return step.text + "\r\nGO\r\n\r\n"; }

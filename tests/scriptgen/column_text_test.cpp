@@ -18,10 +18,7 @@ void ExpectDefinitions(ScriptType type, const std::string& before, const std::st
         SCOPED_TRACE(testing::Message()
                      << "DataType " << c.column.DataType << ", MaxLength \"" << c.column.MaxLength
                      << "\", DefaultVal \"" << c.column.DefaultVal << '"');
-        RunState run = RunWith(type, "T", {c.column});
-        std::string expected = before;
-        expected.append(c.expected).append(after);
-        EXPECT_EQ(CreateText(run), expected);
+        EXPECT_EQ(TableInHand(type, "T", {c.column}).CreateText(), before + c.expected + after);
     }
 }
 
@@ -103,10 +100,8 @@ TEST(ColumnText, Oracle) {
 TEST(ColumnText, LengthThatIsNoNumberNamesTheColumn) {
     for (const std::string length : {"", "12 characters"}) {
         for (const ScriptType type : {ScriptType::SqlServer, ScriptType::Oracle, ScriptType::Sybase}) {
-            const tests::Raised raised = tests::ErrorOf([&] {
-                RunState run = RunWith(type, "tOrder", {Plain("Note", 8, length)});
-                CreateText(run);
-            });
+            const tests::Raised raised =
+                tests::ErrorOf([&] { TableInHand(type, "tOrder", {Plain("Note", 8, length)}); });
             EXPECT_EQ(raised, automation::TypeMismatch) << length;
             EXPECT_NE(raised.description.find("tOrder.Note"), std::string::npos) << raised.description;
             EXPECT_NE(raised.description.find('"' + length + '"'), std::string::npos) << raised.description;
@@ -128,15 +123,15 @@ TEST(ColumnText, OnlyConvertedLongColumnsOfOneTableWarn) {
         {{longText, longText}, true},
     };
     for (const auto& c : cases) {
-        RunState run = RunWith(ScriptType::Oracle, "T", c.columns);
-        CreateText(run);
-        EXPECT_EQ(run.m_bLongWarning, c.warns);
+        TableInHand hand(ScriptType::Oracle, "T", c.columns);
+        hand.CreateText();
+        EXPECT_EQ(hand.run.m_bLongWarning, c.warns);
     }
 
-    RunState run = RunWith(ScriptType::Oracle, "T", {longText});
-    CreateText(run);
-    CreateText(run);
-    EXPECT_FALSE(run.m_bLongWarning) << "long columns of two tables are counted together";
+    TableInHand hand(ScriptType::Oracle, "T", {longText});
+    hand.CreateText();
+    hand.CreateText();
+    EXPECT_FALSE(hand.run.m_bLongWarning) << "long columns of two tables are counted together";
 }
 
 }  // namespace

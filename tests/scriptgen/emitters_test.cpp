@@ -1,4 +1,3 @@
-#include "scriptgen/constraint_scripts.h"
 #include "support/error_of.h"
 #include "support/text_files.h"
 #include "table_in_hand.h"
@@ -9,19 +8,6 @@
 
 namespace korvex::scriptgen {
 namespace {
-
-/// Objects 7 and 8 and some of their columns; of others there are no names.
-class Names final : public ReferencedNames {
-  public:
-    std::string GetObjectTableName(repository::ObjectId lObjectID) override {
-        return m_tables[Number(lObjectID)];
-    }
-    std::string GetFieldName(repository::ValueId lValueID) override { return m_fields[Number(lValueID)]; }
-
-  private:
-    std::map<std::int32_t, std::string> m_tables{{7, "Customer"}, {8, "Site"}};
-    std::map<std::int32_t, std::string> m_fields{{70, "CustomerID"}, {71, "Branch"}, {80, "SiteID"}};
-};
 
 struct Table {
     const char* what;
@@ -55,13 +41,20 @@ const Table Tables[] = {
 
 /// Everything that a table puts into the five scripts.
 std::string AllTexts(ScriptType type, const Table& table) {
-    RunState run = RunWith(type, table.name, table.columns);
-    Names names;
-    std::string text = CreateText(run);
-    text += "-- procedures\r\n" + ProcedureText(run);
-    AddForeignKeyScripts(run, table.name, FindDialect(type)->ConstraintTerminator(), names);
-    text += "-- foreign keys\r\n" + run.Text(ScriptKind::CreateForeignKeys);
-    return text + "-- drop\r\n" + run.Text(ScriptKind::DropForeignKeys) + run.Text(ScriptKind::Drop);
+    // Objects 7 and 8 and some of their columns; of others there are no names.
+    std::map<std::int32_t, std::string> tables{{7, "Customer"}, {8, "Site"}};
+    std::map<std::int32_t, std::string> fields{{70, "CustomerID"}, {71, "Branch"}, {80, "SiteID"}};
+    TableInHand hand(type, table.name, table.columns);
+    hand.dialect.AppendTableDrop(hand.run.Text(ScriptKind::Drop), hand.table);
+    hand.dialect.AddStoredProcedures(hand.run, hand.table);
+    hand.dialect.AddForeignKeys(hand.run, hand.table,
+                                {[&](repository::ObjectId id) { return tables[Number(id)]; },
+                                 [&](repository::ValueId id) { return fields[Number(id)]; }});
+    std::string text = hand.CreateText();
+    text += "-- procedures\r\n" + hand.run.Text(ScriptKind::Procedures);
+    text += "-- foreign keys\r\n" + hand.run.Text(ScriptKind::CreateForeignKeys);
+    return text + "-- drop\r\n" + hand.run.Text(ScriptKind::DropForeignKeys) +
+           hand.run.Text(ScriptKind::Drop);
 }
 
 class Emitters : public testing::TestWithParam<std::pair<ScriptType, const char*>> {};
@@ -96,8 +89,7 @@ TEST(Indexes, ReferencedObjectWithinTheDigitsOfAnEarlierOneGetsNoIndex) {
         {{Plain("P", 3), Reference("A", -1)}, "\r\nCREATE INDEX T1 ON T(P, A)\r\nGO\r\n"},
     };
     for (const auto& c : cases) {
-        RunState run = RunWith(ScriptType::Sybase, "T", c.columns);
-        const std::string text = CreateText(run);
+        const std::string text = TableInHand(ScriptType::Sybase, "T", c.columns).CreateText();
         const std::string tableEnd = ")\r\nGO\r\n";
         EXPECT_EQ(text.substr(text.find(tableEnd) + tableEnd.size()), c.expected);
     }
@@ -107,8 +99,8 @@ TEST(Indexes, AreCountedIn16Bits) {
     std::vector<Column> columns;
     for (int object = 0; object <= 32767; ++object)
         columns.push_back(Reference("A", 67000 + object));
-    RunState run = RunWith(ScriptType::Sybase, "T", columns);
-    EXPECT_EQ(tests::ErrorOf([&] { CreateText(run); }), automation::Overflow);
+    TableInHand hand(ScriptType::Sybase, "T", columns);
+    EXPECT_EQ(tests::ErrorOf([&] { hand.CreateText(); }), automation::Overflow);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "scriptgen/run_state.h"
+#include "scriptgen/script_types.h"
 
 #include <gtest/gtest.h>
 

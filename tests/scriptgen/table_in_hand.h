@@ -1,8 +1,6 @@
 #pragma once
 
 #include "scriptgen/dialect.h"
-#include "scriptgen/run_state.h"
-#include "scriptgen/script_types.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -52,26 +50,25 @@ inline Column Reference(std::string name, std::int32_t objectID, std::int32_t va
     return column;
 }
 
-inline RunState RunWith(ScriptType type, std::string table, std::vector<Column> columns) {
+/// A table, and the run that writes its scripts.
+struct TableInHand {
+    TableInHand(ScriptType type, std::string name, std::vector<Column> columns)
+        : dialect(*FindDialect(type)) {
+        table.Name = std::move(name);
+        table.Columns = std::move(columns);
+        dialect.SetTypes(table);
+    }
+
+    std::string CreateText() {
+        run.Text(ScriptKind::Create).clear();
+        dialect.AddTable(run, table);
+        const std::string& text = run.Text(ScriptKind::Create);
+        return text.substr(0, text.size() - 2);  // without the line between tables
+    }
+
+    const Dialect& dialect;
+    DescribedTable table;
     RunState run;
-    run.m_nScriptType = type;
-    run.m_nMaxCharLen = FindScriptType(type)->maxCharLen;
-    run.m_sCurrentTable = std::move(table);
-    run.m_colFields = std::move(columns);
-    for (Column& column : run.m_colFields)
-        column.TypeSize = FindDialect(type)->ColumnTypeText(run, column);
-    return run;
-}
-
-inline std::string CreateText(RunState& run) {
-    std::string text;
-    FindDialect(run.m_nScriptType)->AddTable(run, text);
-    return text;
-}
-
-inline std::string ProcedureText(RunState& run) {
-    FindDialect(run.m_nScriptType)->AddStoredProcedures(run);
-    return run.Text(ScriptKind::Procedures);
-}
+};
 
 }  // namespace korvex::scriptgen

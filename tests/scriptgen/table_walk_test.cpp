@@ -3,7 +3,6 @@
 #include "repository/schema.h"
 #include "repository/stored_rows.h"
 #include "scriptgen/generator.h"
-#include "scriptgen/script_types.h"
 #include "support/error_of.h"
 #include "support/instrumented.h"
 #include "support/recording_parts.h"
@@ -58,7 +57,6 @@ class TableWalk : public testing::Test {
 
     void Generate(ScriptType type, const std::string& storage) {
         m_run.m_nScriptType = type;
-        m_run.m_nMaxCharLen = FindScriptType(type)->maxCharLen;
         repository::StoredRows rows(m_repository);
         GenerateForStorage(m_run, rows, storage);
     }
@@ -114,10 +112,6 @@ TEST_F(TableWalk, OwnTableThenElementsThenChildrenOncePerPath) {
     Generate(ScriptType::Sybase, "Shop");
     EXPECT_THAT(Tables(), ElementsAre("tOrder", "tLine", "tSite", "tNote", "tSite", "tSite"));
     EXPECT_THAT(*m_messages, IsEmpty());
-
-    EXPECT_EQ(m_run.m_lCurrentObjectID, repository::ObjectId{-1});
-    EXPECT_EQ(m_run.m_sCurrentTable, "");
-    EXPECT_THAT(m_run.m_colFields, IsEmpty());
 }
 
 TEST_F(TableWalk, SendsEachStatementOnce) {
