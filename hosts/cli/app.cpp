@@ -41,6 +41,7 @@ void AddCommands(CLI::App& app, Console& console) {
     CLI::App* database =
         app.add_subcommand("database", "Make, change, remove and check the tables of a target database");
     AddDatabaseCommands(*database, console);
+    AddDatabaseUpdateCommand(*database, console);
     ListWhenAlone(*database, console);
     AddApplyCommand(app, console);
     AddSchemaCommand(app, console);

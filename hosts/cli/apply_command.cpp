@@ -2,11 +2,8 @@
 #include "hosts/cli/apply/apply_plan.h"
 #include "hosts/cli/apply/apply_run.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/new_database.h"
+#include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/counted_connection.h"
-#include "hosts/cli/shell/format_option.h"
-#include "hosts/cli/target_options.h"
 #include "hosts/cli/text_file.h"
 #include "scriptgen/migration/live_tables.h"
 
@@ -26,8 +23,7 @@ namespace {
 using automation::Error;
 using Json = nlohmann::ordered_json;
 
-struct ApplyOptions {
-    std::string connection;
+struct ApplyOptions : CommonOptions {
     bool create = false;
     bool dryRun = false;
     std::string style = "auto";
@@ -92,8 +88,7 @@ void PrintPlan(ado::Connection& connection, const ApplyOptions& options,
 void RunApply(const ApplyOptions& options, Console& console) {
     // All files are read before the first statement runs.
     const std::vector<ScriptStatement> statements = ReadScripts(options);
-    std::shared_ptr<ado::Connection> connection = std::make_shared<CountedConnection>(
-        Session(console).platform.targetProvider->CreateConnection(), console);
+    std::shared_ptr<ado::Connection> connection = NewConnection(console);
     if (options.dryRun) {
         PrintPlan(*connection, options, statements, console);
         return;
@@ -111,31 +106,28 @@ void RunApply(const ApplyOptions& options, Console& console) {
     if (Json* document = console.Document()) return done.Write(*document);
     std::vector<std::string> lines = done.Lines();
     if (lines.empty()) lines.emplace_back("nothing to do");
-    for (const std::string& line : lines)
-        console.Results() << line << '\n';
+    console.Lines(lines);
 }
 
 }  // namespace
 
 void AddApplyCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<ApplyOptions>();
-    CLI::App* command = parent.add_subcommand("apply", "Run script files on a target database");
-    AddConnectionOption(*command, options->connection);
-    command->add_flag("--create", options->create, "Make the database file when it is missing");
-    command->add_flag("--dry-run", options->dryRun, "Print what would be done, and change nothing");
+    const auto [command, options] = AddCommand(
+        parent, console, "apply", "Run script files on a target database",
+        "korvex apply --create --connection \"Provider=SQLite;Data Source=new.db\" sql/LiteCreate.sql",
+        RunApply);
+    AddConnectionOption(command, options);
+    command.add_flag("--create", options.create, "Make the database file when it is missing");
+    command.add_flag("--dry-run", options.dryRun, "Print what would be done, and change nothing");
     command
-        ->add_option("--style", options->style,
-                     "How statements end: go, sqlplus, plain, or as each file looks (auto)")
+        .add_option("--style", options.style,
+                    "How statements end: go, sqlplus, plain, or as each file looks (auto)")
         ->type_name("STYLE")
         ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
-    AddFormatOption(*command, console);
-    command->add_option("FILE", options->files, "Script files, run in this order")
+    AddFormatOption(command, console);
+    command.add_option("FILE", options.files, "Script files, run in this order")
         ->required()
         ->type_name("FILE");
-    AddExample(
-        *command,
-        "korvex apply --create --connection \"Provider=SQLite;Data Source=new.db\" sql/LiteCreate.sql");
-    command->callback([options, &console] { RunApply(*options, console); });
 }
 
 }  // namespace korvex::cli

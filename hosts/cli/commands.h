@@ -20,6 +20,25 @@ void ListWhenAlone(CLI::App& group, Console& console);
 /// Gives the help of a command an example, one line as it is typed. Several stand in their order.
 void AddExample(CLI::App& command, const std::string& line);
 
+/// A command and what its options say.
+template <class Options>
+struct Command {
+    CLI::App& app;
+    Options& options;
+};
+
+/// Adds a command that runs `run` with what its options say; these are added to what is given back.
+template <class Options>
+Command<Options> AddCommand(CLI::App& parent, Console& console, const std::string& name,
+                            const std::string& text, const std::string& example,
+                            void (*run)(const Options&, Console&)) {
+    const auto options = std::make_shared<Options>();
+    CLI::App& command = *parent.add_subcommand(name, text);
+    AddExample(command, example);
+    command.callback([options, run, &console] { run(*options, console); });
+    return {command, *options};
+}
+
 void AddScriptCommand(CLI::App& parent, Console& console);
 void AddDiffCommand(CLI::App& parent, Console& console);
 void AddRelateCommand(CLI::App& parent, Console& console);
@@ -29,8 +48,9 @@ void AddRepositoryPullCommand(CLI::App& parent, Console& console);
 void AddRepositoryRemoveCommand(CLI::App& parent, Console& console);
 void AddRepositoryShowCommand(CLI::App& parent, Console& console);
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console);
-/// create, drop, check and update.
+/// create, drop and check.
 void AddDatabaseCommands(CLI::App& parent, Console& console);
+void AddDatabaseUpdateCommand(CLI::App& parent, Console& console);
 void AddApplyCommand(CLI::App& parent, Console& console);
 void AddSaveCommand(CLI::App& parent, Console& console);
 void AddLoadCommand(CLI::App& parent, Console& console);

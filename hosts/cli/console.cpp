@@ -6,6 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <iostream>
+#include <unistd.h>
 #include <utility>
 
 namespace korvex::cli {
@@ -30,6 +32,11 @@ void Console::Result(std::string_view line) {
     Results() << (isColoured ? Coloured(line) : line) << '\n';
 }
 
+void Console::Lines(std::span<const std::string> lines) {
+    for (const std::string& line : lines)
+        Results() << line << '\n';
+}
+
 void Console::Message(std::string_view text) {
     constexpr std::size_t longest = 2000;
     const std::string line = automation::Readable(text, longest);
@@ -49,6 +56,18 @@ void Console::Text(std::string_view text) {
 void Console::Error(std::int32_t number, std::string_view description) {
     Message("error " + std::to_string(number) + ": " + std::string(description));
     if (m_document) (*m_document)["error"] = {{"number", number}, {"description", description}};
+}
+
+void Console::ExpectConsent(const std::string& question, const std::string& flag) {
+    if (isatty(STDIN_FILENO) != 1) {
+        throw automation::Error(automation::InvalidProcedureCall,
+                                question + " Nobody can be asked here: say so with " + flag + ".");
+    }
+    Text(question + " [y/N]");
+    std::string answer;
+    std::getline(std::cin, answer);
+    if (answer != "y" && answer != "yes")
+        throw automation::Error(automation::InvalidProcedureCall, "Nothing was dropped.");
 }
 
 void Console::UseDocument() { m_document = std::make_unique<Json>(Json::object()); }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <mutex>
 #include <ostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,12 +33,18 @@ class Console {
     std::ostream& Results();
     /// One line of the results, which may begin with a severity.
     void Result(std::string_view line);
+    /// Results, one a line.
+    void Lines(std::span<const std::string> lines);
     /// One message line, "korvex: ...", as automation::Readable shows it.
     void Message(std::string_view text);
     /// A text as it stands, with a line end behind it.
     void Text(std::string_view text);
     /// The message about the error that ends the command.
     void Error(std::int32_t number, std::string_view description);
+
+    /// Asks whoever sits at the terminal; InvalidProcedureCall (5) when nobody does (`flag` would have
+    /// answered), or the answer is no.
+    void ExpectConsent(const std::string& question, const std::string& flag);
 
     /// From now on the results are a document.
     void UseDocument();

@@ -1,15 +1,9 @@
-#include "automation/error.h"
 #include "hosts/cli/app.h"
 #include "hosts/cli/apply/apply_run.h"
-#include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/database_parts.h"
+#include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/counted_connection.h"
-#include "hosts/cli/shell/format_option.h"
-#include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
-#include "hosts/cli/target_options.h"
 #include "repository/related_catalog.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/migration/live_tables.h"
@@ -18,11 +12,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <iostream>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -33,16 +25,12 @@ namespace {
 using Connection = std::shared_ptr<ado::Connection>;
 using Json = nlohmann::ordered_json;
 
-struct DatabaseOptions {
-    std::string repository;
-    std::string storage;
-    std::string connection;
-    std::string fkPrefix = "FK_";
+struct DatabaseOptions : CommonOptions {
     bool yes = false;
 };
 
 TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
-    CheckDefinition(options.repository, options.storage, options.fkPrefix, console);
+    ReadCatalogForWriting(options, console);
     return {Session(console).platform, options.repository, options.storage, options.fkPrefix};
 }
 
@@ -55,8 +43,7 @@ void Print(const TargetReport& report, const char* deed, Console& console) {
                              {"triggers", counts.Triggers},
                              {"foreignKeys", counts.ForeignKeys}};
     } else {
-        for (const std::string& line : report.Lines)
-            console.Results() << line << '\n';
+        console.Lines(report.Lines);
     }
     for (const std::string& note : report.Notes)
         console.Message(note);
@@ -99,8 +86,7 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
         (*document)["engine"] = scriptgen::EngineBehind(*connection);
         return done.Write(*document);
     }
-    for (const std::string& line : done.Lines())
-        console.Results() << line << '\n';
+    console.Lines(done.Lines());
 }
 
 void RunCreate(const DatabaseOptions& options, Console& console) {
@@ -129,7 +115,7 @@ void RunDrop(const DatabaseOptions& options, Console& console) {
         const std::string what = type != nullptr ? "All tables of the definition are"
                                  : names.empty() ? "No table is"
                                                  : JoinNames(names) + (names.size() == 1 ? " is" : " are");
-        ExpectConsent(what + " to be dropped, with all records.", "--yes", console);
+        console.ExpectConsent(what + " to be dropped, with all records.", "--yes");
     }
     if (type != nullptr) {
         RunPublished(*type, options, connection, false, console);
@@ -138,7 +124,7 @@ void RunDrop(const DatabaseOptions& options, Console& console) {
     }
 }
 
-void RunCheck(const DatabaseOptions& options, Console& console) {
+void RunComparison(const DatabaseOptions& options, Console& console) {
     const TargetTables tables = OpenTables(options, console);
     const Connection connection = Connect(options.connection, console);
     const TargetComparison comparison = tables.Compare(*connection);
@@ -158,64 +144,28 @@ void RunCheck(const DatabaseOptions& options, Console& console) {
     if (!isEqual) throw CLI::RuntimeError(ExitFailed);
 }
 
-CLI::App* AddDatabaseOptions(CLI::App* command, DatabaseOptions& options) {
-    AddRepositoryOption(*command, options.repository);
-    AddStorageOption(*command, options.storage, "; without it all definitions, as one run");
-    AddConnectionOption(*command, options.connection);
-    command->add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
-        ->type_name("P");
-    return command;
-}
-
 }  // namespace
 
-void CheckDefinition(const std::string& repository, const std::string& storage, const std::string& fkPrefix,
-                     Console& console) {
-    repository::Repository source(Session(console).platform);
-    OpenComplete(source, repository);
-    ExpectStorage(source, storage);
-    const repository::Catalog catalog = repository::Catalog::Read(source.Open());
-    source.Close();
-    Findings findings;
-    CheckDefinitions(catalog, storage, fkPrefix, findings);
-    RefuseDanger(findings);
-}
-
-std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console) {
-    Connection connection = std::make_shared<CountedConnection>(
-        Session(console).platform.targetProvider->CreateConnection(), console);
-    connection->Open(connectionString);
-    return connection;
-}
-
-void ExpectConsent(const std::string& question, const std::string& flag, Console& console) {
-    if (isatty(STDIN_FILENO) != 1) {
-        throw automation::Error(automation::InvalidProcedureCall,
-                                question + " Nobody can be asked here: say so with " + flag + ".");
-    }
-    console.Text(question + " [y/N]");
-    std::string answer;
-    std::getline(std::cin, answer);
-    if (answer != "y" && answer != "yes")
-        throw automation::Error(automation::InvalidProcedureCall, "Nothing was dropped.");
-}
-
 void AddDatabaseCommands(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<DatabaseOptions>();
-    const auto add = [&](const char* name, const char* text, void (*run)(const DatabaseOptions&, Console&),
-                         const char* flags = "") {
-        CLI::App* command = AddDatabaseOptions(parent.add_subcommand(name, text), *options);
-        AddFormatOption(*command, console);
-        AddExample(*command, "korvex database " + std::string(name) +
-                                 " orders.db --connection \"Provider=SQLite;Data Source=target.db\"" + flags);
-        command->callback([options, &console, run] { run(*options, console); });
-        return command;
+    const auto add = [&](const std::string& name, const char* text,
+                         void (*run)(const DatabaseOptions&, Console&), const char* flags = "") {
+        const auto added =
+            AddCommand(parent, console, name, text,
+                       "korvex database " + name +
+                           " orders.db --connection \"Provider=SQLite;Data Source=target.db\"" + flags,
+                       run);
+        AddRepositoryOption(added.app, added.options);
+        AddStorageOption(added.app, added.options, "; without it all definitions, as one run");
+        AddConnectionOption(added.app, added.options);
+        AddFKPrefixOption(added.app, added.options);
+        AddFormatOption(added.app, console);
+        return added;
     };
     add("create", "Make the tables of a definition in its target database", RunCreate);
-    add("drop", "Remove the tables of a definition, with their records", RunDrop, " --yes")
-        ->add_flag("--yes", options->yes, "Do not ask");
-    add("check", "Compare the tables of a target database with the definition", RunCheck);
-    AddDatabaseUpdateCommand(parent, console);
+    const auto [drop, options] =
+        add("drop", "Remove the tables of a definition, with their records", RunDrop, " --yes");
+    drop.add_flag("--yes", options.yes, "Do not ask");
+    add("check", "Compare the tables of a target database with the definition", RunComparison);
 }
 
 }  // namespace korvex::cli

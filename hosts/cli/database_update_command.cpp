@@ -1,14 +1,10 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/database_parts.h"
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/format_option.h"
 #include "hosts/cli/shell/progress.h"
-#include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
-#include "hosts/cli/target_options.h"
 #include "repository/names.h"
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/database_update.h"
@@ -34,13 +30,10 @@ using scriptgen::DefinitionDiff;
 using scriptgen::DescribedTable;
 using scriptgen::EngineDialect;
 
-struct UpdateSettings {
-    std::string repository;
-    std::string connection;
+struct UpdateSettings : DiffSettings {
     std::string from;
     bool dryRun = false;
     bool yes = false;
-    DiffSettings diff;
 };
 
 [[noreturn]] void Refuse(const std::string& what) {
@@ -93,10 +86,9 @@ void ExpectAllowed(const DefinitionDiff& diff, const UpdateSettings& settings, C
                        diff.Compared().Has(ChangeClass::Blocked);
     if (!loses) return;
     const bool isAsked = isatty(STDIN_FILENO) == 1;
-    if (!isAsked && !settings.diff.allowsLoss)
-        Refuse("The changes above that are not safe need --allow-loss.");
-    if (isAsked && !(settings.diff.allowsLoss && settings.yes))
-        ExpectConsent("What is not safe above takes values away.", "--allow-loss --yes", console);
+    if (!isAsked && !settings.allowsLoss) Refuse("The changes above that are not safe need --allow-loss.");
+    if (isAsked && !(settings.allowsLoss && settings.yes))
+        console.ExpectConsent("What is not safe above takes values away.", "--allow-loss --yes");
 }
 
 std::vector<AlterStep> StepsOf(const DefinitionDiff& diff) {
@@ -117,8 +109,8 @@ std::string KeepRest(const DefinitionDiff& diff, std::span<const AlterStep> rest
 }
 
 void RunUpdate(const UpdateSettings& settings, Console& console) {
-    CheckDefinition(settings.repository, settings.diff.storage, settings.diff.fkPrefix, console);
-    const DefinitionState now = DescribeSource(settings.repository, settings.diff, console);
+    ReadCatalogForWriting(settings, console);
+    const DefinitionState now = DescribeSource(settings.repository, settings, console);
     const auto connection = Connect(settings.connection, console);
     const EngineDialect& dialect = ReadableDialect(*connection);
     if (const auto problems = dialect.Problems(now.tables); !problems.empty())
@@ -126,12 +118,12 @@ void RunUpdate(const UpdateSettings& settings, Console& console) {
                " does not take the definition: " + scriptgen::Joined(problems, "; ") + ".");
     std::unique_ptr<DefinitionDiff> diff;
     if (settings.from.empty()) {
-        diff = CompareLive(dialect, *connection, now, settings.diff);
+        diff = CompareLive(dialect, *connection, now, settings);
         NoteOthers(*diff, now, console);
     } else {
-        const DefinitionState before = DescribeSource(settings.from, settings.diff, console);
+        const DefinitionState before = DescribeSource(settings.from, settings, console);
         ExpectAsBefore(settings, before, dialect, *connection);
-        diff = Compare(std::string(dialect.Name()), before, now, settings.diff);
+        diff = Compare(std::string(dialect.Name()), before, now, settings);
     }
     if (Json* document = console.Document()) {
         (*document)["engine"] = dialect.Name();
@@ -158,24 +150,21 @@ void RunUpdate(const UpdateSettings& settings, Console& console) {
 }  // namespace
 
 void AddDatabaseUpdateCommand(CLI::App& parent, Console& console) {
-    const auto settings = std::make_shared<UpdateSettings>();
-    CLI::App* command =
-        parent.add_subcommand("update", "Bring a target database with its records to the definition");
-    AddRepositoryOption(*command, settings->repository);
-    AddConnectionOption(*command, settings->connection);
+    const auto [command, settings] = AddCommand<UpdateSettings>(
+        parent, console, "update", "Bring a target database with its records to the definition",
+        "korvex database update orders.db --connection \"Provider=SQLite;Data Source=target.db\" --dry-run",
+        RunUpdate);
+    AddRepositoryOption(command, settings);
+    AddConnectionOption(command, settings);
     command
-        ->add_option("--from", settings->from,
-                     "The definition as the database has it: renames are told by it, and what it has beside "
-                     "the new one is dropped")
+        .add_option("--from", settings.from,
+                    "The definition as the database has it: renames are told by it, and what it has beside "
+                    "the new one is dropped")
         ->type_name("OLD");
-    AddDiffOptions(*command, settings->diff);
-    command->add_flag("--dry-run", settings->dryRun, "Print and count only");
-    command->add_flag("--yes", settings->yes, "With --allow-loss: do not ask");
-    AddFormatOption(*command, console);
-    AddExample(
-        *command,
-        "korvex database update orders.db --connection \"Provider=SQLite;Data Source=target.db\" --dry-run");
-    command->callback([settings, &console] { RunUpdate(*settings, console); });
+    AddDiffOptions(command, settings);
+    command.add_flag("--dry-run", settings.dryRun, "Print and count only");
+    command.add_flag("--yes", settings.yes, "With --allow-loss: do not ask");
+    AddFormatOption(command, console);
 }
 
 }  // namespace korvex::cli

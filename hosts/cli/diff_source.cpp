@@ -53,9 +53,8 @@ Json ChangeJson(const scriptgen::TableChange& change) {
 }  // namespace
 
 void AddDiffOptions(CLI::App& command, DiffSettings& settings) {
-    AddStorageOption(command, settings.storage, "; without it all definitions, as one run");
-    command.add_option("--fk-prefix", settings.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
-        ->type_name("P");
+    AddStorageOption(command, settings, "; without it all definitions, as one run");
+    AddFKPrefixOption(command, settings);
     command
         .add_option("--rename", settings.renames,
                     "Old.Column=New.Column, or Old=New for a table: what keeps its values under another name")

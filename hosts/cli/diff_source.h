@@ -1,10 +1,9 @@
 #pragma once
 
-#include "hosts/cli/console.h"
+#include "hosts/cli/options.h"
 #include "scriptgen/migration/definition_diff.h"
 #include "scriptgen/migration/definition_identity.h"
 
-#include <CLI/CLI.hpp>
 #include <nlohmann/json_fwd.hpp>
 
 #include <memory>
@@ -14,9 +13,7 @@
 /// What the commands share that compare a definition with what was.
 namespace korvex::cli {
 
-struct DiffSettings {
-    std::string storage;
-    std::string fkPrefix = "FK_";
+struct DiffSettings : CommonOptions {
     std::vector<std::string> renames;
     bool allowsLoss = false;
 };

@@ -2,7 +2,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/found_text.h"
-#include "hosts/cli/target_options.h"
 #include "objects/base64.h"
 #include "persistence/statements.h"
 
@@ -16,11 +15,9 @@ namespace {
 
 using automation::Variant;
 
-struct FieldOptions {
-    std::string connection;
+struct FieldOptions : KeyOptions {
     std::string table;
     std::string keyField;
-    std::string key;
     std::string field;
     std::string value;
     bool isNull = false;
@@ -35,7 +32,7 @@ struct FieldOptions {
 
 void RunGet(const FieldOptions& options, Console& console) {
     const Variant key = ReadKey(options.key);
-    const DataSession session(options.connection, "", console);
+    const DataSession session(options, console);
     Variant value;
     if (!session.Crud().DbGetField(key, options.keyField, options.table, options.field, value)) {
         FailField(session, options);
@@ -65,49 +62,51 @@ Variant NewValue(clsCRUD& crud, const FieldOptions& options) {
 
 void RunSet(const FieldOptions& options, Console& console) {
     const Variant key = ReadKey(options.key);
-    const DataSession session(options.connection, "", console);
+    const DataSession session(options, console);
     const Variant value = NewValue(session.Crud(), options);
     const bool isSet = session.Crud().DbSaveField(key, options.keyField, options.table, options.field, value);
     // A write that the database refuses does not show in the answer.
     if (!isSet || session.Crud().TrappedError()) FailField(session, options);
 }
 
-void AddFieldOptions(CLI::App& command, FieldOptions& options) {
-    AddConnectionOption(command, options.connection);
+/// get or set, with what both of them take; `rest` ends the example.
+Command<FieldOptions> AddFieldCommand(CLI::App& parent, Console& console, const std::string& name,
+                                      const std::string& text, const std::string& rest,
+                                      void (*run)(const FieldOptions&, Console&)) {
+    const auto added =
+        AddCommand(parent, console, name, text,
+                   "korvex field " + name +
+                       " --connection \"Provider=SQLite;Data Source=target.db\" --table tOrder --key-field "
+                       "OrderID --key 1 --field Total" +
+                       rest,
+                   run);
+    const auto [command, options] = added;
+    options.fkPrefix.clear();
+    AddConnectionOption(command, options);
     command.add_option("--table", options.table, "Table")->required()->type_name("T");
     command.add_option("--key-field", options.keyField, "Key column of the table")
         ->required()
         ->type_name("F");
-    AddKeyOption(command, options.key);
+    AddKeyOption(command, options);
     command.add_option("--field", options.field, "Column")->required()->type_name("N");
+    return added;
 }
 
 }  // namespace
 
 void AddFieldGetCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<FieldOptions>();
-    CLI::App* command = parent.add_subcommand("get", "Print the value");
-    AddFieldOptions(*command, *options);
-    AddExample(
-        *command,
-        "korvex field get --connection \"Provider=SQLite;Data Source=target.db\" --table tOrder --key-field OrderID --key 1 --field Total");
-    command->callback([options, &console] { RunGet(*options, console); });
+    AddFieldCommand(parent, console, "get", "Print the value", "", RunGet);
 }
 
 void AddFieldSetCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<FieldOptions>();
-    CLI::App* command = parent.add_subcommand("set", "Write the value");
-    AddFieldOptions(*command, *options);
-    CLI::Option_group* what = command->add_option_group("value");
-    what->add_option("--value", options->value,
+    const auto [command, options] =
+        AddFieldCommand(parent, console, "set", "Write the value", " --value 12.5", RunSet);
+    CLI::Option_group* what = command.add_option_group("value");
+    what->add_option("--value", options.value,
                      "New value, converted to the column's type; base64 for a binary one")
         ->type_name("V");
-    what->add_flag("--null", options->isNull, "Write Null");
+    what->add_flag("--null", options.isNull, "Write Null");
     what->require_option(1);
-    AddExample(
-        *command,
-        "korvex field set --connection \"Provider=SQLite;Data Source=target.db\" --table tOrder --key-field OrderID --key 1 --field Total --value 12.5");
-    command->callback([options, &console] { RunSet(*options, console); });
 }
 
 }  // namespace korvex::cli

@@ -12,8 +12,7 @@ namespace korvex::cli {
 
 namespace {
 
-struct ListOptions {
-    DataOptions data;
+struct ListOptions : CommonOptions {
     std::vector<std::string> where;
     std::vector<std::string> fields;
     std::string order;
@@ -33,8 +32,8 @@ objects::Search SearchOf(const ListOptions& options) {
 
 void RunList(const ListOptions& options, Console& console) {
     const objects::Search search = SearchOf(options);
-    const auto definition = OpenDefinition(options.data, console);
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    const auto definition = OpenDefinition(options, console);
+    const DataSession session(options, console);
     objects::FoundObjects found = objects::Find(*definition, session.Crud().DbConn(), search);
     WriteFound(found, options.format, console.Results());
 }
@@ -42,37 +41,33 @@ void RunList(const ListOptions& options, Console& console) {
 }  // namespace
 
 void AddListCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<ListOptions>();
-    CLI::App* command = parent.add_subcommand("list", "List stored objects, one line each");
-    AddDataOptions(*command, options->data, true);
+    const auto [command, options] =
+        AddCommand(parent, console, "list", "List stored objects, one line each",
+                   DataExample("list", "--where \"State = 3\" --fields OrderNumber,Total", true), RunList);
+    AddDataOptions(command, options, true);
     command
-        ->add_option(
-            "--where", options->where,
+        .add_option(
+            "--where", options.where,
             "Only those whose value compares so: \"State = 4\", \"Customer.Rating > 3\"; operators are =, "
             "<>, <, <=, >, >=, like (with % and _), is null, is not null. All of several must hold")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->type_name("CONDITION");
     command
-        ->add_option("--fields", options->fields,
-                     "Values to give, Customer.Name too (all of the object unless given)")
+        .add_option("--fields", options.fields,
+                    "Values to give, Customer.Name too (all of the object unless given)")
         ->delimiter(',')
         ->type_name("NAMES");
-    command->add_option("--order", options->order, "Value to sort by (the key unless given)")
+    command.add_option("--order", options.order, "Value to sort by (the key unless given)")
         ->type_name("NAME");
-    command->add_flag("--descending", options->isDescending, "Sort from the highest down");
-    command->add_option("--limit", options->limit, "At most so many")
+    command.add_flag("--descending", options.isDescending, "Sort from the highest down");
+    command.add_option("--limit", options.limit, "At most so many")
         ->check(CLI::NonNegativeNumber)
         ->type_name("N");
     command
-        ->add_option("--format", options->format,
-                     "table, json (a line each), csv or keys (table unless given)")
+        .add_option("--format", options.format, "table, json (a line each), csv or keys (table unless given)")
         ->check(CLI::IsMember({"table", "json", "csv", "keys"}))
         ->type_name("FORMAT");
-    AddExample(
-        *command,
-        "korvex list orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --where \"State = 3\" --fields OrderNumber,Total");
-    command->callback([options, &console] { RunList(*options, console); });
 }
 
 }  // namespace korvex::cli

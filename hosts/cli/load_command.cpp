@@ -5,26 +5,20 @@
 #include "objects/json.h"
 
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace korvex::cli {
 
 namespace {
 
-struct LoadOptions {
-    DataOptions data;
-    std::string key;
+struct LoadOptions : KeyOptions {
     bool isAll = false;
 };
 
 void Load(const LoadOptions& options, const std::shared_ptr<objects::Definition>& definition,
           std::int32_t key, const DataSession& session, Console& console) {
     const auto object = std::make_shared<objects::DataObject>(definition);
-    session.ExpectUsableKey(object, key);
-    const std::int32_t loaded = session.Crud().DbGetData(object, key);
-    session.ExpectAllOpened();
-    if (loaded < 1) session.FailWithLastResult(RecordText(object->Type(), key));
+    session.Load(object, key);
     const bool isOne = !options.isAll && options.key != "-";
     console.Results() << objects::ToJson(*object,
                                          isOne ? objects::JsonForm::Indented : objects::JsonForm::Line);
@@ -43,9 +37,10 @@ std::vector<std::int32_t> AllKeys(objects::Definition& definition, const DataSes
 }
 
 void RunLoad(const LoadOptions& options, Console& console) {
+    if (!options.isAll && options.key.empty()) throw CLI::RequiredError("--key or --all");
     const auto keys = options.isAll ? std::vector<std::int32_t>() : ReadKeys(options.key);
-    const auto definition = OpenDefinition(options.data, console);
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    const auto definition = OpenDefinition(options, console);
+    const DataSession session(options, console);
     const auto wanted = options.isAll ? AllKeys(*definition, session) : keys;
     const Progress progress(console, "objects", wanted.size());
     for (const std::int32_t key : wanted) {
@@ -57,21 +52,14 @@ void RunLoad(const LoadOptions& options, Console& console) {
 }  // namespace
 
 void AddLoadCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<LoadOptions>();
-    CLI::App* command = parent.add_subcommand("load", "Print stored objects as JSON");
-    AddDataOptions(*command, options->data);
-    CLI::Option* all = command->add_flag("--all", options->isAll, "All objects; as with -, one a line");
-    AddKeyOption(*command, options->key)
+    const auto [command, options] = AddCommand(parent, console, "load", "Print stored objects as JSON",
+                                               DataExample("load", "--key 1 > loaded.json"), RunLoad);
+    AddDataOptions(command, options);
+    CLI::Option* all = command.add_flag("--all", options.isAll, "All objects; as with -, one a line");
+    AddKeyOption(command, options)
         ->required(false)
         ->excludes(all)
         ->description("Key of the record; - for keys on standard input, one a line");
-    AddExample(
-        *command,
-        "korvex load --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1 > loaded.json");
-    command->callback([options, &console] {
-        if (!options->isAll && options->key.empty()) throw CLI::RequiredError("--key or --all");
-        RunLoad(*options, console);
-    });
 }
 
 }  // namespace korvex::cli

@@ -1,34 +1,21 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/source.h"
-#include "repository/names.h"
 #include "surface/cls_create_db.h"
 
 #include <memory>
-#include <optional>
-#include <string>
 
 namespace korvex::cli {
 
 namespace {
 
-using automation::Variant;
-
-struct RelateOptions {
-    std::string repository;
-    std::string storage;
-    std::optional<std::string> fkPrefix;
-};
-
-void RunRelate(const RelateOptions& options, Console& console) {
+void RunRelate(const CommonOptions& options, Console& console) {
     ExpectWritable(options.repository);
     const Session session(console);
-    CheckBeforeRun(options.repository, options.storage,
-                   options.fkPrefix.value_or(std::string(repository::DefaultFKPrefix)), console);
+    CheckBeforeRun(options, console);
     const auto scripts = std::make_shared<clsCreateDb>(session.platform);
     scripts->OpenRepository(options.repository);
-    scripts->CreateRelationship(options.storage,
-                                options.fkPrefix ? Variant(*options.fkPrefix) : Variant::Missing());
+    scripts->CreateRelationship(options.storage, options.fkPrefix);
     scripts->CloseRepository();
     session.ExpectNoFailedQuery("the keys are not complete");
 }
@@ -36,15 +23,13 @@ void RunRelate(const RelateOptions& options, Console& console) {
 }  // namespace
 
 void AddRelateCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<RelateOptions>();
-    CLI::App* command = parent.add_subcommand(
-        "relate", "Bring tables, columns and keys of definitions up to date in the repository");
-    AddRepositoryOption(*command, options->repository);
-    AddStorageOption(*command, options->storage, " (all of them)");
-    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
-        ->type_name("P");
-    AddExample(*command, "korvex relate orders.db");
-    command->callback([options, &console] { RunRelate(*options, console); });
+    const auto [command, options] =
+        AddCommand(parent, console, "relate",
+                   "Bring tables, columns and keys of definitions up to date in the repository",
+                   "korvex relate orders.db", RunRelate);
+    AddRepositoryOption(command, options);
+    AddStorageOption(command, options, " (all of them)");
+    AddFKPrefixOption(command, options);
 }
 
 }  // namespace korvex::cli

@@ -3,13 +3,9 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/format_option.h"
-#include "hosts/cli/source.h"
-#include "repository/catalog.h"
 
 #include <nlohmann/json.hpp>
 
-#include <memory>
 #include <string>
 
 namespace korvex::cli {
@@ -18,9 +14,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-struct CheckOptions {
-    std::string repository;
-    std::string fkPrefix = "FK_";
+struct CheckOptions : CommonOptions {
     std::string dialect;
 };
 
@@ -41,15 +35,12 @@ void WriteDocument(const Findings& findings, Json& document) {
 }
 
 void RunCheck(const CheckOptions& options, Console& console) {
-    repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, options.repository);
-    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
+    const repository::Catalog catalog = ReadCatalog(options, console, false);
     Findings findings = CheckCatalog(catalog, options.fkPrefix);
     for (const scriptgen::EngineDialect* dialect : scriptgen::AllEngineDialects()) {
         if (options.dialect == dialect->Name() || options.dialect == "all-engines")
             CheckForEngine(catalog, options.fkPrefix, *dialect, findings);
     }
-    repository.Close();
     const std::size_t errors = findings.Count(Severity::Error);
     if (console.Document() != nullptr) {
         WriteDocument(findings, *console.Document());
@@ -68,21 +59,17 @@ void RunCheck(const CheckOptions& options, Console& console) {
 }  // namespace
 
 void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<CheckOptions>();
-    CLI::App* command = parent.add_subcommand(
-        "check", "Report what is wrong, or would go wrong in a run, with the definitions");
-    AddRepositoryOption(*command, options->repository);
-    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in the runs (FK_)")
-        ->type_name("P");
+    const auto [command, options] = AddCommand<CheckOptions>(
+        parent, console, "check", "Report what is wrong, or would go wrong in a run, with the definitions",
+        "korvex repository check orders.db --dialect all-engines", RunCheck);
+    AddRepositoryOption(command, options);
+    AddFKPrefixOption(command, options, " in the runs (FK_)");
     command
-        ->add_option(
-            "--dialect", options->dialect,
-            "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
+        .add_option("--dialect", options.dialect,
+                    "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
         ->type_name("NAME")
         ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "all-engines"}));
-    AddFormatOption(*command, console);
-    AddExample(*command, "korvex repository check orders.db --dialect all-engines");
-    command->callback([options, &console] { RunCheck(*options, console); });
+    AddFormatOption(command, console);
 }
 
 }  // namespace korvex::cli

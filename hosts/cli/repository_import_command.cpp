@@ -6,13 +6,11 @@
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/variables.h"
 #include "hosts/cli/source.h"
-#include "repository/catalog.h"
 #include "repository/names.h"
 #include "repository/whole_tables.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,24 +18,24 @@ namespace korvex::cli {
 
 namespace {
 
-struct ImportOptions {
+struct ImportOptions : CommonOptions {
     std::vector<std::string> words;
-    std::string repository;
-    std::string model;
     bool replace = false;
     bool isDry = false;
-
-    void TakeWords() {
-        if (repository.empty() && words.size() < 2) repository = ValueOf(RepositoryVariable);
-        if (repository.empty() && words.size() < 2) throw CLI::RequiredError("MODEL");
-        if (!repository.empty() && words.size() > 1)
-            throw CLI::ParseError("The repository is named twice.", CLI::ExitCodes::InvalidError);
-        if (repository.empty()) repository = words.front();
-        model = words.back();
-        if (isDry && !replace)
-            throw CLI::ParseError("--dry-run goes with --replace.", CLI::ExitCodes::InvalidError);
-    }
 };
+
+/// The repository of the words, the option or the variable.
+std::string PlaceOf(const ImportOptions& options) {
+    std::string place = options.repository;
+    const bool isInWords = options.words.size() > 1;
+    if (place.empty() && !isInWords) place = ValueOf(RepositoryVariable);
+    if (place.empty() && !isInWords) throw CLI::RequiredError("MODEL");
+    if (!place.empty() && isInWords)
+        throw CLI::ParseError("The repository is named twice.", CLI::ExitCodes::InvalidError);
+    if (options.isDry && !options.replace)
+        throw CLI::ParseError("--dry-run goes with --replace.", CLI::ExitCodes::InvalidError);
+    return isInWords ? options.words.front() : place;
+}
 
 void Warn(const Model& model, dao::Database& database, Console& console) {
     const repository::Catalog catalog = repository::Catalog::Read(database);
@@ -66,15 +64,17 @@ Model ModelOf(repository::Repository& from, Console& console) {
 }
 
 void RunImport(const ImportOptions& options, Console& console) {
-    const SourceKind kind = KindOfSource(options.model);
+    const std::string place = PlaceOf(options);
+    const std::string& source = options.words.back();
+    const SourceKind kind = KindOfSource(source);
     const bool isRepository =
-        kind == SourceKind::Odbc || (kind == SourceKind::File && std::filesystem::exists(options.model));
-    Model model = isRepository ? Model() : ReadModel(options.model);
-    ExpectWritable(options.repository);
+        kind == SourceKind::Odbc || (kind == SourceKind::File && std::filesystem::exists(source));
+    Model model = isRepository ? Model() : ReadModel(source);
+    ExpectWritable(place);
     repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, options.repository);
+    OpenComplete(repository, place);
     repository::Repository from(Session(console).platform);
-    if (isRepository) OpenComplete(from, options.model);
+    if (isRepository) OpenComplete(from, source);
     // Where there is nothing yet, rows are taken over as they stand, also those that no model can say.
     const bool isCopy = isRepository && !options.isDry && IsEmpty(repository.Open());
     if (isCopy) {
@@ -84,39 +84,32 @@ void RunImport(const ImportOptions& options, Console& console) {
         model = ModelOf(from, console);
     }
     if (options.replace && !isCopy) {
-        for (const std::string& line : ReplaceDefinitions(model, {}, repository.Open(), options.isDry))
-            console.Results() << line << '\n';
+        console.Lines(ReplaceDefinitions(model, {}, repository.Open(), options.isDry));
     } else if (!isCopy) {
         ImportModel(model, repository.Open());
     }
     if (!options.isDry) Warn(model, repository.Open(), console);
-    repository.Close();
 }
 
 }  // namespace
 
 void AddRepositoryImportCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<ImportOptions>();
-    CLI::App* command =
-        parent.add_subcommand("import", "Add the definitions of a model or of another repository");
+    const auto [command, options] =
+        AddCommand(parent, console, "import", "Add the definitions of a model or of another repository",
+                   "korvex repository import orders.db orders.json --replace", RunImport);
     command
-        ->add_option("R_MODEL", options->words,
-                     "R, unless --repository names it, and the model file (JSON) or repository to add")
+        .add_option("R_MODEL", options.words,
+                    "R, unless --repository names it, and the model file (JSON) or repository to add")
         ->required()
         ->expected(1, 2)
         ->type_name("R MODEL");
     command
-        ->add_option("--repository", options->repository,
-                     "Repository file, or ODBC string with DSN=; KORVEX_REPOSITORY stands in for it")
+        .add_option("--repository", options.repository,
+                    "Repository file, or ODBC string with DSN=; KORVEX_REPOSITORY stands in for it")
         ->type_name("R");
-    command->add_flag("--replace", options->replace,
-                      "Bring definitions that are there already to the model's state; prints what changes");
-    command->add_flag("--dry-run", options->isDry, "Print what --replace would change, and change nothing");
-    AddExample(*command, "korvex repository import orders.db orders.json --replace");
-    command->callback([options, &console] {
-        options->TakeWords();
-        RunImport(*options, console);
-    });
+    command.add_flag("--replace", options.replace,
+                     "Bring definitions that are there already to the model's state; prints what changes");
+    command.add_flag("--dry-run", options.isDry, "Print what --replace would change, and change nothing");
 }
 
 }  // namespace korvex::cli

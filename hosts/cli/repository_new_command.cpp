@@ -1,14 +1,13 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
-#include "hosts/cli/new_database.h"
+#include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/variables.h"
 #include "repository/schema.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -76,8 +75,9 @@ void ExpectOwnName(const std::string& file) {
     }
 }
 
-void RunNew(const std::string& place, Console& console) {
+void RunNew(const CommonOptions& options, Console& console) {
     const Session session(console);
+    const std::string& place = options.repository;
     if (automation::ContainsIgnoreCase(place, "DSN=")) {
         MakeInSource(session.platform, place);
     } else {
@@ -89,17 +89,15 @@ void RunNew(const std::string& place, Console& console) {
 }  // namespace
 
 void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
-    const auto place = std::make_shared<std::string>();
-    CLI::App* command = parent.add_subcommand("new", "Make an empty repository");
+    const auto [command, options] = AddCommand(parent, console, "new", "Make an empty repository",
+                                               "korvex repository new new.db", RunNew);
     command
-        ->add_option(
-            "R,--repository", *place,
+        .add_option(
+            "R,--repository", options.repository,
             "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
         ->required()
         ->envname(RepositoryVariable)
         ->type_name("R");
-    AddExample(*command, "korvex repository new new.db");
-    command->callback([place, &console] { RunNew(*place, console); });
 }
 
 }  // namespace korvex::cli

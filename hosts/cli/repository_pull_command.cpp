@@ -3,8 +3,6 @@
 #include "hosts/cli/model/model_pull.h"
 #include "hosts/cli/model/model_writer.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/counted_connection.h"
-#include "hosts/cli/target_options.h"
 #include "scriptgen/migration/live_tables.h"
 #include "surface/target_tables.h"
 
@@ -16,8 +14,7 @@ namespace korvex::cli {
 
 namespace {
 
-struct PullOptions {
-    std::string connection;
+struct PullOptions : CommonOptions {
     std::string model;
 };
 
@@ -25,9 +22,7 @@ void RunPull(const PullOptions& options, Console& console) {
     if (std::filesystem::exists(options.model))
         throw automation::Error(automation::PathFileAccessError, "The file exists: " + options.model);
     const Session session(console);
-    const std::shared_ptr<ado::Connection> connection =
-        std::make_shared<CountedConnection>(session.platform.targetProvider->CreateConnection(), console);
-    connection->Open(options.connection);
+    const std::shared_ptr<ado::Connection> connection = Connect(options.connection, console);
     const scriptgen::EngineDialect& dialect =
         scriptgen::EngineDialectOf(scriptgen::EngineBehind(*connection));
     const PulledModel pulled = PullModel(scriptgen::ReadLiveTables(*connection, dialect), dialect);
@@ -45,15 +40,13 @@ void RunPull(const PullOptions& options, Console& console) {
 }  // namespace
 
 void AddRepositoryPullCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<PullOptions>();
-    CLI::App* command = parent.add_subcommand("pull", "Write the tables of an existing database as a model");
-    AddConnectionOption(*command, options->connection);
-    command->add_option("MODEL", options->model, "Model file to be made (JSON)")
+    const auto [command, options] = AddCommand(
+        parent, console, "pull", "Write the tables of an existing database as a model",
+        "korvex repository pull --connection \"Provider=SQLite;Data Source=target.db\" pulled.json", RunPull);
+    AddConnectionOption(command, options);
+    command.add_option("MODEL", options.model, "Model file to be made (JSON)")
         ->required()
         ->type_name("NEW.json");
-    AddExample(*command,
-               "korvex repository pull --connection \"Provider=SQLite;Data Source=target.db\" pulled.json");
-    command->callback([options, &console] { RunPull(*options, console); });
 }
 
 }  // namespace korvex::cli

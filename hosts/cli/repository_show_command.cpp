@@ -7,21 +7,16 @@
 #include "hosts/cli/show/page.h"
 #include "hosts/cli/show/render.h"
 #include "hosts/cli/source.h"
-#include "repository/names.h"
 
 #include <filesystem>
-#include <memory>
 #include <string>
 
 namespace korvex::cli {
 
 namespace {
 
-struct ShowOptions {
-    std::string repository;
-    std::string storage;
+struct ShowOptions : CommonOptions {
     std::string format = "tree";
-    std::string fkPrefix = std::string(repository::DefaultFKPrefix);
     std::string out;
     bool open = false;
 };
@@ -68,40 +63,32 @@ std::string RenderShown(const repository::Catalog& catalog, const ShowOptions& o
 }
 
 void RunShow(const ShowOptions& options, Console& console) {
-    const Session session(console);
-    repository::Repository repository(session.platform);
-    OpenComplete(repository, options.repository);
-    if (!options.storage.empty()) ExpectStorage(repository, options.storage);
-    const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
-    repository.Close();
+    const repository::Catalog catalog = ReadCatalog(options, console, !options.storage.empty());
     const bool isModel = options.format == "tree" || options.format == "json";
     const std::string text = (isModel ? RenderModel : RenderShown)(catalog, options, console);
     if (options.out.empty()) {
         console.Results() << text;
         return;
     }
-    session.platform.files->WriteText(options.out, text, "");
+    Session(console).platform.files->WriteText(options.out, text, "");
     if (options.open) OpenInBrowser(options.out);
 }
 
 }  // namespace
 
 void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<ShowOptions>();
-    CLI::App* command =
-        parent.add_subcommand("show", "Print definitions as a tree, as JSON, as a diagram or as a page");
-    AddRepositoryOption(*command, options->repository);
-    AddStorageOption(*command, options->storage, " (all of them)");
-    command->add_option("--format", options->format, "tree (the default), json, mermaid, dot, svg or html")
+    const auto [command, options] =
+        AddCommand(parent, console, "show", "Print definitions as a tree, as JSON, as a diagram or as a page",
+                   "korvex repository show orders.db --format html --out orders.html --open", RunShow);
+    AddRepositoryOption(command, options);
+    AddStorageOption(command, options, " (all of them)");
+    command.add_option("--format", options.format, "tree (the default), json, mermaid, dot, svg or html")
         ->type_name("FORMAT")
         ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg", "html"}));
-    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns in diagrams (FK_)")
-        ->type_name("P");
+    AddFKPrefixOption(command, options, " in diagrams (FK_)");
     CLI::Option* out =
-        command->add_option("--out", options->out, "File to write to (standard output)")->type_name("FILE");
-    command->add_flag("--open", options->open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
-    AddExample(*command, "korvex repository show orders.db --format html --out orders.html --open");
-    command->callback([options, &console] { RunShow(*options, console); });
+        command.add_option("--out", options.out, "File to write to (standard output)")->type_name("FILE");
+    command.add_flag("--open", options.open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
 }
 
 }  // namespace korvex::cli

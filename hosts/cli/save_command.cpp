@@ -13,8 +13,7 @@ namespace korvex::cli {
 
 namespace {
 
-struct SaveOptions {
-    DataOptions data;
+struct SaveOptions : CommonOptions {
     std::string file = "-";
 };
 
@@ -37,11 +36,11 @@ std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects&
 }
 
 void RunSave(const SaveOptions& options, Console& console) {
-    const auto definition = OpenDefinitionForWriting(options.data, console);
+    const auto definition = OpenDefinitionForWriting(options, console);
     const DataObjects objects = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
         return objects::ListFromJson(definition, text, &unstored);
     });
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    const DataSession session(options, console);
     for (const std::int32_t key : SaveAll(session, objects, console))
         console.Results() << key << '\n';
 }
@@ -49,14 +48,10 @@ void RunSave(const SaveOptions& options, Console& console) {
 }  // namespace
 
 void AddSaveCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<SaveOptions>();
-    CLI::App* command = parent.add_subcommand("save", "Save new objects; prints their keys");
-    AddDataOptions(*command, options->data);
-    AddJsonFile(*command, options->file);
-    AddExample(
-        *command,
-        "korvex save --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" order.json");
-    command->callback([options, &console] { RunSave(*options, console); });
+    const auto [command, options] = AddCommand(parent, console, "save", "Save new objects; prints their keys",
+                                               DataExample("save", "order.json"), RunSave);
+    AddDataOptions(command, options);
+    AddJsonFile(command, options.file);
 }
 
 }  // namespace korvex::cli

@@ -3,9 +3,7 @@
 #include "hosts/cli/program.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/progress.h"
-#include "hosts/cli/source.h"
 #include "hosts/cli/text_file.h"
-#include "repository/names.h"
 #include "scriptgen/engine_dialect.h"
 #include "surface/cls_create_db.h"
 
@@ -21,11 +19,8 @@ namespace {
 using automation::Error;
 using automation::Variant;
 
-struct ScriptOptions {
-    std::string repository;
+struct ScriptOptions : CommonOptions {
     std::string dialect;
-    std::string storage;
-    std::optional<std::string> fkPrefix;
     std::string out = ".";
     bool open = false;
     bool quiet = false;
@@ -71,12 +66,11 @@ std::vector<std::string> RunDialect(const Dialect& dialect, const ScriptOptions&
     const Session session(console);
     const auto scripts = std::make_shared<clsCreateDb>(session.platform);
     scripts->ScriptFilePath(options.out);
-    const Variant prefix = options.fkPrefix ? Variant(*options.fkPrefix) : Variant::Missing();
     if (dialect.run != nullptr) {
-        (scripts.get()->*dialect.run)(options.repository, options.storage, prefix);
+        (scripts.get()->*dialect.run)(options.repository, options.storage, options.fkPrefix);
     } else {
         for (const std::string& note :
-             scripts->DoEngineDb(dialect.name, options.repository, options.storage, prefix))
+             scripts->DoEngineDb(dialect.name, options.repository, options.storage, options.fkPrefix))
             console.Message(dialect.name + ": " + note);
     }
     ExpectAllWritten(*scripts);
@@ -85,8 +79,7 @@ std::vector<std::string> RunDialect(const Dialect& dialect, const ScriptOptions&
 }
 
 void RunScript(const ScriptOptions& options, Console& console) {
-    CheckBeforeRun(options.repository, options.storage,
-                   options.fkPrefix.value_or(std::string(repository::DefaultFKPrefix)), console);
+    CheckBeforeRun(options, console);
     CreateFolder(options.out);
     const std::vector<Dialect> dialects = ChosenDialects(options.dialect);
     std::vector<std::string> paths;
@@ -108,28 +101,26 @@ void RunScript(const ScriptOptions& options, Console& console) {
 }  // namespace
 
 void AddScriptCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<ScriptOptions>();
-    CLI::App* command = parent.add_subcommand("script", "Write the SQL script files of a definition");
-    AddRepositoryOption(*command, options->repository);
+    const auto [command, options] =
+        AddCommand(parent, console, "script", "Write the SQL script files of a definition",
+                   "korvex script orders.db --dialect all --out sql", RunScript);
+    AddRepositoryOption(command, options);
     std::vector<std::string> names;
     for (const Dialect& dialect : AllDialects())
         names.push_back(dialect.name);
     names.insert(names.end(), {"all", "all-engines"});
     command
-        ->add_option("--dialect", options->dialect,
-                     "mssql, oracle, sybase (all: these three), sqlite, mariadb, postgresql (all-engines)")
+        .add_option("--dialect", options.dialect,
+                    "mssql, oracle, sybase (all: these three), sqlite, mariadb, postgresql (all-engines)")
         ->required()
         ->type_name("NAME")
         ->check(CLI::IsMember(names));
-    AddStorageOption(*command, options->storage, "; without it all definitions go into the same files");
-    command->add_option("--fk-prefix", options->fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
-        ->type_name("P");
-    command->add_option("--out", options->out, "Folder of the files, created when missing (the current one)")
+    AddStorageOption(command, options, "; without it all definitions go into the same files");
+    AddFKPrefixOption(command, options);
+    command.add_option("--out", options.out, "Folder of the files, created when missing (the current one)")
         ->type_name("FOLDER");
-    command->add_flag("--open", options->open, "Open the files in $VISUAL, $EDITOR or xdg-open");
-    command->add_flag("--quiet", options->quiet, "Print neither the paths nor a progress line");
-    AddExample(*command, "korvex script orders.db --dialect all --out sql");
-    command->callback([options, &console] { RunScript(*options, console); });
+    command.add_flag("--open", options.open, "Open the files in $VISUAL, $EDITOR or xdg-open");
+    command.add_flag("--quiet", options.quiet, "Print neither the paths nor a progress line");
 }
 
 }  // namespace korvex::cli

@@ -3,11 +3,13 @@
 #include "automation/convert.h"
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
+#include "hosts/cli/shell/progress.h"
 #include "hosts/cli/source.h"
 #include "hosts/cli/suggest.h"
 #include "repository/schema.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvex::cli {
 
@@ -19,6 +21,35 @@ using automation::Error;
 std::string RepositoryName(const std::string& connection) {
     return automation::ContainsIgnoreCase(connection, "DSN=") ? "the ODBC source" : connection;
 }
+
+class CountedConnection final : public ado::Connection {
+  public:
+    explicit CountedConnection(Console& console)
+        : m_connection(Session(console).platform.targetProvider->CreateConnection()),
+          m_console(console),
+          m_progress(console, "statements") {}
+
+    void Open(std::string_view connectionString, std::string_view user, std::string_view password,
+              std::int32_t options) override {
+        m_connection->Open(connectionString, user, password, options);
+    }
+    void Close() override { m_connection->Close(); }
+    std::shared_ptr<ado::Recordset> Execute(std::string_view text, std::int32_t options,
+                                            std::int32_t* recordsAffected) override {
+        auto records = m_connection->Execute(text, options, recordsAffected);
+        m_console.Step();
+        return records;
+    }
+    std::int32_t State() const override { return m_connection->State(); }
+    std::int32_t BeginTrans() override { return m_connection->BeginTrans(); }
+    void CommitTrans() override { m_connection->CommitTrans(); }
+    void RollbackTrans() override { m_connection->RollbackTrans(); }
+
+  private:
+    std::shared_ptr<ado::Connection> m_connection;
+    Console& m_console;
+    Progress m_progress;
+};
 
 }  // namespace
 
@@ -78,20 +109,41 @@ void ExpectStorage(repository::Repository& repository, const std::string& storag
                     (names.size() == 1 ? "is " : "are ") + JoinNames(names) + ".");
 }
 
-void CheckBeforeRun(const std::string& connection, const std::string& storage, std::string_view fkPrefix,
-                    Console& console) {
+repository::Catalog ReadCatalog(const CommonOptions& options, Console& console, bool expectsDefinition) {
     repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, connection);
-    ExpectStorage(repository, storage);
+    OpenComplete(repository, options.repository);
+    if (expectsDefinition) ExpectStorage(repository, options.storage);
+    return repository::Catalog::Read(repository.Open());
+}
+
+repository::Catalog ReadCatalogForWriting(const CommonOptions& options, Console& console) {
+    repository::Catalog catalog = ReadCatalog(options, console);
+    RefuseDanger(catalog, options.storage, options.fkPrefix);
+    return catalog;
+}
+
+void CheckBeforeRun(const CommonOptions& options, Console& console) {
+    repository::Repository repository(Session(console).platform);
+    OpenComplete(repository, options.repository);
+    ExpectStorage(repository, options.storage);
     try {
         const repository::Catalog catalog = repository::Catalog::Read(repository.Open());
         Findings findings;
-        CheckDefinitions(catalog, storage, fkPrefix, findings);
+        CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
         WarnOfDanger(findings, console);
     } catch (const Error&) {
         // What cannot be read or named ends the run itself, if it is part of it.
     }
-    repository.Close();
+}
+
+std::shared_ptr<ado::Connection> NewConnection(Console& console) {
+    return std::make_shared<CountedConnection>(console);
+}
+
+std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console) {
+    auto connection = NewConnection(console);
+    connection->Open(connectionString);
+    return connection;
 }
 
 }  // namespace korvex::cli

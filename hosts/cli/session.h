@@ -2,14 +2,15 @@
 
 #include "automation/error.h"
 #include "hosts/cli/console.h"
+#include "hosts/cli/options.h"
 #include "platform/platform.h"
+#include "repository/catalog.h"
 #include "repository/repository.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 /// What every command does before and around its own work.
@@ -55,9 +56,21 @@ std::vector<std::string> StorageNames(repository::Repository& repository);
 /// Raises InvalidProcedureCall (5), listing the storage names there are; also for a name with a quote.
 void ExpectStorage(repository::Repository& repository, const std::string& storage);
 
-/// Both, on a repository that is closed again: before a command that changes or writes anything. The errors
-/// of the definition, which do not hinder a run, are printed as warnings.
-void CheckBeforeRun(const std::string& connection, const std::string& storage, std::string_view fkPrefix,
-                    Console& console);
+/// What the repository of the options holds. It must be complete and have the definition of their storage
+/// name, or any at all when that is empty, unless no definition is expected.
+repository::Catalog ReadCatalog(const CommonOptions& options, Console& console,
+                                bool expectsDefinition = true);
+/// The same for a command that stores or deletes data: refuses a definition with which data would be mixed up
+/// or lost (RefuseDanger), before anything else happens.
+repository::Catalog ReadCatalogForWriting(const CommonOptions& options, Console& console);
+
+/// Makes sure that the repository is complete and has the definition: before a command that changes or writes
+/// anything. The errors of the definition, which do not hinder a run, are printed as warnings.
+void CheckBeforeRun(const CommonOptions& options, Console& console);
+
+/// A connection whose statements are steps of the work, and work of their own where nobody knows their
+/// number: not open yet, and open.
+std::shared_ptr<ado::Connection> NewConnection(Console& console);
+std::shared_ptr<ado::Connection> Connect(const std::string& connectionString, Console& console);
 
 }  // namespace korvex::cli

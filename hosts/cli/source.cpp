@@ -5,7 +5,6 @@
 #include "hosts/cli/model/model_import.h"
 #include "hosts/cli/model/model_reader.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/shell/variables.h"
 #include "repository/schema.h"
 
 #include <algorithm>
@@ -121,21 +120,6 @@ void ExpectWritable(const std::string& place) {
                                 ", which is only read: make a repository (korvex repository "
                                 "new), import the " +
                                 (isModel ? "model" : "file") + " into it, and name that one.");
-}
-
-void AddRepositoryOption(CLI::App& command, std::string& repository, bool isPositional) {
-    command
-        .add_option(isPositional ? "R,--repository" : "--repository", repository,
-                    "Repository file, ODBC string with DSN=, or model (JSON)")
-        ->required()
-        ->envname(RepositoryVariable)
-        ->type_name("R");
-}
-
-CLI::Option* AddStorageOption(CLI::App& command, std::string& storage, const std::string& rest) {
-    return command.add_option("--storage", storage, "Storage name of the definition" + rest)
-        ->envname(StorageVariable)
-        ->type_name("NAME");
 }
 
 }  // namespace korvex::cli

@@ -3,8 +3,6 @@
 #include "platform/platform.h"
 #include "repository/repository.h"
 
-#include <CLI/CLI.hpp>
-
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -43,11 +41,5 @@ std::shared_ptr<dao::DBEngine> EngineForSources(std::shared_ptr<dao::DBEngine> e
 
 /// Raises ReadOnlyDatabase (3027) for a source that is only read; says what to do.
 void ExpectWritable(const std::string& place);
-
-/// --storage; `rest` goes on with what its help says.
-CLI::Option* AddStorageOption(CLI::App& command, std::string& storage, const std::string& rest = {});
-
-/// --repository, which is required; R stands for it where the command has no other words.
-void AddRepositoryOption(CLI::App& command, std::string& repository, bool isPositional = true);
 
 }  // namespace korvex::cli

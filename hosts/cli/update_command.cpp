@@ -14,9 +14,7 @@ namespace korvex::cli {
 
 namespace {
 
-struct UpdateOptions {
-    DataOptions data;
-    std::string key;
+struct UpdateOptions : KeyOptions {
     bool retainRoot = false;
     std::string file = "-";
 };
@@ -37,10 +35,7 @@ void KeepKey(objects::DataObject& object, std::int32_t key, const std::string& f
 std::int32_t Update(const DataSession& session, const UpdateOptions& options,
                     objects::DataObject::Shared object, std::int32_t key, Console& console) {
     clsCRUD& crud = session.Crud();
-    session.ExpectUsableKey(object, key);
-    const std::int32_t loaded = crud.DbGetData(object, key);
-    session.ExpectAllOpened();
-    if (loaded < 1) session.FailWithLastResult(RecordText(object->Type(), key));
+    session.Load(object, key);
     WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
         objects::ApplyJson(*object, text, &unstored);
         return true;
@@ -72,8 +67,8 @@ std::int32_t Replace(const DataSession& session, const UpdateOptions& options,
 
 void RunUpdate(const UpdateOptions& options, Console& console) {
     const std::int32_t key = ReadKey(options.key);
-    const auto definition = OpenDefinitionForWriting(options.data, console);
-    const DataSession session(options.data.connection, options.data.fkPrefix, console);
+    const auto definition = OpenDefinitionForWriting(options, console);
+    const DataSession session(options, console);
     ado::Transaction transaction(session.Crud().DbConn());
     const std::int32_t updated =
         options.retainRoot
@@ -90,17 +85,14 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
 }  // namespace
 
 void AddUpdateCommand(CLI::App& parent, Console& console) {
-    const auto options = std::make_shared<UpdateOptions>();
-    CLI::App* command = parent.add_subcommand("update", "Change a stored object as a JSON file says");
-    AddDataOptions(*command, options->data);
-    AddKeyOption(*command, options->key);
-    command->add_flag("--retain-root", options->retainRoot,
-                      "The file is the whole object: keep only the key, and replace everything else");
-    AddJsonFile(*command, options->file);
-    AddExample(
-        *command,
-        "korvex update --repository orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" --key 1 order.json");
-    command->callback([options, &console] { RunUpdate(*options, console); });
+    const auto [command, options] =
+        AddCommand<UpdateOptions>(parent, console, "update", "Change a stored object as a JSON file says",
+                                  DataExample("update", "--key 1 order.json"), RunUpdate);
+    AddDataOptions(command, options);
+    AddKeyOption(command, options);
+    command.add_flag("--retain-root", options.retainRoot,
+                     "The file is the whole object: keep only the key, and replace everything else");
+    AddJsonFile(command, options.file);
 }
 
 }  // namespace korvex::cli

@@ -1,7 +1,7 @@
 #include "hosts/python/data_objects.h"
 
 #include "automation/error.h"
-#include "hosts/cli/target_options.h"
+#include "hosts/cli/database_file.h"
 #include "hosts/python/host_platform.h"
 #include "hosts/python/values.h"
 #include "objects/json.h"

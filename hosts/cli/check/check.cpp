@@ -130,9 +130,11 @@ void WarnOfDanger(const Findings& findings, Console& console) {
     }
 }
 
-void RefuseDanger(const Findings& findings) {
+void RefuseDanger(const Catalog& catalog, std::string_view storage, std::string_view fkPrefix) {
+    Findings findings;
+    CheckDefinitions(catalog, storage, fkPrefix, findings);
     const auto& all = findings.All();
-    const auto first = std::find_if(all.begin(), all.end(), [](const Finding& f) { return f.endangersData; });
+    const auto first = std::ranges::find_if(all, &Finding::endangersData);
     if (first == all.end()) return;
     throw automation::Error(automation::InvalidProcedureCall,
                             "Nothing was done, because data would be mixed up or lost: " + first->text +

@@ -26,9 +26,9 @@ void CheckDefinitions(const repository::Catalog& catalog, std::string_view stora
 /// Prints the findings that endanger data as warnings: for commands that go on with such a definition.
 void WarnOfDanger(const Findings& findings, Console& console);
 
-/// Raises InvalidProcedureCall (5) with the first finding that endangers data and what to do: for commands
-/// that store or delete data, before they do anything.
-void RefuseDanger(const Findings& findings);
+/// CheckDefinitions for commands that store or delete data, before they do anything: raises
+/// InvalidProcedureCall (5) with the first finding that endangers data and what to do.
+void RefuseDanger(const repository::Catalog& catalog, std::string_view storage, std::string_view fkPrefix);
 
 /// What an engine will not take of the tables that each definition makes.
 void CheckForEngine(const repository::Catalog& catalog, std::string_view fkPrefix,

@@ -3,14 +3,9 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/app.h"
-#include "hosts/cli/check/check.h"
 #include "hosts/cli/data/result_text.h"
-#include "hosts/cli/session.h"
-#include "hosts/cli/source.h"
-#include "hosts/cli/target_options.h"
 #include "hosts/cli/text_file.h"
 #include "objects/load_definition.h"
-#include "repository/catalog.h"
 
 #include <charconv>
 #include <sstream>
@@ -30,27 +25,22 @@ class SilentDesktop final : public platform::Desktop {
     void OpenEditor(std::string_view) override {}
 };
 
-repository::Catalog ReadCatalog(const DataOptions& options, Console& console) {
-    repository::Repository repository(Session(console).platform);
-    OpenComplete(repository, options.repository);
-    ExpectStorage(repository, options.storage);
-    repository::Catalog catalog = repository::Catalog::Read(repository.Open());
-    repository.Close();
-    return catalog;
-}
-
 }  // namespace
 
-void AddDataOptions(CLI::App& command, DataOptions& options, bool isPositional) {
-    AddRepositoryOption(command, options.repository, isPositional);
-    AddStorageOption(command, options.storage)->required();
-    AddConnectionOption(command, options.connection);
-    command.add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns (FK_ unless given)")
-        ->type_name("P");
+void AddDataOptions(CLI::App& command, CommonOptions& options, bool isPositional) {
+    AddRepositoryOption(command, options, isPositional);
+    AddStorageOption(command, options)->required();
+    AddConnectionOption(command, options);
+    AddFKPrefixOption(command, options);
 }
 
-CLI::Option* AddKeyOption(CLI::App& command, std::string& key) {
-    return command.add_option("--key", key, "Key of the record")->required()->type_name("K");
+CLI::Option* AddKeyOption(CLI::App& command, KeyOptions& options) {
+    return command.add_option("--key", options.key, "Key of the record")->required()->type_name("K");
+}
+
+std::string DataExample(const std::string& name, const std::string& rest, bool isPositional) {
+    return "korvex " + name + (isPositional ? " " : " --repository ") +
+           "orders.db --storage Orders --connection \"Provider=SQLite;Data Source=target.db\" " + rest;
 }
 
 std::vector<std::int32_t> ReadKeys(const std::string& text) {
@@ -89,12 +79,11 @@ std::string RecordText(objects::Definition& definition, std::int32_t key) {
                       value == nullptr ? "its key" : value->Info().column, key);
 }
 
-DataSession::DataSession(const std::string& connection, const std::string& fkPrefix, Console& console)
-    : m_console(console) {
+DataSession::DataSession(const CommonOptions& options, Console& console) : m_console(console) {
     Platform platform = DefaultPlatform();
     platform.desktop = std::make_shared<SilentDesktop>();
     m_crud = std::make_shared<clsCRUD>(platform);
-    if (!m_crud->ConnectDB(connection, fkPrefix)) Fail(dbConnectError);
+    if (!m_crud->ConnectDB(options.connection, options.fkPrefix)) Fail(dbConnectError);
 }
 
 void DataSession::Fail(dbResults code, std::string reason) const {
@@ -114,6 +103,20 @@ void DataSession::Fail(dbResults code, std::string reason) const {
     throw CLI::RuntimeError(ExitFailed);
 }
 
+bool DataSession::Exists(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const {
+    const bool exists = m_crud->DbDataExists(object, key);
+    ExpectAllOpened();
+    if (!exists && m_crud->LastResult() != dbNoError) FailWithLastResult();
+    return exists;
+}
+
+void DataSession::Load(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const {
+    ExpectUsableKey(object, key);
+    const std::int32_t loaded = m_crud->DbGetData(object, key);
+    ExpectAllOpened();
+    if (loaded < 1) FailWithLastResult(RecordText(object->Type(), key));
+}
+
 void DataSession::ExpectUsableKey(const std::shared_ptr<objects::DataObject>& object,
                                   std::int32_t key) const {
     if (key > 0 || !m_crud->DbDataExists(object, key)) return;
@@ -125,17 +128,14 @@ void DataSession::ExpectAllOpened() const {
     if (m_crud->TrappedError()) Fail(dbCannotOpenRecordset);
 }
 
-std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console) {
+std::shared_ptr<objects::Definition> OpenDefinition(const CommonOptions& options, Console& console) {
     return objects::LoadDefinition(ReadCatalog(options, console), options.storage, options.fkPrefix);
 }
 
-std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions& options, Console& console) {
-    const repository::Catalog catalog = ReadCatalog(options, console);
-    auto definition = objects::LoadDefinition(catalog, options.storage, options.fkPrefix);
-    Findings findings;
-    CheckDefinitions(catalog, options.storage, options.fkPrefix, findings);
-    RefuseDanger(findings);
-    return definition;
+std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const CommonOptions& options,
+                                                              Console& console) {
+    return objects::LoadDefinition(ReadCatalogForWriting(options, console), options.storage,
+                                   options.fkPrefix);
 }
 
 }  // namespace korvex::cli

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/cli/console.h"
+#include "hosts/cli/session.h"
 #include "objects/data_object.h"
 #include "surface/cls_crud.h"
 
@@ -15,17 +15,17 @@
 /// What the commands that read and write objects have in common.
 namespace korvex::cli {
 
-struct DataOptions {
-    std::string repository;
-    std::string storage;
-    std::string connection;
-    std::string fkPrefix = "FK_";
+struct KeyOptions : CommonOptions {
+    std::string key;
 };
 
 /// --repository (also as the first word where `isPositional`), --storage, --connection and --fk-prefix.
-void AddDataOptions(CLI::App& command, DataOptions& options, bool isPositional = false);
+void AddDataOptions(CLI::App& command, CommonOptions& options, bool isPositional = false);
 /// --key, which is required.
-CLI::Option* AddKeyOption(CLI::App& command, std::string& key);
+CLI::Option* AddKeyOption(CLI::App& command, KeyOptions& options);
+/// The example of a command with these options; `rest` is what it has besides.
+std::string DataExample(const std::string& name, const std::string& rest, bool isPositional = false);
+
 /// The key, or for "-" those that stand on standard input, one a line. Raises as ReadKey does.
 std::vector<std::int32_t> ReadKeys(const std::string& text);
 
@@ -40,7 +40,8 @@ std::int32_t ReadKey(const std::string& text);
 /// A connected clsCRUD. Failures are said on the console and end the command with RuntimeError.
 class DataSession {
   public:
-    DataSession(const std::string& connection, const std::string& fkPrefix, Console& console);
+    /// Of a command's --connection and --fk-prefix.
+    DataSession(const CommonOptions& options, Console& console);
 
     clsCRUD& Crud() const noexcept { return *m_crud; }
 
@@ -51,6 +52,10 @@ class DataSession {
     }
     /// Ends the command: "NAME: what is wrong. What to do." `reason` says it more closely than the code does.
     [[noreturn]] void Fail(dbResults code, std::string reason = {}) const;
+    /// Whether there is a record of that key.
+    bool Exists(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
+    /// Fills the object from its record.
+    void Load(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
     /// Ends the command for a record whose key is 0 or less: nothing beneath it can be found.
     void ExpectUsableKey(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
     /// Ends the command when a table did not open in the last call, wherever in the tree that was.
@@ -63,9 +68,9 @@ class DataSession {
 
 /// The definition of a storage name. Raises InvalidProcedureCall (5), listing the names there are, for one
 /// that no definition has.
-std::shared_ptr<objects::Definition> OpenDefinition(const DataOptions& options, Console& console);
+std::shared_ptr<objects::Definition> OpenDefinition(const CommonOptions& options, Console& console);
 /// The same for a command that stores or deletes data: also refuses, with InvalidProcedureCall (5), a
 /// definition with which data would be mixed up or lost.
-std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const DataOptions& options, Console& console);
+std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const CommonOptions& options, Console& console);
 
 }  // namespace korvex::cli

@@ -2,15 +2,14 @@
 #include "automation/error.h"
 #include "hosts/cli/app.h"
 #include "hosts/cli/commands.h"
+#include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/completion.h"
 #include "hosts/cli/shell/shell_commands.h"
 #include "hosts/cli/source.h"
-#include "hosts/cli/target_options.h"
 
 #include <csignal>
 #include <filesystem>
-#include <memory>
 #include <set>
 #include <string>
 #include <unistd.h>
@@ -40,12 +39,12 @@ std::set<std::string> ReadStorageNames(const std::string& place, Console& consol
 
 /// Prints what there is. Whoever presses a key waits, and reads no messages: what fails or takes its time
 /// gives nothing.
-void PrintStorageNames(const std::string& place, Console& console) {
+void PrintStorageNames(const CommonOptions& options, Console& console) {
     constexpr unsigned patience = 3;  // seconds
     std::signal(SIGALRM, [](int) { _exit(ExitFailed); });
     alarm(patience);
     try {
-        for (const std::string& name : ReadStorageNames(place, console))
+        for (const std::string& name : ReadStorageNames(options.repository, console))
             console.Results() << name << '\n';
     } catch (const automation::Error&) {
         throw CLI::RuntimeError(ExitFailed);
@@ -65,12 +64,10 @@ void AddCompletionCommands(CLI::App& root, Console& console) {
     };
     add("bash", "Print the completion of bash", BashCompletion, "source <(korvex completion bash)");
     add("zsh", "Print the completion of zsh", ZshCompletion, "korvex completion zsh > _korvex");
-    const auto place = std::make_shared<std::string>();
-    CLI::App* storages = group->add_subcommand(
-        "storages", "Print the storage names of a repository, one a line, and no messages");
-    AddRepositoryOption(*storages, *place);
-    storages->callback([place, &console] { PrintStorageNames(*place, console); });
-    AddExample(*storages, "korvex completion storages orders.db");
+    const auto [storages, options] = AddCommand(
+        *group, console, "storages", "Print the storage names of a repository, one a line, and no messages",
+        "korvex completion storages orders.db", PrintStorageNames);
+    AddRepositoryOption(storages, options);
     ListWhenAlone(*group, console);
 }
 

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
-#include <memory>
 #include <string>
 
 namespace korvex::cli {
@@ -40,13 +39,12 @@ void WriteManPages(const std::string& folder, Console& console) {
 }  // namespace
 
 void AddManCommand(CLI::App& root, Console& console) {
-    const auto folder = std::make_shared<std::string>();
-    CLI::App* command = root.add_subcommand("man", "Write the manual pages of korvex into a folder");
-    command->add_option("FOLDER", *folder, "Folder of the pages, created when missing")
+    const auto [command, folder] =
+        AddCommand(root, console, "man", "Write the manual pages of korvex into a folder", "korvex man man1",
+                   WriteManPages);
+    command.add_option("FOLDER", folder, "Folder of the pages, created when missing")
         ->required()
         ->type_name("FOLDER");
-    command->callback([folder, &console] { WriteManPages(*folder, console); });
-    AddExample(*command, "korvex man man1");
 }
 
 }  // namespace korvex::cli

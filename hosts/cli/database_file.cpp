@@ -1,12 +1,13 @@
-#include "hosts/cli/target_options.h"
+#include "hosts/cli/database_file.h"
 
+#include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
-#include "hosts/cli/shell/variables.h"
+#include "platform/platform.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <string_view>
+#include <exception>
+#include <filesystem>
 
 namespace korvex::cli {
 
@@ -21,6 +22,13 @@ bool NamesEmbeddedEngine(std::string_view part) {
            automation::EqualsIgnoreCase(value.substr(0, value.find('.')), "SQLite");
 }
 
+std::string ReadText(ado::Connection& connection, const std::string& query) {
+    const auto rows = connection.Execute(query);
+    std::string text = automation::ToString(rows->Fields(0)->Value());
+    rows->Close();
+    return text;
+}
+
 }  // namespace
 
 bool IsForEmbeddedEngine(std::string_view connection) {
@@ -30,16 +38,6 @@ bool IsForEmbeddedEngine(std::string_view connection) {
         at = end + 1;
     }
     return false;
-}
-
-void AddConnectionOption(CLI::App& command, std::string& connection) {
-    command
-        .add_option(
-            "--connection", connection,
-            "Target database: \"Provider=SQLite;Data Source=FILE\", or an ODBC string with DSN= or Driver=")
-        ->required()
-        ->envname(ConnectionVariable)
-        ->type_name("C");
 }
 
 std::string ConnectionToFile(const std::string& file) {
@@ -55,6 +53,24 @@ std::string WithCreateMode(const std::string& connection) {
                                 "Only a database file can be made (Provider=SQLite;Data Source=FILE).");
     }
     return connection + ";Mode=Create";
+}
+
+std::string DatabaseFile(ado::Connection& connection) {
+    return ReadText(connection, "select file from pragma_database_list where name = 'main'");
+}
+
+void RemoveUnusedDatabase(const std::string& file) noexcept {
+    try {
+        const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+        connection->Open(ConnectionToFile(file));
+        const bool isEmpty = ReadText(*connection, "select count(*) from sqlite_schema") == "0";
+        // Only a connection that is alone takes a database off its write-ahead log.
+        const bool isAlone = isEmpty && ReadText(*connection, "PRAGMA journal_mode = delete") == "delete";
+        connection->Close();
+        if (isAlone) std::filesystem::remove(file);
+    } catch (const std::exception&) {
+        // It stays: the next try takes an empty database as it takes none.
+    }
 }
 
 }  // namespace korvex::cli
