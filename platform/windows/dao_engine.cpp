@@ -1,9 +1,9 @@
-#include "platform/windows/dao_engine.h"
-
 #include "automation/com/com_error.h"
 #include "automation/com/host_object.h"
+#include "automation/convert.h"
 #include "automation/error.h"
-#include "platform/windows/dao_recordset.h"
+#include "automation/text.h"
+#include "platform/windows/windows_platform.h"
 
 #include <windows.h>
 
@@ -11,12 +11,14 @@
 #include <mutex>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace korvex::windows {
 
 namespace {
 
 using automation::Call;
+using automation::Get;
 using automation::Variant;
 using com::AsHost;
 using com::HostObject;
@@ -45,6 +47,58 @@ std::shared_ptr<HostObject> CreateEngine() {
     }
     RaiseNoEngine(failure);
 }
+
+class DaoField final : public dao::Field {
+  public:
+    explicit DaoField(std::shared_ptr<HostObject> field)
+        : m_field(std::move(field)), m_name(automation::ToString(Get(*m_field, "Name"))) {}
+
+    std::string_view Name() const override { return m_name; }
+    Variant Value() override { return Get(*m_field, "Value"); }
+    void Value(const Variant& value) override { automation::Let(*m_field, "Value", value); }
+
+  private:
+    std::shared_ptr<HostObject> m_field;
+    std::string m_name;
+};
+
+class DaoRecordset final : public dao::Recordset {
+  public:
+    explicit DaoRecordset(std::shared_ptr<HostObject> recordset) : m_recordset(std::move(recordset)) {}
+    ~DaoRecordset() override {
+        if (m_isClosed) return;
+        try {
+            Close();
+        } catch (const std::exception&) {
+            // The engine closes what is left open when the last reference goes.
+        }
+    }
+
+    bool Eof() override { return automation::ToBoolean(Get(*m_recordset, "EOF")); }
+    void MoveNext() override { Call(*m_recordset, "MoveNext"); }
+    void MoveLast() override { Call(*m_recordset, "MoveLast"); }
+    dao::Field& Fields(std::string_view name) override {
+        for (const auto& field : m_fields) {
+            if (automation::EqualsIgnoreCase(field->Name(), name)) return *field;
+        }
+        if (!m_fieldCollection) m_fieldCollection = AsHost(Get(*m_recordset, "Fields"));
+        m_fields.push_back(std::make_unique<DaoField>(AsHost(Call(*m_fieldCollection, "Item", name))));
+        return *m_fields.back();
+    }
+    void AddNew() override { Call(*m_recordset, "AddNew"); }
+    void Edit() override { Call(*m_recordset, "Edit"); }
+    void Update() override { Call(*m_recordset, "Update"); }
+    void Close() override {
+        m_isClosed = true;
+        Call(*m_recordset, "Close");
+    }
+
+  private:
+    std::shared_ptr<HostObject> m_recordset;
+    std::shared_ptr<HostObject> m_fieldCollection;
+    std::vector<std::unique_ptr<DaoField>> m_fields;
+    bool m_isClosed = false;
+};
 
 /// A Database (with transactions of `engine`'s default workspace) or a Connection (`engine` is null).
 class DaoDatabase final : public dao::Database {

@@ -1,7 +1,6 @@
-#include "platform/windows/windows_desktop.h"
-
 #include "automation/com/bstr.h"
 #include "automation/com/com_error.h"
+#include "platform/windows/windows_platform.h"
 
 #include <windows.h>
 

@@ -1,9 +1,8 @@
-#include "platform/windows/windows_files.h"
-
 #include "automation/com/bstr.h"
 #include "automation/com/com_error.h"
 #include "automation/com/module.h"
 #include "platform/replace_file.h"
+#include "platform/windows/windows_platform.h"
 
 #include <windows.h>
 

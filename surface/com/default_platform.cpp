@@ -1,10 +1,7 @@
 #include "automation/com/host_object.h"
 #include "automation/error.h"
 #include "platform/platform.h"
-#include "platform/windows/ado_objects.h"
-#include "platform/windows/dao_engine.h"
-#include "platform/windows/windows_desktop.h"
-#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_platform.h"
 #include "surface/com/qor_object_adapter.h"
 
 namespace korvex {

@@ -1,4 +1,4 @@
-#include "platform/windows/windows_desktop.h"
+#include "platform/windows/windows_platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "automation/com/bstr.h"
 #include "automation/error.h"
-#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_platform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "automation/convert.h"
-#include "automation/error.h"
 #include "platform/windows/ado_objects.h"
 
-#include <string>
+#include "automation/error.h"
+#include "automation/text.h"
+#include "platform/windows/windows_platform.h"
 
 namespace korvex::windows {
 
@@ -32,12 +32,13 @@ class InstalledAdo final : public ado::Provider {
 
 }  // namespace
 
-void AdoConnection::Open(std::string_view connectionString, std::string_view user, std::string_view password,
-                         std::int32_t options) {
-    Call("Open", connectionString, user, password, options);
+std::shared_ptr<ado::Field> AdoRecordset::Fields(std::string_view name) {
+    const std::string key = automation::ToUpperAscii(name);
+    for (const auto& [known, field] : m_fields) {
+        if (known == key) return field;
+    }
+    return m_fields.emplace_back(key, FieldList().Item(name)).second;
 }
-
-void AdoConnection::Close() { Call("Close"); }
 
 std::shared_ptr<ado::Recordset> AdoConnection::Execute(std::string_view text, std::int32_t options,
                                                        std::int32_t* recordsAffected) {
@@ -46,11 +47,6 @@ std::shared_ptr<ado::Recordset> AdoConnection::Execute(std::string_view text, st
     if (recordsAffected != nullptr) *recordsAffected = automation::ToLong(arguments[1]);
     return std::make_shared<AdoRecordset>(com::AsHost(recordset));
 }
-
-std::int32_t AdoConnection::State() const { return GetLong("State"); }
-std::int32_t AdoConnection::BeginTrans() { return automation::ToLong(Call("BeginTrans")); }
-void AdoConnection::CommitTrans() { Call("CommitTrans"); }
-void AdoConnection::RollbackTrans() { Call("RollbackTrans"); }
 
 std::shared_ptr<ado::Provider> AdoProvider() { return std::make_shared<InstalledAdo>(); }
 
