@@ -151,12 +151,6 @@ std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
     }
 }
 
-const TableColumn* TableInfo::Find(std::string_view column) const noexcept {
-    const auto found = std::ranges::find_if(
-        columns, [&](const TableColumn& entry) { return EqualsIgnoreCase(entry.name, column); });
-    return found == columns.end() ? nullptr : &*found;
-}
-
 bool TableInfo::HasKey() const noexcept {
     return std::ranges::any_of(columns, [](const TableColumn& entry) { return entry.key; });
 }

@@ -96,7 +96,6 @@ struct TableColumn {
     std::string name;
     bool key = false;         ///< belongs to the primary key
     bool autoNumber = false;  ///< the engine numbers new rows here
-    bool nullable = true;
 };
 
 /// A base table, as far as writing its rows needs it.
@@ -104,7 +103,6 @@ struct TableInfo {
     TableName name;
     std::vector<TableColumn> columns;
 
-    const TableColumn* Find(std::string_view column) const noexcept;
     bool HasKey() const noexcept;
     /// The auto-number column, or a null pointer.
     const TableColumn* AutoNumber() const noexcept;

@@ -29,7 +29,7 @@ const TableName& WritePlan::BaseTable(const RowShape& shape) {
 WritePlan::WritePlan(const EngineTraits& traits, std::shared_ptr<const RowShape> shape,
                      std::shared_ptr<const TableInfo> table)
     : m_traits(traits), m_shape(std::move(shape)), m_table(std::move(table)) {
-    m_quotedTable = Qualified(m_table->name.table);
+    m_quotedTable = m_traits.QuoteBeside(m_table->name, m_table->name.table);
     for (const ColumnInfo& column : m_shape->columns) {
         m_quotedNames.push_back(column.baseColumn.empty() ? "NULL" : traits.Quote(column.baseColumn));
     }
@@ -106,18 +106,10 @@ std::string WritePlan::NewKeyQuery() const {
     constexpr std::string_view placeholder = "{sequence}";
     std::string query = m_traits.newKeyQuery;
     if (const std::size_t at = query.find(placeholder); at != std::string::npos) {
-        query.replace(at, placeholder.size(), Qualified(m_traits.sequencePrefix + m_table->name.table));
+        query.replace(at, placeholder.size(),
+                      m_traits.QuoteBeside(m_table->name, m_traits.sequencePrefix + m_table->name.table));
     }
     return query;
-}
-
-/// `name` beside the table, in its catalog and schema.
-std::string WritePlan::Qualified(std::string_view name) const {
-    std::string text;
-    for (const std::string* part : {&m_table->name.catalog, &m_table->name.schema}) {
-        if (!part->empty()) text += m_traits.Quote(*part) + ".";
-    }
-    return text + m_traits.Quote(name);
 }
 
 }  // namespace korvex::native::sql

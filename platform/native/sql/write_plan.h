@@ -42,7 +42,6 @@ class WritePlan {
     std::string NewKeyQuery() const;
 
   private:
-    std::string Qualified(std::string_view name) const;
     std::string ComposeInsert(std::span<const std::size_t> columns) const;
     std::string ComposeUpdate(std::span<const std::size_t> columns) const;
     std::string ReturningText() const;

@@ -1,13 +1,14 @@
 #include "platform/native/sql/odbc/odbc_column.h"
 
+#include "automation/convert.h"
+#include "automation/error.h"
 #include "automation/text.h"
 #include "platform/native/sql/column_value.h"
 #include "platform/native/sql/odbc/odbc_date.h"
-#include "platform/native/sql/odbc/odbc_value.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
-#include <string>
 
 namespace korvex::native::sql {
 namespace {
@@ -23,112 +24,196 @@ std::size_t TerminatorOf(SQLSMALLINT cType) noexcept {
     return cType == SQL_C_CHAR ? 1 : 0;
 }
 
-struct Form {
-    SQLSMALLINT cType = 0;
-    std::size_t capacity = 0;  ///< 0: not bound
-};
-
-/// For a text of so many characters, most of which take one unit.
-Form TextForm(std::size_t characters, bool narrow) noexcept {
-    const std::size_t most = characters == 0 ? LongestBound : std::min(characters, LongestBound);
-    if (narrow) return {SQL_C_CHAR, most + TerminatorOf(SQL_C_CHAR)};
-    return {SQL_C_WCHAR, most * sizeof(char16_t) + TerminatorOf(SQL_C_WCHAR)};
+bool HasFixedSize(SQLSMALLINT cType) noexcept {
+    return cType != SQL_C_CHAR && cType != SQL_C_WCHAR && cType != SQL_C_BINARY;
 }
 
-Form FormOf(const ColumnInfo& column, bool narrow) noexcept {
+/// What values of a column are asked for as. A number, a date or a Boolean of a column that may hold anything
+/// is a text first.
+SQLSMALLINT CTypeOf(ColumnType type, const OdbcDialect& dialect) noexcept {
+    if (type == ColumnType::Single || type == ColumnType::Double) return SQL_C_DOUBLE;
+    if (IsBinary(type)) return SQL_C_BINARY;
+    const SQLSMALLINT text = dialect.narrowTexts ? SQL_C_CHAR : SQL_C_WCHAR;
+    if (dialect.dynamicTypes) return text;
+    switch (type) {
+        case ColumnType::TinyInt:
+        case ColumnType::SmallInt:
+        case ColumnType::Integer:
+        case ColumnType::BigInt:
+            return SQL_C_SBIGINT;
+        case ColumnType::Boolean:
+            return SQL_C_BIT;
+        case ColumnType::Date:
+            return SQL_C_TYPE_TIMESTAMP;
+        default:
+            return text;
+    }
+}
+
+/// The bytes that most values of a column take in that form; 0 when they are long.
+std::size_t CapacityOf(const ColumnInfo& column, SQLSMALLINT cType) noexcept {
+    if (cType == SQL_C_BIT) return sizeof(unsigned char);
+    if (cType == SQL_C_TYPE_TIMESTAMP) return sizeof(SQL_TIMESTAMP_STRUCT);
+    if (HasFixedSize(cType)) return sizeof(std::int64_t);
+    if (IsLong(column.type)) return 0;
+    const bool isNumber = column.type == ColumnType::Currency || column.type == ColumnType::Decimal;
+    const std::size_t declared = isNumber ? 64 : column.size;
+    const std::size_t units = declared == 0 ? LongestBound : std::min(declared, LongestBound);
+    const std::size_t terminator = TerminatorOf(cType);
+    return units * std::max<std::size_t>(terminator, 1) + terminator;
+}
+
+std::optional<std::int64_t> ParseInteger(std::string_view text) {
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+/// A number that came as text; what is no number stays text.
+Variant NumberFromText(const std::string& text, const ColumnInfo& column) {
+    const std::string_view trimmed = automation::Trim(text);
+    if (column.type == ColumnType::Currency) {
+        try {
+            return automation::ToCurrency(trimmed);
+        } catch (const automation::Error&) {
+            // More than a Currency holds is a number all the same.
+        }
+    }
+    if (const auto whole = ParseInteger(trimmed)) return FromInteger(*whole, column);
+    try {
+        return FromReal(automation::ParseNumber(trimmed), column);
+    } catch (const automation::Error&) {
+        return text;
+    }
+}
+
+Variant BooleanFromText(const std::string& text, const ColumnInfo& column) {
+    if (automation::EqualsIgnoreCase(text, "true") || automation::EqualsIgnoreCase(text, "t")) return true;
+    if (automation::EqualsIgnoreCase(text, "false") || automation::EqualsIgnoreCase(text, "f")) return false;
+    return NumberFromText(text, column);
+}
+
+Variant DateFromText(const std::string& text, const ColumnInfo& column) {
+    if (const auto number = ParseInteger(text)) return FromInteger(*number, column);
+    return FromText(text, column);
+}
+
+Variant ValueOfText(std::string text, const ColumnInfo& column) {
     switch (column.type) {
         case ColumnType::TinyInt:
         case ColumnType::SmallInt:
         case ColumnType::Integer:
         case ColumnType::BigInt:
-            return {SQL_C_SBIGINT, sizeof(std::int64_t)};
-        case ColumnType::Boolean:
-            return {SQL_C_BIT, sizeof(unsigned char)};
-        case ColumnType::Single:
-        case ColumnType::Double:
-            return {SQL_C_DOUBLE, sizeof(double)};
-        case ColumnType::Date:
-            return {SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)};
         case ColumnType::Currency:
         case ColumnType::Decimal:
-            return TextForm(64, narrow);
-        case ColumnType::Char:
-        case ColumnType::VarChar:
-        case ColumnType::Unknown:
-            return TextForm(column.size, narrow);
-        case ColumnType::Binary:
-            return {SQL_C_BINARY,
-                    column.size == 0 ? LongestBound : std::min<std::size_t>(column.size, LongestBound)};
-        case ColumnType::LongText:
-        case ColumnType::LongBinary:
-            break;
+            return NumberFromText(text, column);
+        case ColumnType::Boolean:
+            return BooleanFromText(text, column);
+        case ColumnType::Date:
+            return DateFromText(text, column);
+        default:
+            return text;
     }
-    return {};
+}
+
+template <class T>
+T Content(std::string_view data) noexcept {
+    T content{};
+    std::memcpy(&content, data.data(), sizeof content);
+    return content;
 }
 
 }  // namespace
 
-void OdbcColumn::Bind(const OdbcHandle& statement, const OdbcDialect& dialect) {
-    const Form form = FormOf(*m_info, dialect.narrowTexts);
-    if (form.capacity == 0) return;
-    m_cType = form.cType;
-    m_capacity = form.capacity;
+OdbcColumn::OdbcColumn(const OdbcHandle& statement, const OdbcDialect& dialect, SQLUSMALLINT index,
+                       const ColumnInfo& info)
+    : m_statement(statement),
+      m_dialect(dialect),
+      m_index(index),
+      m_info(&info),
+      m_cType(CTypeOf(info.type, dialect)),
+      m_capacity(CapacityOf(info, m_cType)) {}
+
+void OdbcColumn::Bind() {
+    if (m_capacity == 0) return;
     m_buffer = std::make_unique<std::byte[]>(m_capacity);
-    CheckOdbc(SQLBindCol(statement.Get(), m_index, m_cType, m_buffer.get(), static_cast<SQLLEN>(m_capacity),
+    CheckOdbc(SQLBindCol(m_statement.Get(), m_index, m_cType, m_buffer.get(), static_cast<SQLLEN>(m_capacity),
                          &m_length),
-              statement, dialect);
+              m_statement, m_dialect);
 }
 
-Variant OdbcColumn::Value(const OdbcHandle& statement, const OdbcDialect& dialect) {
-    if (IsBound() && !IsCutOff()) return BoundValue();
-    Read(statement, dialect);
+Variant OdbcColumn::Value() {
+    if (m_buffer != nullptr && !IsCutOff()) {
+        if (m_length == SQL_NULL_DATA) return Variant::Null();
+        return FromData({reinterpret_cast<const char*>(m_buffer.get()), static_cast<std::size_t>(m_length)});
+    }
+    Read();
     return *m_read;
 }
 
-void OdbcColumn::Read(const OdbcHandle& statement, const OdbcDialect& dialect) {
-    if (!m_read) m_read = OdbcValueReader(statement, dialect, m_index).Read(*m_info);
+void OdbcColumn::Read() {
+    if (m_read) return;
+    const std::optional<std::string> data = ReadData();
+    m_read = data ? FromData(*data) : Variant::Null();
 }
 
 bool OdbcColumn::IsCutOff() const noexcept {
-    const bool hasFixedSize = m_cType != SQL_C_CHAR && m_cType != SQL_C_WCHAR && m_cType != SQL_C_BINARY;
-    if (m_length == SQL_NULL_DATA || hasFixedSize) return false;
+    if (m_length == SQL_NULL_DATA || HasFixedSize(m_cType)) return false;
     return m_length < 0 || static_cast<std::size_t>(m_length) > m_capacity - TerminatorOf(m_cType);
 }
 
-template <class T>
-T OdbcColumn::Content() const noexcept {
-    T content{};
-    std::memcpy(&content, m_buffer.get(), sizeof content);
-    return content;
-}
-
-Variant OdbcColumn::BoundValue() const {
-    if (m_length == SQL_NULL_DATA) return Variant::Null();
-    const auto length = static_cast<std::size_t>(m_length);
-    switch (m_cType) {
-        case SQL_C_SBIGINT:
-            return FromInteger(Content<std::int64_t>(), *m_info);
-        case SQL_C_BIT:
-            return Content<unsigned char>() != 0;
-        case SQL_C_DOUBLE:
-            return FromReal(Content<double>(), *m_info);
-        case SQL_C_TYPE_TIMESTAMP:
-            return FromTimestamp(Content<SQL_TIMESTAMP_STRUCT>());
-        case SQL_C_BINARY: {
-            const auto* bytes = reinterpret_cast<const std::uint8_t*>(m_buffer.get());
-            return automation::Bytes(bytes, bytes + length);
+/// Reads long or short data in as few calls as its size allows; nothing for Null.
+std::optional<std::string> OdbcColumn::ReadData() const {
+    const bool isFixed = HasFixedSize(m_cType);
+    // Text ends in a zero, also in a part of it.
+    const std::size_t terminator = TerminatorOf(m_cType);
+    std::string data;
+    std::size_t room = isFixed ? m_capacity : 512 * std::max<std::size_t>(terminator, 1);
+    for (;;) {
+        const std::size_t start = data.size();
+        data.resize(start + room);
+        SQLLEN indicator = 0;
+        const SQLRETURN result = SQLGetData(m_statement.Get(), m_index, m_cType, data.data() + start,
+                                            static_cast<SQLLEN>(room), &indicator);
+        if (result == SQL_NO_DATA && !isFixed) {
+            data.resize(start);
+            return data;
         }
-        default: {
-            std::string text = Text(length);
-            const bool isNumber = m_info->type == ColumnType::Currency || m_info->type == ColumnType::Decimal;
-            return isNumber ? NumberFromText(text, *m_info) : Variant(std::move(text));
+        CheckOdbc(result, m_statement, m_dialect);
+        if (indicator == SQL_NULL_DATA) return std::nullopt;
+        if (isFixed) return data;
+        const bool sizeKnown = indicator >= 0;
+        const std::size_t left = sizeKnown ? static_cast<std::size_t>(indicator) : 0;
+        if (result == SQL_SUCCESS && sizeKnown) {
+            data.resize(start + std::min(left, room));
+            return data;
         }
+        // Cut off: what came fills the room but for the terminating zero.
+        data.resize(start + room - terminator);
+        room = sizeKnown && left > room - terminator ? left - (room - terminator) + terminator : room * 2;
     }
 }
 
-std::string OdbcColumn::Text(std::size_t length) const {
-    if (m_cType == SQL_C_CHAR) return {reinterpret_cast<const char*>(m_buffer.get()), length};
-    return automation::ToUtf8({reinterpret_cast<const char16_t*>(m_buffer.get()), length / sizeof(char16_t)});
+Variant OdbcColumn::FromData(std::string_view data) const {
+    switch (m_cType) {
+        case SQL_C_SBIGINT:
+            return FromInteger(Content<std::int64_t>(data), *m_info);
+        case SQL_C_BIT:
+            return Content<unsigned char>(data) != 0;
+        case SQL_C_DOUBLE:
+            return FromReal(Content<double>(data), *m_info);
+        case SQL_C_TYPE_TIMESTAMP:
+            return FromTimestamp(Content<SQL_TIMESTAMP_STRUCT>(data));
+        case SQL_C_BINARY:
+            return automation::Bytes(data.begin(), data.end());
+        case SQL_C_WCHAR:
+            return ValueOfText(automation::ToUtf8({reinterpret_cast<const char16_t*>(data.data()),
+                                                   data.size() / sizeof(char16_t)}),
+                               *m_info);
+        default:
+            return ValueOfText(std::string(data), *m_info);
+    }
 }
 
 }  // namespace korvex::native::sql

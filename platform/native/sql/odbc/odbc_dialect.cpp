@@ -6,8 +6,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
-#include <initializer_list>
+#include <iterator>
 
 namespace korvex::native::sql {
 namespace {
@@ -18,21 +17,21 @@ struct StateMeaning {
 };
 
 /// Whole states before their classes. The second spelling of some is that of ODBC 2 drivers.
-constexpr std::array StateMeanings = {
-    StateMeaning{"42S02", ErrorKind::NoSuchTable},   StateMeaning{"S0002", ErrorKind::NoSuchTable},
-    StateMeaning{"42P01", ErrorKind::NoSuchTable},   StateMeaning{"42S22", ErrorKind::NoSuchColumn},
-    StateMeaning{"S0022", ErrorKind::NoSuchColumn},  StateMeaning{"42703", ErrorKind::NoSuchColumn},
-    StateMeaning{"42S01", ErrorKind::TableExists},   StateMeaning{"S0001", ErrorKind::TableExists},
-    StateMeaning{"42P07", ErrorKind::TableExists},   StateMeaning{"42501", ErrorKind::NoRights},
-    StateMeaning{"28", ErrorKind::LoginRefused},     StateMeaning{"42000", ErrorKind::Syntax},
-    StateMeaning{"37000", ErrorKind::Syntax},        StateMeaning{"42601", ErrorKind::Syntax},
-    StateMeaning{"23505", ErrorKind::DuplicateKey},  StateMeaning{"23", ErrorKind::Constraint},
-    StateMeaning{"22001", ErrorKind::ValueTooLarge}, StateMeaning{"22003", ErrorKind::ValueTooLarge},
-    StateMeaning{"22", ErrorKind::WrongType},        StateMeaning{"25006", ErrorKind::ReadOnly},
-    StateMeaning{"40001", ErrorKind::Locked},        StateMeaning{"40P01", ErrorKind::Locked},
-    StateMeaning{"55P03", ErrorKind::Locked},        StateMeaning{"HYT00", ErrorKind::Locked},
-    StateMeaning{"53100", ErrorKind::DiskFull},      StateMeaning{"08", ErrorKind::ConnectionLost},
-    StateMeaning{"57P", ErrorKind::ConnectionLost},
+constexpr StateMeaning StateMeanings[] = {
+    {"42S02", ErrorKind::NoSuchTable},   {"S0002", ErrorKind::NoSuchTable},
+    {"42P01", ErrorKind::NoSuchTable},   {"42S22", ErrorKind::NoSuchColumn},
+    {"S0022", ErrorKind::NoSuchColumn},  {"42703", ErrorKind::NoSuchColumn},
+    {"42S01", ErrorKind::TableExists},   {"S0001", ErrorKind::TableExists},
+    {"42P07", ErrorKind::TableExists},   {"42501", ErrorKind::NoRights},
+    {"28", ErrorKind::LoginRefused},     {"42000", ErrorKind::Syntax},
+    {"37000", ErrorKind::Syntax},        {"42601", ErrorKind::Syntax},
+    {"23505", ErrorKind::DuplicateKey},  {"23", ErrorKind::Constraint},
+    {"22001", ErrorKind::ValueTooLarge}, {"22003", ErrorKind::ValueTooLarge},
+    {"22", ErrorKind::WrongType},        {"25006", ErrorKind::ReadOnly},
+    {"40001", ErrorKind::Locked},        {"40P01", ErrorKind::Locked},
+    {"55P03", ErrorKind::Locked},        {"HYT00", ErrorKind::Locked},
+    {"53100", ErrorKind::DiskFull},      {"08", ErrorKind::ConnectionLost},
+    {"57P", ErrorKind::ConnectionLost},
 };
 
 ErrorKind RefineSqlite(const OdbcDiagnosis& diagnosis) {
@@ -41,206 +40,178 @@ ErrorKind RefineSqlite(const OdbcDiagnosis& diagnosis) {
                                diagnosis.message);
 }
 
-ErrorKind RefineMariaDb(const OdbcDiagnosis& diagnosis) {
-    switch (diagnosis.nativeCode) {
-        case 1062:
-            return ErrorKind::DuplicateKey;
-        case 1146:
-            return ErrorKind::NoSuchTable;
-        case 1054:
-            return ErrorKind::NoSuchColumn;
-        case 1048:
-        case 1364:
-            return ErrorKind::Constraint;
-        case 1044:  // the database, for the user
-        case 1142:  // the table
-        case 1143:  // the column
-        case 1227:  // the operation
-        case 1370:  // the procedure
-            return ErrorKind::NoRights;
-        case 1045:
-            return ErrorKind::LoginRefused;
-        case 1927:
-        case 2006:
-        case 2013:
-        case 2055:
-        case 5013:  // reading
-        case 5014:  // writing
-            return ErrorKind::ConnectionLost;
-        case 1205:
-        case 1213:
-            return ErrorKind::Locked;
-        case 1264:
-        case 1406:
-            return ErrorKind::ValueTooLarge;
-        case 1366:
-            return ErrorKind::WrongType;
-        case 1290:
-        case 1792:
-            return ErrorKind::ReadOnly;
-        case 1021:
-            return ErrorKind::DiskFull;
-        default:
-            return ErrorKind::Other;
-    }
+struct CodeMeaning {
+    std::int32_t code;  ///< the engine's own
+    ErrorKind kind;
+};
+
+template <const auto& Meanings>
+ErrorKind Refine(const OdbcDiagnosis& diagnosis) {
+    const auto* meaning = std::ranges::find(Meanings, diagnosis.nativeCode, &CodeMeaning::code);
+    return meaning == std::end(Meanings) ? ErrorKind::Other : meaning->kind;
 }
 
-ErrorKind RefineSqlServer(const OdbcDiagnosis& diagnosis) {
-    switch (diagnosis.nativeCode) {
-        case 229:  // the object
-        case 230:  // the column
-        case 262:  // a statement, in the database
-        case 916:  // the database
-            return ErrorKind::NoRights;
-        case 18456:
-            return ErrorKind::LoginRefused;
-        case 2714:
-            return ErrorKind::TableExists;
-        default:
-            return ErrorKind::Other;
-    }
-}
+constexpr CodeMeaning MariaDbCodes[] = {
+    {1062, ErrorKind::DuplicateKey},
+    {1146, ErrorKind::NoSuchTable},
+    {1054, ErrorKind::NoSuchColumn},
+    {1048, ErrorKind::Constraint},
+    {1364, ErrorKind::Constraint},
+    {1045, ErrorKind::LoginRefused},
+    // To the database, the table, the column, the operation, the procedure.
+    {1044, ErrorKind::NoRights},
+    {1142, ErrorKind::NoRights},
+    {1143, ErrorKind::NoRights},
+    {1227, ErrorKind::NoRights},
+    {1370, ErrorKind::NoRights},
+    {1927, ErrorKind::ConnectionLost},
+    {2006, ErrorKind::ConnectionLost},
+    {2013, ErrorKind::ConnectionLost},
+    {2055, ErrorKind::ConnectionLost},
+    // While reading, while writing.
+    {5013, ErrorKind::ConnectionLost},
+    {5014, ErrorKind::ConnectionLost},
+    {1205, ErrorKind::Locked},
+    {1213, ErrorKind::Locked},
+    {1264, ErrorKind::ValueTooLarge},
+    {1406, ErrorKind::ValueTooLarge},
+    {1366, ErrorKind::WrongType},
+    {1290, ErrorKind::ReadOnly},
+    {1792, ErrorKind::ReadOnly},
+    {1021, ErrorKind::DiskFull},
+};
 
-ErrorKind RefineSybase(const OdbcDiagnosis& diagnosis) {
-    switch (diagnosis.nativeCode) {
-        case 10330:  // the object
-        case 10331:  // the column
-        case 916:    // the database
-            return ErrorKind::NoRights;
-        case 2714:
-            return ErrorKind::TableExists;
-        default:
-            return ErrorKind::Other;
-    }
-}
+constexpr CodeMeaning SqlServerCodes[] = {
+    // To the object, the column, a statement in the database, the database.
+    {229, ErrorKind::NoRights}, {230, ErrorKind::NoRights},       {262, ErrorKind::NoRights},
+    {916, ErrorKind::NoRights}, {18456, ErrorKind::LoginRefused}, {2714, ErrorKind::TableExists},
+};
 
-ErrorKind RefineOracle(const OdbcDiagnosis& diagnosis) {
-    switch (diagnosis.nativeCode) {
-        case 1031:
-            return ErrorKind::NoRights;
-        case 1017:
-            return ErrorKind::LoginRefused;
-        case 955:
-            return ErrorKind::TableExists;
-        default:
-            return ErrorKind::Other;
-    }
-}
+constexpr CodeMeaning SybaseCodes[] = {
+    // To the object, the column, the database.
+    {10330, ErrorKind::NoRights},
+    {10331, ErrorKind::NoRights},
+    {916, ErrorKind::NoRights},
+    {2714, ErrorKind::TableExists},
+};
+
+constexpr CodeMeaning OracleCodes[] = {
+    {1031, ErrorKind::NoRights},
+    {1017, ErrorKind::LoginRefused},
+    {955, ErrorKind::TableExists},
+};
 
 ErrorKind KindOf(const OdbcDiagnosis& diagnosis, const OdbcDialect& dialect) {
     if (dialect.refine != nullptr) {
         if (const ErrorKind kind = dialect.refine(diagnosis); kind != ErrorKind::Other) return kind;
     }
-    const auto meaning = std::ranges::find_if(
+    const auto* meaning = std::ranges::find_if(
         StateMeanings, [&](const StateMeaning& entry) { return diagnosis.state.starts_with(entry.state); });
-    return meaning == StateMeanings.end() ? ErrorKind::Other : meaning->kind;
+    return meaning == std::end(StateMeanings) ? ErrorKind::Other : meaning->kind;
 }
 
 OdbcDialect Sqlite() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::Query;
-    dialect.traits.newKeyQuery = "SELECT last_insert_rowid()";
-    dialect.traits.rowIdName = "rowid";
-    dialect.dynamicTypes = true;
-    dialect.calls.areNarrow = true;
-    dialect.traits.textsHoldNul = false;
-    dialect.traits.transactionOutlivesFailure = true;
-    dialect.refine = RefineSqlite;
-    dialect.traits.comparesLongValues = true;
-    return dialect;
+    return {.traits = {.newKey = NewKeySource::Query,
+                       .newKeyQuery = "SELECT last_insert_rowid()",
+                       .rowIdName = "rowid",
+                       .transactionOutlivesFailure = true,
+                       .textsHoldNul = false,
+                       .comparesLongValues = true},
+            .dynamicTypes = true,
+            .calls = {.areNarrow = true},
+            .refine = RefineSqlite};
 }
 
 OdbcDialect MariaDb() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::Returning;
-    dialect.traits.emptyInsert = "() VALUES ()";
-    dialect.traits.lexical.bracketNames = false;
-    dialect.traits.lexical.backslashEscapes = true;
-    dialect.traits.lexical.likeEscapes = true;
-    dialect.traits.lexical.liftsTexts = true;
-    dialect.traits.transactionOutlivesFailure = true;
-    dialect.refine = RefineMariaDb;
-    // Texts in another character set would lose what it does not hold; and a column that does not hold a
-    // value must refuse it, whatever the server is set to. Oracle's language comes with a mode of its own.
-    dialect.firstStatement =
-        "SET character_set_client = utf8mb4, character_set_results = utf8mb4, collation_connection = "
-        "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci'), "
-        "sql_mode = IF(FIND_IN_SET('ORACLE', @@sql_mode), @@sql_mode, "
-        "CONCAT_WS(',', NULLIF(@@sql_mode, ''), 'STRICT_TRANS_TABLES'))";
-    dialect.narrowTexts = true;
-    dialect.preparesLate = true;
-    dialect.traits.comparesLongValues = true;
-    return dialect;
+    return {.traits = {.newKey = NewKeySource::Returning,
+                       .emptyInsert = "() VALUES ()",
+                       .transactionOutlivesFailure = true,
+                       .comparesLongValues = true,
+                       .lexical = {.bracketNames = false,
+                                   .backslashEscapes = true,
+                                   .likeEscapes = true,
+                                   .liftsTexts = true}},
+            // Texts in another character set would lose what it does not hold; and a column that does not
+            // hold a value must refuse it, whatever the server is set to. Oracle's language comes with a mode
+            // of its own.
+            .firstStatement =
+                "SET character_set_client = utf8mb4, character_set_results = utf8mb4, collation_connection = "
+                "IF(@@character_set_connection = 'utf8mb4', @@collation_connection, 'utf8mb4_general_ci'), "
+                "sql_mode = IF(FIND_IN_SET('ORACLE', @@sql_mode), @@sql_mode, "
+                "CONCAT_WS(',', NULLIF(@@sql_mode, ''), 'STRICT_TRANS_TABLES'))",
+            .narrowTexts = true,
+            .preparesLate = true,
+            .refine = Refine<MariaDbCodes>};
 }
 
 OdbcDialect PostgreSql() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::Returning;
-    dialect.traits.lexical.bracketNames = false;
-    dialect.traits.lexical.dollarQuotes = true;
-    dialect.traits.lexical.likeEscapes = true;
-    dialect.traits.lexical.liftsTexts = true;
-    dialect.traits.comparesLongValues = true;
-    dialect.traits.lexical.exactLike = true;
-    dialect.traits.textsHoldNul = false;
-    // An updated row is stored anew, behind the others.
-    dialect.rowOrderColumn = "ctid";
-    dialect.preparesLate = true;
-    dialect.keysQuery =
-        "SELECT n.nspname, c.relname, a.attname FROM pg_class c LEFT JOIN pg_index i ON i.indrelid = c.oid "
-        "AND i.indisprimary "
-        "LEFT JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = ANY(i.indkey) "
-        "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE c.relkind IN ('r', 'p') AND "
-        "pg_table_is_visible(c.oid) AND n.nspname NOT IN ('pg_catalog', 'information_schema') "
-        "ORDER BY c.oid, a.attnum";
-    // The driver sets a savepoint before each statement.
-    dialect.traits.transactionOutlivesFailure = true;
-    return dialect;
+    return {
+        .traits = {.newKey = NewKeySource::Returning,
+                   .transactionOutlivesFailure = true,  // the driver sets a savepoint before each statement
+                   .textsHoldNul = false,
+                   .comparesLongValues = true,
+                   .lexical = {.bracketNames = false,
+                               .dollarQuotes = true,
+                               .likeEscapes = true,
+                               .exactLike = true,
+                               .liftsTexts = true}},
+        .rowOrderColumn = "ctid",  // an updated row is stored anew, behind the others
+        .preparesLate = true,
+        .keysQuery =
+            "SELECT n.nspname, c.relname, a.attname FROM pg_class c LEFT JOIN pg_index i ON i.indrelid = c.oid "
+            "AND i.indisprimary "
+            "LEFT JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = ANY(i.indkey) "
+            "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE c.relkind IN ('r', 'p') AND "
+            "pg_table_is_visible(c.oid) AND n.nspname NOT IN ('pg_catalog', 'information_schema') "
+            "ORDER BY c.oid, a.attnum"};
 }
 
 OdbcDialect SqlServer() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::SameBatch;
-    dialect.traits.newKeyQuery = "SELECT SCOPE_IDENTITY()";
-    dialect.refine = RefineSqlServer;
-    return dialect;
+    return {.traits = {.newKey = NewKeySource::SameBatch, .newKeyQuery = "SELECT SCOPE_IDENTITY()"},
+            .refine = Refine<SqlServerCodes>};
 }
 
 OdbcDialect Sybase() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::SameBatch;
-    dialect.traits.newKeyQuery = "SELECT @@IDENTITY";
-    dialect.refine = RefineSybase;
-    return dialect;
+    return {.traits = {.newKey = NewKeySource::SameBatch, .newKeyQuery = "SELECT @@IDENTITY"},
+            .refine = Refine<SybaseCodes>};
 }
 
 /// Keys are drawn by a trigger from the sequence "SEQ_" with the table's name, as the generated scripts have
 /// it.
 OdbcDialect Oracle() {
-    OdbcDialect dialect;
-    dialect.traits.newKey = NewKeySource::Sequence;
-    dialect.traits.newKeyQuery = "SELECT {sequence}.CURRVAL FROM DUAL";
-    dialect.traits.sequencePrefix = "SEQ_";
-    dialect.refine = RefineOracle;
-    dialect.traits.lexical.bracketNames = false;
-    return dialect;
+    return {.traits = {.newKey = NewKeySource::Sequence,
+                       .newKeyQuery = "SELECT {sequence}.CURRVAL FROM DUAL",
+                       .sequencePrefix = "SEQ_",
+                       .lexical = {.bracketNames = false}},
+            .refine = Refine<OracleCodes>};
 }
+
+struct Engine {
+    std::string_view name;  ///< a part of what the engine calls itself
+    OdbcDialect (*dialect)();
+};
+
+/// The first one that fits counts.
+constexpr Engine Engines[] = {
+    {"sqlite", Sqlite},
+    {"mariadb", MariaDb},
+    {"mysql", MariaDb},
+    {"postgresql", PostgreSql},
+    {"microsoft sql server", SqlServer},
+    {"adaptive server", Sybase},
+    {"sybase", Sybase},
+    {"sql anywhere", Sybase},
+    {"sql server", Sybase},
+    {"oracle", Oracle},
+};
 
 }  // namespace
 
 OdbcDialect DialectOf(std::string_view engineName) {
-    using automation::ContainsIgnoreCase;
-    const auto isAnyOf = [engineName](std::initializer_list<std::string_view> names) {
-        return std::ranges::any_of(
-            names, [engineName](std::string_view name) { return ContainsIgnoreCase(engineName, name); });
-    };
-    if (isAnyOf({"sqlite"})) return Sqlite();
-    if (isAnyOf({"mariadb", "mysql"})) return MariaDb();
-    if (isAnyOf({"postgresql"})) return PostgreSql();
-    if (isAnyOf({"microsoft sql server"})) return SqlServer();
-    if (isAnyOf({"adaptive server", "sybase", "sql anywhere", "sql server"})) return Sybase();
-    if (isAnyOf({"oracle"})) return Oracle();
-    return {};
+    const auto* engine = std::ranges::find_if(Engines, [engineName](const Engine& known) {
+        return automation::ContainsIgnoreCase(engineName, known.name);
+    });
+    return engine == std::end(Engines) ? OdbcDialect() : engine->dialect();
 }
 
 void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {

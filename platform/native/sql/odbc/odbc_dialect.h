@@ -12,9 +12,9 @@ namespace korvex::native::sql {
 
 /// What differs between the engines behind ODBC.
 struct OdbcDialect {
-    EngineTraits traits;
+    EngineTraits traits = {};
     /// The connection string as messages show it, without its password.
-    std::string source;
+    std::string source = {};
     /// Columns hold values of any type: the declared type's name decides, numbers are read as text first, and
     /// a sole key declared INTEGER is numbered by the engine although the driver does not say so.
     bool dynamicTypes = false;
@@ -24,9 +24,9 @@ struct OdbcDialect {
     bool bindsColumns = false;
     /// Rows come in any order unless the statement asks for one: they are asked for by key, or in tables
     /// without a key by this hidden column. Empty where they come in the order of the key of themselves.
-    std::string rowOrderColumn;
+    std::string rowOrderColumn = {};
     /// Sent once behind the connect, whatever the connection string says; empty for nothing.
-    std::string firstStatement;
+    std::string firstStatement = {};
     /// Narrow text passes as UTF-8, which spares the driver much work: texts go so.
     bool narrowTexts = false;
     /// Preparing costs an answer of the server: a text goes with its values when it is used for the first
@@ -35,8 +35,8 @@ struct OdbcDialect {
     /// A query for the columns of the primary keys of all tables that are found by their name alone: schema,
     /// table, column (Null for a table without a key), in the order of the columns. Empty: each table is
     /// asked for by the driver's own function.
-    std::string keysQuery;
-    OdbcCalls calls;
+    std::string keysQuery = {};
+    OdbcCalls calls = {};
     /// What the engine's own codes and texts say beyond the standard SQLSTATE; null when they add nothing.
     ErrorKind (*refine)(const OdbcDiagnosis& diagnosis) = nullptr;
 };

@@ -35,32 +35,24 @@ void Keep(Text& buffer, std::basic_string_view<typename Text::value_type> value)
 
 bool IsLongColumn(const ColumnInfo* column) noexcept { return column != nullptr && IsLong(column->type); }
 
-SQLSMALLINT NullType(const ColumnInfo* column) noexcept {
-    if (column == nullptr) return SQL_VARCHAR;
-    switch (column->type) {
-        case ColumnType::Boolean:
-            return SQL_BIT;
-        case ColumnType::TinyInt:
-        case ColumnType::SmallInt:
-        case ColumnType::Integer:
-            return SQL_INTEGER;
-        case ColumnType::BigInt:
-            return SQL_BIGINT;
-        case ColumnType::Single:
-        case ColumnType::Double:
-            return SQL_DOUBLE;
-        case ColumnType::Currency:
-        case ColumnType::Decimal:
-            return SQL_DECIMAL;
-        case ColumnType::Date:
-            return SQL_TYPE_TIMESTAMP;
-        case ColumnType::Binary:
-            return SQL_VARBINARY;
-        case ColumnType::LongBinary:
-            return SQL_LONGVARBINARY;
-        default:
-            return SQL_VARCHAR;
-    }
+struct NullType {
+    ColumnType column;
+    SQLSMALLINT sql;
+};
+
+constexpr NullType NullTypes[] = {
+    {ColumnType::Boolean, SQL_BIT},      {ColumnType::TinyInt, SQL_INTEGER},
+    {ColumnType::SmallInt, SQL_INTEGER}, {ColumnType::Integer, SQL_INTEGER},
+    {ColumnType::BigInt, SQL_BIGINT},    {ColumnType::Single, SQL_DOUBLE},
+    {ColumnType::Double, SQL_DOUBLE},    {ColumnType::Currency, SQL_DECIMAL},
+    {ColumnType::Decimal, SQL_DECIMAL},  {ColumnType::Date, SQL_TYPE_TIMESTAMP},
+    {ColumnType::Binary, SQL_VARBINARY}, {ColumnType::LongBinary, SQL_LONGVARBINARY},
+};
+
+SQLSMALLINT NullTypeFor(const ColumnInfo* column) noexcept {
+    const auto* known = column == nullptr ? std::end(NullTypes)
+                                          : std::ranges::find(NullTypes, column->type, &NullType::column);
+    return known == std::end(NullTypes) ? SQLSMALLINT{SQL_VARCHAR} : known->sql;
 }
 
 }  // namespace
@@ -116,7 +108,7 @@ void OdbcParameter::AssignNull(const ColumnInfo* column) {
         m_form = *m_bound;
         m_length = SQL_NULL_DATA;
     } else {
-        Describe(SQL_C_CHAR, NullType(column), nullptr, SQL_NULL_DATA, 1);
+        Describe(SQL_C_CHAR, NullTypeFor(column), nullptr, SQL_NULL_DATA, 1);
     }
 }
 

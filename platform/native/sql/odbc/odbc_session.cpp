@@ -33,7 +33,7 @@ OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam
         OdbcStatement(m_connection, m_dialect, m_dialect.firstStatement, StatementVerb::Definition).Execute();
     }
     if (const std::string quote = Info(SQL_IDENTIFIER_QUOTE_CHAR); !quote.empty() && quote != " ") {
-        m_traits.quoteOpen = m_traits.quoteClose = quote;
+        m_traits.quote = quote;
     }
 }
 
@@ -183,18 +183,13 @@ TableInfo OdbcSession::DoDescribeTable(const TableName& name, const RowShape& sh
     std::unique_ptr<OdbcStatement> statement;
     const RowShape* shape = &shown;
     if (!shown.isWholeTable) {
-        std::string text = "SELECT * FROM ";
-        for (const std::string* part : {&name.catalog, &name.schema}) {
-            if (!part->empty()) text += m_traits.Quote(*part) + ".";
-        }
-        text += m_traits.Quote(name.table);
+        const std::string text = "SELECT * FROM " + m_traits.QuoteBeside(name, name.table);
         statement = std::make_unique<OdbcStatement>(m_connection, m_dialect, text, StatementVerb::Select);
         shape = statement->Shape().get();
     }
     TableInfo table{.name = name, .columns = {}};
     for (const ColumnInfo& column : shape->columns) {
-        table.columns.push_back(
-            {.name = column.name, .autoNumber = column.autoNumber, .nullable = column.nullable});
+        table.columns.push_back({.name = column.name, .autoNumber = column.autoNumber});
     }
     MarkKeyColumns(table);
     MarkNumberedKey(table, *shape);

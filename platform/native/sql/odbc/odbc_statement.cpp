@@ -9,47 +9,40 @@
 namespace korvex::native::sql {
 namespace {
 
-ColumnType TypeOf(SQLSMALLINT sqlType) noexcept {
-    switch (sqlType) {
-        case SQL_BIT:
-            return ColumnType::Boolean;
-        case SQL_TINYINT:
-            return ColumnType::TinyInt;
-        case SQL_SMALLINT:
-            return ColumnType::SmallInt;
-        case SQL_INTEGER:
-            return ColumnType::Integer;
-        case SQL_BIGINT:
-            return ColumnType::BigInt;
-        case SQL_REAL:
-            return ColumnType::Single;
-        case SQL_FLOAT:
-        case SQL_DOUBLE:
-            return ColumnType::Double;
-        case SQL_NUMERIC:
-        case SQL_DECIMAL:
-            return ColumnType::Decimal;
-        case SQL_DATE:
-        case SQL_TIME:
-        case SQL_TIMESTAMP:
-        case SQL_TYPE_DATE:
-        case SQL_TYPE_TIME:
-        case SQL_TYPE_TIMESTAMP:
-            return ColumnType::Date;
-        case SQL_CHAR:
-        case SQL_WCHAR:
-            return ColumnType::Char;
-        case SQL_LONGVARCHAR:
-        case SQL_WLONGVARCHAR:
-            return ColumnType::LongText;
-        case SQL_BINARY:
-        case SQL_VARBINARY:
-            return ColumnType::Binary;
-        case SQL_LONGVARBINARY:
-            return ColumnType::LongBinary;
-        default:
-            return ColumnType::VarChar;
-    }
+struct SqlType {
+    SQLSMALLINT code;
+    ColumnType type;
+};
+
+constexpr SqlType SqlTypes[] = {
+    {SQL_BIT, ColumnType::Boolean},
+    {SQL_TINYINT, ColumnType::TinyInt},
+    {SQL_SMALLINT, ColumnType::SmallInt},
+    {SQL_INTEGER, ColumnType::Integer},
+    {SQL_BIGINT, ColumnType::BigInt},
+    {SQL_REAL, ColumnType::Single},
+    {SQL_FLOAT, ColumnType::Double},
+    {SQL_DOUBLE, ColumnType::Double},
+    {SQL_NUMERIC, ColumnType::Decimal},
+    {SQL_DECIMAL, ColumnType::Decimal},
+    {SQL_DATE, ColumnType::Date},
+    {SQL_TYPE_DATE, ColumnType::Date},
+    {SQL_TIME, ColumnType::Date},
+    {SQL_TYPE_TIME, ColumnType::Date},
+    {SQL_TIMESTAMP, ColumnType::Date},
+    {SQL_TYPE_TIMESTAMP, ColumnType::Date},
+    {SQL_CHAR, ColumnType::Char},
+    {SQL_WCHAR, ColumnType::Char},
+    {SQL_LONGVARCHAR, ColumnType::LongText},
+    {SQL_WLONGVARCHAR, ColumnType::LongText},
+    {SQL_BINARY, ColumnType::Binary},
+    {SQL_VARBINARY, ColumnType::Binary},
+    {SQL_LONGVARBINARY, ColumnType::LongBinary},
+};
+
+ColumnType TypeOf(SQLSMALLINT code) noexcept {
+    const auto* found = std::ranges::find(SqlTypes, code, &SqlType::code);
+    return found == std::end(SqlTypes) ? ColumnType::VarChar : found->type;
 }
 
 /// Sizes beyond this are a driver's way to say that there is no limit.
@@ -121,8 +114,9 @@ void OdbcStatement::TakeShape(std::shared_ptr<const RowShape> shape) {
     m_columns.clear();
     m_columns.reserve(m_shape->columns.size());
     for (const ColumnInfo& column : m_shape->columns) {
-        m_columns.emplace_back(static_cast<SQLUSMALLINT>(m_columns.size() + 1), column);
-        if (m_dialect.bindsColumns) m_columns.back().Bind(m_statement, m_dialect);
+        const auto index = static_cast<SQLUSMALLINT>(m_columns.size() + 1);
+        m_columns.emplace_back(m_statement, m_dialect, index, column);
+        if (m_dialect.bindsColumns) m_columns.back().Bind();
     }
 }
 
@@ -248,7 +242,7 @@ bool OdbcStatement::Fetch() {
     Check(result);
     for (OdbcColumn& column : m_columns) {
         column.StartRow();
-        if (!m_dialect.bindsColumns) column.Read(m_statement, m_dialect);
+        if (!m_dialect.bindsColumns) column.Read();
     }
     return true;
 }

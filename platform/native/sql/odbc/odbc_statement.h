@@ -26,9 +26,7 @@ class OdbcStatement final : public Statement {
     void Bind(std::size_t index, const automation::Variant& value, const ColumnInfo* column) override;
     void Execute() override;
     bool Fetch() override;
-    automation::Variant Value(std::size_t column) override {
-        return m_columns[column].Value(m_statement, m_dialect);
-    }
+    automation::Variant Value(std::size_t column) override { return m_columns[column].Value(); }
     std::int64_t AffectedRows() const noexcept override { return m_affectedRows; }
     void Reset() noexcept override;
 

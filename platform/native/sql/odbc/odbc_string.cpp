@@ -38,6 +38,11 @@ std::optional<std::string> IniValue(const std::string& section, const std::strin
 
 }  // namespace
 
+void AddOdbcSetting(std::string& text, std::string_view setting) {
+    if (!text.empty() && text.back() != ';') text += ';';
+    text += setting;
+}
+
 OdbcString::OdbcString(std::string_view text) : m_text(text) {
     while (EqualsIgnoreCase(std::string_view(m_text).substr(0, DaoPrefix.size()), DaoPrefix))
         m_text.erase(0, DaoPrefix.size());
@@ -58,10 +63,6 @@ OdbcString::OdbcString(std::string_view text) : m_text(text) {
 
 std::string OdbcString::WithNeededSettings() const {
     std::string text = m_text;
-    const auto add = [&text](const std::string& setting) {
-        if (!text.empty() && text.back() != ';') text += ';';
-        text += setting;
-    };
     const std::string driver = Driver();
     const auto isDriver = [&driver](std::string_view name) {
         return automation::ContainsIgnoreCase(driver, name);
@@ -75,10 +76,10 @@ std::string OdbcString::WithNeededSettings() const {
             options |= given;
         }
         // Of a setting that stands there twice the driver takes the last one.
-        add("OPTION=" + std::to_string(options | FoundRows) + ";CHARSET=utf8mb4");
+        AddOdbcSetting(text, "OPTION=" + std::to_string(options | FoundRows) + ";CHARSET=utf8mb4");
     } else if ((isDriver("postgresql") || isDriver("psqlodbc")) && !Setting("UseServerSidePrepare") &&
                !Setting("C8")) {
-        add("UseServerSidePrepare=0");
+        AddOdbcSetting(text, "UseServerSidePrepare=0");
     }
     return text;
 }

@@ -7,6 +7,9 @@
 
 namespace korvex::native::sql {
 
+/// Puts "key=value" behind a connection string.
+void AddOdbcSetting(std::string& text, std::string_view setting);
+
 /// A connection string as SQLDriverConnect takes it: "key=value" between semicolons, a value that holds a
 /// semicolon in braces.
 class OdbcString {

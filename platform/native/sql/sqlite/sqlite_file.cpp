@@ -21,21 +21,6 @@ constexpr std::string_view DatabaseHeader{"SQLite format 3\0", 16};
 constexpr std::size_t DesktopHeaderAt = 4;
 constexpr std::array<std::string_view, 2> DesktopHeaders = {"Standard Jet DB", "Standard ACE DB"};
 
-class File {
-  public:
-    File(const std::string& path, int flags, mode_t mode = 0)
-        : m_handle(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() {
-        if (m_handle >= 0) ::close(m_handle);
-    }
-    int Handle() const noexcept { return m_handle; }
-
-  private:
-    int m_handle;
-};
-
 [[noreturn]] void RaiseSystemError(const std::string& path, int error) {
     const ErrorKind kind =
         error == ENOENT || error == ENOTDIR ? ErrorKind::FileNotFound : ErrorKind::CannotOpen;
@@ -106,9 +91,12 @@ bool IsFileFree(const std::string& path) noexcept {
 
 bool MakeDatabaseFile(const std::string& path) {
     constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
-    const File file(path, O_RDWR | O_CREAT | O_EXCL, mode);
-    if (file.Handle() >= 0) return true;
+    const int handle = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     const int failure = errno;
+    if (handle >= 0) {
+        ::close(handle);
+        return true;
+    }
     struct stat status {};
     if (failure == EEXIST && ::stat(path.c_str(), &status) == 0 && IsEmptyFile(status)) return false;
     throw EngineError(ErrorKind::CannotOpen, failure, std::generic_category().message(failure) + ": " + path);

@@ -14,13 +14,11 @@ namespace korvex::native::sql {
 namespace {
 
 EngineTraits SqliteTraits() {
-    EngineTraits traits;
-    traits.newKey = NewKeySource::LastRowId;
-    traits.rowIdName = "rowid";
-    traits.transactionOutlivesFailure = true;
-    traits.comparesLongValues = true;
-    traits.lexical.liftsTexts = true;
-    return traits;
+    return {.newKey = NewKeySource::LastRowId,
+            .rowIdName = "rowid",
+            .transactionOutlivesFailure = true,
+            .comparesLongValues = true,
+            .lexical = {.liftsTexts = true}};
 }
 
 /// Removes a file that was made for a new database, unless the database came to be.
@@ -155,7 +153,7 @@ void SqliteSession::DoRollback() {
 
 TableInfo SqliteSession::DoDescribeTable(const TableName& name, const RowShape& /*shown*/) {
     SqliteStatement query(m_database.get(), m_shapes,
-                          "SELECT name, \"notnull\", pk FROM pragma_table_xinfo(?, ?) WHERE hidden <> 1");
+                          "SELECT name, pk FROM pragma_table_xinfo(?, ?) WHERE hidden <> 1");
     const automation::Variant table = name.table;
     const automation::Variant schema = name.schema.empty() ? "main" : name.schema;
     query.Bind(0, table, nullptr);
@@ -166,8 +164,7 @@ TableInfo SqliteSession::DoDescribeTable(const TableName& name, const RowShape& 
     while (query.Fetch()) {
         TableColumn& column = info.columns.emplace_back();
         column.name = automation::ToString(query.Value(0));
-        column.nullable = automation::ToLong(query.Value(1)) == 0;
-        column.key = automation::ToLong(query.Value(2)) > 0;
+        column.key = automation::ToLong(query.Value(1)) > 0;
         if (column.key) ++keyColumns;
     }
     if (keyColumns == 1) MarkNumberedColumn(info);
@@ -186,8 +183,7 @@ std::vector<std::string> SqliteSession::DoListTables() {
 
 /// The engine numbers the key that is its row number: asked for that, it names the key column.
 void SqliteSession::MarkNumberedColumn(TableInfo& table) {
-    const std::string from = m_traits.Quote(table.name.schema.empty() ? "main" : table.name.schema) + "." +
-                             m_traits.Quote(table.name.table);
+    const std::string from = m_traits.QuoteBeside(table.name, table.name.table);
     try {
         SqliteStatement query(m_database.get(), m_shapes, "SELECT " + m_traits.rowIdName + " FROM " + from);
         const std::string& origin = query.Shape()->columns.front().baseColumn;
