@@ -1,4 +1,4 @@
-#include "platform/native/native_desktop.h"
+#include "platform/native/native_platform.h"
 
 #include <iostream>
 #include <string>
@@ -6,21 +6,26 @@
 namespace korvex::native {
 namespace {
 
-/// In one piece, so that it stays together when several threads report.
-void Report(std::string line) {
-    line += '\n';
-    std::cerr.write(line.data(), static_cast<std::streamsize>(line.size()));
-    std::cerr.flush();
-}
+class ReportingDesktop final : public platform::Desktop {
+  public:
+    void ShowMessage(std::string_view text, std::int32_t, std::string_view title) override {
+        std::string line(title);
+        if (!line.empty()) line += ": ";
+        Report(line.append(text));
+    }
+    void OpenEditor(std::string_view path) override { Report(std::string(path)); }
+
+  private:
+    /// In one piece, so that it stays together when several threads report.
+    static void Report(std::string line) {
+        line += '\n';
+        std::cerr.write(line.data(), static_cast<std::streamsize>(line.size()));
+        std::cerr.flush();
+    }
+};
 
 }  // namespace
 
-void NativeDesktop::ShowMessage(std::string_view text, std::int32_t, std::string_view title) {
-    std::string line(title);
-    if (!line.empty()) line += ": ";
-    Report(line.append(text));
-}
-
-void NativeDesktop::OpenEditor(std::string_view path) { Report(std::string(path)); }
+std::shared_ptr<platform::Desktop> NativeDesktop() { return std::make_shared<ReportingDesktop>(); }
 
 }  // namespace korvex::native

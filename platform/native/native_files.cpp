@@ -1,6 +1,5 @@
-#include "platform/native/native_files.h"
-
 #include "automation/error.h"
+#include "platform/native/native_platform.h"
 #include "platform/replace_file.h"
 
 #include <cerrno>
@@ -227,30 +226,37 @@ auto WithFileErrors(std::string_view path, Work work) {
     }
 }
 
+class FileSystem final : public platform::Files {
+  public:
+    void WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) override {
+        const std::string target = WithFileErrors(path, [&] { return RealTarget(std::string(path)); });
+        const auto with = [&](auto write) {
+            return [&, write] { return WithFileErrors(path, [&] { return write(target, text, lineEnd); }); };
+        };
+        if (IsSpecial(target)) {
+            with(WriteDevice)();
+        } else {
+            platform::ReplaceOrOverwrite(with(ReplaceFile), with(OverwriteFile));
+        }
+    }
+
+    std::string LibraryFolder() override {
+        Dl_info info{};
+        // Any function of this library tells where the library is.
+        if (::dladdr(reinterpret_cast<const void*>(&SyncFolder), &info) == 0 || info.dli_fname == nullptr)
+            return ".";
+        // Linked into a program, this is the name the program was called by, which may lack its folder.
+        const std::string name = info.dli_fname;
+        const std::string file = RealTarget(name.find('/') == std::string::npos ? "/proc/self/exe" : name);
+        const std::size_t slash = file.rfind('/');
+        return slash == std::string::npos ? "." : file.substr(0, slash);
+    }
+
+    char Separator() const noexcept override { return '/'; }
+};
+
 }  // namespace
 
-void NativeFiles::WriteText(std::string_view path, std::string_view text, std::string_view lineEnd) {
-    const std::string target = WithFileErrors(path, [&] { return RealTarget(std::string(path)); });
-    const auto with = [&](auto write) {
-        return [&, write] { return WithFileErrors(path, [&] { return write(target, text, lineEnd); }); };
-    };
-    if (IsSpecial(target)) {
-        with(WriteDevice)();
-    } else {
-        platform::ReplaceOrOverwrite(with(ReplaceFile), with(OverwriteFile));
-    }
-}
-
-std::string NativeFiles::LibraryFolder() {
-    Dl_info info{};
-    // Any function of this library tells where the library is.
-    if (::dladdr(reinterpret_cast<const void*>(&SyncFolder), &info) == 0 || info.dli_fname == nullptr)
-        return ".";
-    // Linked into a program, this is the name the program was called by, which may lack its folder.
-    const std::string name = info.dli_fname;
-    const std::string file = RealTarget(name.find('/') == std::string::npos ? "/proc/self/exe" : name);
-    const std::size_t slash = file.rfind('/');
-    return slash == std::string::npos ? "." : file.substr(0, slash);
-}
+std::shared_ptr<platform::Files> NativeFiles() { return std::make_shared<FileSystem>(); }
 
 }  // namespace korvex::native

@@ -16,4 +16,9 @@ struct NativeOptions {
 /// desktop.
 Platform NativePlatform(const NativeOptions& options = {});
 
+/// Where there is no desktop: messages and the paths of files to look at go to standard error.
+std::shared_ptr<platform::Desktop> NativeDesktop();
+/// Text files in UTF-8.
+std::shared_ptr<platform::Files> NativeFiles();
+
 }  // namespace korvex::native

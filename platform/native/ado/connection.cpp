@@ -1,8 +1,8 @@
 #include "platform/native/ado/connection.h"
 
-#include "platform/native/ado/errors.h"
 #include "platform/native/ado/recordset.h"
 #include "platform/native/ado/target.h"
+#include "platform/native/sql/port_error.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,7 +12,18 @@ namespace korvex::native::ado_engine {
 
 namespace {
 
-constexpr auto NoContext = [] { return std::string_view(); };
+class NativeProvider final : public ado::Provider {
+  public:
+    explicit NativeProvider(std::shared_ptr<sql::Seam> seam) : m_seam(std::move(seam)) {}
+
+    std::shared_ptr<ado::Connection> CreateConnection() override {
+        return std::make_shared<NativeConnection>(m_seam);
+    }
+    std::shared_ptr<ado::Recordset> CreateRecordset() override { return std::make_shared<NativeRecordset>(); }
+
+  private:
+    std::shared_ptr<sql::Seam> m_seam;
+};
 
 }  // namespace
 
@@ -57,18 +68,18 @@ std::int32_t NativeConnection::BeginTrans() {
         throw automation::Error(ado::XactEExists,
                                 "A transaction is active on this connection; transactions do not nest.");
     }
-    WithAdoErrors([this] { m_session->Begin(); }, NoContext);
+    WithErrors<AdoError>({}, [this] { m_session->Begin(); });
     return 1;
 }
 
 void NativeConnection::CommitTrans() {
     sql::Session& session = SessionInTransaction();
-    WithAdoErrors([&session] { session.Commit(); }, NoContext);
+    WithErrors<AdoError>({}, [&session] { session.Commit(); });
 }
 
 void NativeConnection::RollbackTrans() {
     sql::Session& session = SessionInTransaction();
-    WithAdoErrors([&session] { session.Rollback(); }, NoContext);
+    WithErrors<AdoError>({}, [&session] { session.Rollback(); });
 }
 
 sql::Session& NativeConnection::Session() const {
@@ -81,6 +92,10 @@ sql::Session& NativeConnection::SessionInTransaction() const {
         throw automation::Error(ado::XactENoTransaction, "No transaction is active on this connection.");
     }
     return *m_session;
+}
+
+std::shared_ptr<ado::Provider> CreateAdoProvider(std::shared_ptr<sql::Seam> seam) {
+    return std::make_shared<NativeProvider>(std::move(seam));
 }
 
 }  // namespace korvex::native::ado_engine

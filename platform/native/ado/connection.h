@@ -37,4 +37,8 @@ class NativeConnection final : public ado::Connection, public ado::BoundQueries 
     std::unique_ptr<sql::Session> m_session;
 };
 
+/// The target-database engine of the native build. Every engine call of its connections passes `seam`, if
+/// any.
+std::shared_ptr<ado::Provider> CreateAdoProvider(std::shared_ptr<sql::Seam> seam);
+
 }  // namespace korvex::native::ado_engine

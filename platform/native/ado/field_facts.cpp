@@ -15,10 +15,28 @@ using sql::ColumnType;
 
 constexpr std::int32_t NoLimit = std::numeric_limits<std::int32_t>::max();
 
-/// Sizes that OLE DB gives the structures in which it hands these types over.
-constexpr std::int32_t NumericBytes = 19;
-constexpr std::int32_t TimeStampBytes = 16;
-constexpr std::int32_t VariantBytes = 16;
+struct TypeFacts {
+    ColumnType column;
+    ado::DataType field;
+    std::int32_t size;  ///< DefinedSize; 0 where the column declares it
+};
+
+/// In the order of ColumnType. The sizes of Decimal, Date and Unknown are those of the structures in which
+/// OLE DB hands them over.
+constexpr TypeFacts Facts[] = {
+    {ColumnType::Unknown, ado::adVariant, 16},        {ColumnType::Boolean, ado::adBoolean, 2},
+    {ColumnType::TinyInt, ado::adUnsignedTinyInt, 1}, {ColumnType::SmallInt, ado::adSmallInt, 2},
+    {ColumnType::Integer, ado::adInteger, 4},         {ColumnType::BigInt, ado::adBigInt, 8},
+    {ColumnType::Single, ado::adSingle, 4},           {ColumnType::Double, ado::adDouble, 8},
+    {ColumnType::Currency, ado::adCurrency, 8},       {ColumnType::Decimal, ado::adNumeric, 19},
+    {ColumnType::Date, ado::adDBTimeStamp, 16},       {ColumnType::Char, ado::adChar, 0},
+    {ColumnType::VarChar, ado::adVarChar, 0},         {ColumnType::LongText, ado::adLongVarChar, NoLimit},
+    {ColumnType::Binary, ado::adVarBinary, 0},        {ColumnType::LongBinary, ado::adLongVarBinary, NoLimit},
+};
+
+constexpr const TypeFacts& FactsOf(ColumnType type) noexcept { return Facts[static_cast<std::size_t>(type)]; }
+static_assert(std::ranges::all_of(Facts,
+                                  [](const TypeFacts& facts) { return &facts == &FactsOf(facts.column); }));
 
 std::int32_t Clamp(std::size_t size) noexcept {
     return static_cast<std::int32_t>(std::min(size, static_cast<std::size_t>(NoLimit)));
@@ -26,73 +44,12 @@ std::int32_t Clamp(std::size_t size) noexcept {
 
 }  // namespace
 
-std::int32_t FieldType(const sql::ColumnInfo& column) noexcept {
-    switch (column.type) {
-        case ColumnType::Boolean:
-            return ado::adBoolean;
-        case ColumnType::TinyInt:
-            return ado::adUnsignedTinyInt;
-        case ColumnType::SmallInt:
-            return ado::adSmallInt;
-        case ColumnType::Integer:
-            return ado::adInteger;
-        case ColumnType::BigInt:
-            return ado::adBigInt;
-        case ColumnType::Single:
-            return ado::adSingle;
-        case ColumnType::Double:
-            return ado::adDouble;
-        case ColumnType::Currency:
-            return ado::adCurrency;
-        case ColumnType::Decimal:
-            return ado::adNumeric;
-        case ColumnType::Date:
-            return ado::adDBTimeStamp;
-        case ColumnType::Char:
-            return ado::adChar;
-        case ColumnType::VarChar:
-            return ado::adVarChar;
-        case ColumnType::LongText:
-            return ado::adLongVarChar;
-        case ColumnType::Binary:
-            return ado::adVarBinary;
-        case ColumnType::LongBinary:
-            return ado::adLongVarBinary;
-        case ColumnType::Unknown:
-            break;
-    }
-    return ado::adVariant;
-}
+std::int32_t FieldType(const sql::ColumnInfo& column) noexcept { return FactsOf(column.type).field; }
 
 std::int32_t FieldDefinedSize(const sql::ColumnInfo& column) noexcept {
-    switch (column.type) {
-        case ColumnType::TinyInt:
-            return 1;
-        case ColumnType::Boolean:
-        case ColumnType::SmallInt:
-            return 2;
-        case ColumnType::Integer:
-        case ColumnType::Single:
-            return 4;
-        case ColumnType::BigInt:
-        case ColumnType::Double:
-        case ColumnType::Currency:
-            return 8;
-        case ColumnType::Decimal:
-            return NumericBytes;
-        case ColumnType::Date:
-            return TimeStampBytes;
-        case ColumnType::Char:
-        case ColumnType::VarChar:
-        case ColumnType::Binary:
-            return column.size == 0 ? NoLimit : Clamp(column.size);
-        case ColumnType::LongText:
-        case ColumnType::LongBinary:
-            return NoLimit;
-        case ColumnType::Unknown:
-            break;
-    }
-    return VariantBytes;
+    const std::int32_t size = FactsOf(column.type).size;
+    if (size != 0) return size;
+    return column.size == 0 ? NoLimit : Clamp(column.size);
 }
 
 std::int32_t FieldAttributes(const sql::ColumnInfo& column, bool isUpdatable) noexcept {

@@ -1,7 +1,6 @@
 #include "platform/native/ado/recordset.h"
 
 #include "platform/native/ado/connection.h"
-#include "platform/native/ado/errors.h"
 #include "platform/native/ado/field.h"
 
 #include <optional>
@@ -17,10 +16,8 @@ using automation::Error;
 
 std::shared_ptr<OpenRows> OpenText(std::string_view text, std::shared_ptr<NativeConnection> connection,
                                    bool isUpdatable, std::span<const automation::Variant> values = {}) {
-    const auto open = [&] {
-        return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable, values);
-    };
-    return WithAdoErrors(open, [text] { return text; });
+    return WithErrors<AdoError>(
+        text, [&] { return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable, values); });
 }
 
 void RequireBetween(std::int32_t value, std::int32_t lowest, std::int32_t highest,

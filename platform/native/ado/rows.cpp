@@ -36,29 +36,29 @@ OpenRows::~OpenRows() = default;
 
 bool OpenRows::Eof() {
     if (m_cursor.Mode() == sql::EditMode::Adding) return false;
-    return WithAdoErrors([this] { return m_cursor.Eof(); }, [this] { return m_cursor.Text(); });
+    return WithErrors<AdoError>(m_cursor.Text(), [this] { return m_cursor.Eof(); });
 }
 
 void OpenRows::MoveNext() {
     Update();
-    WithAdoErrors([this] { m_cursor.MoveNext(); }, [this] { return m_cursor.Text(); });
+    WithErrors<AdoError>(m_cursor.Text(), [this] { m_cursor.MoveNext(); });
 }
 
 void OpenRows::AddNew() {
     RequireUpdatable();
     Update();
-    WithAdoErrors([this] { m_cursor.AddNew(); }, [this] { return m_cursor.Text(); });
+    WithErrors<AdoError>(m_cursor.Text(), [this] { m_cursor.AddNew(); });
 }
 
 void OpenRows::Update() {
     EndChunks();
     if (!IsEditing()) return;
     const bool isAdding = m_cursor.Mode() == sql::EditMode::Adding;
-    const auto store = [this, isAdding] {
-        m_cursor.Update();
-        if (isAdding) m_cursor.MoveLast();
-    };
-    WithAdoErrors(store, [this] { return m_cursor.EditedRecord(); });
+    WithErrors<AdoError>([this] { return m_cursor.EditedRecord(); },
+                         [this, isAdding] {
+                             m_cursor.Update();
+                             if (isAdding) m_cursor.MoveLast();
+                         });
 }
 
 void OpenRows::CancelUpdate() {
@@ -102,7 +102,7 @@ void OpenRows::AppendChunk(std::size_t column, const Variant& data) {
         m_chunks = std::make_unique<Chunks>(Chunks{.column = column, .isAppending = true, .value = {}});
         return;
     }
-    WithAdoErrors([&] { m_cursor.Extend(column, data); }, [this, column] { return Place(column); });
+    WithErrors<AdoError>([&] { return Place(column); }, [&] { m_cursor.Extend(column, data); });
 }
 
 NativeField& OpenRows::Field(std::size_t column) {
@@ -133,7 +133,7 @@ void OpenRows::RequireLong(std::size_t column) {
 
 void OpenRows::StartEdit() {
     RequireUpdatable();
-    WithAdoErrors([this] { m_cursor.Edit(); }, [this] { return m_cursor.Text(); });
+    WithErrors<AdoError>(m_cursor.Text(), [this] { m_cursor.Edit(); });
 }
 
 void OpenRows::ReadLong(std::size_t column) {

@@ -2,8 +2,8 @@
 
 #include "automation/variant.h"
 #include "platform/ado.h"
-#include "platform/native/ado/errors.h"
 #include "platform/native/sql/cursor.h"
+#include "platform/native/sql/port_error.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -51,8 +51,8 @@ class OpenRows {
 
     automation::Variant Value(std::size_t column) {
         if (m_chunks && m_chunks->column != column) EndChunks();
-        return WithAdoErrors([this, column] { return m_cursor.Value(column); },
-                             [this, column] { return Place(column); });
+        return WithErrors<AdoError>([this, column] { return Place(column); },
+                                    [this, column] { return m_cursor.Value(column); });
     }
     /// Its value, where hosts go through the columns in their order.
     automation::Variant NextValue(std::size_t column) {

@@ -4,6 +4,7 @@
 #include "automation/text.h"
 #include "platform/ado.h"
 #include "platform/native/ado/connection_string.h"
+#include "platform/native/sql/odbc/odbc_string.h"
 
 #include <algorithm>
 #include <array>
@@ -46,10 +47,10 @@ constexpr std::string_view CommonWords[] = {"Provider", "Persist Security Info",
     RaiseBadString(description + ".");
 }
 
-TargetMode ReadMode(const ConnectionEntry& entry) {
-    if (EqualsIgnoreCase(entry.value, "ReadWrite")) return TargetMode::ReadWrite;
-    if (EqualsIgnoreCase(entry.value, "Read")) return TargetMode::Read;
-    if (EqualsIgnoreCase(entry.value, "Create")) return TargetMode::Create;
+sql::SqliteMode ReadMode(const ConnectionEntry& entry) {
+    if (EqualsIgnoreCase(entry.value, "ReadWrite")) return sql::SqliteMode::ReadWrite;
+    if (EqualsIgnoreCase(entry.value, "Read")) return sql::SqliteMode::ReadOnly;
+    if (EqualsIgnoreCase(entry.value, "Create")) return sql::SqliteMode::Create;
     RaiseBadValue(entry, "ReadWrite, Read or Create");
 }
 
@@ -76,6 +77,7 @@ Target ReadSqliteTarget(const ConnectionString& settings) {
     }
     if (target.file.empty())
         RaiseBadString("The connection string names no file: \"Data Source=\" is missing.");
+    if (target.file == ":memory:") target.mode = sql::SqliteMode::Memory;
     return target;
 }
 
@@ -94,48 +96,28 @@ std::string OdbcValue(const std::string& value) {
     return braced + "}";
 }
 
-class OdbcStringWriter {
-  public:
-    void Add(std::string_view key, const std::string& value) {
-        Separate();
-        m_text.append(key).append("=").append(OdbcValue(value));
-    }
-    /// Settings that are in the drivers' own form already.
-    void AddVerbatim(std::string_view settings) {
-        Separate();
-        m_text.append(settings);
-    }
-    std::string Finish() && { return std::move(m_text); }
-
-  private:
-    void Separate() {
-        if (!m_text.empty() && m_text.back() != ';') m_text += ';';
-    }
-
-    std::string m_text;
-};
-
 Target ReadOdbcTarget(const ConnectionString& settings, std::string_view user, std::string_view password) {
-    OdbcStringWriter writer;
+    Target target;
+    target.engine = Target::Engine::Odbc;
+    const auto add = [&target](std::string_view key, const std::string& value) {
+        sql::AddOdbcSetting(target.odbcString, std::string(key) + "=" + OdbcValue(value));
+    };
     for (const ConnectionEntry& entry : settings.Entries()) {
         const auto* word = std::ranges::find_if(
             OdbcWords, [&entry](const OdbcWord& w) { return EqualsIgnoreCase(w.ado, entry.key); });
         if (EqualsIgnoreCase(entry.key, "Extended Properties")) {
-            writer.AddVerbatim(entry.value);
+            sql::AddOdbcSetting(target.odbcString, entry.value);  // in the drivers' own form already
         } else if (word == std::ranges::end(OdbcWords)) {
-            writer.Add(entry.key, entry.value);
+            add(entry.key, entry.value);
         } else if (!word->odbc.empty()) {
-            writer.Add(word->odbc, entry.value);
+            add(word->odbc, entry.value);
         }
     }
     const bool namesUser = settings.Find("UID").has_value() || settings.Find("User ID").has_value();
     if (!user.empty() && !namesUser) {
-        writer.Add("UID", std::string(user));
-        writer.Add("PWD", std::string(password));
+        add("UID", std::string(user));
+        add("PWD", std::string(password));
     }
-    Target target;
-    target.engine = Target::Engine::Odbc;
-    target.odbcString = std::move(writer).Finish();
     return target;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/native/sql/session.h"
+#include "platform/native/sql/sqlite/sqlite_session.h"
 
 #include <cstdint>
 #include <memory>
@@ -9,19 +9,13 @@
 
 namespace korvex::native::ado_engine {
 
-enum class TargetMode : std::uint8_t {
-    ReadWrite,  ///< an existing file
-    Read,
-    Create,  ///< an existing file, or a new one
-};
-
 /// What a connection string asks for.
 struct Target {
     enum class Engine : std::uint8_t { Sqlite, Odbc };
 
     Engine engine = Engine::Sqlite;
     std::string file;  ///< Sqlite; ":memory:" for a private database without a file
-    TargetMode mode = TargetMode::ReadWrite;
+    sql::SqliteMode mode = sql::SqliteMode::ReadWrite;
     bool fullSync = true;
     std::string odbcString;  ///< Odbc: as the driver manager takes it
 };

@@ -1,8 +1,8 @@
 #include "automation/error.h"
 #include "platform/native/dao/dao_engine.h"
-#include "platform/native/dao/dao_error.h"
 #include "platform/native/dao/dao_recordset.h"
 #include "platform/native/sql/odbc/odbc_session.h"
+#include "platform/native/sql/port_error.h"
 
 namespace korvex::native::dao_engine {
 
@@ -23,7 +23,7 @@ void RequireQuery(std::string_view text) {
 }  // namespace
 
 sql::Session& NativeDatabase::Open(std::string_view context) const {
-    if (!m_session) RaiseDaoError({sql::ErrorKind::Closed, 0, "The database is closed"}, context);
+    if (!m_session) throw DaoError({sql::ErrorKind::Closed, 0, "The database is closed"}, context);
     return *m_session;
 }
 
@@ -35,12 +35,13 @@ std::unique_ptr<dao::Recordset> NativeDatabase::OpenRecordset(std::string_view s
     }
     RequireQuery(sql);
     const bool updatable = type == dao::dbOpenDynaset && !m_readOnly;
-    return Guarded(sql, [&] { return std::make_unique<NativeRecordset>(Open(sql), sql, updatable); });
+    return WithErrors<DaoError>(sql,
+                                [&] { return std::make_unique<NativeRecordset>(Open(sql), sql, updatable); });
 }
 
 void NativeDatabase::Execute(std::string_view sql) {
-    if (m_readOnly) RaiseDaoError({sql::ErrorKind::ReadOnly, 0, "it was opened for reading only"}, sql);
-    Guarded(sql, [&] { Open(sql).Execute(sql); });
+    if (m_readOnly) throw DaoError({sql::ErrorKind::ReadOnly, 0, "it was opened for reading only"}, sql);
+    WithErrors<DaoError>(sql, [&] { Open(sql).Execute(sql); });
 }
 
 void NativeDatabase::Close() {
@@ -51,21 +52,21 @@ void NativeDatabase::Close() {
 bool NativeDatabase::BeginTrans() {
     sql::Session& session = Open({});
     if (!session.Traits().transactionOutlivesFailure) return false;
-    Guarded({}, [&] { session.Begin(); });
+    WithErrors<DaoError>({}, [&] { session.Begin(); });
     return true;
 }
 
 void NativeDatabase::CommitTrans() {
-    Guarded({}, [&] { Open({}).Commit(); });
+    WithErrors<DaoError>({}, [&] { Open({}).Commit(); });
 }
 
 void NativeDatabase::Rollback() {
-    Guarded({}, [&] { Open({}).Rollback(); });
+    WithErrors<DaoError>({}, [&] { Open({}).Rollback(); });
 }
 
 std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool readOnly,
                                                                std::string_view connect) {
-    return Guarded({}, [&] {
+    return WithErrors<DaoError>({}, [&] {
         auto session = std::make_unique<sql::OdbcSession>(connect, m_seam);
         session->TakeBackslashesPlainly();
         return std::make_unique<NativeDatabase>(std::move(session), readOnly);

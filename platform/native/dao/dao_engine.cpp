@@ -1,23 +1,12 @@
 #include "platform/native/dao/dao_engine.h"
 
 #include "automation/error.h"
-#include "platform/native/dao/dao_error.h"
 #include "platform/native/jet/jet_tables.h"
+#include "platform/native/sql/port_error.h"
 #include "platform/native/sql/sqlite/sqlite_file.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
 namespace korvex::native::dao_engine {
-namespace {
-
-sql::SqliteOptions FileOptions(sql::SqliteMode mode, const std::shared_ptr<sql::Seam>& seam) {
-    sql::SqliteOptions options;
-    options.mode = mode;
-    options.seam = seam;
-    return options;
-}
-
-}  // namespace
-
 std::shared_ptr<dao::Workspace> NativeEngine::CreateWorkspace(std::string_view, std::string_view,
                                                               std::string_view, std::int32_t type) {
     if (type != dao::dbUseODBC) {
@@ -27,18 +16,18 @@ std::shared_ptr<dao::Workspace> NativeEngine::CreateWorkspace(std::string_view, 
 }
 
 std::unique_ptr<dao::Database> NativeEngine::OpenDatabase(std::string_view name) {
-    return Guarded({}, [&] {
-        return std::make_unique<NativeDatabase>(
-            std::make_unique<sql::SqliteSession>(name, FileOptions(sql::SqliteMode::ReadWrite, m_seam)));
+    return WithErrors<DaoError>({}, [&] {
+        const sql::SqliteOptions options{.mode = sql::SqliteMode::ReadWrite, .seam = m_seam};
+        return std::make_unique<NativeDatabase>(std::make_unique<sql::SqliteSession>(name, options));
     });
 }
 
 std::unique_ptr<dao::Database> NativeEngine::CreateDatabase(std::string_view name) {
     // Without a name the database is private: nobody else sees it, and it is gone when it closes.
-    const sql::SqliteMode mode = name.empty() ? sql::SqliteMode::Memory : sql::SqliteMode::CreateNew;
+    const auto mode = name.empty() ? sql::SqliteMode::Memory : sql::SqliteMode::CreateNew;
+    const sql::SqliteOptions options{.mode = mode, .seam = m_seam};
     try {
-        return std::make_unique<NativeDatabase>(
-            std::make_unique<sql::SqliteSession>(name, FileOptions(mode, m_seam)));
+        return std::make_unique<NativeDatabase>(std::make_unique<sql::SqliteSession>(name, options));
     } catch (const sql::EngineError& error) {
         throw automation::Error(automation::PathFileAccessError,
                                 "The database cannot be created: " + sql::DescribeFailure(error, {}));

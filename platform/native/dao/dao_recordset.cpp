@@ -1,7 +1,7 @@
 #include "platform/native/dao/dao_recordset.h"
 
 #include "automation/error.h"
-#include "platform/native/dao/dao_error.h"
+#include "platform/native/sql/port_error.h"
 
 namespace korvex::native::dao_engine {
 
@@ -11,7 +11,7 @@ std::string_view NativeField::Name() const { return m_recordset->Rows().Shape().
 
 Variant NativeField::Value() {
     sql::Cursor& rows = m_recordset->Rows();
-    return Guarded(rows.Text(), [&] {
+    return WithErrors<DaoError>(rows.Text(), [&] {
         const bool adding = rows.Mode() == sql::EditMode::Adding;
         return adding && rows.Value(m_column).IsEmpty() ? Variant::Null() : rows.Value(m_column);
     });
@@ -19,28 +19,25 @@ Variant NativeField::Value() {
 
 void NativeField::Value(const Variant& value) {
     sql::Cursor& rows = m_recordset->Rows();
-    try {
-        rows.Set(m_column, value);
-    } catch (const sql::EngineError& error) {
-        RaiseDaoError(error, rows.Shape().columns[m_column].Place());
-    }
+    WithErrors<DaoError>([&] { return rows.Shape().columns[m_column].Place(); },
+                         [&] { rows.Set(m_column, value); });
 }
 
 bool NativeRecordset::Eof() {
-    return Guarded(m_cursor.Text(), [&] { return m_cursor.Eof(); });
+    return WithErrors<DaoError>(m_cursor.Text(), [&] { return m_cursor.Eof(); });
 }
 
 void NativeRecordset::MoveNext() {
-    Guarded(m_cursor.Text(), [&] { m_cursor.MoveNext(); });
+    WithErrors<DaoError>(m_cursor.Text(), [&] { m_cursor.MoveNext(); });
 }
 
 void NativeRecordset::MoveLast() {
-    Guarded(m_cursor.Text(), [&] { m_cursor.MoveLast(); });
+    WithErrors<DaoError>(m_cursor.Text(), [&] { m_cursor.MoveLast(); });
 }
 
 dao::Field& NativeRecordset::Fields(std::string_view name) {
     if (!m_cursor.IsOpen())
-        RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
+        throw DaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
     const auto column = m_cursor.Find(name);
     if (!column) {
         throw automation::Error(dao::ItemNotFound, m_cursor.Shape().DescribeMissing(name) + " (" +
@@ -57,30 +54,26 @@ dao::Field& NativeRecordset::Fields(std::string_view name) {
 
 void NativeRecordset::RequireUpdatable() const {
     if (m_updatable) return;
-    RaiseDaoError({sql::ErrorKind::NotUpdatable, 0, "A snapshot cannot be updated"}, m_cursor.Text());
+    throw DaoError({sql::ErrorKind::NotUpdatable, 0, "A snapshot cannot be updated"}, m_cursor.Text());
 }
 
 void NativeRecordset::AddNew() {
     RequireUpdatable();
-    Guarded(m_cursor.Text(), [&] { m_cursor.AddNew(); });
+    WithErrors<DaoError>(m_cursor.Text(), [&] { m_cursor.AddNew(); });
 }
 
 void NativeRecordset::Edit() {
     RequireUpdatable();
-    Guarded(m_cursor.Text(), [&] { m_cursor.Edit(); });
+    WithErrors<DaoError>(m_cursor.Text(), [&] { m_cursor.Edit(); });
 }
 
 void NativeRecordset::Update() {
-    try {
-        m_cursor.Update();
-    } catch (const sql::EngineError& error) {
-        RaiseDaoError(error, m_cursor.EditedRecord());
-    }
+    WithErrors<DaoError>([&] { return m_cursor.EditedRecord(); }, [&] { m_cursor.Update(); });
 }
 
 void NativeRecordset::Close() {
     if (!m_cursor.IsOpen())
-        RaiseDaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
+        throw DaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
     m_cursor.Close();
 }
 

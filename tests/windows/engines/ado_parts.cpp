@@ -1,9 +1,9 @@
 #include "tests/windows/engines/ado_parts.h"
 
-#include "platform/native/ado/errors.h"
-#include "platform/native/ado/provider.h"
+#include "platform/native/ado/connection.h"
 #include "platform/native/ado/target.h"
 #include "platform/native/sql/odbc/odbc_session.h"
+#include "platform/native/sql/port_error.h"
 
 namespace korvex::test {
 
@@ -21,9 +21,8 @@ namespace korvex::native::ado_engine {
 
 /// Every target is an ODBC one here.
 std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
-    return WithAdoErrors(
-        [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); },
-        [] { return std::string_view(); });
+    return WithErrors<AdoError>(
+        {}, [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); });
 }
 
 }  // namespace korvex::native::ado_engine

@@ -1,7 +1,0 @@
-#include "platform/native/native_platform.h"
-
-namespace korvex {
-
-Platform DefaultPlatform() { return native::NativePlatform(); }
-
-}  // namespace korvex
