@@ -6,12 +6,13 @@
 #include "automation/number_text.h"
 #include "automation/text.h"
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <concepts>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace korvex::automation {
 
@@ -20,44 +21,28 @@ namespace {
 constexpr std::int64_t UnitsPerOne = 10'000;  ///< Currency units in 1
 constexpr int CurrencyPlaces = 4;
 
+constexpr std::pair<VarType, std::string_view> TypeNames[] = {
+    {VarType::Empty, "Empty"},
+    {VarType::Null, "Null"},
+    {VarType::Integer, "Integer"},
+    {VarType::Long, "Long"},
+    {VarType::Single, "Single"},
+    {VarType::Double, "Double"},
+    {VarType::Currency, "Currency"},
+    {VarType::Date, "Date"},
+    {VarType::String, "String"},
+    {VarType::Object, "an object"},
+    {VarType::Missing, "a missing argument"},
+    {VarType::Boolean, "Boolean"},
+    {VarType::Byte, "Byte"},
+    {VarType::LongLong, "LongLong"},
+    {VarType::Bytes, "an array of bytes"},
+};
+
 std::string_view TypeName(VarType type) noexcept {
-    switch (type) {
-        case VarType::Empty:
-            return "Empty";
-        case VarType::Null:
-            return "Null";
-        case VarType::Integer:
-            return "Integer";
-        case VarType::Long:
-            return "Long";
-        case VarType::Single:
-            return "Single";
-        case VarType::Double:
-            return "Double";
-        case VarType::Currency:
-            return "Currency";
-        case VarType::Date:
-            return "Date";
-        case VarType::String:
-            return "String";
-        case VarType::Object:
-            return "an object";
-        case VarType::Missing:
-            return "a missing argument";
-        case VarType::Boolean:
-            return "Boolean";
-        case VarType::Variant:
-            return "Variant";
-        case VarType::Byte:
-            return "Byte";
-        case VarType::LongLong:
-            return "LongLong";
-        case VarType::Void:
-            return "nothing";
-        case VarType::Bytes:
-            return "an array of bytes";
-    }
-    return "an unknown type";
+    const auto* const found =
+        std::ranges::find(TypeNames, type, &std::pair<VarType, std::string_view>::first);
+    return found != std::end(TypeNames) ? found->second : "an unknown type";
 }
 
 /// For the types that no conversion takes.
@@ -114,65 +99,39 @@ T ParseWhole(const std::string& text) {
     return static_cast<T>(number.bits);
 }
 
+/// The held value as a whole number.
+template <std::integral T>
+struct WholeNumber {
+    T operator()(EmptyValue) const { return 0; }
+    T operator()(bool value) const { return value ? static_cast<T>(-1) : T{0}; }
+    T operator()(const std::integral auto& value) const { return Narrow<T>(value); }
+    T operator()(const std::floating_point auto& value) const { return RoundToWhole<T>(value); }
+    T operator()(Currency value) const { return Narrow<T>(RoundCurrency(value)); }
+    T operator()(Date value) const { return RoundToWhole<T>(value.days); }
+    T operator()(const std::string& text) const { return ParseWhole<T>(text); }
+    T operator()(const auto& other) const { RaiseNotConvertible(other, typeOf<T>); }
+};
+
 template <std::integral T>
 T ToWhole(const Variant& value) {
-    switch (value.Type()) {
-        case VarType::Empty:
-            return 0;
-        case VarType::Boolean:
-            return *value.If<bool>() ? static_cast<T>(-1) : T{0};
-        case VarType::Byte:
-            return Narrow<T>(*value.If<std::uint8_t>());
-        case VarType::Integer:
-            return Narrow<T>(*value.If<std::int16_t>());
-        case VarType::Long:
-            return Narrow<T>(*value.If<std::int32_t>());
-        case VarType::LongLong:
-            return Narrow<T>(*value.If<std::int64_t>());
-        case VarType::Currency:
-            return Narrow<T>(RoundCurrency(*value.If<Currency>()));
-        case VarType::Single:
-            return RoundToWhole<T>(static_cast<double>(*value.If<float>()));
-        case VarType::Double:
-            return RoundToWhole<T>(*value.If<double>());
-        case VarType::Date:
-            return RoundToWhole<T>(value.If<Date>()->days);
-        case VarType::String:
-            return ParseWhole<T>(*value.If<std::string>());
-        default:
-            RaiseNotConvertible(value, typeOf<T>);
-    }
+    return std::visit(WholeNumber<T>(), value.Value());
 }
 
-/// The value as a double, whatever number type it has.
-double ToReal(const Variant& value, VarType target) {
-    switch (value.Type()) {
-        case VarType::Empty:
-            return 0;
-        case VarType::Boolean:
-            return *value.If<bool>() ? -1 : 0;
-        case VarType::Byte:
-            return *value.If<std::uint8_t>();
-        case VarType::Integer:
-            return *value.If<std::int16_t>();
-        case VarType::Long:
-            return *value.If<std::int32_t>();
-        case VarType::LongLong:
-            return static_cast<double>(*value.If<std::int64_t>());
-        case VarType::Currency:
-            return static_cast<double>(value.If<Currency>()->units) / UnitsPerOne;
-        case VarType::Single:
-            return static_cast<double>(*value.If<float>());
-        case VarType::Double:
-            return *value.If<double>();
-        case VarType::Date:
-            return value.If<Date>()->days;
-        case VarType::String:
-            return ParseNumber(*value.If<std::string>());
-        default:
-            RaiseNotConvertible(value, target);
-    }
-}
+/// The held value as a double, whatever number type it has.
+struct RealNumber {
+    VarType target;
+
+    double operator()(EmptyValue) const { return 0; }
+    double operator()(bool value) const { return value ? -1 : 0; }
+    double operator()(const std::integral auto& value) const { return static_cast<double>(value); }
+    double operator()(const std::floating_point auto& value) const { return value; }
+    double operator()(Currency value) const { return static_cast<double>(value.units) / UnitsPerOne; }
+    double operator()(Date value) const { return value.days; }
+    double operator()(const std::string& text) const { return ParseNumber(text); }
+    double operator()(const auto& other) const { RaiseNotConvertible(other, target); }
+};
+
+double ToReal(const Variant& value, VarType target) { return std::visit(RealNumber{target}, value.Value()); }
 
 Currency WholeCurrency(std::int64_t value) {
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max() / UnitsPerOne;
@@ -192,17 +151,51 @@ bool ParseBoolean(const std::string& text) {
     return ParseNumber(text) != 0;
 }
 
-template <std::integral T>
-std::string FormatWhole(T value) {
-    std::array<char, 24> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), written.ptr};
-}
+/// The held value as text.
+struct Text {
+    std::string operator()(EmptyValue) const { return {}; }
+    std::string operator()(bool value) const { return value ? "True" : "False"; }
+    std::string operator()(const std::integral auto& value) const { return std::to_string(value); }
+    std::string operator()(float value) const { return FormatReal(value, 7); }
+    std::string operator()(double value) const { return FormatReal(value, 15); }
+    std::string operator()(Currency value) const { return FormatTenThousandths(value.units); }
+    std::string operator()(Date value) const { return FormatDate(value); }
+    std::string operator()(const std::string& text) const { return text; }
+    std::string operator()(const auto& other) const { RaiseNotConvertible(other, VarType::String); }
+};
 
 Variant ToObjectOrNothing(const Variant& value) {
     if (value.IsObject()) return value;
     RaiseNotConvertible(value, VarType::Object);
 }
+
+/// What gives a value of one type.
+struct Conversion {
+    VarType type;
+    Variant (*convert)(const Variant& value);
+};
+
+template <auto function>
+Variant By(const Variant& value) {
+    return function(value);
+}
+
+constexpr Conversion Conversions[] = {
+    {VarType::String, By<ToString>},
+    {VarType::Long, By<ToLong>},
+    {VarType::Integer, By<ToInteger>},
+    {VarType::Double, By<ToDouble>},
+    {VarType::Boolean, By<ToBoolean>},
+    {VarType::Date, By<ToDate>},
+    {VarType::Currency, By<ToCurrency>},
+    {VarType::Byte, By<ToByte>},
+    {VarType::LongLong, By<ToLongLong>},
+    {VarType::Single, By<ToSingle>},
+    {VarType::Object, ToObjectOrNothing},
+    {VarType::Empty, [](const Variant&) { return Variant(); }},
+    {VarType::Void, [](const Variant&) { return Variant(); }},
+    {VarType::Null, [](const Variant&) { return Variant::Null(); }},
+};
 
 }  // namespace
 
@@ -255,36 +248,7 @@ Currency ToCurrency(const Variant& value) {
     }
 }
 
-std::string ToString(const Variant& value) {
-    constexpr int singleDigits = 7;
-    constexpr int doubleDigits = 15;
-    switch (value.Type()) {
-        case VarType::String:
-            return *value.If<std::string>();
-        case VarType::Long:
-            return FormatWhole(*value.If<std::int32_t>());
-        case VarType::Empty:
-            return {};
-        case VarType::Boolean:
-            return *value.If<bool>() ? "True" : "False";
-        case VarType::Byte:
-            return FormatWhole(*value.If<std::uint8_t>());
-        case VarType::Integer:
-            return FormatWhole(*value.If<std::int16_t>());
-        case VarType::LongLong:
-            return FormatWhole(*value.If<std::int64_t>());
-        case VarType::Single:
-            return FormatReal(static_cast<double>(*value.If<float>()), singleDigits);
-        case VarType::Double:
-            return FormatReal(*value.If<double>(), doubleDigits);
-        case VarType::Currency:
-            return FormatTenThousandths(value.If<Currency>()->units);
-        case VarType::Date:
-            return FormatDate(*value.If<Date>());
-        default:
-            RaiseNotConvertible(value, VarType::String);
-    }
-}
+std::string ToString(const Variant& value) { return std::visit(Text(), value.Value()); }
 
 Date ToDate(const Variant& value) {
     if (const auto* date = value.If<Date>()) return *date;
@@ -306,37 +270,9 @@ Variant ChangeType(const Variant& value, VarType type) {
         if (value.IsMissing() && type != VarType::Variant) RaiseNotConvertible(value, type);
         return value;
     }
-    switch (type) {
-        case VarType::Boolean:
-            return ToBoolean(value);
-        case VarType::Byte:
-            return ToByte(value);
-        case VarType::Integer:
-            return ToInteger(value);
-        case VarType::Long:
-            return ToLong(value);
-        case VarType::LongLong:
-            return ToLongLong(value);
-        case VarType::Single:
-            return ToSingle(value);
-        case VarType::Double:
-            return ToDouble(value);
-        case VarType::Currency:
-            return ToCurrency(value);
-        case VarType::Date:
-            return ToDate(value);
-        case VarType::String:
-            return ToString(value);
-        case VarType::Object:
-            return ToObjectOrNothing(value);
-        case VarType::Empty:
-        case VarType::Void:
-            return {};
-        case VarType::Null:
-            return Variant::Null();
-        default:
-            RaiseNotConvertible(value, type);
-    }
+    const auto* const conversion = std::ranges::find(Conversions, type, &Conversion::type);
+    if (conversion == std::end(Conversions)) RaiseNotConvertible(value, type);
+    return conversion->convert(value);
 }
 
 double ParseNumber(std::string_view text) {
