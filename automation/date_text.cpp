@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -16,51 +15,46 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr std::int64_t MsPerSecond = 1000;
-constexpr std::int64_t MsPerMinute = 60 * MsPerSecond;
-constexpr std::int64_t MsPerHour = 60 * MsPerMinute;
-constexpr std::int64_t MsPerDay = 24 * MsPerHour;
+using std::chrono::days;
+using std::chrono::hours;
+using std::chrono::milliseconds;
+using std::chrono::minutes;
+using std::chrono::seconds;
+using std::chrono::sys_days;
 
-constexpr std::chrono::sys_days DayZero = std::chrono::year(1899) / 12 / 30;
+constexpr sys_days DayZero = std::chrono::year(1899) / 12 / 30;
 constexpr double FirstDay = -657434;  ///< 0100-01-01
 constexpr double LastDay = 2958465;   ///< 9999-12-31
 
 constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsLetter(char c) noexcept { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-/// A date taken apart: the day, counted from day zero, and the milliseconds since its midnight.
-struct Moment {
-    int day = 0;
-    std::int64_t ms = 0;
-
-    std::chrono::year_month_day Calendar() const { return DayZero + std::chrono::days(day); }
-    Date Join() const {
-        const double time = static_cast<double>(ms) / static_cast<double>(MsPerDay);
-        return Date{day < 0 ? day - time : day + time};
-    }
-};
-
-/// Rounds to multiples of `resolution` milliseconds; rounding up at the end of a day reaches the next one.
-Moment Split(Date date, std::int64_t resolution) {
-    if (!IsDateInRange(date)) throw Error(Overflow);
-    const std::int64_t partsPerDay = MsPerDay / resolution;
+/// Rounds to whole units. The fraction counts forward from midnight, also before day zero.
+template <class Unit>
+std::chrono::sys_time<Unit> Round(Date date) {
     const double wholeDays = std::trunc(date.days);
-    const double exact = std::abs(date.days - wholeDays) * static_cast<double>(partsPerDay);
-    std::int64_t ms = std::llround(exact) * resolution;
-    auto day = static_cast<int>(wholeDays);
-    if (ms >= MsPerDay) {
-        ms -= MsPerDay;
-        ++day;
-    }
-    return {day, ms};
+    const double exact = std::abs(date.days - wholeDays) * static_cast<double>(Unit(days(1)).count());
+    return DayZero + days(static_cast<int>(wholeDays)) + Unit(std::llround(exact));
+}
+
+template <class Unit>
+std::chrono::sys_time<Unit> RoundInRange(Date date) {
+    if (!IsDateInRange(date)) throw Error(Overflow);
+    return Round<Unit>(date);
+}
+
+Date Join(sys_days day, milliseconds time) {
+    const auto wholeDays = static_cast<double>((day - DayZero).count());
+    const double fraction = static_cast<double>(time.count()) / milliseconds(days(1)).count();
+    return Date{wholeDays < 0 ? wholeDays - fraction : wholeDays + fraction};
 }
 
 /// Nothing when there is no such day within the range of automation dates.
-std::optional<Date> Join(int year, int month, int day, std::int64_t ms) {
+std::optional<Date> Join(int year, int month, int day, milliseconds time) {
     if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
     const auto calendarDay = std::chrono::year(year) / month / day;
     if (!calendarDay.ok()) return std::nullopt;
-    return Moment{static_cast<int>((std::chrono::sys_days(calendarDay) - DayZero).count()), ms}.Join();
+    return Join(sys_days(calendarDay), time);
 }
 
 void AppendPadded(std::string& text, std::int64_t number, std::size_t width) {
@@ -71,14 +65,17 @@ void AppendPadded(std::string& text, std::int64_t number, std::size_t width) {
     text.append(digits.data(), length);
 }
 
-std::string FormatTime(std::int64_t ms) {
-    const std::int64_t hour = ms / MsPerHour;
-    std::string text = std::to_string(hour % 12 == 0 ? 12 : hour % 12);
-    text.push_back(':');
-    AppendPadded(text, ms / MsPerMinute % 60, 2);
-    text.push_back(':');
-    AppendPadded(text, ms / MsPerSecond % 60, 2);
-    return text.append(hour < 12 ? " AM" : " PM");
+void AppendPart(std::string& text, char separator, std::int64_t number, std::size_t width) {
+    text.push_back(separator);
+    AppendPadded(text, number, width);
+}
+
+std::string FormatTime(seconds time) {
+    const std::chrono::hh_mm_ss clock(time);
+    std::string text = std::to_string(std::chrono::make12(clock.hours()).count());
+    AppendPart(text, ':', clock.minutes().count(), 2);
+    AppendPart(text, ':', clock.seconds().count(), 2);
+    return text.append(std::chrono::is_am(clock.hours()) ? " AM" : " PM");
 }
 
 [[noreturn]] void RaiseNotADate(std::string_view text) {
@@ -144,25 +141,25 @@ class TextReader {
 };
 
 /// "08:30", "08:30:00", "08:30:00.250"; the reader must end with it.
-std::optional<std::int64_t> ReadIsoTime(TextReader& reader) {
+std::optional<milliseconds> ReadIsoTime(TextReader& reader) {
     const auto hour = reader.TakeNumber(2);
     if (!hour || *hour > 23 || !reader.Take(':')) return std::nullopt;
     const auto minute = reader.TakeNumber(2);
     if (!minute || *minute > 59) return std::nullopt;
-    std::int64_t ms = *hour * MsPerHour + *minute * MsPerMinute;
+    milliseconds time = hours(*hour) + minutes(*minute);
     if (reader.Take(':')) {
         const auto second = reader.TakeNumber(2);
         if (!second || *second > 59) return std::nullopt;
-        ms += *second * MsPerSecond;
+        time += seconds(*second);
         if (reader.Take('.')) {
             std::string fraction(reader.TakeDigits());
             if (fraction.empty()) return std::nullopt;
             fraction.resize(3, '0');
-            ms += TextReader::NumberIn(fraction);
+            time += milliseconds(TextReader::NumberIn(fraction));
         }
     }
     if (!reader.AtEnd()) return std::nullopt;
-    return ms;
+    return time;
 }
 
 std::optional<Date> ReadIsoDate(std::string_view text) {
@@ -173,11 +170,11 @@ std::optional<Date> ReadIsoDate(std::string_view text) {
     if (!month || !reader.Take('-')) return std::nullopt;
     const auto day = reader.TakeNumber(2);
     if (!day) return std::nullopt;
-    if (reader.AtEnd()) return Join(*year, *month, *day, 0);
+    if (reader.AtEnd()) return Join(*year, *month, *day, {});
     if (!reader.TakeAny("T ")) return std::nullopt;
-    const auto ms = ReadIsoTime(reader);
-    if (!ms) return std::nullopt;
-    return Join(*year, *month, *day, *ms);
+    const auto time = ReadIsoTime(reader);
+    if (!time) return std::nullopt;
+    return Join(*year, *month, *day, *time);
 }
 
 /// 1 to 12 for the English name of a month or its first three letters.
@@ -206,7 +203,7 @@ class LooseDateReader {
             expectsMore = m_reader.TakeAny("/-,");
         }
         if (expectsMore) return std::nullopt;
-        if (m_numberCount == 0 && !m_month && m_time) return Date{static_cast<double>(*m_time) / MsPerDay};
+        if (m_numberCount == 0 && !m_month && m_time) return Join(DayZero, *m_time);
         return JoinParts();
     }
 
@@ -232,7 +229,7 @@ class LooseDateReader {
         const int number = TextReader::NumberIn(digits);
         if (m_reader.Take(':')) return ReadTimeAfterHour(number);
         if (const auto isAfternoon = m_reader.TakeIsAfternoon()) {
-            return SetTime(number, isAfternoon, 0);
+            return SetTime(number, isAfternoon, {});
         }
         if (m_numberCount == m_numbers.size()) return false;
         m_numbers[m_numberCount++] = {number, digits.size()};
@@ -242,59 +239,67 @@ class LooseDateReader {
     bool ReadTimeAfterHour(int hour) {
         const int minute = TextReader::NumberIn(m_reader.TakeDigits());
         if (minute < 0 || minute > 59) return false;
-        std::int64_t ms = minute * MsPerMinute;
+        seconds time = minutes(minute);
         if (m_reader.Take(':')) {
             const int second = TextReader::NumberIn(m_reader.TakeDigits());
             if (second < 0 || second > 59) return false;
-            ms += second * MsPerSecond;
+            time += seconds(second);
         }
-        return SetTime(hour, m_reader.TakeIsAfternoon(), ms);
+        return SetTime(hour, m_reader.TakeIsAfternoon(), time);
     }
 
-    bool SetTime(int hour, std::optional<bool> isAfternoon, std::int64_t msAfterHour) {
+    bool SetTime(int hour, std::optional<bool> isAfternoon, seconds behindHour) {
         const bool isMorning = isAfternoon && !*isAfternoon;
         if (m_time || hour < 0 || hour > (isMorning ? 12 : 23)) return false;
         if (isAfternoon) hour = hour % 12 + (isMorning ? 0 : 12);
-        m_time = hour * MsPerHour + msAfterHour;
+        m_time = hours(hour) + behindHour;
         return true;
     }
 
     std::optional<Date> JoinParts() const {
-        const std::int64_t ms = m_time.value_or(0);
+        const milliseconds time = m_time.value_or(seconds());
         const auto& [first, second, third] = m_numbers;
-        if (m_month && m_numberCount == 1) return Join(first.AsYear(), *m_month, 1, ms);
+        if (m_month && m_numberCount == 1) return Join(first.AsYear(), *m_month, 1, time);
         if (m_month && m_numberCount == 2) {
-            return first.IsYear() ? Join(first.AsYear(), *m_month, second.value, ms)
-                                  : Join(second.AsYear(), *m_month, first.value, ms);
+            return first.IsYear() ? Join(first.AsYear(), *m_month, second.value, time)
+                                  : Join(second.AsYear(), *m_month, first.value, time);
         }
         if (!m_month && m_numberCount == 2 && second.IsYear()) {
-            return Join(second.AsYear(), first.value, 1, ms);
+            return Join(second.AsYear(), first.value, 1, time);
         }
         if (m_month || m_numberCount != 3) return std::nullopt;
-        if (first.IsYear()) return Join(first.AsYear(), second.value, third.value, ms);
-        if (first.value > 12) return Join(third.AsYear(), second.value, first.value, ms);
-        return Join(third.AsYear(), first.value, second.value, ms);
+        if (first.IsYear()) return Join(first.AsYear(), second.value, third.value, time);
+        if (first.value > 12) return Join(third.AsYear(), second.value, first.value, time);
+        return Join(third.AsYear(), first.value, second.value, time);
     }
 
     TextReader m_reader;
     std::array<Number, 3> m_numbers = {};
     std::size_t m_numberCount = 0;
     std::optional<int> m_month;
-    std::optional<std::int64_t> m_time;
+    std::optional<seconds> m_time;
 };
 
 }  // namespace
 
 bool IsDateInRange(Date date) noexcept { return date.days > FirstDay - 1 && date.days < LastDay + 1; }
 
+Moment ToMoment(Date date) { return Round<milliseconds>(date); }
+
+Date FromMoment(Moment moment) {
+    const auto day = std::chrono::floor<days>(moment);
+    return Join(day, moment - day);
+}
+
 std::string FormatDate(Date date) {
-    const Moment moment = Split(date, MsPerSecond);
-    if (moment.day == 0) return FormatTime(moment.ms);
-    const auto day = moment.Calendar();
+    const auto moment = RoundInRange<seconds>(date);
+    const auto midnight = std::chrono::floor<days>(moment);
+    if (midnight == DayZero) return FormatTime(moment - midnight);
+    const std::chrono::year_month_day day = midnight;
     std::string text = std::to_string(static_cast<unsigned>(day.month()));
-    text.append("/").append(std::to_string(static_cast<unsigned>(day.day()))).append("/");
-    text.append(std::to_string(static_cast<int>(day.year())));
-    if (moment.ms != 0) text.append(" ").append(FormatTime(moment.ms));
+    AppendPart(text, '/', static_cast<unsigned>(day.day()), 1);
+    AppendPart(text, '/', static_cast<int>(day.year()), 1);
+    if (moment != midnight) text.append(" ").append(FormatTime(moment - midnight));
     return text;
 }
 
@@ -306,29 +311,24 @@ Date ParseDate(std::string_view text) {
 }
 
 std::string FormatIsoDate(Date date) {
-    const Moment moment = Split(date, 1);
-    const auto day = moment.Calendar();
+    const auto moment = RoundInRange<milliseconds>(date);
+    const auto midnight = std::chrono::floor<days>(moment);
+    const std::chrono::year_month_day day = midnight;
     std::string text;
     text.reserve(std::string_view("2026-11-21T08:30:00.250").size());
     AppendPadded(text, static_cast<int>(day.year()), 4);
-    text.push_back('-');
-    AppendPadded(text, static_cast<unsigned>(day.month()), 2);
-    text.push_back('-');
-    AppendPadded(text, static_cast<unsigned>(day.day()), 2);
-    if (moment.ms == 0) return text;
-    text.push_back('T');
-    AppendPadded(text, moment.ms / MsPerHour, 2);
-    text.push_back(':');
-    AppendPadded(text, moment.ms / MsPerMinute % 60, 2);
-    text.push_back(':');
-    AppendPadded(text, moment.ms / MsPerSecond % 60, 2);
-    if (moment.ms % MsPerSecond == 0) return text;
-    text.push_back('.');
-    AppendPadded(text, moment.ms % MsPerSecond, 3);
+    AppendPart(text, '-', static_cast<unsigned>(day.month()), 2);
+    AppendPart(text, '-', static_cast<unsigned>(day.day()), 2);
+    if (moment == midnight) return text;
+    const std::chrono::hh_mm_ss clock(moment - midnight);
+    AppendPart(text, 'T', clock.hours().count(), 2);
+    AppendPart(text, ':', clock.minutes().count(), 2);
+    AppendPart(text, ':', clock.seconds().count(), 2);
+    if (const auto fraction = clock.subseconds().count(); fraction != 0) AppendPart(text, '.', fraction, 3);
     return text;
 }
 
-Date ToMilliseconds(Date date) { return Split(date, 1).Join(); }
+Date ToMilliseconds(Date date) { return FromMoment(RoundInRange<milliseconds>(date)); }
 
 Date ParseIsoDate(std::string_view text) {
     if (const auto date = ReadIsoDate(text)) return *date;

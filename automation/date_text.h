@@ -2,12 +2,18 @@
 
 #include "automation/variant.h"
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
-/// Dates as text, both ways, as the automation runtime reads and writes them in English. For convert.cpp;
-/// everyone else converts through convert.h.
+/// Dates taken apart, and as text as the automation runtime reads and writes them in English. The texts are
+/// for convert.cpp; everyone else converts through convert.h.
 namespace korvex::automation {
+
+using Moment = std::chrono::sys_time<std::chrono::milliseconds>;
+/// The moment on the calendar that a date stands for, rounded to the millisecond.
+Moment ToMoment(Date date);
+Date FromMoment(Moment moment);
 
 /// Whether `date` lies in the years 100 to 9999, all that automation dates cover.
 bool IsDateInRange(Date date) noexcept;

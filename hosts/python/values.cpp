@@ -1,10 +1,10 @@
 #include "hosts/python/values.h"
 
 #include "automation/convert.h"
+#include "automation/date_text.h"
 #include "automation/error.h"
 #include "hosts/python/python_object.h"
 
-#include <chrono>
 #include <cmath>
 #include <datetime.h>
 #include <string>
@@ -27,10 +27,6 @@ ObjectClass& LibraryObjects() {
     static auto* const objects = new ObjectClass;
     return *objects;
 }
-
-constexpr std::chrono::sys_days DayZero =
-    std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
-constexpr std::int64_t MillisecondsPerDay = 86'400'000;
 
 void ImportDateTime() {
     if (PyDateTimeAPI == nullptr) PyDateTime_IMPORT;
@@ -88,8 +84,7 @@ Variant FromDate(py::handle value) {
                          std::chrono::day(static_cast<unsigned>(PyDateTime_GET_DAY(date)));
     if (PyDateTime_GET_YEAR(date) < 100)
         throw Error(automation::Overflow, "Automation dates begin with the year 100.");
-    const double whole = static_cast<double>((day - DayZero).count());
-    if (!PyDateTime_Check(date)) return automation::Date{whole};
+    if (!PyDateTime_Check(date)) return automation::FromMoment(day);
     if (!value.attr("tzinfo").is_none())
         throw Error(automation::TypeMismatch,
                     "A datetime with a time zone is no automation date; convert it to the time that is to be "
@@ -99,27 +94,21 @@ Variant FromDate(py::handle value) {
         throw Error(automation::TypeMismatch,
                     "Dates are stored to the millisecond, this datetime has parts of one: "
                     "value.replace(microsecond=value.microsecond // 1000 * 1000).");
-    const auto milliseconds = ((PyDateTime_DATE_GET_HOUR(date) * 60 + PyDateTime_DATE_GET_MINUTE(date)) * 60 +
-                               PyDateTime_DATE_GET_SECOND(date)) *
-                                  1000 +
-                              microseconds / 1000;
-    const double time = static_cast<double>(milliseconds) / static_cast<double>(MillisecondsPerDay);
-    // Before day zero the time of day counts forward, too.
-    return automation::Date{whole < 0 ? whole - time : whole + time};
+    return automation::FromMoment(
+        day + hours(PyDateTime_DATE_GET_HOUR(date)) + minutes(PyDateTime_DATE_GET_MINUTE(date)) +
+        seconds(PyDateTime_DATE_GET_SECOND(date)) + milliseconds(microseconds / 1000));
 }
 
 py::object ToDateTime(automation::Date date) {
     using namespace std::chrono;
     ImportDateTime();
-    const double whole = std::trunc(date.days);
-    const auto time = std::llround(std::fabs(date.days - whole) * static_cast<double>(MillisecondsPerDay));
-    const auto moment = DayZero + days(static_cast<std::int64_t>(whole)) + milliseconds(time);
-    const auto day = floor<days>(moment);
-    const year_month_day calendar{day};
-    const hh_mm_ss clock{moment - day};
+    const automation::Moment moment = automation::ToMoment(date);
+    const auto midnight = floor<days>(moment);
+    const year_month_day day{midnight};
+    const hh_mm_ss clock{moment - midnight};
     PyObject* const result = PyDateTime_FromDateAndTime(
-        static_cast<int>(calendar.year()), static_cast<int>(static_cast<unsigned>(calendar.month())),
-        static_cast<int>(static_cast<unsigned>(calendar.day())), static_cast<int>(clock.hours().count()),
+        static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
+        static_cast<int>(static_cast<unsigned>(day.day())), static_cast<int>(clock.hours().count()),
         static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()),
         static_cast<int>(clock.subseconds().count()) * 1000);
     if (result == nullptr) throw py::error_already_set();

@@ -1,28 +1,21 @@
 #include "platform/native/sql/odbc/odbc_date.h"
 
-#include <chrono>
-#include <cmath>
+#include "automation/date_text.h"
 
 namespace korvex::native::sql {
 namespace {
 
-using std::chrono::milliseconds;
-using std::chrono::sys_days;
+namespace chrono = std::chrono;
 
-constexpr sys_days DayZero = std::chrono::year{1899} / 12 / 30;
-constexpr std::int64_t MillisecondsPerDay = 86400000;
 constexpr std::uint32_t NanosecondsPerMillisecond = 1000000;
 
 }  // namespace
 
 SQL_TIMESTAMP_STRUCT ToTimestamp(automation::Date date) {
-    // The fraction counts forward from midnight, also before day zero.
-    const double whole = std::trunc(date.days);
-    const std::int64_t time =
-        std::llround(std::abs(date.days - whole) * static_cast<double>(MillisecondsPerDay));
-    const auto days = static_cast<int>(whole) + static_cast<int>(time / MillisecondsPerDay);
-    const std::chrono::year_month_day day(DayZero + std::chrono::days(days));
-    const std::chrono::hh_mm_ss clock(milliseconds(time % MillisecondsPerDay));
+    const automation::Moment moment = automation::ToMoment(date);
+    const auto midnight = chrono::floor<chrono::days>(moment);
+    const chrono::year_month_day day(midnight);
+    const chrono::hh_mm_ss clock(moment - midnight);
     SQL_TIMESTAMP_STRUCT timestamp{};
     timestamp.year = static_cast<SQLSMALLINT>(static_cast<int>(day.year()));
     timestamp.month = static_cast<SQLUSMALLINT>(static_cast<unsigned>(day.month()));
@@ -35,12 +28,10 @@ SQL_TIMESTAMP_STRUCT ToTimestamp(automation::Date date) {
 }
 
 automation::Date FromTimestamp(const SQL_TIMESTAMP_STRUCT& timestamp) {
-    const sys_days day = std::chrono::year{timestamp.year} / timestamp.month / timestamp.day;
-    const auto days = static_cast<double>((day - DayZero).count());
-    const std::int64_t time = ((timestamp.hour * 60LL + timestamp.minute) * 60 + timestamp.second) * 1000 +
-                              timestamp.fraction / NanosecondsPerMillisecond;
-    const double fraction = static_cast<double>(time) / static_cast<double>(MillisecondsPerDay);
-    return {days < 0 ? days - fraction : days + fraction};
+    const chrono::sys_days day = chrono::year{timestamp.year} / timestamp.month / timestamp.day;
+    return automation::FromMoment(day + chrono::hours(timestamp.hour) + chrono::minutes(timestamp.minute) +
+                                  chrono::seconds(timestamp.second) +
+                                  chrono::milliseconds(timestamp.fraction / NanosecondsPerMillisecond));
 }
 
 }  // namespace korvex::native::sql
