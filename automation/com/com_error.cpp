@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace korvex::com {
 
@@ -15,32 +16,26 @@ using automation::Error;
 constexpr HRESULT RuntimeBase = static_cast<HRESULT>(0x800A0000);
 
 /// The runtime's numbers for results that automation itself gives to a late-bound caller.
+constexpr std::pair<HRESULT, std::int32_t> RuntimeNumbers[] = {
+    {DISP_E_UNKNOWNNAME, automation::MemberNotFound},
+    {DISP_E_MEMBERNOTFOUND, automation::MemberNotFound},
+    {DISP_E_TYPEMISMATCH, automation::TypeMismatch},
+    {DISP_E_OVERFLOW, automation::Overflow},
+    {DISP_E_BADPARAMCOUNT, automation::WrongArgumentCount},
+    {DISP_E_PARAMNOTOPTIONAL, automation::ArgumentNotOptional},
+    {DISP_E_BADINDEX, automation::SubscriptOutOfRange},
+    {E_OUTOFMEMORY, automation::OutOfMemory},
+};
+
 std::int32_t RuntimeNumber(HRESULT result) noexcept {
-    switch (result) {
-        case DISP_E_UNKNOWNNAME:
-        case DISP_E_MEMBERNOTFOUND:
-            return automation::MemberNotFound;
-        case DISP_E_TYPEMISMATCH:
-            return automation::TypeMismatch;
-        case DISP_E_OVERFLOW:
-            return automation::Overflow;
-        case DISP_E_BADPARAMCOUNT:
-            return automation::WrongArgumentCount;
-        case DISP_E_PARAMNOTOPTIONAL:
-            return automation::ArgumentNotOptional;
-        case DISP_E_BADINDEX:
-            return automation::SubscriptOutOfRange;
-        case E_OUTOFMEMORY:
-            return automation::OutOfMemory;
-        default:
-            return NumberOf(result);
-    }
+    for (const auto& [given, number] : RuntimeNumbers)
+        if (given == result) return number;
+    return NumberOf(result);
 }
 
 /// The error information that the thread holds, when it was left by `object` for that interface.
 ComPtr<IErrorInfo> TakeErrorInfo(IUnknown* object, REFIID interfaceId) {
-    ComPtr<ISupportErrorInfo> support;
-    object->QueryInterface(__uuidof(ISupportErrorInfo), reinterpret_cast<void**>(support.Put()));
+    const auto support = ComPtr<IUnknown>(object).As<ISupportErrorInfo>();
     ComPtr<IErrorInfo> info;
     if (support && support->InterfaceSupportsErrorInfo(interfaceId) == S_OK) GetErrorInfo(0, info.Put());
     return info;

@@ -8,8 +8,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <initializer_list>
 #include <limits>
-#include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace korvex::com {
@@ -92,8 +93,7 @@ Variant FromDecimal(const DECIMAL& value) {
 
 Variant FromUnknown(IUnknown* object) {
     if (object == nullptr) return ObjectRef();
-    ComPtr<IDispatch> dispatch;
-    object->QueryInterface(__uuidof(IDispatch), reinterpret_cast<void**>(dispatch.Put()));
+    const auto dispatch = ComPtr<IUnknown>(object).As<IDispatch>();
     if (!dispatch) throw Error(automation::TypeMismatch, "The object offers no automation interface");
     return FromDispatch(dispatch.Get());
 }
@@ -112,85 +112,35 @@ Variant FromReference(const VARIANT& reference) {
     return FromVariant(value.Value());
 }
 
-/// Puts one held value into an empty VARIANT.
+/// Puts the contents of one held value into an empty VARIANT.
 struct Filler {
     VARIANT& out;
 
     void operator()(automation::EmptyValue) const {}
-    void operator()(automation::NullValue) const { out.vt = VT_NULL; }
-    void operator()(automation::MissingValue) const {
-        out.vt = VT_ERROR;
-        out.scode = DISP_E_PARAMNOTFOUND;
-    }
-    void operator()(bool value) const {
-        out.vt = VT_BOOL;
-        out.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-    }
-    void operator()(std::uint8_t value) const {
-        out.vt = VT_UI1;
-        out.bVal = value;
-    }
-    void operator()(std::int16_t value) const {
-        out.vt = VT_I2;
-        out.iVal = value;
-    }
-    void operator()(std::int32_t value) const {
-        out.vt = VT_I4;
-        out.lVal = value;
-    }
-    void operator()(std::int64_t value) const {
-        out.vt = VT_I8;
-        out.llVal = value;
-    }
-    void operator()(float value) const {
-        out.vt = VT_R4;
-        out.fltVal = value;
-    }
-    void operator()(double value) const {
-        out.vt = VT_R8;
-        out.dblVal = value;
-    }
-    void operator()(automation::Currency value) const {
-        out.vt = VT_CY;
-        out.cyVal.int64 = value.units;
-    }
-    void operator()(automation::Date value) const {
-        out.vt = VT_DATE;
-        out.date = value.days;
-    }
-    void operator()(const std::string& value) const {
-        out.bstrVal = ToBstr(value);
-        out.vt = VT_BSTR;
-    }
-    void operator()(const Bytes& value) const {
-        out.parray = ToByteArray(value);
-        out.vt = VT_ARRAY | VT_UI1;
-    }
-    void operator()(const ObjectRef& value) const {
-        out.pdispVal = ToDispatch(value).Detach();
-        out.vt = VT_DISPATCH;
-    }
+    void operator()(automation::NullValue) const {}
+    void operator()(automation::MissingValue) const { out.scode = DISP_E_PARAMNOTFOUND; }
+    void operator()(bool value) const { out.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE; }
+    void operator()(std::uint8_t value) const { out.bVal = value; }
+    void operator()(std::int16_t value) const { out.iVal = value; }
+    void operator()(std::int32_t value) const { out.lVal = value; }
+    void operator()(std::int64_t value) const { out.llVal = value; }
+    void operator()(float value) const { out.fltVal = value; }
+    void operator()(double value) const { out.dblVal = value; }
+    void operator()(automation::Currency value) const { out.cyVal.int64 = value.units; }
+    void operator()(automation::Date value) const { out.date = value.days; }
+    void operator()(const std::string& value) const { out.bstrVal = ToBstr(value); }
+    void operator()(const Bytes& value) const { out.parray = ToByteArray(value); }
+    void operator()(const ObjectRef& value) const { out.pdispVal = ToDispatch(value).Detach(); }
 };
 
+bool IsOneOf(VARTYPE type, std::initializer_list<VARTYPE> types) noexcept {
+    return std::ranges::find(types, type) != types.end();
+}
+
 /// Whether the library's own conversions give that type; the system's give the others.
-constexpr bool IsOwnType(VARTYPE type) noexcept {
-    switch (type) {
-        case VT_I2:
-        case VT_I4:
-        case VT_R4:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-        case VT_BSTR:
-        case VT_DISPATCH:
-        case VT_BOOL:
-        case VT_UI1:
-        case VT_I8:
-        case VT_ARRAY | VT_UI1:
-            return true;
-        default:
-            return false;
-    }
+bool IsOwnType(VARTYPE type) noexcept {
+    return IsOneOf(type, {VT_I2, VT_I4, VT_R4, VT_R8, VT_CY, VT_DATE, VT_BSTR, VT_DISPATCH, VT_BOOL, VT_UI1,
+                          VT_I8, VT_ARRAY | VT_UI1});
 }
 
 /// `value` as a VARIANT of that very type.
@@ -205,34 +155,13 @@ ComVariant Converted(const Variant& value, VARTYPE type) {
 }
 
 std::size_t SizeOf(VARTYPE type) {
-    if ((type & VT_ARRAY) != 0) return sizeof(void*);
-    switch (type) {
-        case VT_I1:
-        case VT_UI1:
-            return 1;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            return 2;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_R4:
-            return 4;
-        case VT_I8:
-        case VT_UI8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            return 8;
-        case VT_BSTR:
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            return sizeof(void*);
-        default:
-            throw Error(automation::TypeMismatch);
-    }
+    if (IsOneOf(type, {VT_I1, VT_UI1})) return 1;
+    if (IsOneOf(type, {VT_I2, VT_UI2, VT_BOOL})) return 2;
+    if (IsOneOf(type, {VT_I4, VT_UI4, VT_INT, VT_UINT, VT_R4})) return 4;
+    if (IsOneOf(type, {VT_I8, VT_UI8, VT_R8, VT_CY, VT_DATE})) return 8;
+    const bool isPointer = (type & VT_ARRAY) != 0 || IsOneOf(type, {VT_BSTR, VT_DISPATCH, VT_UNKNOWN});
+    if (isPointer) return sizeof(void*);
+    throw Error(automation::TypeMismatch);
 }
 
 /// What a by-reference VARIANT refers to, for the contents of `value`; both have the same type.
@@ -250,7 +179,12 @@ void SwapContents(VARIANT& reference, VARIANT& value) {
 
 }  // namespace
 
-ComVariant::ComVariant(const Variant& value) : ComVariant() { std::visit(Filler{m_value}, value.Value()); }
+// The type of a value is its VARTYPE, too. It comes last, so that contents which could not be made are not
+// freed.
+ComVariant::ComVariant(const Variant& value) : ComVariant() {
+    std::visit(Filler{m_value}, value.Value());
+    m_value.vt = static_cast<VARTYPE>(value.Type());
+}
 
 Variant FromVariant(const VARIANT& value) {
     if ((value.vt & VT_BYREF) != 0) return FromReference(value);
@@ -330,8 +264,7 @@ ComPtr<IDispatch> ToDispatch(const ObjectRef& object) {
 
 ObjectRef FromDispatch(IDispatch* object) {
     if (object == nullptr) return {};
-    ComPtr<IAutomationObject> own;
-    object->QueryInterface(__uuidof(IAutomationObject), reinterpret_cast<void**>(own.Put()));
+    const auto own = ComPtr<IDispatch>(object).As<IAutomationObject>();
     ObjectRef result;
     if (own && own->GetAutomationObject(ModuleTag(), &result) == S_OK) {
         return ObjectRef(result.get(), HostReference{ComPtr<IDispatch>(object)});
