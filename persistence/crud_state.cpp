@@ -75,6 +75,28 @@ std::shared_ptr<ado::Recordset> CrudState::OpenRecordset(const std::string& sSQL
     }
 }
 
+std::string CrudState::GetTableName(const QORObject::Ref& coDataDef) {
+    ResetLastResult();
+    if (Need(coDataDef, "data definition")->BooleanAttribute(attIsIncluded))
+        return coDataDef->StringAttribute(attTableName);
+    Fail(dbTableNotIncluded);
+    return {};
+}
+
+std::string CrudState::GetPrimaryKeyFieldName(const QORObject::Ref& coDataDef) {
+    ResetLastResult();
+    return Read(Need(coDataDef, "data definition"))->keyColumn;
+}
+
+std::string CrudState::GetForeignKeyFieldName(const QORObject::Ref& coDataDef) {
+    ResetLastResult();
+    const auto keys = Need(coDataDef, "data definition")->ObjectAttribute(attForeignKeys);
+    if (keys == nullptr) return {};
+    const auto first = keys->NewEnum()->Next();
+    return first ? ToQORObject(*first, "foreign-key entry")->StringAttribute(attForeignKeyField)
+                 : std::string();
+}
+
 void CrudState::Execute(const std::string& sSQL) {
     if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn).");
     m_oConn->Execute(sSQL, ado::adUnspecified);
@@ -91,19 +113,23 @@ DefinitionReadings::Reading CrudState::Read(const QORObject::Ref& definition) {
     return std::make_shared<const DefinitionReading>(ReadDefinition(*definition));
 }
 
-Descent::Descent(CrudState& session) : m_session(session), m_outermost(!session.m_stack) {
+Descent::Descent(CrudState& session, bool isUpdate)
+    : m_session(session), m_outermost(!session.m_stack), m_wasUpdating(session.m_isUpdating) {
     if (m_outermost) {
         session.m_trapped.reset();
         session.m_stack.emplace();
         session.m_writes = 0;
     }
-    if (session.m_stack->HasRoom()) return;
-    if (m_outermost) session.m_stack.reset();
-    throw Error(automation::OutOfStackSpace,
-                "The data objects are nested too deeply; is one of them its own ancestor?");
+    if (!session.m_stack->HasRoom()) {
+        if (m_outermost) session.m_stack.reset();
+        throw Error(automation::OutOfStackSpace,
+                    "The data objects are nested too deeply; is one of them its own ancestor?");
+    }
+    if (isUpdate) session.m_isUpdating = true;
 }
 
 Descent::~Descent() {
+    m_session.m_isUpdating = m_wasUpdating;
     if (!m_outermost) return;
     m_session.m_stack.reset();
     m_session.m_readings.Forget();

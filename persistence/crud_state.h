@@ -44,6 +44,15 @@ class CrudState {
     bool ConnectDB(const automation::Variant& sConnection, const automation::Variant& sFKPrefix);
     void DisconnectDB();
     std::shared_ptr<ado::Recordset> OpenRecordset(const std::string& sSQL);
+
+    /// Table of a definition; "" with dbTableNotIncluded for one that is not stored.
+    std::string GetTableName(const QORObject::Ref& coDataDef);
+    /// Column of the last primary-key entry that names the column of a plain value; "" when none does. Names
+    /// compare exactly.
+    std::string GetPrimaryKeyFieldName(const QORObject::Ref& coDataDef);
+    /// Column of the first foreign-key entry; "" when there is none.
+    std::string GetForeignKeyFieldName(const QORObject::Ref& coDataDef);
+
     /// The first error of the engine that the call in hand, or the last one, answered with a code or passed
     /// over.
     const std::optional<automation::Error>& TrappedError() const noexcept { return m_trapped; }
@@ -72,7 +81,6 @@ class CrudState {
 
   private:
     friend class Descent;
-    friend class UpdateInHand;
 
     Platform m_platform;
     PublicMembers& m_members;
@@ -94,7 +102,8 @@ class CrudState {
 /// an error instead of a crash.
 class Descent {
   public:
-    explicit Descent(CrudState& session);
+    /// `isUpdate` for the descent of an update, and so for all that go on beneath it.
+    explicit Descent(CrudState& session, bool isUpdate = false);
     Descent(const Descent&) = delete;
     Descent& operator=(const Descent&) = delete;
     ~Descent();
@@ -102,20 +111,7 @@ class Descent {
   private:
     CrudState& m_session;
     bool m_outermost;
-};
-
-/// Stands in an update, for as long as it runs.
-class UpdateInHand {
-  public:
-    explicit UpdateInHand(CrudState& session)
-        : m_session(session), m_outer(std::exchange(session.m_isUpdating, true)) {}
-    UpdateInHand(const UpdateInHand&) = delete;
-    UpdateInHand& operator=(const UpdateInHand&) = delete;
-    ~UpdateInHand() { m_session.m_isUpdating = m_outer; }
-
-  private:
-    CrudState& m_session;
-    bool m_outer;
+    bool m_wasUpdating;
 };
 
 }  // namespace korvex::persistence

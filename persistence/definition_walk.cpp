@@ -25,6 +25,10 @@ QORObject::Ref DefinitionOf(const QORObject::Ref& coData) {
     return Need(Need(coData, "data object")->DataDef(), "definition of the data object");
 }
 
+QORObject::Ref ElementDefinitionOf(QORObject& definition) {
+    return Need(definition.ObjectAttribute(attElementDef), "definition of the collection's elements");
+}
+
 QORObject::Ref ToQORObject(const Variant& value, std::string_view what) {
     const auto* reference = value.If<automation::ObjectRef>();
     if (reference == nullptr)

@@ -16,6 +16,9 @@ const QORObject::Ref& Need(const QORObject::Ref& reference, std::string_view wha
 /// The definition of a data object; ObjectVariableNotSet (91) when there is no object or no definition.
 QORObject::Ref DefinitionOf(const QORObject::Ref& coData);
 
+/// The definition of a collection's elements; ObjectVariableNotSet (91) when there is none.
+QORObject::Ref ElementDefinitionOf(QORObject& definition);
+
 /// A value that holds a QORObject; ObjectRequired (424) for one that holds none, ObjectVariableNotSet (91)
 /// for Nothing, TypeMismatch (13) for another kind of object. `what` names it in the description.
 QORObject::Ref ToQORObject(const automation::Variant& value, std::string_view what);

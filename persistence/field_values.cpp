@@ -4,7 +4,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "persistence/definition_walk.h"
-#include "persistence/stored_value.h"
 
 namespace korvex::persistence {
 
@@ -12,13 +11,22 @@ using automation::Variant;
 
 namespace {
 
-bool TryWrite(ado::Field& field, const Variant& value) {
+bool IsZero(const Variant& stored) {
+    return !stored.IsString() && !stored.Holds<automation::Bytes>() && automation::ToDouble(stored) == 0;
+}
+
+template <class Action>
+bool Succeeds(Action&& action) {
     try {
-        field.Value(value);
+        action();
         return true;
     } catch (const automation::Error&) {
         return false;
     }
+}
+
+bool TryWrite(ado::Field& field, const Variant& value) {
+    return Succeeds([&] { field.Value(value); });
 }
 
 /// False for a column that takes neither, a binary one.
@@ -59,12 +67,7 @@ bool SameInField(ado::Field& field, const Variant& value) {
 
 /// A table that was made before the other parent was defined has no column for it.
 bool HasColumn(ado::Recordset& records, const std::string& column) {
-    try {
-        records.Fields(column);
-        return true;
-    } catch (const automation::Error&) {
-        return false;
-    }
+    return Succeeds([&] { records.Fields(column); });
 }
 
 bool UpdateLink(ado::Field& field, const Variant& parentKey) {
@@ -81,6 +84,20 @@ bool UpdateOptionalLink(const PlainValue& value, QORObject& coData, ado::Records
 }
 
 }  // namespace
+
+bool SameAsStored(const Variant& stored, const Variant& value) {
+    if (IsBlank(value)) return IsBlank(stored) || IsZero(stored);
+    if (IsEmptyOrNull(stored)) return false;
+    try {
+        const Variant converted = automation::ChangeType(value, stored.Type());
+        if (const auto* date = stored.If<automation::Date>())  // engines keep milliseconds, no finer
+            return automation::ToMilliseconds(*date) ==
+                   automation::ToMilliseconds(*converted.If<automation::Date>());
+        return converted == stored;
+    } catch (const automation::Error&) {
+        return false;  // what cannot be compared is written, and the engine judges it
+    }
+}
 
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records) {
     if (!value.IsStored() || (value.isOptionalLink && !HasColumn(records, value.column))) return;

@@ -16,6 +16,10 @@ struct ParentLink {
     automation::Variant value = automation::Variant::Missing();
 };
 
+/// Whether storing `value` over `stored` would change nothing: both blank, or equal once `value` is converted
+/// to the stored type. A blank value equals a stored zero, as blanks are stored in columns that hold numbers.
+bool SameAsStored(const automation::Variant& stored, const automation::Variant& value);
+
 /// Copies one column of the record into the data object.
 void LoadFieldValue(QORObject& coData, const PlainValue& value, ado::Recordset& records);
 

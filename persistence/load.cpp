@@ -56,16 +56,9 @@ std::optional<LoadedRecord> LoadRecord(CrudState& session, const QORObject::Ref&
 /// Appends one element per stored record, with nothing but its key. Answers the index of the key in the
 /// elements; nothing when there are no records, or no table or key column to look for them.
 std::optional<std::int32_t> AddElements(CrudState& session, QORObject& coData, const LoadedRecord& owner) {
-    const auto elementDef =
-        Need(owner.definition->ObjectAttribute(attElementDef), "definition of the collection's elements");
-    const std::string table = session.Members().GetTableName(elementDef);
-    if (table.empty()) return std::nullopt;
-    const auto records = session.Members().OpenRecordset(
-        SelectWhere(table, session.ForeignKeyColumn(owner.ownKey), owner.key));
-    if (records == nullptr) return std::nullopt;
-    const std::string keyColumn = session.Members().GetPrimaryKeyFieldName(elementDef);
-    if (keyColumn.empty()) return std::nullopt;
-
+    const auto [records, keyColumn] =
+        OpenElements(session, ElementDefinitionOf(*owner.definition), owner.ownKey, owner.key);
+    if (records == nullptr || keyColumn.empty()) return std::nullopt;
     std::optional<std::int32_t> keyIndex;
     for (; !records->Eof(); records->MoveNext()) {
         const auto item = Need(coData.AddItem(), "new element of the collection");

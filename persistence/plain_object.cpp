@@ -19,9 +19,7 @@ Variant PlainObject::Value(std::int32_t index) {
     throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index) + ".");
 }
 
-void PlainObject::Value(std::int32_t index, const Variant&) {
-    throw Error(automation::SubscriptOutOfRange, "The object has no value " + std::to_string(index) + ".");
-}
+void PlainObject::Value(std::int32_t index, const Variant&) { PlainObject::Value(index); }
 
 Variant PlainObject::NamedValue(std::string_view name) {
     throw Error(automation::MemberNotFound,

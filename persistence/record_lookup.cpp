@@ -37,12 +37,9 @@ std::optional<RecordPlace> FindPlace(CrudState& session, const QORObject::Ref& d
 
 std::optional<RecordPlace> FindStoredPlace(CrudState& session, const QORObject::Ref& definition) {
     RecordPlace place;
-    place.ownKey = session.Members().GetPrimaryKeyFieldName(definition);
-    if (place.ownKey.empty()) return std::nullopt;
-    place.keyColumn = place.ownKey;
-    place.table = session.Members().GetTableName(definition);
-    if (place.table.empty()) return std::nullopt;
-    return place;
+    place.ownKey = place.keyColumn = session.Members().GetPrimaryKeyFieldName(definition);
+    if (!place.ownKey.empty()) place.table = session.Members().GetTableName(definition);
+    return place.table.empty() ? std::nullopt : std::optional(std::move(place));
 }
 
 RecordsetRef OpenRecords(CrudState& session, const std::string& sSQL) {
@@ -61,6 +58,18 @@ RecordsetRef OpenExisting(CrudState& session, const std::string& sSQL) {
 
 std::string SelectRecord(const RecordPlace& place, const Variant& lKey) {
     return SelectWhere(place.table, place.keyColumn, lKey);
+}
+
+ElementRecords OpenElements(CrudState& session, const QORObject::Ref& elementDef, const std::string& ownKey,
+                            std::int32_t lPK) {
+    ElementRecords elements;
+    const std::string table = session.Members().GetTableName(elementDef);
+    if (table.empty()) return elements;
+    elements.records =
+        session.Members().OpenRecordset(SelectWhere(table, session.ForeignKeyColumn(ownKey), lPK));
+    if (elements.records != nullptr)
+        elements.keyColumn = session.Members().GetPrimaryKeyFieldName(elementDef);
+    return elements;
 }
 
 std::int32_t KeyOfRecord(ado::Recordset& records, const std::string& column) {

@@ -44,6 +44,14 @@ RecordsetRef OpenExisting(CrudState& session, const std::string& sSQL);
 /// The statement that selects the records of `place` with that key.
 std::string SelectRecord(const RecordPlace& place, const automation::Variant& lKey);
 
+/// The element records that belong to an owner, in the database's order.
+struct ElementRecords {
+    RecordsetRef records;   ///< nullptr where the elements have no table, or it did not open
+    std::string keyColumn;  ///< "" where they have none
+};
+ElementRecords OpenElements(CrudState& session, const QORObject::Ref& elementDef, const std::string& ownKey,
+                            std::int32_t lPK);
+
 /// Value of a column of the current record, as a key.
 std::int32_t KeyOfRecord(ado::Recordset& records, const std::string& column);
 

@@ -2,8 +2,9 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
-#include "persistence/definition_carrier.h"
+#include "automation/text.h"
 #include "persistence/definition_walk.h"
+#include "persistence/plain_object.h"
 #include "persistence/record_lookup.h"
 
 namespace korvex::persistence {
@@ -12,14 +13,41 @@ using automation::Variant;
 
 namespace {
 
-/// Deletes every element record of an owner.
-void DeleteCollectionElements(CrudState& session, const QORObject::Ref& coData, const std::string& ownKey,
-                              std::int32_t lPK) {
-    const auto elementDef =
-        Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
-    const auto keys = ElementKeys(session, elementDef, ownKey, lPK);
-    if (keys) DeleteElements(session, elementDef, *keys);
+void ExpectTable(QORObject& valueDef, std::string_view name) {
+    if (!valueDef.BooleanAttribute(attIsIncluded) || !valueDef.StringAttribute(attTableName).empty()) return;
+    throw automation::Error(
+        automation::InvalidProcedureCall,
+        "The value definition of the child object " + automation::Quoted(name) +
+            " names no table, so what is stored beneath it cannot be deleted. It must answer for "
+            "the definition of the child object, or the host must supply working data objects.");
 }
+
+/// A working data object that only carries a definition: enough for a delete, which finds records by key and
+/// asks the object for nothing but its definition and its children. It needs no class of the host. The value
+/// definition of a child object serves as the child's definition.
+class DefinitionCarrier final : public PlainObject {
+  public:
+    using PlainObject::DataDef;
+    void DataDef(const Ref& definition) override { m_definition = definition; }
+    Ref DataDef() override { return m_definition; }
+    /// A carrier of the child's definition. MemberNotFound (438) for a name that is no child object;
+    /// InvalidProcedureCall (5) for a stored child whose value definition names no table, as what is stored
+    /// of it could not be found.
+    Variant NamedValue(std::string_view name) override {
+        std::shared_ptr<DefinitionCarrier> child;
+        const auto values = m_definition != nullptr ? m_definition->ObjectAttribute(attValues) : nullptr;
+        ForEach(values.get(), [&](const Ref& valueDef) {
+            if (child != nullptr || !IsChild(*valueDef) || valueDef->StringAttribute(attName) != name) return;
+            ExpectTable(*valueDef, name);
+            child = std::make_shared<DefinitionCarrier>();
+            child->DataDef(valueDef);
+        });
+        return child != nullptr ? Variant(child) : PlainObject::NamedValue(name);
+    }
+
+  private:
+    Ref m_definition;
+};
 
 /// A working data object with that definition: one of the host's where it has one that takes it.
 QORObject::Ref WorkingObject(CrudState& session, const QORObject::Ref& definition) {
@@ -41,12 +69,8 @@ QORObject::Ref WorkingObject(CrudState& session, const QORObject::Ref& definitio
 // The keys are gathered first, so that no recordset is open while the deletes run.
 std::optional<std::vector<Variant>> ElementKeys(CrudState& session, const QORObject::Ref& elementDef,
                                                 const std::string& ownKey, std::int32_t lPK) {
-    const std::string table = session.Members().GetTableName(elementDef);
-    if (table.empty()) return std::nullopt;
-    const auto records =
-        session.Members().OpenRecordset(SelectWhere(table, session.ForeignKeyColumn(ownKey), lPK));
+    const auto [records, keyColumn] = OpenElements(session, elementDef, ownKey, lPK);
     if (records == nullptr) return std::nullopt;
-    const std::string keyColumn = session.Members().GetPrimaryKeyFieldName(elementDef);
     if (keyColumn.empty()) {
         session.Fail(dbPrimaryKeyFieldNameMissing);
         return std::nullopt;
@@ -73,7 +97,10 @@ void DeleteBeneath(CrudState& session, const QORObject::Ref& coData, const std::
     ForEachChild(*coData, reading->childNames, [&](const QORObject::Ref& child) {
         session.Members().DbDeleteData(child, lPK, session.ForeignKeyColumn(ownKey));
     });
-    if (IsCollection(*definition)) DeleteCollectionElements(session, coData, ownKey, lPK);
+    if (!IsCollection(*definition)) return;
+    const auto elementDef = ElementDefinitionOf(*definition);
+    if (const auto keys = ElementKeys(session, elementDef, ownKey, lPK))
+        DeleteElements(session, elementDef, *keys);
 }
 
 std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
@@ -83,13 +110,8 @@ std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, cons
     const Descent descent(session);
     const auto place = FindPlace(session, DefinitionOf(coData), sSelKey);
     if (!place) return 0;
-    auto records = OpenRecords(session, SelectRecord(*place, lKey));
-    if (records == nullptr) return 0;
-    if (records->Eof()) {
-        records->Close();
-        session.Fail(dbNoMatchingRecord);
-        return automation::ToLong(lKey);
-    }
+    auto records = OpenExisting(session, SelectRecord(*place, lKey));
+    if (records == nullptr) return session.LastResult() == dbNoMatchingRecord ? automation::ToLong(lKey) : 0;
     const std::int32_t lPK = KeyOfRecord(*records, place->ownKey);
     if (lPK < 1) {
         session.Fail(dbPrimaryKeyMissing);

@@ -24,10 +24,7 @@ std::int32_t InsertRecord(CrudState& session, ado::Recordset& records, QORObject
     records.AddNew();
     for (const auto& value : reading->values)
         WriteFieldValue(value, coData, records, parent);
-    if (isCollection)
-        SaveCollectionItemState(coData, records);
-    else
-        SaveObjectState(coData, records);
+    SaveState(coData, records, isCollection);
     records.Update();
     session.NoteWrite();
     const std::int32_t newKey = KeyOfRecord(records, ownKey);

@@ -2,7 +2,7 @@
 
 #include "automation/convert.h"
 #include "persistence/definition_walk.h"
-#include "persistence/stored_value.h"
+#include "persistence/field_values.h"
 #include "repository/names.h"
 
 #include <array>
@@ -34,11 +34,6 @@ Variant Attribute(QORObject& coData, const StateColumn& state) {
 
 const StatePair& PairOf(bool isCollection) { return isCollection ? CollectionItemState : ObjectState; }
 
-void Save(QORObject& coData, ado::Recordset& records, const StatePair& pair) {
-    for (const auto& state : pair)
-        records.Fields(state.column)->Value(Attribute(coData, state));
-}
-
 }  // namespace
 
 std::array<std::string_view, 2> StateColumns(bool isCollection) {
@@ -61,11 +56,10 @@ void LoadState(QORObject& coData, ado::Recordset& records, bool isCollection,
     }
 }
 
-void SaveCollectionItemState(QORObject& coData, ado::Recordset& records) {
-    Save(coData, records, CollectionItemState);
+void SaveState(QORObject& coData, ado::Recordset& records, bool isCollection) {
+    for (const auto& state : PairOf(isCollection))
+        records.Fields(state.column)->Value(Attribute(coData, state));
 }
-
-void SaveObjectState(QORObject& coData, ado::Recordset& records) { Save(coData, records, ObjectState); }
 
 bool UpdateState(QORObject& coData, ado::Recordset& records, bool isCollection) {
     bool changed = false;

@@ -21,8 +21,7 @@ std::array<std::string_view, 2> StateColumns(bool isCollection);
 void LoadState(QORObject& coData, ado::Recordset& records, bool isCollection,
                std::span<const std::int32_t> indexes = {});
 /// Data object to the record being added.
-void SaveCollectionItemState(QORObject& coData, ado::Recordset& records);
-void SaveObjectState(QORObject& coData, ado::Recordset& records);
+void SaveState(QORObject& coData, ado::Recordset& records, bool isCollection);
 
 /// Sets those columns of an existing record whose stored value differs; True when one did.
 bool UpdateState(QORObject& coData, ado::Recordset& records, bool isCollection);

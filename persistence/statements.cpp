@@ -31,6 +31,15 @@ std::string ConvertedNumber(std::string_view text) {
     }
 }
 
+/// Keys stand in the statements without quotes, so nothing but a plain number may pass. What the conversions
+/// read as a number in another form ("1,200", "$5", "(12)") passes as the number that it is.
+std::string KeyLiteral(const Variant& key) {
+    if (const auto* number = key.If<std::int32_t>()) return std::to_string(*number);
+    if (key.IsEmpty() || key.IsNull()) return {};
+    std::string text = automation::ToString(key);
+    return IsPlainNumber(text) ? text : ConvertedNumber(text);
+}
+
 constexpr std::string_view SelectVerb = "select * from ";
 
 /// The verb and the table, with room for `more` characters.
@@ -50,15 +59,6 @@ std::string Where(std::string_view verb, std::string_view table, std::string_vie
 }
 
 }  // namespace
-
-// Keys stand in the statements without quotes, so nothing but a plain number may pass. What the conversions
-// read as a number in another form ("1,200", "$5", "(12)") passes as the number that it is.
-std::string KeyLiteral(const Variant& key) {
-    if (const auto* number = key.If<std::int32_t>()) return std::to_string(*number);
-    if (key.IsEmpty() || key.IsNull()) return {};
-    std::string text = automation::ToString(key);
-    return IsPlainNumber(text) ? text : ConvertedNumber(text);
-}
 
 std::string SelectAll(std::string_view table) { return Begin(SelectVerb, table, 0); }
 

@@ -83,48 +83,47 @@ std::int32_t Finish(CrudState& session, const QORObject::Ref& coData, std::int32
     return key;
 }
 
+/// Brings a root up to date: what differs in its record and beneath it or, where all columns are asked for,
+/// the whole record, what is beneath it being saved anew. The record is written before anything beneath it is
+/// deleted: when the database refuses the values, all is as it was.
+std::int32_t UpdateRoot(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
+                        const std::string& sKeyFieldName, Columns columns) {
+    const Descent descent(session, true);
+    const Omissions before(session);
+    const auto definition = DefinitionOf(coData);
+    const auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
+    if (!root) return 0;
+    if (columns == Columns::Modified && !TreeModified(session, coData)) {
+        root->records->Close();
+        session.Fail(dbObjectNotModified);
+        return root->key;
+    }
+    const ParentLink link = LinkOfRoot(session, *coData, definition, *root);
+    const std::string& ownKey = root->place.ownKey;
+    const auto stored = UpdateRecord(session, coData, root->records, ownKey, link, columns);
+    if (columns == Columns::Modified) {
+        UpdateBeneath(session, coData, stored);
+    } else {
+        DeleteBeneath(session, coData, ownKey, root->key);
+        if (session.FailedOpens() == before.failedOpens)
+            SaveBeneath(session, *coData, definition, root->key, ownKey);
+    }
+    return Finish(session, coData, root->key, before);
+}
+
 }  // namespace
 
 std::int32_t DbUpdateData(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                           const std::string& sKeyFieldName) {
     session.ResetLastResult();
     if (!CheckConnected(session)) return 0;
-    const Descent descent(session);
-    const UpdateInHand update(session);
-    const Omissions before(session);
-    const auto definition = DefinitionOf(coData);
-    auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
-    if (!root) return 0;
-    if (!TreeModified(session, coData)) {
-        root->records->Close();
-        session.Fail(dbObjectNotModified);
-        return root->key;
-    }
-    const ParentLink link = LinkOfRoot(session, *coData, definition, *root);
-    const auto stored =
-        UpdateRecord(session, coData, root->records, root->place.ownKey, link, Columns::Modified);
-    UpdateBeneath(session, coData, stored);
-    return Finish(session, coData, root->key, before);
+    return UpdateRoot(session, coData, lKey, sKeyFieldName, Columns::Modified);
 }
 
-// The record is written before anything beneath it is deleted: when the database refuses the values, all is
-// as it was.
 std::int32_t DbUpdateDataRetainRoot(CrudState& session, const QORObject::Ref& coData, const Variant& lKey) {
     session.ResetLastResult();
     if (!CheckConnected(session) || !CheckKey(session, lKey)) return 0;
-    const Descent descent(session);
-    const UpdateInHand update(session);
-    const Omissions before(session);
-    const auto definition = DefinitionOf(coData);
-    auto root = OpenRoot(session, *coData, definition, lKey, {});
-    if (!root) return 0;
-    const ParentLink link = LinkOfRoot(session, *coData, definition, *root);
-    const std::string& ownKey = root->place.ownKey;
-    UpdateRecord(session, coData, root->records, ownKey, link, Columns::All);
-    DeleteBeneath(session, coData, ownKey, root->key);
-    if (session.FailedOpens() == before.failedOpens)
-        SaveBeneath(session, *coData, definition, root->key, ownKey);
-    return Finish(session, coData, root->key, before);
+    return UpdateRoot(session, coData, lKey, {}, Columns::All);
 }
 
 }  // namespace korvex::persistence

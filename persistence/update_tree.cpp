@@ -5,7 +5,6 @@
 #include "persistence/remove.h"
 #include "persistence/save.h"
 #include "persistence/special_state.h"
-#include "persistence/stored_value.h"
 
 #include <unordered_set>
 #include <vector>
@@ -143,8 +142,7 @@ class ElementUpdate {
 };
 
 void UpdateElements(CrudState& session, const QORObject::Ref& coData, const UpdatedObject& owner) {
-    const auto elementDef =
-        Need(DefinitionOf(coData)->ObjectAttribute(attElementDef), "definition of the collection's elements");
+    const auto elementDef = ElementDefinitionOf(*DefinitionOf(coData));
     const auto place = FindStoredPlace(session, elementDef);
     if (!place) return;
     const auto stored = ElementKeys(session, elementDef, owner.ownKey, owner.key);

@@ -3,7 +3,6 @@
 #include "persistence/crud_state.h"
 #include "persistence/field_access.h"
 #include "persistence/load.h"
-#include "persistence/naming.h"
 #include "persistence/public_members.h"
 #include "persistence/remove.h"
 #include "persistence/save.h"
@@ -126,15 +125,15 @@ std::int32_t clsCRUD::DbDeleteData(const QORObject::Ref& coData, const Variant& 
 }
 
 std::string clsCRUD::GetTableName(const QORObject::Ref& coDataDef) {
-    return persistence::GetTableName(m_impl->session, coDataDef);
+    return m_impl->session.GetTableName(coDataDef);
 }
 
 std::string clsCRUD::GetPrimaryKeyFieldName(const QORObject::Ref& coDataDef) {
-    return persistence::GetPrimaryKeyFieldName(m_impl->session, coDataDef);
+    return m_impl->session.GetPrimaryKeyFieldName(coDataDef);
 }
 
 std::string clsCRUD::GetForeignKeyFieldName(const QORObject::Ref& coDataDef) {
-    return persistence::GetForeignKeyFieldName(m_impl->session, coDataDef);
+    return m_impl->session.GetForeignKeyFieldName(coDataDef);
 }
 
 std::shared_ptr<ado::Recordset> clsCRUD::OpenRecordset(const std::string& sSQL) {
