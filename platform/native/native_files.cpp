@@ -22,22 +22,12 @@ namespace {
 
 constexpr mode_t DefaultMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
 
-std::int32_t ErrorNumberOf(int error) noexcept {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR:
-            return automation::PathNotFound;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            return automation::PermissionDenied;
-        case ENOSPC:
-        case EDQUOT:
-            return automation::DiskFull;
-        default:
-            return automation::PathFileAccessError;
-    }
-}
+constexpr platform::FileFailure Failures[] = {
+    {ENOENT, automation::PathNotFound},     {ENOTDIR, automation::PathNotFound},
+    {EACCES, automation::PermissionDenied}, {EPERM, automation::PermissionDenied},
+    {EROFS, automation::PermissionDenied},  {ENOSPC, automation::DiskFull},
+    {EDQUOT, automation::DiskFull},
+};
 
 [[noreturn]] void RaiseSystemError() { throw std::system_error(errno, std::generic_category()); }
 
@@ -221,7 +211,7 @@ auto WithFileErrors(std::string_view path, Work work) {
         return work();
     } catch (const std::system_error& error) {
         throw automation::Error(
-            ErrorNumberOf(error.code().value()),
+            platform::NumberOf(error.code().value(), Failures),
             "The file cannot be written: " + std::string(path) + " (" + error.code().message() + ")");
     }
 }

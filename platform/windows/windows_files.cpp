@@ -12,31 +12,25 @@ namespace korvex::windows {
 
 namespace {
 
-std::int32_t RuntimeNumber(DWORD failure) noexcept {
-    switch (failure) {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND:
-        case ERROR_INVALID_NAME:
-        case ERROR_DIRECTORY:
-            return automation::PathNotFound;
-        case ERROR_ACCESS_DENIED:
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_WRITE_PROTECT:
-            return automation::PermissionDenied;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            return automation::DiskFull;
-        default:
-            return automation::PathFileAccessError;
-    }
-}
+constexpr platform::FileFailure Failures[] = {
+    {ERROR_FILE_NOT_FOUND, automation::PathNotFound},
+    {ERROR_PATH_NOT_FOUND, automation::PathNotFound},
+    {ERROR_INVALID_NAME, automation::PathNotFound},
+    {ERROR_DIRECTORY, automation::PathNotFound},
+    {ERROR_ACCESS_DENIED, automation::PermissionDenied},
+    {ERROR_SHARING_VIOLATION, automation::PermissionDenied},
+    {ERROR_WRITE_PROTECT, automation::PermissionDenied},
+    {ERROR_DISK_FULL, automation::DiskFull},
+    {ERROR_HANDLE_DISK_FULL, automation::DiskFull},
+};
 
 [[noreturn]] void RaiseFileError(std::string_view path, DWORD failure) {
     // The system denies access to a folder's contents where a file is meant.
     const DWORD attributes = GetFileAttributesW(com::ToWide(path).c_str());
     const bool isFolder =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const std::int32_t number = isFolder ? automation::PathFileAccessError : RuntimeNumber(failure);
+    const std::int32_t number =
+        isFolder ? automation::PathFileAccessError : platform::NumberOf(failure, Failures);
     std::string description(automation::StandardErrorText(number));
     description.append(": ").append(path).append(" (");
     description.append(com::SystemText(HRESULT_FROM_WIN32(failure))).append(")");

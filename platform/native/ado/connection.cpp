@@ -2,7 +2,7 @@
 
 #include "platform/native/ado/recordset.h"
 #include "platform/native/ado/target.h"
-#include "platform/native/sql/port_error.h"
+#include "platform/native/sql/engine_error.h"
 
 #include <algorithm>
 #include <limits>

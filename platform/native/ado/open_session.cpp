@@ -1,6 +1,6 @@
 #include "platform/native/ado/target.h"
+#include "platform/native/sql/engine_error.h"
 #include "platform/native/sql/odbc/odbc_session.h"
-#include "platform/native/sql/port_error.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
 #include <utility>

@@ -83,7 +83,7 @@ void OpenRows::Value(std::size_t column, const Variant& value) {
 }
 
 std::int32_t OpenRows::ActualSize(std::size_t column) {
-    if (!sql::IsLong(Column(column).type)) return FieldActualSize(Value(column), Column(column));
+    if (!sql::IsLong(Column(column).type)) return NativeField::SizeOf(Value(column), Column(column));
     ReadLong(column);
     return m_chunks->size;
 }
@@ -139,7 +139,7 @@ void OpenRows::StartEdit() {
 void OpenRows::ReadLong(std::size_t column) {
     if (m_chunks && m_chunks->column == column && !m_chunks->isAppending) return;
     Variant value = Value(column);
-    const std::int32_t size = FieldActualSize(value, Column(column));
+    const std::int32_t size = NativeField::SizeOf(value, Column(column));
     m_chunks = std::make_unique<Chunks>(Chunks{.column = column, .value = std::move(value), .size = size});
 }
 

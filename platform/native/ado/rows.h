@@ -3,7 +3,7 @@
 #include "automation/variant.h"
 #include "platform/ado.h"
 #include "platform/native/sql/cursor.h"
-#include "platform/native/sql/port_error.h"
+#include "platform/native/sql/engine_error.h"
 
 #include <cstddef>
 #include <cstdint>

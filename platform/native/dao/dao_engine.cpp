@@ -2,7 +2,7 @@
 
 #include "automation/error.h"
 #include "platform/native/jet/jet_tables.h"
-#include "platform/native/sql/port_error.h"
+#include "platform/native/sql/engine_error.h"
 #include "platform/native/sql/sqlite/sqlite_file.h"
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
@@ -18,7 +18,7 @@ std::shared_ptr<dao::Workspace> NativeEngine::CreateWorkspace(std::string_view, 
 std::unique_ptr<dao::Database> NativeEngine::OpenDatabase(std::string_view name) {
     return WithErrors<DaoError>({}, [&] {
         const sql::SqliteOptions options{.mode = sql::SqliteMode::ReadWrite, .seam = m_seam};
-        return std::make_unique<NativeDatabase>(std::make_unique<sql::SqliteSession>(name, options));
+        return DatabaseOn(std::make_unique<sql::SqliteSession>(name, options));
     });
 }
 
@@ -27,7 +27,7 @@ std::unique_ptr<dao::Database> NativeEngine::CreateDatabase(std::string_view nam
     const auto mode = name.empty() ? sql::SqliteMode::Memory : sql::SqliteMode::CreateNew;
     const sql::SqliteOptions options{.mode = mode, .seam = m_seam};
     try {
-        return std::make_unique<NativeDatabase>(std::make_unique<sql::SqliteSession>(name, options));
+        return DatabaseOn(std::make_unique<sql::SqliteSession>(name, options));
     } catch (const sql::EngineError& error) {
         throw automation::Error(automation::PathFileAccessError,
                                 "The database cannot be created: " + sql::DescribeFailure(error, {}));

@@ -10,25 +10,10 @@
 /// The repository engine in the shape of DAO, over the SQL layer.
 namespace korvex::native::dao_engine {
 
-class NativeDatabase final : public dao::Database {
-  public:
-    explicit NativeDatabase(std::unique_ptr<sql::Session> session, bool readOnly = false)
-        : m_session(std::move(session)), m_readOnly(readOnly) {}
-
-    std::unique_ptr<dao::Recordset> OpenRecordset(std::string_view sql, std::int32_t type,
-                                                  std::int32_t options, std::int32_t lockEdit) override;
-    void Execute(std::string_view sql) override;
-    void Close() override;
-    bool BeginTrans() override;
-    void CommitTrans() override;
-    void Rollback() override;
-
-  private:
-    sql::Session& Open(std::string_view context) const;
-
-    std::unique_ptr<sql::Session> m_session;
-    bool m_readOnly;
-};
+/// The database on a session.
+std::unique_ptr<dao::Database> DatabaseOn(std::unique_ptr<sql::Session> session, bool readOnly = false);
+/// The rows of a statement; `updatable` for a dynaset.
+std::unique_ptr<dao::Recordset> RecordsetOf(sql::Session& session, std::string_view text, bool updatable);
 
 class NativeWorkspace final : public dao::Workspace {
   public:

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "automation/error.h"
+
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace korvex::native::sql {
@@ -39,6 +43,15 @@ enum class ErrorKind : std::uint8_t {
     Closed,           ///< the cursor or its session was closed
 };
 
+/// What a code of an engine's own means.
+struct CodeMeaning {
+    std::int32_t code;
+    ErrorKind kind;
+};
+
+/// Other for a code that is not among the known ones.
+ErrorKind MeaningOf(std::int32_t code, std::span<const CodeMeaning> known) noexcept;
+
 /// A failed engine call.
 class EngineError : public std::runtime_error {
   public:
@@ -70,3 +83,25 @@ std::string ReadableStatement(std::string_view text);
 std::string DescribeFailure(const EngineError& error, std::string_view context);
 
 }  // namespace korvex::native::sql
+
+namespace korvex::native {
+
+/// An engine's failure as ADO or DAO reports it: with their own number, described by sql::DescribeFailure.
+automation::Error AdoError(const sql::EngineError& error, std::string_view context);
+automation::Error DaoError(const sql::EngineError& error, std::string_view context);
+
+/// Runs `work`; its engine errors leave as `portError` (AdoError, DaoError) has them. `context` is a text, or
+/// a function that gives one.
+template <auto portError, class Context = std::string_view, class Work>
+decltype(auto) WithErrors(const Context& context, Work&& work) {
+    try {
+        return work();
+    } catch (const sql::EngineError& error) {
+        if constexpr (std::is_invocable_v<Context>)
+            throw portError(error, context());
+        else
+            throw portError(error, context);
+    }
+}
+
+}  // namespace korvex::native

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvex::native::sql {
@@ -84,7 +85,16 @@ class KeptRow {
         return FromCell(cell, shape, column);
     }
     /// All values, which the row holds from now on; a caller may put others in their place.
-    Row& Values(const RowShape& shape);
+    Row& Values(const RowShape& shape) {
+        if (m_values.empty()) {
+            Row values;
+            values.reserve(m_cells.size());
+            for (std::size_t i = 0; i < m_cells.size(); ++i)
+                values.push_back(Value(i, shape));
+            m_values = std::move(values);
+        }
+        return m_values;
+    }
     /// Whether there is room in it that is worth using again: that of large values is not kept.
     bool IsReusable() const noexcept { return m_cells.capacity() > 0 && m_bytes.capacity() <= MostBytes; }
 

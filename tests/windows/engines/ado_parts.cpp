@@ -3,7 +3,7 @@
 #include "platform/native/ado/connection.h"
 #include "platform/native/ado/target.h"
 #include "platform/native/sql/odbc/odbc_session.h"
-#include "platform/native/sql/port_error.h"
+#include "platform/native/sql/engine_error.h"
 
 namespace korvex::test {
 

@@ -40,15 +40,9 @@ ErrorKind RefineSqlite(const OdbcDiagnosis& diagnosis) {
                                diagnosis.message);
 }
 
-struct CodeMeaning {
-    std::int32_t code;  ///< the engine's own
-    ErrorKind kind;
-};
-
-template <const auto& Meanings>
+template <const auto& codes>
 ErrorKind Refine(const OdbcDiagnosis& diagnosis) {
-    const auto* meaning = std::ranges::find(Meanings, diagnosis.nativeCode, &CodeMeaning::code);
-    return meaning == std::end(Meanings) ? ErrorKind::Other : meaning->kind;
+    return MeaningOf(diagnosis.nativeCode, codes);
 }
 
 constexpr CodeMeaning MariaDbCodes[] = {

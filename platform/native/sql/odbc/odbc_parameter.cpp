@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
+#include <iterator>
 #include <string_view>
 #include <type_traits>
 
@@ -62,19 +64,31 @@ void OdbcParameter::Assign(const Variant& value, const ColumnInfo* column, bool 
         [&](const auto& held) {
             using T = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<T, bool>) {
-                AssignBoolean(held, column);
+                // True is -1 in a number column, as automation has it.
+                if (column == nullptr || column->type != ColumnType::Boolean)
+                    AssignInteger(held ? -1 : 0);
+                else
+                    AssignFixed<unsigned char>(held, SQL_C_BIT, SQL_BIT, 1);
             } else if constexpr (std::is_integral_v<T>) {
                 AssignInteger(held);
             } else if constexpr (std::is_floating_point_v<T>) {
-                AssignReal(static_cast<double>(held));
+                AssignFixed<double>(held, SQL_C_DOUBLE, SQL_DOUBLE, 15);
             } else if constexpr (std::is_same_v<T, automation::Currency>) {
-                AssignCurrency(held);
+                Keep(m_narrow, automation::ToString(held));
+                Describe(SQL_C_CHAR, SQL_DECIMAL, m_narrow.data(), static_cast<SQLLEN>(m_narrow.size()), 19,
+                         4);
             } else if constexpr (std::is_same_v<T, automation::Date>) {
-                AssignDate(held);
+                AssignFixed(ToTimestamp(held), SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, 23, 3);
             } else if constexpr (std::is_same_v<T, std::string>) {
-                narrowText ? AssignNarrowText(held, column) : AssignText(held, column);
+                if (narrowText)
+                    AssignText(m_narrow, std::string_view(held), SQL_C_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR,
+                               column);
+                else
+                    AssignText(m_wide, automation::ToUtf16(held), SQL_C_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR,
+                               column);
             } else if constexpr (std::is_same_v<T, automation::Bytes>) {
-                AssignBytes(held, column);
+                const std::string_view bytes(reinterpret_cast<const char*>(held.data()), held.size());
+                AssignText(m_narrow, bytes, SQL_C_BINARY, SQL_VARBINARY, SQL_LONGVARBINARY, column);
             } else {
                 AssignNull(column);
             }
@@ -112,58 +126,29 @@ void OdbcParameter::AssignNull(const ColumnInfo* column) {
     }
 }
 
-/// True is -1 in a number column, as automation has it.
-void OdbcParameter::AssignBoolean(bool value, const ColumnInfo* column) {
-    if (column == nullptr || column->type != ColumnType::Boolean) return AssignInteger(value ? -1 : 0);
-    m_bit = value ? 1 : 0;
-    Describe(SQL_C_BIT, SQL_BIT, &m_bit, 1, 1);
-}
-
 /// Not every driver takes numbers of 64 bits.
 void OdbcParameter::AssignInteger(std::int64_t value) {
-    m_long = static_cast<SQLINTEGER>(value);
-    if (m_long == value) return Describe(SQL_C_SLONG, SQL_INTEGER, &m_long, sizeof m_long, 10);
-    m_integer = value;
-    Describe(SQL_C_SBIGINT, SQL_BIGINT, &m_integer, sizeof m_integer, 19);
+    const auto narrow = static_cast<SQLINTEGER>(value);
+    if (narrow == value) return AssignFixed(narrow, SQL_C_SLONG, SQL_INTEGER, 10);
+    AssignFixed(value, SQL_C_SBIGINT, SQL_BIGINT, 19);
 }
 
-void OdbcParameter::AssignReal(double value) {
-    m_real = value;
-    Describe(SQL_C_DOUBLE, SQL_DOUBLE, &m_real, sizeof m_real, 15);
-}
-
-void OdbcParameter::AssignCurrency(automation::Currency value) {
-    Keep(m_narrow, automation::ToString(value));
-    Describe(SQL_C_CHAR, SQL_DECIMAL, m_narrow.data(), static_cast<SQLLEN>(m_narrow.size()), 19, 4);
-}
-
-void OdbcParameter::AssignDate(automation::Date value) {
-    m_timestamp = ToTimestamp(value);
-    Describe(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, &m_timestamp, sizeof m_timestamp, 23, 3);
-}
-
-void OdbcParameter::AssignText(const std::string& value, const ColumnInfo* column) {
-    Keep(m_wide, automation::ToUtf16(value));
-    DescribeText(m_wide, SQL_C_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR, column);
-}
-
-void OdbcParameter::AssignNarrowText(const std::string& value, const ColumnInfo* column) {
-    Keep(m_narrow, std::string_view(value));
-    DescribeText(m_narrow, SQL_C_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR, column);
-}
-
-void OdbcParameter::AssignBytes(const automation::Bytes& value, const ColumnInfo* column) {
-    Keep(m_narrow, std::string_view(reinterpret_cast<const char*>(value.data()), value.size()));
-    DescribeText(m_narrow, SQL_C_BINARY, SQL_VARBINARY, SQL_LONGVARBINARY, column);
+template <class Number>
+void OdbcParameter::AssignFixed(const Number& value, SQLSMALLINT cType, SQLSMALLINT sqlType, SQLULEN size,
+                                SQLSMALLINT digits) noexcept {
+    static_assert(sizeof value <= sizeof m_fixed);
+    std::memcpy(&m_fixed, &value, sizeof value);
+    Describe(cType, sqlType, &m_fixed, sizeof value, size, digits);
 }
 
 template <class Text>
-void OdbcParameter::DescribeText(Text& value, SQLSMALLINT cType, SQLSMALLINT shortType, SQLSMALLINT longType,
-                                 const ColumnInfo* column) noexcept {
-    const std::size_t size = value.size();
-    const bool isLong = IsLongColumn(column) || size > LongDataFrom;
-    Describe(cType, isLong ? longType : shortType, value.data(),
-             static_cast<SQLLEN>(size * sizeof(typename Text::value_type)), SteadySize(size));
+void OdbcParameter::AssignText(Text& buffer, std::basic_string_view<typename Text::value_type> value,
+                               SQLSMALLINT cType, SQLSMALLINT shortType, SQLSMALLINT longType,
+                               const ColumnInfo* column) {
+    Keep(buffer, value);
+    const bool isLong = IsLongColumn(column) || value.size() > LongDataFrom;
+    Describe(cType, isLong ? longType : shortType, buffer.data(),
+             static_cast<SQLLEN>(value.size() * sizeof(typename Text::value_type)), SteadySize(value.size()));
 }
 
 }  // namespace korvex::native::sql

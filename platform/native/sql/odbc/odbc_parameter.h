@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace korvex::native::sql {
 
@@ -22,18 +23,14 @@ class OdbcParameter {
 
   private:
     void AssignNull(const ColumnInfo* column);
-    void AssignBoolean(bool value, const ColumnInfo* column);
     void AssignInteger(std::int64_t value);
-    void AssignReal(double value);
-    void AssignCurrency(automation::Currency value);
-    void AssignDate(automation::Date value);
-    void AssignText(const std::string& value, const ColumnInfo* column);
-    void AssignNarrowText(const std::string& value, const ColumnInfo* column);
-    void AssignBytes(const automation::Bytes& value, const ColumnInfo* column);
+    template <class Number>
+    void AssignFixed(const Number& value, SQLSMALLINT cType, SQLSMALLINT sqlType, SQLULEN size,
+                     SQLSMALLINT digits = 0) noexcept;
     /// Texts and bytes: `shortType`, or `longType` for a long column or value.
     template <class Text>
-    void DescribeText(Text& value, SQLSMALLINT cType, SQLSMALLINT shortType, SQLSMALLINT longType,
-                      const ColumnInfo* column) noexcept;
+    void AssignText(Text& buffer, std::basic_string_view<typename Text::value_type> value, SQLSMALLINT cType,
+                    SQLSMALLINT shortType, SQLSMALLINT longType, const ColumnInfo* column);
     void Describe(SQLSMALLINT cType, SQLSMALLINT sqlType, void* data, SQLLEN length, SQLULEN size,
                   SQLSMALLINT digits = 0) noexcept;
 
@@ -53,11 +50,7 @@ class OdbcParameter {
     std::optional<Form> m_bound;
     /// The value's, which the driver reads with it.
     SQLLEN m_length = SQL_NULL_DATA;
-    SQLINTEGER m_long = 0;
-    std::int64_t m_integer = 0;
-    unsigned char m_bit = 0;
-    double m_real = 0;
-    SQL_TIMESTAMP_STRUCT m_timestamp{};
+    alignas(std::int64_t) SQL_TIMESTAMP_STRUCT m_fixed{};  ///< any value of fixed size: this is the largest
     std::u16string m_wide;
     std::string m_narrow;
 };

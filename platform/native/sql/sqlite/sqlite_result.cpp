@@ -23,40 +23,24 @@ ErrorKind ClassifyStatementError(std::string_view message) noexcept {
     return ErrorKind::Other;
 }
 
+constexpr CodeMeaning PrimaryCodes[] = {
+    {SQLITE_TOOBIG, ErrorKind::ValueTooLarge}, {SQLITE_MISMATCH, ErrorKind::WrongType},
+    {SQLITE_BUSY, ErrorKind::Locked},          {SQLITE_LOCKED, ErrorKind::Locked},
+    {SQLITE_PERM, ErrorKind::ReadOnly},        {SQLITE_READONLY, ErrorKind::ReadOnly},
+    {SQLITE_AUTH, ErrorKind::NoRights},        {SQLITE_IOERR, ErrorKind::DiskFailed},
+    {SQLITE_FULL, ErrorKind::DiskFull},        {SQLITE_CANTOPEN, ErrorKind::CannotOpen},
+    {SQLITE_NOTADB, ErrorKind::NotADatabase},  {SQLITE_CORRUPT, ErrorKind::NotADatabase},
+};
+
 }  // namespace
 
 ErrorKind ClassifySqliteError(int code, std::string_view message) noexcept {
-    switch (code & 0xff) {
-        case SQLITE_ERROR:
-            return ClassifyStatementError(message);
-        case SQLITE_CONSTRAINT:
-            return Contains(message, "UNIQUE constraint") || Contains(message, "PRIMARY KEY")
-                       ? ErrorKind::DuplicateKey
-                       : ErrorKind::Constraint;
-        case SQLITE_TOOBIG:
-            return ErrorKind::ValueTooLarge;
-        case SQLITE_MISMATCH:
-            return ErrorKind::WrongType;
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return ErrorKind::Locked;
-        case SQLITE_PERM:
-        case SQLITE_READONLY:
-            return ErrorKind::ReadOnly;
-        case SQLITE_AUTH:
-            return ErrorKind::NoRights;
-        case SQLITE_IOERR:
-            return ErrorKind::DiskFailed;
-        case SQLITE_FULL:
-            return ErrorKind::DiskFull;
-        case SQLITE_CANTOPEN:
-            return ErrorKind::CannotOpen;
-        case SQLITE_NOTADB:
-        case SQLITE_CORRUPT:
-            return ErrorKind::NotADatabase;
-        default:
-            return ErrorKind::Other;
-    }
+    const int primary = code & 0xff;
+    if (primary == SQLITE_ERROR) return ClassifyStatementError(message);
+    if (primary != SQLITE_CONSTRAINT) return MeaningOf(primary, PrimaryCodes);
+    return Contains(message, "UNIQUE constraint") || Contains(message, "PRIMARY KEY")
+               ? ErrorKind::DuplicateKey
+               : ErrorKind::Constraint;
 }
 
 }  // namespace korvex::native::sql

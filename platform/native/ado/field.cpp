@@ -1,7 +1,6 @@
-#include "platform/native/ado/field_facts.h"
+#include "platform/native/ado/field.h"
 
 #include "automation/text.h"
-#include "platform/ado.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -44,27 +43,28 @@ std::int32_t Clamp(std::size_t size) noexcept {
 
 }  // namespace
 
-std::int32_t FieldType(const sql::ColumnInfo& column) noexcept { return FactsOf(column.type).field; }
+std::int32_t NativeField::Type() const { return FactsOf(Column().type).field; }
 
-std::int32_t FieldDefinedSize(const sql::ColumnInfo& column) noexcept {
+std::int32_t NativeField::DefinedSizeOf(const sql::ColumnInfo& column) noexcept {
     const std::int32_t size = FactsOf(column.type).size;
     if (size != 0) return size;
     return column.size == 0 ? NoLimit : Clamp(column.size);
 }
 
-std::int32_t FieldAttributes(const sql::ColumnInfo& column, bool isUpdatable) noexcept {
+std::int32_t NativeField::Attributes() const {
+    const sql::ColumnInfo& column = Column();
     std::int32_t attributes = 0;
-    if (isUpdatable && !column.base.table.empty()) attributes |= ado::adFldUpdatable;
+    if (m_rows->IsUpdatable() && !column.base.table.empty()) attributes |= ado::adFldUpdatable;
     if (column.nullable) attributes |= ado::adFldIsNullable;
     if (sql::IsLong(column.type)) attributes |= ado::adFldLong;
     return attributes;
 }
 
-std::int32_t FieldActualSize(const automation::Variant& value, const sql::ColumnInfo& column) noexcept {
+std::int32_t NativeField::SizeOf(const automation::Variant& value, const sql::ColumnInfo& column) noexcept {
     if (value.IsNull() || value.IsEmpty()) return 0;
     if (const auto* text = value.If<std::string>()) return Clamp(automation::Length(*text));
     if (const auto* bytes = value.If<automation::Bytes>()) return Clamp(bytes->size());
-    return FieldDefinedSize(column);
+    return DefinedSizeOf(column);
 }
 
 }  // namespace korvex::native::ado_engine
