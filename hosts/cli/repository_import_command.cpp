@@ -52,10 +52,9 @@ bool IsEmpty(dao::Database& database) {
 
 /// What another repository holds, as a model with the places of its JSON form.
 Model ModelOf(repository::Repository& from, Console& console) {
-    ExportedModel exported = ExportModel(repository::Catalog::Read(from.Open()), "");
-    for (const std::string& what : exported.leftOut)
+    Model model = ExportModel(repository::Catalog::Read(from.Open()), "");
+    for (const std::string& what : model.leftOut)
         console.Message("Left out: " + what);
-    Model model = std::move(exported.model);
     for (std::size_t i = 0; i < model.definitions.size(); ++i)
         model.definitions[i].place = "definitions[" + std::to_string(i) + "]";
     for (std::size_t i = 0; i < model.objects.size(); ++i)
@@ -79,7 +78,7 @@ void RunImport(const ImportOptions& options, Console& console) {
     const bool isCopy = isRepository && !options.isDry && IsEmpty(repository.Open());
     if (isCopy) {
         repository::AddRows(repository.Open(), repository::ReadAll(from.Open()));
-        model = ExportModel(repository::Catalog::Read(repository.Open()), "").model;
+        model = ExportModel(repository::Catalog::Read(repository.Open()), "");
     } else if (isRepository) {
         model = ModelOf(from, console);
     }

@@ -25,11 +25,11 @@ void RunPull(const PullOptions& options, Console& console) {
     const std::shared_ptr<ado::Connection> connection = Connect(options.connection, console);
     const scriptgen::EngineDialect& dialect =
         scriptgen::EngineDialectOf(scriptgen::EngineBehind(*connection));
-    const PulledModel pulled = PullModel(scriptgen::ReadLiveTables(*connection, dialect), dialect);
-    if (pulled.model.objects.empty())
+    const Model pulled = PullModel(scriptgen::ReadLiveTables(*connection, dialect), dialect);
+    if (pulled.objects.empty())
         throw automation::Error(automation::InvalidProcedureCall, "The database holds no tables.");
-    session.platform.files->WriteText(options.model, ModelText(pulled.model), "");
-    for (const std::string& what : pulled.untold)
+    session.platform.files->WriteText(options.model, ModelText(pulled), "");
+    for (const std::string& what : pulled.leftOut)
         console.Message(what);
     // Whatever a run names or adds otherwise than the database has it.
     for (const std::string& line : TargetTables(session.platform, options.model).Check(*connection))

@@ -28,9 +28,9 @@ void TellLeftOut(const std::vector<std::string>& leftOut, Console& console) {
 
 /// The definitions as they stand.
 std::string RenderModel(const repository::Catalog& catalog, const ShowOptions& options, Console& console) {
-    const ExportedModel exported = ExportModel(catalog, options.storage);
+    const Model exported = ExportModel(catalog, options.storage);
     TellLeftOut(exported.leftOut, console);
-    return options.format == "json" ? ModelText(exported.model) : TreeText(exported.model);
+    return options.format == "json" ? ModelText(exported) : TreeText(exported);
 }
 
 std::string Svg(const ShownDefinition& shown) {

@@ -45,12 +45,12 @@ std::optional<std::string> Beginning(const std::string& file) {
 std::unordered_set<repository::ValueId> Fill(dao::Database& database, const std::string& file) {
     const Model model = ReadModel(file);
     repository::CreateSchema(database);
-    const StoredModel imported = ImportModel(model, database);
+    const Model imported = ImportModel(model, database);
     std::unordered_set<repository::ValueId> numbered;
     for (std::size_t i = 0; i < model.interfaces.size(); ++i) {
         const std::vector<ModelValue>& values = model.interfaces[i].values;
         for (std::size_t j = 0; j < values.size(); ++j)
-            if (values[j].vid) numbered.insert(imported.ids.values[i][j]);
+            if (values[j].isNumbered) numbered.insert(imported.interfaces[i].values[j].ValueID);
     }
     return numbered;
 }

@@ -37,13 +37,14 @@ JsonNode JsonNode::At(std::string_view member) const {
     return JsonNode(*found, *m_file, (m_path.empty() ? "" : m_path + ".") + std::string(member));
 }
 
-std::vector<JsonNode> JsonNode::Items() const {
-    if (!m_value->is_array()) Fail(std::string("must be an array, not ") + KindName());
+std::vector<JsonNode> JsonNode::ItemsOf(std::string_view member) const {
     std::vector<JsonNode> items;
-    items.reserve(m_value->size());
-    for (std::size_t i = 0; i < m_value->size(); ++i) {
-        items.emplace_back((*m_value)[i], *m_file, m_path + "[" + std::to_string(i) + "]");
-    }
+    if (!Has(member)) return items;
+    const JsonNode array = At(member);
+    if (!array.m_value->is_array()) array.Fail(std::string("must be an array, not ") + array.KindName());
+    items.reserve(array.m_value->size());
+    for (const nlohmann::json& item : *array.m_value)
+        items.emplace_back(item, *m_file, array.m_path + "[" + std::to_string(items.size()) + "]");
     return items;
 }
 

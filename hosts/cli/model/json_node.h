@@ -31,8 +31,8 @@ class JsonNode {
     bool Has(std::string_view member) const { return m_value->contains(member); }
     /// The member of that name; complains when there is none.
     JsonNode At(std::string_view member) const;
-    /// The items of an array.
-    std::vector<JsonNode> Items() const;
+    /// The items of an array that is a member; none where there is no such member.
+    std::vector<JsonNode> ItemsOf(std::string_view member) const;
 
     /// A text, and one that is not empty.
     std::string Text() const;

@@ -49,7 +49,7 @@ std::optional<ModelCycle> FindCycle(const Model& model) {
     if (!cycle) return std::nullopt;
     std::string text;
     for (const std::size_t object : *cycle)
-        text += (text.empty() ? "" : " > ") + model.objects[object].name;
+        text += (text.empty() ? "" : " > ") + model.objects[object].Name;
     return ModelCycle{cycle->back(), text};
 }
 
@@ -60,7 +60,7 @@ std::vector<ModelValueRef> ValueIndex::Find(std::size_t object, const std::strin
         if (isNew) {
             const std::vector<ModelValue>& values = m_model.interfaces[interface].values;
             for (std::size_t i = 0; i < values.size(); ++i)
-                entry->second[values[i].name].push_back(i);
+                entry->second[values[i].Name].push_back(i);
         }
         const auto positions = entry->second.find(name);
         if (positions == entry->second.end()) continue;

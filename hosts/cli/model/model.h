@@ -1,8 +1,7 @@
 #pragma once
 
-#include "repository/ids.h"
+#include "repository/catalog.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -11,38 +10,24 @@
 #include <unordered_map>
 #include <vector>
 
-/// Data definitions in memory, free of any repository's identifiers: what stands between the JSON form and
-/// the rows of a repository. Objects and interfaces are referred to by their position in the model.
+/// Data definitions in memory: what stands between the JSON form and the rows of a repository. An entry is
+/// its row; the row's own identifier is that of the repository, or 0 where that does not hold it. Entries
+/// refer to each other by their positions in the model, the identifiers of others in a row count for nothing.
 namespace korvex::cli {
 
 /// Where an entry stands in the file that a model was read from, "objects[2].values[0]"; empty for one that
 /// was not.
 using ModelPlace = std::string;
 
-struct ModelValue {
-    std::string name;
-    std::int32_t dataType = 0;  ///< automation variant type number
-    std::string maxLength = "0";
-    std::string defaultVal;
-    bool isAutoNumber = false;
-    std::optional<std::string> fieldName;  ///< nothing: no column yet
-    bool isIncluded = false;
-    bool isReadOnly = false;
-    std::string description;
-    std::string caption;
-    std::string translation;
-    std::string maxValue;
-    std::string minValue;
-    std::optional<std::int32_t> vid;  ///< number within the interface; nothing: not numbered yet
-    std::array<std::string, 3> tags;
-    std::optional<std::size_t> child;  ///< the object that the value holds
-    ModelPlace place;
+struct ModelValue : repository::ValueRow {
+    bool isNumbered = false;                ///< else there is no VID yet
+    std::optional<std::size_t> child = {};  ///< the object that the value holds
+    ModelPlace place = {};
 };
 
-struct ModelInterface {
-    std::string name;
-    std::vector<ModelValue> values;
-    ModelPlace place;
+struct ModelInterface : repository::InterfaceRow {
+    std::vector<ModelValue> values = {};
+    ModelPlace place = {};
 };
 
 struct ModelValueRef {
@@ -65,16 +50,12 @@ struct ModelForeignKey {
     ModelPlace place;
 };
 
-struct ModelObject {
-    std::string name;
-    std::string guid;
-    std::optional<std::string> tableName;  ///< nothing: no table yet
-    bool isIncluded = false;
-    std::vector<std::size_t> interfaces;
-    std::optional<std::size_t> element;  ///< object of the elements of a collection
-    std::vector<ModelPrimaryKey> primaryKeys;
-    std::vector<ModelForeignKey> foreignKeys;
-    ModelPlace place;
+struct ModelObject : repository::ObjectRow {
+    std::vector<std::size_t> interfaces = {};
+    std::optional<std::size_t> element = {};  ///< object of the elements of a collection
+    std::vector<ModelPrimaryKey> primaryKeys = {};
+    std::vector<ModelForeignKey> foreignKeys = {};
+    ModelPlace place = {};
 };
 
 struct ModelDefinition {
@@ -88,19 +69,31 @@ struct Model {
     std::vector<ModelDefinition> definitions;
     std::vector<ModelObject> objects;
     std::vector<ModelInterface> interfaces;
+    std::vector<std::string> leftOut;  ///< what its source has that it does not say, in words
+
+    /// The identifier of an object, if it is one.
+    repository::ObjectId IdOf(const std::optional<std::size_t>& object) const {
+        return object ? objects[*object].ObjectID : repository::NoObject;
+    }
 };
 
-/// The identifiers that a repository has for a model's entries, by their positions; 0 for those that it does
-/// not hold.
-struct ModelIDs {
-    std::vector<repository::ObjectId> objects;
-    std::vector<repository::InterfaceId> interfaces;
-    std::vector<std::vector<repository::ValueId>> values;  ///< by interface
-};
+/// Finds entries by their identifiers, in a list that does not change any more.
+template <class Entry, repository::RowId Id>
+class EntryIndex {
+  public:
+    template <class Row>
+    EntryIndex(const std::vector<Entry>& entries, Id Row::*id) {
+        for (const Entry& entry : entries)
+            m_entries.emplace(entry.*id, &entry);
+    }
+    /// nullptr for none.
+    const Entry* Find(Id id) const {
+        const auto found = m_entries.find(id);
+        return found == m_entries.end() ? nullptr : found->second;
+    }
 
-struct StoredModel {
-    Model model;
-    ModelIDs ids;
+  private:
+    std::unordered_map<Id, const Entry*> m_entries;
 };
 
 /// The objects directly beneath an object, in walk order: its element object, then its values' children.

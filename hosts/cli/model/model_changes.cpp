@@ -6,8 +6,9 @@
 #include "repository/names.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
 
 namespace korvex::cli {
@@ -15,15 +16,11 @@ namespace korvex::cli {
 namespace {
 
 using repository::InterfaceId;
-using repository::NoObject;
 using repository::ObjectId;
-using repository::RowId;
 using repository::ValueId;
 
-using Position = std::optional<std::size_t>;
-
 /// Nothing and 0 are the same length.
-std::string Length(const ModelValue& value) { return value.maxLength.empty() ? "0" : value.maxLength; }
+std::string Length(const ModelValue& value) { return value.MaxLength.empty() ? "0" : value.MaxLength; }
 
 /// Whether members of one entry differ by nothing but what runs write, which the new one lacks.
 bool IsRunsWork(std::string_view member, bool isGone) {
@@ -32,10 +29,11 @@ bool IsRunsWork(std::string_view member, bool isGone) {
 
 class Changes {
   public:
-    Changes(const StoredModel& before, const StoredModel& after)
-        : m_before(before.model), m_after(after.model), m_beforeIDs(before.ids), m_afterIDs(after.ids) {
-        Index(m_beforeIDs.objects, m_objects);
-        Index(m_beforeIDs.interfaces, m_interfaces);
+    Changes(const Model& before, const Model& after)
+        : m_before(before),
+          m_after(after),
+          m_objects(before.objects, &ModelObject::ObjectID),
+          m_interfaces(before.interfaces, &ModelInterface::InterfaceID) {
         for (const ModelDefinition& definition : m_after.definitions)
             if (definition.place.empty()) m_others.push_back({definition.storage, {}});
         for (auto& [storage, reach] : m_others)
@@ -54,15 +52,6 @@ class Changes {
     }
 
   private:
-    template <RowId Id>
-    using Positions = std::unordered_map<Id, std::size_t>;
-
-    template <RowId Id>
-    static void Index(const std::vector<Id>& ids, Positions<Id>& positions) {
-        for (std::size_t i = 0; i < ids.size(); ++i)
-            positions.emplace(ids[i], i);
-    }
-
     std::vector<std::size_t> RootsOf(const std::string& storage) const {
         std::vector<std::size_t> roots;
         for (const ModelDefinition& definition : m_after.definitions)
@@ -96,25 +85,24 @@ class Changes {
             const auto before = find(m_before, definition.storage);
             if (before == m_before.definitions.end()) {
                 m_lines.push_back(Named("definition", definition.storage) + " added");
-            } else if (m_beforeIDs.objects[before->root] != m_afterIDs.objects[definition.root]) {
+            } else if (m_before.IdOf(before->root) != m_after.IdOf(definition.root)) {
                 m_lines.push_back(Named("definition", definition.storage) + " has another root: " +
-                                  Named("object", m_after.objects[definition.root].name));
+                                  Named("object", m_after.objects[definition.root].Name));
             }
         }
     }
 
     void Objects() {
-        const std::set<ObjectId> stay(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
-        for (std::size_t i = 0; i < m_before.objects.size(); ++i)
-            if (!stay.contains(m_beforeIDs.objects[i]))
-                m_lines.push_back(Named("object", m_before.objects[i].name) + " removed");
+        const EntryIndex stay(m_after.objects, &ModelObject::ObjectID);
+        for (const ModelObject& object : m_before.objects)
+            if (stay.Find(object.ObjectID) == nullptr)
+                m_lines.push_back(Named("object", object.Name) + " removed");
         for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
-            const auto before = m_objects.find(m_afterIDs.objects[i]);
-            if (before == m_objects.end()) {
-                m_lines.push_back(Named("object", m_after.objects[i].name) + " added");
-            } else {
-                Compare(m_before.objects[before->second], m_after.objects[i], {i});
-            }
+            const ModelObject* before = m_objects.Find(m_after.objects[i].ObjectID);
+            if (before == nullptr)
+                m_lines.push_back(Named("object", m_after.objects[i].Name) + " added");
+            else
+                Compare(*before, m_after.objects[i], {i});
         }
     }
 
@@ -122,7 +110,7 @@ class Changes {
     void AddDifferences(const std::string& what, const std::string& oldName, const Entry& before,
                         const Entry& now, std::vector<std::string_view> members,
                         const std::vector<std::size_t>& objects) {
-        if (std::erase(members, "name") > 0) Add(oldName + " renamed to " + now.name, objects);
+        if (std::erase(members, "name") > 0) Add(oldName + " renamed to " + now.Name, objects);
         m_runsWork =
             std::erase_if(members,
                           [&](std::string_view member) {
@@ -135,27 +123,23 @@ class Changes {
     }
 
     static bool IsGiven(const ModelObject& object, std::string_view member) {
-        return member == "table" ? object.tableName.has_value() : object.isIncluded;
+        return member == "table" ? object.TableName.has_value() : object.IsIncluded;
     }
     static bool IsGiven(const ModelValue& value, std::string_view member) {
-        return member == "field" ? value.fieldName.has_value() : value.isIncluded;
+        return member == "field" ? value.FieldName.has_value() : value.IsIncluded;
     }
 
-    ObjectId BeforeID(const Position& object) const {
-        return object ? m_beforeIDs.objects[*object] : NoObject;
-    }
-    /// -1 for an object that is new.
-    ObjectId AfterID(const Position& object) const {
-        if (!object) return NoObject;
-        return m_afterIDs.objects[*object] == NoObject ? ObjectId{-1} : m_afterIDs.objects[*object];
+    /// Whether both hold the same object, or none.
+    bool HoldSame(const std::optional<std::size_t>& before, const std::optional<std::size_t>& now) const {
+        const bool isNew = now && m_after.IdOf(now) == repository::NoObject;
+        return !isNew && m_before.IdOf(before) == m_after.IdOf(now);
     }
 
     void Compare(const ModelObject& before, const ModelObject& now, const std::vector<std::size_t>& objects) {
         std::vector<std::string_view> members = Differences(before, now);
-        if (BeforeID(before.element) != AfterID(now.element)) members.push_back("element");
-        if (InterfacesOf(m_before, m_beforeIDs, before) != InterfacesOf(m_after, m_afterIDs, now))
-            members.push_back("interfaces");
-        AddDifferences(Named("object", now.name), Named("object", before.name), before, now,
+        if (!HoldSame(before.element, now.element)) members.push_back("element");
+        if (InterfacesOf(m_before, before) != InterfacesOf(m_after, now)) members.push_back("interfaces");
+        AddDifferences(Named("object", now.Name), Named("object", before.Name), before, now,
                        std::move(members), objects);
         if (now.primaryKeys.size() < before.primaryKeys.size() ||
             (!now.place.empty() && now.foreignKeys.size() < before.foreignKeys.size()))
@@ -163,70 +147,67 @@ class Changes {
     }
 
     /// But for those of keys, which come and go with runs.
-    static std::vector<InterfaceId> InterfacesOf(const Model& model, const ModelIDs& ids,
-                                                 const ModelObject& object) {
+    static std::vector<InterfaceId> InterfacesOf(const Model& model, const ModelObject& object) {
         std::vector<InterfaceId> interfaces;
         for (const std::size_t interface : object.interfaces)
-            if (model.interfaces[interface].name != repository::KeyInterfaceName(object.name))
-                interfaces.push_back(ids.interfaces[interface]);
+            if (model.interfaces[interface].Name != repository::KeyInterfaceName(object.Name))
+                interfaces.push_back(model.interfaces[interface].InterfaceID);
         return interfaces;
     }
 
     void Interfaces() {
-        const std::set<ObjectId> objects(m_afterIDs.objects.begin(), m_afterIDs.objects.end());
-        std::set<InterfaceId> known(m_afterIDs.interfaces.begin(), m_afterIDs.interfaces.end());
-        for (std::size_t i = 0; i < m_before.objects.size(); ++i) {
-            if (!objects.contains(m_beforeIDs.objects[i])) continue;
-            for (const InterfaceId id : InterfacesOf(m_before, m_beforeIDs, m_before.objects[i]))
+        const EntryIndex objects(m_after.objects, &ModelObject::ObjectID);
+        std::set<InterfaceId> known;
+        for (const ModelInterface& interface : m_after.interfaces)
+            known.insert(interface.InterfaceID);
+        for (const ModelObject& object : m_before.objects) {
+            if (objects.Find(object.ObjectID) == nullptr) continue;
+            for (const InterfaceId id : InterfacesOf(m_before, object))
                 if (known.insert(id).second)
-                    m_lines.push_back(Named("interface", m_before.interfaces[m_interfaces.at(id)].name) +
-                                      " removed");
+                    m_lines.push_back(Named("interface", m_interfaces.Find(id)->Name) + " removed");
         }
         std::vector<std::vector<std::size_t>> users(m_after.interfaces.size());
         for (std::size_t i = 0; i < m_after.objects.size(); ++i)
             for (const std::size_t interface : m_after.objects[i].interfaces)
                 users[interface].push_back(i);
         for (std::size_t i = 0; i < m_after.interfaces.size(); ++i) {
-            const auto before = m_interfaces.find(m_afterIDs.interfaces[i]);
-            if (before != m_interfaces.end()) Compare(before->second, i, users[i]);
+            const ModelInterface* before = m_interfaces.Find(m_after.interfaces[i].InterfaceID);
+            if (before != nullptr) Compare(*before, m_after.interfaces[i], users[i]);
         }
     }
 
     /// Values by identifier; keys come and go with runs.
-    void Compare(std::size_t beforeIndex, std::size_t afterIndex, const std::vector<std::size_t>& users) {
-        const ModelInterface& before = m_before.interfaces[beforeIndex];
-        const ModelInterface& after = m_after.interfaces[afterIndex];
-        Positions<ValueId> nowOf;
-        Index(m_afterIDs.values[afterIndex], nowOf);
+    void Compare(const ModelInterface& before, const ModelInterface& after,
+                 const std::vector<std::size_t>& users) {
         const auto name = [](const ModelInterface& interface, const ModelValue& value) {
-            return Named("value", interface.name + "." + value.name);
+            return Named("value", interface.Name + "." + value.Name);
         };
-        for (std::size_t i = 0; i < before.values.size(); ++i) {
-            const ModelValue& value = before.values[i];
-            const auto now = nowOf.find(m_beforeIDs.values[beforeIndex][i]);
-            if (now == nowOf.end() && !IsKeyValue(before, value))
+        const EntryIndex nowOf(after.values, &ModelValue::ValueID);
+        for (const ModelValue& value : before.values) {
+            if (IsKeyValue(before, value)) continue;
+            const ModelValue* now = nowOf.Find(value.ValueID);
+            if (now == nullptr) {
                 Add(name(before, value) + " removed", users);
-            if (now == nowOf.end() || IsKeyValue(before, value)) continue;
-            const ModelValue& other = after.values[now->second];
-            std::vector<std::string_view> members = Differences(value, other);
-            if (BeforeID(value.child) != AfterID(other.child)) members.push_back("child");
-            AddDifferences(name(after, other), name(before, value), value, other, std::move(members), users);
+                continue;
+            }
+            std::vector<std::string_view> members = Differences(value, *now);
+            if (!HoldSame(value.child, now->child)) members.push_back("child");
+            AddDifferences(name(after, *now), name(before, value), value, *now, std::move(members), users);
         }
-        std::vector<ValueId> order = m_afterIDs.values[afterIndex];
+        std::vector<ValueId> order;
+        std::ranges::transform(after.values, std::back_inserter(order), &ModelValue::ValueID);
         std::erase(order, ValueId());
         if (!std::ranges::is_sorted(order))
-            Add(Named("interface", after.name) + " changed: the order of its values", users);
-        for (std::size_t i = 0; i < after.values.size(); ++i)
-            if (m_afterIDs.values[afterIndex][i] == ValueId() && !IsKeyValue(after, after.values[i]))
-                Add(name(after, after.values[i]) + " added", users);
+            Add(Named("interface", after.Name) + " changed: the order of its values", users);
+        for (const ModelValue& value : after.values)
+            if (value.ValueID == ValueId() && !IsKeyValue(after, value))
+                Add(name(after, value) + " added", users);
     }
 
     const Model& m_before;
     const Model& m_after;
-    const ModelIDs& m_beforeIDs;
-    const ModelIDs& m_afterIDs;
-    Positions<ObjectId> m_objects;                                    ///< of m_before
-    Positions<InterfaceId> m_interfaces;                              ///< likewise
+    EntryIndex<ModelObject, ObjectId> m_objects;                      ///< of m_before
+    EntryIndex<ModelInterface, InterfaceId> m_interfaces;             ///< likewise
     std::vector<std::pair<std::string, std::vector<bool>>> m_others;  ///< with the objects of m_after
     bool m_runsWork = false;
     std::vector<std::string> m_lines;
@@ -239,34 +220,35 @@ std::vector<std::string_view> Differences(const ModelValue& before, const ModelV
     const auto compare = [&](std::string_view member, bool isSame) {
         if (!isSame) members.push_back(member);
     };
-    compare("name", before.name == now.name);
-    compare("type", before.dataType == now.dataType);
+    compare("name", before.Name == now.Name);
+    compare("type", before.DataType == now.DataType);
     compare("maxLength", Length(before) == Length(now));
-    compare("default", before.defaultVal == now.defaultVal);
-    compare("autoNumber", before.isAutoNumber == now.isAutoNumber);
-    compare("field", before.fieldName == now.fieldName);
-    compare("included", before.isIncluded == now.isIncluded);
-    compare("readOnly", before.isReadOnly == now.isReadOnly);
-    compare("description", before.description == now.description);
-    compare("caption", before.caption == now.caption);
-    compare("translation", before.translation == now.translation);
-    compare("maxValue", before.maxValue == now.maxValue);
-    compare("minValue", before.minValue == now.minValue);
-    compare("vid", !now.vid || before.vid == now.vid);
-    compare("tags", before.tags == now.tags);
+    compare("default", before.DefaultVal == now.DefaultVal);
+    compare("autoNumber", before.IsAutoNumber == now.IsAutoNumber);
+    compare("field", before.FieldName == now.FieldName);
+    compare("included", before.IsIncluded == now.IsIncluded);
+    compare("readOnly", before.IsReadOnly == now.IsReadOnly);
+    compare("description", before.Description == now.Description);
+    compare("caption", before.Caption == now.Caption);
+    compare("translation", before.Translation == now.Translation);
+    compare("maxValue", before.MaxValue == now.MaxValue);
+    compare("minValue", before.MinValue == now.MinValue);
+    compare("vid", before.VID == now.VID);
+    compare("tags", std::tie(before.VIDTag1, before.VIDTag2, before.VIDTag3) ==
+                        std::tie(now.VIDTag1, now.VIDTag2, now.VIDTag3));
     return members;
 }
 
 std::vector<std::string_view> Differences(const ModelObject& before, const ModelObject& now) {
     std::vector<std::string_view> members;
-    if (before.name != now.name) members.push_back("name");
-    if (before.guid != now.guid) members.push_back("guid");
-    if (before.tableName != now.tableName) members.push_back("table");
-    if (before.isIncluded != now.isIncluded) members.push_back("included");
+    if (before.Name != now.Name) members.push_back("name");
+    if (before.Guid != now.Guid) members.push_back("guid");
+    if (before.TableName != now.TableName) members.push_back("table");
+    if (before.IsIncluded != now.IsIncluded) members.push_back("included");
     return members;
 }
 
-std::vector<std::string> DescribeChanges(const StoredModel& before, const StoredModel& after) {
+std::vector<std::string> DescribeChanges(const Model& before, const Model& after) {
     return Changes(before, after).Describe();
 }
 

@@ -23,21 +23,17 @@ class Exporter {
   public:
     Exporter(const Catalog& catalog, std::string_view storage) : m_catalog(catalog), m_storage(storage) {}
 
-    ExportedModel Export() {
+    Model Export() {
         CollectObjects();
-        for (std::size_t i = 0; i < m_objects.size(); ++i) {
-            FillObject(i);
-        }
+        for (const ObjectRow* row : m_objects)
+            AddObject(*row);
         if (m_storage.empty()) AddUnusedInterfaces();
         // Children and keys refer to objects and interfaces that may stand anywhere.
         for (std::size_t i = 0; i < m_interfaceIDs.size(); ++i) {
-            FillInterface(i);
+            AddInterface(i);
         }
-        for (std::size_t i = 0; i < m_objects.size(); ++i) {
-            FillKeys(i);
-            m_result.ids.objects.push_back(m_objects[i]->ObjectID);
-        }
-        m_result.ids.interfaces = std::move(m_interfaceIDs);
+        for (ModelObject& object : m_result.objects)
+            FillKeys(object);
         return std::move(m_result);
     }
 
@@ -50,7 +46,7 @@ class Exporter {
             CollectFrom(row.RootObjectID);
             const std::optional<std::size_t> root = Find(m_objectIndex, row.RootObjectID);
             if (root) {
-                m_result.model.definitions.push_back({row.Storage, *root, {}});
+                m_result.definitions.push_back({row.Storage, *root, {}});
             } else {
                 LeaveOut("definition " + automation::Quoted(row.Storage) + ": its root object " +
                          std::to_string(Number(row.RootObjectID)) + " does not exist");
@@ -76,13 +72,8 @@ class Exporter {
         }
     }
 
-    void FillObject(std::size_t index) {
-        const ObjectRow& row = *m_objects[index];
-        ModelObject object;
-        object.name = row.Name;
-        object.guid = row.Guid;
-        object.tableName = row.TableName;
-        object.isIncluded = row.IsIncluded;
+    void AddObject(const ObjectRow& row) {
+        ModelObject object{row};
         for (const InterfaceId interfaceID : m_catalog.InterfacesOf(row.ObjectID)) {
             if (m_catalog.FindInterface(interfaceID) == nullptr) {
                 LeaveOut("object " + row.Name + ": interface " + std::to_string(Number(interfaceID)) +
@@ -98,7 +89,7 @@ class Exporter {
                          std::to_string(Number(row.CollectionObjectID)) + " does not exist");
             }
         }
-        m_result.model.objects.push_back(std::move(object));
+        m_result.objects.push_back(std::move(object));
     }
 
     std::size_t InterfaceIndex(InterfaceId interfaceID) {
@@ -113,35 +104,17 @@ class Exporter {
         }
     }
 
-    void FillInterface(std::size_t index) {
-        const InterfaceId id = m_interfaceIDs[index];
-        ModelInterface& interface = m_result.model.interfaces.emplace_back();
-        interface.name = m_catalog.FindInterface(id)->Name;
-        std::vector<ValueId>& ids = m_result.ids.values.emplace_back();
-        for (const ValueRow* row : m_catalog.ValuesOfInterface(id)) {
+    void AddInterface(std::size_t index) {
+        ModelInterface interface { *m_catalog.FindInterface(m_interfaceIDs[index]) };
+        for (const ValueRow* row : m_catalog.ValuesOfInterface(interface.InterfaceID)) {
             m_valueRefs[row->ValueID] = {index, interface.values.size()};
             interface.values.push_back(Value(*row));
-            ids.push_back(row->ValueID);
         }
+        m_result.interfaces.push_back(std::move(interface));
     }
 
     ModelValue Value(const ValueRow& row) {
-        ModelValue value;
-        value.name = row.Name;
-        value.dataType = row.DataType;
-        value.maxLength = row.MaxLength;
-        value.defaultVal = row.DefaultVal;
-        value.isAutoNumber = row.IsAutoNumber;
-        value.fieldName = row.FieldName;
-        value.isIncluded = row.IsIncluded;
-        value.isReadOnly = row.IsReadOnly;
-        value.description = row.Description;
-        value.caption = row.Caption;
-        value.translation = row.Translation;
-        value.maxValue = row.MaxValue;
-        value.minValue = row.MinValue;
-        value.vid = row.VID;
-        value.tags = {row.VIDTag1, row.VIDTag2, row.VIDTag3};
+        ModelValue value{row, true};
         if (IsRow(row.ChildObjectID)) {
             value.child = Find(m_objectIndex, row.ChildObjectID);
             if (!value.child) {
@@ -152,32 +125,28 @@ class Exporter {
         return value;
     }
 
-    void FillKeys(std::size_t index) {
-        const ObjectId id = m_objects[index]->ObjectID;
-        ModelObject& object = m_result.model.objects[index];
-        for (const PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(id)) {
-            if (const std::optional<ModelValueRef> value = ValueOf(index, row->ValueID)) {
+    void FillKeys(ModelObject& object) {
+        for (const PrimaryKeyRow* row : m_catalog.PrimaryKeysOf(object.ObjectID)) {
+            if (const std::optional<ModelValueRef> value = ValueOf(object, row->ValueID)) {
                 object.primaryKeys.push_back({*value, row->Seq, {}});
             } else {
-                LeaveOut("object " + object.name + ": its primary-key value " +
+                LeaveOut("object " + object.Name + ": its primary-key value " +
                          std::to_string(Number(row->ValueID)) + " is none of its values");
             }
         }
-        for (const ForeignKeyRow* row : m_catalog.ForeignKeysOf(id)) {
-            AddForeignKey(index, *row);
-        }
+        for (const ForeignKeyRow* row : m_catalog.ForeignKeysOf(object.ObjectID))
+            AddForeignKey(object, *row);
     }
 
-    void AddForeignKey(std::size_t index, const ForeignKeyRow& row) {
-        ModelObject& object = m_result.model.objects[index];
-        const std::optional<ModelValueRef> value = ValueOf(index, row.ValueID);
+    void AddForeignKey(ModelObject& object, const ForeignKeyRow& row) {
+        const std::optional<ModelValueRef> value = ValueOf(object, row.ValueID);
         const std::optional<std::size_t> target = Find(m_objectIndex, row.FKObjectID);
         const std::optional<ModelValueRef> key =
-            target ? ValueOf(*target, row.FKValueID) : std::optional<ModelValueRef>();
+            target ? ValueOf(m_result.objects[*target], row.FKValueID) : std::optional<ModelValueRef>();
         if (value && key) {
             object.foreignKeys.push_back({*value, *target, *key, row.FKObjectGUID, {}});
         } else {
-            LeaveOut("object " + object.name + ": its foreign key from value " +
+            LeaveOut("object " + object.Name + ": its foreign key from value " +
                      std::to_string(Number(row.ValueID)) + " to object " +
                      std::to_string(Number(row.FKObjectID)) + ", value " +
                      std::to_string(Number(row.FKValueID)) + " leads nowhere");
@@ -185,12 +154,11 @@ class Exporter {
     }
 
     /// Where a value stands in the model, when it is one of the object's.
-    std::optional<ModelValueRef> ValueOf(std::size_t object, ValueId valueID) const {
+    std::optional<ModelValueRef> ValueOf(const ModelObject& object, ValueId valueID) const {
         const auto entry = m_valueRefs.find(valueID);
         if (entry == m_valueRefs.end()) return std::nullopt;
-        const std::vector<std::size_t>& interfaces = m_result.model.objects[object].interfaces;
         const bool isOwn =
-            std::find(interfaces.begin(), interfaces.end(), entry->second.interface) != interfaces.end();
+            std::ranges::find(object.interfaces, entry->second.interface) != object.interfaces.end();
         return isOwn ? std::optional(entry->second) : std::nullopt;
     }
 
@@ -207,12 +175,12 @@ class Exporter {
     std::vector<InterfaceId> m_interfaceIDs;
     std::unordered_map<InterfaceId, std::size_t> m_interfaceIndex;
     std::unordered_map<ValueId, ModelValueRef> m_valueRefs;
-    ExportedModel m_result;
+    Model m_result;
 };
 
 }  // namespace
 
-ExportedModel ExportModel(const Catalog& catalog, std::string_view storage) {
+Model ExportModel(const Catalog& catalog, std::string_view storage) {
     return Exporter(catalog, storage).Export();
 }
 

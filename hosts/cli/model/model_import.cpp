@@ -34,11 +34,11 @@ void RefuseClashes(const Model& model, dao::Database& database) {
     for (const repository::ObjectRow& row : catalog.Objects())
         guids.emplace(row.Guid, &row);
     for (const ModelObject& object : model.objects) {
-        const auto same = object.guid.empty() ? guids.end() : guids.find(object.guid);
+        const auto same = object.Guid.empty() ? guids.end() : guids.find(object.Guid);
         if (same == guids.end()) continue;
         throw Error(automation::InvalidProcedureCall,
                     PlaceText(model, object.place, "guid") + "the repository's object " +
-                        automation::Quoted(same->second->Name) + " already has the guid " + object.guid +
+                        automation::Quoted(same->second->Name) + " already has the guid " + object.Guid +
                         "; nothing was imported.");
     }
 }
@@ -61,10 +61,10 @@ auto InTransaction(dao::Database& database, Work&& work) {
 
 }  // namespace
 
-StoredModel ImportModel(const Model& model, dao::Database& database) {
+Model ImportModel(const Model& model, dao::Database& database) {
     return InTransaction(database, [&] {
         RefuseClashes(model, database);
-        StoredModel added = MergeModel({}, model);
+        Model added = MergeModel({}, model);
         StoreModel({}, added, database);
         return added;
     });
@@ -73,8 +73,8 @@ StoredModel ImportModel(const Model& model, dao::Database& database) {
 std::vector<std::string> ReplaceDefinitions(const Model& model, std::span<const std::string> removed,
                                             dao::Database& database, bool isDry) {
     return InTransaction(database, [&] {
-        const ExportedModel before = ExportModel(repository::Catalog::Read(database), "");
-        StoredModel after = MergeModel(before, model, removed);
+        const Model before = ExportModel(repository::Catalog::Read(database), "");
+        Model after = MergeModel(before, model, removed);
         std::vector<std::string> changes = DescribeChanges(before, after);
         if (!isDry) StoreModel(before, after, database);
         return changes;

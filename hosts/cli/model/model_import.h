@@ -12,7 +12,7 @@ namespace korvex::cli {
 /// Adds a model to a repository, in one transaction where the engine has them; gives it with its identifiers.
 /// A storage name or a class identifier that the repository already has raises InvalidProcedureCall (5)
 /// before anything is written.
-StoredModel ImportModel(const Model& model, dao::Database& database);
+Model ImportModel(const Model& model, dao::Database& database);
 
 /// Puts the definitions of a model in the place of those that a repository has by these names, and removes
 /// those of `removed` (see MergeModel), in one transaction where the engine has them; with `isDry` nothing is

@@ -19,8 +19,8 @@ class ModelIdentity {
             AddInterface(interface);
         for (std::size_t i = 0; i < model.objects.size(); ++i) {
             const ModelObject& object = model.objects[i];
-            m_result.objects.push_back({.name = object.name,
-                                        .guid = automation::ToUpperAscii(object.guid),
+            m_result.objects.push_back({.name = object.Name,
+                                        .guid = automation::ToUpperAscii(object.Guid),
                                         .isNamed = inScope.empty() || inScope[i],
                                         .interfaces = object.interfaces,
                                         .element = object.element});
@@ -41,12 +41,12 @@ class ModelIdentity {
 
   private:
     void AddInterface(const ModelInterface& interface) {
-        m_result.interfaces.push_back({.name = interface.name});
+        m_result.interfaces.push_back({.name = interface.Name});
         for (const ModelValue& value : interface.values) {
             m_result.interfaces.back().values.push_back(m_result.values.size());
-            m_result.values.push_back({.name = value.name,
-                                       .number = value.vid.value_or(0),
-                                       .isGiven = value.vid.has_value(),
+            m_result.values.push_back({.name = value.Name,
+                                       .number = value.isNumbered ? value.VID : 0,
+                                       .isGiven = value.isNumbered,
                                        .isKey = IsKeyValue(interface, value),
                                        .child = value.child});
         }
@@ -59,7 +59,7 @@ class ModelIdentity {
 }  // namespace
 
 bool IsKeyValue(const ModelInterface& interface, const ModelValue& value) {
-    return value.vid && repository::IsKeyValue(*value.vid, interface.name);
+    return value.isNumbered && repository::IsKeyValue(value.VID, interface.Name);
 }
 
 ModelMatch MatchModels(const Model& before, const std::vector<bool>& inScope, const Model& now) {

@@ -20,9 +20,9 @@ class VidNumbering {
   public:
     void Take(const ModelInterface& interface) {
         for (const ModelValue& value : interface.values) {
-            if (!value.vid) continue;
-            m_taken.insert(*value.vid);
-            if (*value.vid <= repository::LowestKeyVid) m_last = std::max(m_last, *value.vid);
+            if (!value.isNumbered) continue;
+            m_taken.insert(value.VID);
+            if (value.VID <= repository::LowestKeyVid) m_last = std::max(m_last, value.VID);
         }
     }
 
@@ -38,34 +38,81 @@ class VidNumbering {
     std::unordered_set<std::int32_t> m_taken;
 };
 
+using Map = std::vector<std::optional<std::size_t>>;
+
+/// Where the entries of a model stand in the result of the merge; nothing for those that are not there.
+struct Places {
+    explicit Places(const Model& model) : objects(model.objects.size()), interfaces(model.interfaces.size()) {
+        for (const ModelInterface& interface : model.interfaces)
+            values.emplace_back(interface.values.size());
+    }
+
+    std::optional<ModelValueRef> Of(const ModelValueRef& ref) const {
+        const std::optional<std::size_t> interface = interfaces[ref.interface];
+        const std::optional<std::size_t> value = values[ref.interface][ref.value];
+        return interface && value ? std::optional(ModelValueRef{*interface, *value}) : std::nullopt;
+    }
+    std::optional<ModelForeignKey> Of(const ModelForeignKey& key) const {
+        const std::optional<ModelValueRef> value = Of(key.value);
+        const std::optional<ModelValueRef> target = Of(key.key);
+        const std::optional<std::size_t> object = objects[key.object];
+        if (!value || !target || !object) return std::nullopt;
+        return ModelForeignKey{*value, *object, *target, key.guid, key.place};
+    }
+    /// The object with what it refers to, as far as that is there.
+    ModelObject Of(const ModelObject& object) const {
+        ModelObject placed = object;
+        if (object.element) placed.element = objects[*object.element];
+        for (std::size_t& interface : placed.interfaces)
+            interface = *interfaces[interface];
+        placed.primaryKeys.clear();
+        for (const ModelPrimaryKey& key : object.primaryKeys)
+            if (const auto value = Of(key.value)) placed.primaryKeys.push_back({*value, key.seq, key.place});
+        placed.foreignKeys.clear();
+        for (const ModelForeignKey& key : object.foreignKeys)
+            if (const auto there = Of(key)) placed.foreignKeys.push_back(*there);
+        return placed;
+    }
+
+    Map objects;
+    Map interfaces;
+    std::vector<Map> values;  ///< by interface
+};
+
+/// The other way round: who has which of `count` positions.
+Map Reversed(const Map& positions, std::size_t count) {
+    Map reversed(count);
+    for (std::size_t i = 0; i < positions.size(); ++i)
+        if (positions[i]) reversed[*positions[i]] = i;
+    return reversed;
+}
+
 class Merger {
   public:
-    Merger(const StoredModel& stored, const Model& now, std::span<const std::string> removed)
-        : m_stored(stored), m_before(stored.model), m_now(now) {
+    Merger(const Model& before, const Model& now, std::span<const std::string> removed)
+        : m_before(before), m_now(now), m_ofBefore(before), m_ofNow(now) {
         m_replaced.insert(removed.begin(), removed.end());
         for (const ModelDefinition& definition : now.definitions)
             m_replaced.insert(definition.storage);
     }
 
-    StoredModel Merge() {
+    Model Merge() {
         m_match = MatchModels(m_before, Scope(), m_now);
         FindWhatStays();
         RefuseTakenGuids();
-        m_result.model.file = m_now.file;
+        m_result.file = m_now.file;
         PlaceObjects();
         PlaceInterfaces();
         for (std::size_t i = 0; i < m_before.objects.size(); ++i)
-            if (m_isKept[i]) FillKept(i);
+            if (m_isKept[i]) m_result.objects[*m_ofBefore.objects[i]] = m_ofBefore.Of(m_before.objects[i]);
         for (std::size_t i = 0; i < m_now.objects.size(); ++i)
-            FillNew(i);
+            PlaceNew(i);
         DropUnusedKeys();
         MergeDefinitions();
         return std::move(m_result);
     }
 
   private:
-    using Map = std::vector<std::optional<std::size_t>>;
-
     bool IsReplaced(const ModelDefinition& definition) const {
         return m_replaced.contains(definition.storage);
     }
@@ -103,39 +150,31 @@ class Merger {
     void RefuseTakenGuids() const {
         std::unordered_map<std::string, std::size_t> guids;
         for (std::size_t i = 0; i < m_before.objects.size(); ++i)
-            if (m_isKept[i] && !m_before.objects[i].guid.empty()) guids.emplace(m_before.objects[i].guid, i);
+            if (m_isKept[i] && !m_before.objects[i].Guid.empty()) guids.emplace(m_before.objects[i].Guid, i);
         for (std::size_t i = 0; i < m_now.objects.size(); ++i) {
             const ModelObject& object = m_now.objects[i];
             const std::optional<std::size_t> before = m_match.objects[i];
-            const auto taken = guids.find(object.guid);
-            if (taken == guids.end() || (before && m_before.objects[*before].guid == object.guid)) continue;
+            const auto taken = guids.find(object.Guid);
+            if (taken == guids.end() || (before && m_before.objects[*before].Guid == object.Guid)) continue;
             throw automation::Error(automation::InvalidProcedureCall,
                                     PlaceText(m_now, object.place, "guid") + "the repository's object " +
-                                        automation::Quoted(m_before.objects[taken->second].name) +
-                                        " already has the guid " + object.guid + "; nothing was imported.");
+                                        automation::Quoted(m_before.objects[taken->second].Name) +
+                                        " already has the guid " + object.Guid + "; nothing was imported.");
         }
     }
 
     /// Objects of before keep their order, new ones stand behind.
     void PlaceObjects() {
-        m_objectOfNow.resize(m_now.objects.size());
-        m_objectOfBefore.resize(m_before.objects.size());
-        Map nowOf(m_before.objects.size());
-        for (std::size_t i = 0; i < m_now.objects.size(); ++i)
-            if (m_match.objects[i]) nowOf[*m_match.objects[i]] = i;
+        const Map nowOf = Reversed(m_match.objects, m_before.objects.size());
+        std::size_t count = 0;
         for (std::size_t i = 0; i < m_before.objects.size(); ++i) {
             if (!m_isKept[i] && !nowOf[i]) continue;
-            m_objectOfBefore[i] = m_result.model.objects.size();
-            if (nowOf[i]) m_objectOfNow[*nowOf[i]] = m_objectOfBefore[i];
-            m_result.model.objects.emplace_back();
-            m_result.ids.objects.push_back(m_stored.ids.objects[i]);
+            m_ofBefore.objects[i] = count++;
+            if (nowOf[i]) m_ofNow.objects[*nowOf[i]] = m_ofBefore.objects[i];
         }
-        for (std::optional<std::size_t>& place : m_objectOfNow) {
-            if (place) continue;
-            place = m_result.model.objects.size();
-            m_result.model.objects.emplace_back();
-            m_result.ids.objects.push_back(repository::NoObject);
-        }
+        for (std::optional<std::size_t>& place : m_ofNow.objects)
+            if (!place) place = count++;
+        m_result.objects.resize(count);
     }
 
     enum class Kept : std::uint8_t { Nothing, OthersKeys, All };
@@ -150,7 +189,7 @@ class Merger {
             if (m_isKept[i])
                 for (const std::size_t interface : m_before.objects[i].interfaces)
                     kept[interface] = Kept::All;
-            if (!m_objectOfBefore[i]) continue;
+            if (!m_ofBefore.objects[i]) continue;
             for (const ModelForeignKey& key : m_before.objects[i].foreignKeys)
                 if (IsOthers(key))
                     kept[key.value.interface] = std::max(kept[key.value.interface], Kept::OthersKeys);
@@ -162,13 +201,7 @@ class Merger {
     bool IsOthers(const ModelForeignKey& key) const { return m_isKept[key.object]; }
 
     void PlaceInterfaces() {
-        m_interfaceOfNow.resize(m_now.interfaces.size());
-        m_valuesOfNow.resize(m_now.interfaces.size());
-        m_interfaceOfBefore.resize(m_before.interfaces.size());
-        m_valuesOfBefore.resize(m_before.interfaces.size());
-        Map nowOf(m_before.interfaces.size());
-        for (std::size_t i = 0; i < m_now.interfaces.size(); ++i)
-            if (m_match.interfaces[i]) nowOf[*m_match.interfaces[i]] = i;
+        const Map nowOf = Reversed(m_match.interfaces, m_before.interfaces.size());
         const std::vector<Kept> kept = KeptInterfaces();
         for (std::size_t i = 0; i < m_before.interfaces.size(); ++i)
             if (kept[i] != Kept::Nothing || nowOf[i])
@@ -178,39 +211,27 @@ class Merger {
     }
 
     void AddInterface(std::optional<std::size_t> before, std::optional<std::size_t> now, bool isWhole) {
-        const std::size_t position = m_result.model.interfaces.size();
-        ModelInterface& result = m_result.model.interfaces.emplace_back();
-        std::vector<repository::ValueId>& ids = m_result.ids.values.emplace_back();
-        m_result.ids.interfaces.push_back(before ? m_stored.ids.interfaces[*before]
-                                                 : repository::InterfaceId());
+        const ModelInterface none;
+        const ModelInterface& old = before ? m_before.interfaces[*before] : none;
+        const ModelInterface& recent = now ? m_now.interfaces[*now] : none;
+        if (before) m_ofBefore.interfaces[*before] = m_result.interfaces.size();
+        if (now) m_ofNow.interfaces[*now] = m_result.interfaces.size();
         VidNumbering numbering;
-        if (before) {
-            m_interfaceOfBefore[*before] = position;
-            m_valuesOfBefore[*before].resize(m_before.interfaces[*before].values.size());
-            numbering.Take(m_before.interfaces[*before]);
-        }
-        if (now) {
-            m_interfaceOfNow[*now] = position;
-            m_valuesOfNow[*now].resize(m_now.interfaces[*now].values.size());
-            numbering.Take(m_now.interfaces[*now]);
-        }
-        const ModelInterface& source = now ? m_now.interfaces[*now] : m_before.interfaces[*before];
-        result.name = source.name;
-        result.place = source.place;
-        for (const auto& [old, recent] : ValuesInOrder(before, now, isWhole)) {
-            const ModelValue* known = old ? &m_before.interfaces[*before].values[*old] : nullptr;
-            if (known != nullptr) m_valuesOfBefore[*before][*old] = result.values.size();
-            ids.push_back(known != nullptr ? m_stored.ids.values[*before][*old] : repository::ValueId());
-            if (!recent) {
-                ModelValue& value = result.values.emplace_back(*known);
-                if (value.child) value.child = m_objectOfBefore[*value.child];
-                continue;
-            }
-            const std::optional<std::int32_t> given = m_now.interfaces[*now].values[*recent].vid;
-            AddValue(result, *now, *recent,
-                     given              ? *given
-                     : known != nullptr ? known->vid.value_or(0)
-                                        : numbering.Next());
+        numbering.Take(old);
+        numbering.Take(recent);
+        ModelInterface& result = m_result.interfaces.emplace_back();
+        result.InterfaceID = old.InterfaceID;
+        result.Name = now ? recent.Name : old.Name;
+        result.place = recent.place;
+        for (const auto& [known, given] : ValuesInOrder(before, now, isWhole)) {
+            if (known) m_ofBefore.values[*before][*known] = result.values.size();
+            if (given) m_ofNow.values[*now][*given] = result.values.size();
+            ModelValue& value =
+                result.values.emplace_back(given ? recent.values[*given] : old.values[*known]);
+            if (value.child) value.child = (given ? m_ofNow : m_ofBefore).objects[*value.child];
+            value.ValueID = known ? old.values[*known].ValueID : repository::ValueId();
+            if (!value.isNumbered) value.VID = known ? old.values[*known].VID : numbering.Next();
+            value.isNumbered = true;
         }
     }
 
@@ -236,19 +257,12 @@ class Merger {
         return order;
     }
 
-    void AddValue(ModelInterface& result, std::size_t interface, std::size_t index, std::int32_t vid) {
-        m_valuesOfNow[interface][index] = result.values.size();
-        ModelValue& value = result.values.emplace_back(m_now.interfaces[interface].values[index]);
-        if (!value.vid) value.vid = vid;
-        if (value.child) value.child = m_objectOfNow[*value.child];
-    }
-
     /// Whether an object refers by the value to one that the model says nothing of.
     bool IsOthersKey(const ModelValueRef& ref) {
         if (m_othersKeys.empty()) {
             m_othersKeys.resize(m_before.interfaces.size());
             for (std::size_t i = 0; i < m_before.objects.size(); ++i) {
-                if (!m_objectOfBefore[i]) continue;
+                if (!m_ofBefore.objects[i]) continue;
                 for (const ModelForeignKey& key : m_before.objects[i].foreignKeys)
                     if (IsOthers(key)) m_othersKeys[key.value.interface].insert(key.value.value);
             }
@@ -256,105 +270,57 @@ class Merger {
         return m_othersKeys[ref.interface].contains(ref.value);
     }
 
-    std::optional<ModelValueRef> OfBefore(const ModelValueRef& ref) const {
-        const std::optional<std::size_t> interface = m_interfaceOfBefore[ref.interface];
-        const std::optional<std::size_t> value =
-            interface ? m_valuesOfBefore[ref.interface][ref.value] : std::nullopt;
-        return value ? std::optional(ModelValueRef{*interface, *value}) : std::nullopt;
-    }
-    ModelValueRef OfNow(const ModelValueRef& ref) const {
-        return {*m_interfaceOfNow[ref.interface], *m_valuesOfNow[ref.interface][ref.value]};
-    }
-
-    void KeepForeignKey(ModelObject& object, const ModelForeignKey& key) const {
-        const std::optional<ModelValueRef> value = OfBefore(key.value);
-        const std::optional<ModelValueRef> target = OfBefore(key.key);
-        if (!value || !target || !m_objectOfBefore[key.object]) return;
-        object.foreignKeys.push_back({*value, *m_objectOfBefore[key.object], *target, key.guid, {}});
-    }
-
-    /// An object with what it is made of at its new positions; its keys stay.
-    static ModelObject Moved(ModelObject object, const Map& objects, const Map& interfaces) {
-        if (object.element) object.element = objects[*object.element];
-        for (std::size_t& interface : object.interfaces)
-            interface = *interfaces[interface];
-        return object;
-    }
-
-    /// An object that the model says nothing of, as far as what it refers to is still there.
-    void FillKept(std::size_t index) {
-        const ModelObject& before = m_before.objects[index];
-        ModelObject object = Moved(before, m_objectOfBefore, m_interfaceOfBefore);
-        object.primaryKeys.clear();
-        for (const ModelPrimaryKey& key : before.primaryKeys)
-            if (const auto value = OfBefore(key.value)) object.primaryKeys.push_back({*value, key.seq, {}});
-        object.foreignKeys.clear();
-        for (const ModelForeignKey& key : before.foreignKeys)
-            KeepForeignKey(object, key);
-        m_result.model.objects[*m_objectOfBefore[index]] = std::move(object);
-    }
-
-    void FillNew(std::size_t index) {
-        ModelObject object = Moved(m_now.objects[index], m_objectOfNow, m_interfaceOfNow);
-        for (ModelPrimaryKey& key : object.primaryKeys)
-            key.value = OfNow(key.value);
-        for (ModelForeignKey& key : object.foreignKeys)
-            key = {OfNow(key.value), *m_objectOfNow[key.object], OfNow(key.key), key.guid, key.place};
-        if (m_match.objects[index]) KeepOthersKeys(object, m_before.objects[*m_match.objects[index]]);
-        m_result.model.objects[*m_objectOfNow[index]] = std::move(object);
-    }
-
-    void KeepOthersKeys(ModelObject& object, const ModelObject& before) const {
+    void PlaceNew(std::size_t index) {
+        ModelObject& object = m_result.objects[*m_ofNow.objects[index]] = m_ofNow.Of(m_now.objects[index]);
+        object.ObjectID = {};
+        if (!m_match.objects[index]) return;
+        const ModelObject& before = m_before.objects[*m_match.objects[index]];
+        object.ObjectID = before.ObjectID;
         for (const ModelForeignKey& key : before.foreignKeys) {
-            if (!IsOthers(key)) continue;
-            const std::size_t count = object.foreignKeys.size();
-            KeepForeignKey(object, key);
-            if (object.foreignKeys.size() == count) continue;
-            const std::size_t interface = object.foreignKeys.back().value.interface;
-            if (std::ranges::find(object.interfaces, interface) == object.interfaces.end())
-                object.interfaces.push_back(interface);
+            const std::optional<ModelForeignKey> kept = IsOthers(key) ? m_ofBefore.Of(key) : std::nullopt;
+            if (!kept) continue;
+            object.foreignKeys.push_back(*kept);
+            if (std::ranges::find(object.interfaces, kept->value.interface) == object.interfaces.end())
+                object.interfaces.push_back(kept->value.interface);
         }
     }
 
     /// Values of foreign keys whose parents are gone, in objects that stay for others.
     void DropUnusedKeys() {
-        std::vector<std::unordered_set<std::size_t>> used(m_result.model.interfaces.size());
-        for (const ModelObject& object : m_result.model.objects) {
-            for (const ModelPrimaryKey& key : object.primaryKeys)
-                used[key.value.interface].insert(key.value.value);
-            for (const ModelForeignKey& key : object.foreignKeys)
-                used[key.value.interface].insert(key.value.value);
-        }
-        std::vector<std::vector<std::size_t>> gone(m_result.model.interfaces.size());
+        std::vector<std::unordered_set<std::size_t>> unused(m_result.interfaces.size());
         for (std::size_t i = 0; i < m_before.objects.size(); ++i) {
             if (!m_isKept[i]) continue;
             for (const ModelForeignKey& key : m_before.objects[i].foreignKeys) {
-                const std::optional<ModelValueRef> value = OfBefore(key.value);
-                if (!value || used[value->interface].contains(value->value)) continue;
-                const ModelInterface& interface = m_result.model.interfaces[value->interface];
+                const std::optional<ModelValueRef> value = m_ofBefore.Of(key.value);
+                if (!value) continue;
+                const ModelInterface& interface = m_result.interfaces[value->interface];
                 if (IsKeyValue(interface, interface.values[value->value]))
-                    gone[value->interface].push_back(value->value);
+                    unused[value->interface].insert(value->value);
             }
         }
-        for (std::size_t i = 0; i < gone.size(); ++i)
-            if (!gone[i].empty()) DropValues(i, std::move(gone[i]));
+        for (const ModelObject& object : m_result.objects) {
+            for (const ModelPrimaryKey& key : object.primaryKeys)
+                unused[key.value.interface].erase(key.value.value);
+            for (const ModelForeignKey& key : object.foreignKeys)
+                unused[key.value.interface].erase(key.value.value);
+        }
+        for (std::size_t i = 0; i < unused.size(); ++i)
+            if (!unused[i].empty()) DropValues(i, unused[i]);
     }
 
-    void DropValues(std::size_t interface, std::vector<std::size_t> gone) {
-        std::ranges::sort(gone);
-        gone.erase(std::unique(gone.begin(), gone.end()), gone.end());
-        for (auto value = gone.rbegin(); value != gone.rend(); ++value) {
-            const auto offset = static_cast<std::ptrdiff_t>(*value);
-            std::vector<ModelValue>& values = m_result.model.interfaces[interface].values;
-            values.erase(values.begin() + offset);
-            m_result.ids.values[interface].erase(m_result.ids.values[interface].begin() + offset);
+    void DropValues(std::size_t interface, const std::unordered_set<std::size_t>& gone) {
+        std::vector<ModelValue> stay;
+        std::vector<std::size_t> placeOf;
+        std::vector<ModelValue>& values = m_result.interfaces[interface].values;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            placeOf.push_back(stay.size());
+            if (!gone.contains(i)) stay.push_back(std::move(values[i]));
         }
+        values = std::move(stay);
         const auto move = [&](ModelValueRef& ref) {
-            if (ref.interface != interface) return;
-            ref.value -= static_cast<std::size_t>(
-                std::ranges::count_if(gone, [&](std::size_t value) { return value < ref.value; }));
+            if (ref.interface == interface) ref.value = placeOf[ref.value];
         };
-        for (ModelObject& object : m_result.model.objects) {
+        for (ModelObject& object : m_result.objects) {
             for (ModelPrimaryKey& key : object.primaryKeys)
                 move(key.value);
             for (ModelForeignKey& key : object.foreignKeys) {
@@ -372,7 +338,7 @@ class Merger {
         for (const ModelDefinition& before : m_before.definitions) {
             const auto now = replacement(before.storage);
             if (!IsReplaced(before)) {
-                m_result.model.definitions.push_back({before.storage, *m_objectOfBefore[before.root], {}});
+                m_result.definitions.push_back({before.storage, *m_ofBefore.objects[before.root], {}});
             } else if (now != m_now.definitions.end() && placed.insert(before.storage).second) {
                 AddDefinition(*now);
             }
@@ -382,10 +348,9 @@ class Merger {
     }
 
     void AddDefinition(const ModelDefinition& now) {
-        m_result.model.definitions.push_back({now.storage, *m_objectOfNow[now.root], now.place});
+        m_result.definitions.push_back({now.storage, *m_ofNow.objects[now.root], now.place});
     }
 
-    const StoredModel& m_stored;
     const Model& m_before;
     const Model& m_now;
     std::unordered_set<std::string> m_replaced;  ///< storage names
@@ -393,19 +358,14 @@ class Merger {
     std::vector<bool> m_isKept;                  ///< objects of before that stay without being the model's
     std::vector<std::unordered_set<std::size_t>> m_othersKeys;  ///< values of before, by interface
     ModelMatch m_match;
-    // Positions in the result, where there is one.
-    Map m_objectOfBefore;
-    Map m_objectOfNow;
-    Map m_interfaceOfBefore;
-    Map m_interfaceOfNow;
-    std::vector<Map> m_valuesOfBefore;
-    std::vector<Map> m_valuesOfNow;
-    StoredModel m_result;
+    Places m_ofBefore;
+    Places m_ofNow;
+    Model m_result;
 };
 
 }  // namespace
 
-StoredModel MergeModel(const StoredModel& before, const Model& model, std::span<const std::string> removed) {
+Model MergeModel(const Model& before, const Model& model, std::span<const std::string> removed) {
     return Merger(before, model, removed).Merge();
 }
 

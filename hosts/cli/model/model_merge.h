@@ -11,7 +11,6 @@ namespace korvex::cli {
 /// those that it has by these storage names; the identifiers of what is the same stay (see MatchModels).
 /// Definitions of `removed` go. What these definitions alone had goes; what others use stays. Raises
 /// InvalidProcedureCall (5) for a class identifier that an object which is none of these has already.
-StoredModel MergeModel(const StoredModel& before, const Model& model,
-                       std::span<const std::string> removed = {});
+Model MergeModel(const Model& before, const Model& model, std::span<const std::string> removed = {});
 
 }  // namespace korvex::cli

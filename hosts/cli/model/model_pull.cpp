@@ -126,13 +126,13 @@ class Puller {
     Puller(std::span<const DescribedTable> tables, const scriptgen::EngineDialect& dialect)
         : m_tables(tables), m_types(TypesOf(dialect)) {}
 
-    PulledModel Pull() {
+    Model Pull() {
         m_model.objects.resize(m_tables.size());
         m_model.interfaces.resize(m_tables.size());
         m_parents.resize(m_tables.size());
         for (std::size_t i = 0; i < m_tables.size(); ++i) {
             ModelObject& object = m_model.objects[i];
-            object.name = m_model.interfaces[i].name = ObjectName(m_tables[i]);
+            object.Name = m_model.interfaces[i].Name = ObjectName(m_tables[i]);
             object.interfaces = {i};
         }
         // A parent's columns stand before its children.
@@ -146,7 +146,7 @@ class Puller {
             AddChild(parent, child);
         for (std::size_t i = 0; i < m_tables.size(); ++i)
             if (m_parents[i].empty()) m_model.definitions.push_back({StorageName(i), i, {}});
-        return std::move(m_result);
+        return std::move(m_model);
     }
 
   private:
@@ -168,7 +168,7 @@ class Puller {
     }
 
     void Tell(const DescribedTable& table, const std::string& column, const std::string& what) {
-        m_result.untold.push_back(table.Name + (column.empty() ? "" : "." + column) + what);
+        m_model.leftOut.push_back(table.Name + (column.empty() ? "" : "." + column) + what);
     }
 
     /// The columns by which an object knows its parents; adds these and it to `children`.
@@ -216,8 +216,8 @@ class Puller {
             const bool isReference = std::ranges::find(references, column.FieldName) != references.end();
             if (isReference || IsStateColumn(column.FieldName) || column.FieldName == key) continue;
             ModelValue& value = m_model.interfaces[object].values.emplace_back();
-            value.name = column.FieldName;
-            value.isAutoNumber = column.IsAutoNumber;
+            value.Name = column.FieldName;
+            value.IsAutoNumber = column.IsAutoNumber;
             SetType(value, table, column);
             SetDefault(value, table, column);
         }
@@ -227,25 +227,25 @@ class Puller {
         const std::string length = LengthIn(column.TypeSize);
         const auto known = std::ranges::find_if(
             m_types, [&](const auto& type) { return EqualsIgnoreCase(type.first, column.TypeSize); });
-        value.dataType = TypeString;
+        value.DataType = TypeString;
         if (known != m_types.end()) {
-            value.dataType = known->second;
-            if (value.dataType != TypeString) return;
-            value.maxLength = LongTextLength;
+            value.DataType = known->second;
+            if (value.DataType != TypeString) return;
+            value.MaxLength = LongTextLength;
             return Tell(table, column.FieldName,
                         " does not tell the length of its texts, " + LongTextLength + " stands for it");
         }
-        value.maxLength = length.empty() ? LongTextLength : length;
+        value.MaxLength = length.empty() ? LongTextLength : length;
         if (EqualsIgnoreCase(column.TypeSize, "varchar(" + length + ")")) return;
         for (const auto& [part, code] : NearTypes) {
             if (!ContainsIgnoreCase(column.TypeSize, part)) continue;
-            value.dataType = code;
+            value.DataType = code;
             break;
         }
-        if (value.dataType != TypeString) value.maxLength = "0";
+        if (value.DataType != TypeString) value.MaxLength = "0";
         Tell(table, column.FieldName,
              " is " + (column.TypeSize.empty() ? "of no type" : column.TypeSize) + ", taken for " +
-                 std::string(DataTypeText(value.dataType)));
+                 std::string(DataTypeText(value.DataType)));
     }
 
     void SetDefault(ModelValue& value, const DescribedTable& table, const Column& column) {
@@ -254,8 +254,8 @@ class Puller {
         if (!text)
             return Tell(table, column.FieldName,
                         " has the default " + column.DefaultVal + ", which is no value");
-        const bool isNothing = value.dataType != TypeString && Number(*text) == 0.0;
-        if (!isNothing) value.defaultVal = *text;
+        const bool isNothing = value.DataType != TypeString && Number(*text) == 0.0;
+        if (!isNothing) value.DefaultVal = *text;
     }
 
     void TellRest(const DescribedTable& table, const std::vector<std::string>& references) {
@@ -278,23 +278,23 @@ class Puller {
             return;
         }
         std::vector<ModelValue>& values = m_model.interfaces[parent].values;
-        const std::string& name = m_model.objects[child].name;
+        const std::string& name = m_model.objects[child].Name;
         const auto isTaken = [&](const std::string& text) {
             return std::ranges::any_of(
-                values, [&](const ModelValue& value) { return EqualsIgnoreCase(value.name, text); });
+                values, [&](const ModelValue& value) { return EqualsIgnoreCase(value.Name, text); });
         };
         ModelValue value;
-        value.name = name;
-        for (int number = 2; isTaken(value.name); ++number)
-            value.name = name + std::to_string(number);
-        value.dataType = TypeObject;
+        value.Name = name;
+        for (int number = 2; isTaken(value.Name); ++number)
+            value.Name = name + std::to_string(number);
+        value.DataType = TypeObject;
         value.child = child;
         values.push_back(std::move(value));
     }
 
     /// Objects may have one name, definitions may not.
     std::string StorageName(std::size_t object) const {
-        const std::string& name = m_model.objects[object].name;
+        const std::string& name = m_model.objects[object].Name;
         const bool isTaken = std::ranges::any_of(m_model.definitions,
                                                  [&](const auto& other) { return other.storage == name; });
         return isTaken ? m_tables[object].Name : name;
@@ -303,13 +303,12 @@ class Puller {
     std::span<const DescribedTable> m_tables;
     Types m_types;
     std::vector<std::vector<std::size_t>> m_parents;
-    PulledModel m_result;
-    Model& m_model = m_result.model;
+    Model m_model;
 };
 
 }  // namespace
 
-PulledModel PullModel(std::span<const DescribedTable> tables, const scriptgen::EngineDialect& dialect) {
+Model PullModel(std::span<const DescribedTable> tables, const scriptgen::EngineDialect& dialect) {
     return Puller(tables, dialect).Pull();
 }
 

@@ -11,7 +11,7 @@
 #include "hosts/cli/suggest.h"
 #include "repository/names.h"
 
-#include <algorithm>
+#include <functional>
 #include <limits>
 #include <unordered_set>
 #include <utility>
@@ -87,21 +87,12 @@ class ModelReader {
         document.ExpectMembers({"$schema", "version", "definitions", "objects", "interfaces"});
         static_cast<void>(document.TextOr("$schema", ""));
         if (document.Has("version")) static_cast<void>(document.At("version").Whole(1, 1));
-        if (document.Has("interfaces")) {
-            for (const JsonNode& node : document.At("interfaces").Items()) {
-                static_cast<void>(ReadInterface(node, 0));
-            }
-        }
-        if (document.Has("objects")) {
-            for (const JsonNode& node : document.At("objects").Items()) {
-                static_cast<void>(ReadObject(node, 0));
-            }
-        }
-        if (document.Has("definitions")) {
-            for (const JsonNode& node : document.At("definitions").Items()) {
-                ReadDefinition(node);
-            }
-        }
+        for (const JsonNode& node : document.ItemsOf("interfaces"))
+            static_cast<void>(ReadInterface(node, 0));
+        for (const JsonNode& node : document.ItemsOf("objects"))
+            static_cast<void>(ReadObject(node, 0));
+        for (const JsonNode& node : document.ItemsOf("definitions"))
+            ReadDefinition(node);
         Resolve();
         if (m_model.objects.empty() && m_model.interfaces.empty()) document.Fail("holds no objects");
         if (const std::optional<ModelCycle> cycle = FindCycle(m_model)) {
@@ -113,19 +104,11 @@ class ModelReader {
     }
 
   private:
+    using Take = std::function<void(std::size_t)>;
     /// A text that stands for an object or interface, to be resolved when all of them are known.
-    template <class Place>
     struct Pending {
         JsonNode node;
-        Place place;
-    };
-    struct ValuePlace {
-        std::size_t interface;
-        std::size_t value;
-    };
-    struct InterfacePlace {
-        std::size_t object;
-        std::size_t position;
+        Take take;
     };
 
     void ReadDefinition(const JsonNode& node) {
@@ -135,19 +118,17 @@ class ModelReader {
         if (!m_storages.insert(name).second) storage.Fail(automation::Quoted(name) + " stands twice");
         const std::size_t position = m_model.definitions.size();
         m_model.definitions.push_back({name, 0, node.Path()});
-        ReadObjectOrName(node.At("root"), 0, m_pendingRoots, position,
+        ReadObjectOrName(node.At("root"), 0,
                          [this, position](std::size_t root) { m_model.definitions[position].root = root; });
     }
 
     /// An object written in place is read and handed on at once; a name is kept for later.
-    template <class Place, class Take>
-    void ReadObjectOrName(const JsonNode& node, int depth, std::vector<Pending<Place>>& pending, Place place,
-                          Take take) {
+    void ReadObjectOrName(const JsonNode& node, int depth, Take take) {
         if (node.IsObject()) {
             take(ReadObject(node, depth + 1));
         } else {
             static_cast<void>(node.NonEmptyText());
-            pending.push_back({node, place});
+            m_pendingObjects.push_back({node, std::move(take)});
         }
     }
 
@@ -161,29 +142,28 @@ class ModelReader {
         const std::size_t index = m_model.objects.size();
         ModelObject& object = m_model.objects.emplace_back();
         object.place = node.Path();
-        object.name = ReadName(node.At("name"));
-        object.guid = node.TextOr("guid", "");
+        object.Name = ReadName(node.At("name"));
+        object.Guid = node.TextOr("guid", "");
         if (node.Has("table")) {
-            object.tableName = ReadSqlName(node.At("table"), [&object](const std::string& table) {
-                return repository::IsTableNameOf(table, object.name);
+            object.TableName = ReadSqlName(node.At("table"), [&object](const std::string& table) {
+                return repository::IsTableNameOf(table, object.Name);
             });
         }
-        object.isIncluded = node.FlagOr("included", false);
-        m_objects.Add(node, object.name, index);
+        object.IsIncluded = node.FlagOr("included", false);
+        m_objects.Add(node, object.Name, index);
 
         // Reading values adds objects and interfaces, so nothing here may be held by reference across it.
-        if (node.Has("values")) AttachInterface(index, ReadOwnInterface(node, index, depth));
-        if (node.Has("interfaces")) {
-            for (const JsonNode& item : node.At("interfaces").Items()) {
-                ReadInterfaceOrName(item, index, depth);
-            }
-        }
+        // Values written directly in an object are an interface with its name.
+        if (node.Has("values"))
+            AttachInterface(index, AddInterface(node, m_model.objects[index].Name, depth));
+        for (const JsonNode& item : node.ItemsOf("interfaces"))
+            ReadInterfaceOrName(item, index, depth);
         if (node.Has("element")) {
-            ReadObjectOrName(
-                node.At("element"), depth, m_pendingElements, index,
-                [this, index](std::size_t element) { m_model.objects[index].element = element; });
+            ReadObjectOrName(node.At("element"), depth, [this, index](std::size_t element) {
+                m_model.objects[index].element = element;
+            });
         }
-        if (node.Has("primaryKey") || node.Has("foreignKeys")) m_keys.push_back({node, index});
+        if (node.Has("primaryKey") || node.Has("foreignKeys")) m_keys.emplace_back(node, index);
         return index;
     }
 
@@ -191,38 +171,32 @@ class ModelReader {
         m_model.objects[object].interfaces.push_back(interface);
     }
 
-    /// The values written directly in an object: an interface with the object's name.
-    std::size_t ReadOwnInterface(const JsonNode& node, std::size_t object, int depth) {
-        const std::size_t index = m_model.interfaces.size();
-        m_model.interfaces.push_back({m_model.objects[object].name, {}, node.Path()});
-        ReadValues(node.At("values"), index, depth);
-        return index;
-    }
-
     void ReadInterfaceOrName(const JsonNode& node, std::size_t object, int depth) {
-        if (node.IsObject()) {
-            AttachInterface(object, ReadInterface(node, depth));
-            return;
-        }
+        if (node.IsObject()) return AttachInterface(object, ReadInterface(node, depth));
         static_cast<void>(node.NonEmptyText());
-        m_pendingInterfaces.push_back({node, {object, m_model.objects[object].interfaces.size()}});
+        const std::size_t position = m_model.objects[object].interfaces.size();
+        m_pendingInterfaces.push_back({node, [this, object, position](std::size_t interface) {
+                                           m_model.objects[object].interfaces[position] = interface;
+                                       }});
         AttachInterface(object, 0);
     }
 
     std::size_t ReadInterface(const JsonNode& node, int depth) {
         node.ExpectMembers({"name", "id", "values"});
-        const std::size_t index = m_model.interfaces.size();
         const std::string name = ReadName(node.At("name"));
-        m_model.interfaces.push_back({name, {}, node.Path()});
-        m_interfaces.Add(node, name, index);
-        if (node.Has("values")) ReadValues(node.At("values"), index, depth);
-        return index;
+        m_interfaces.Add(node, name, m_model.interfaces.size());
+        return AddInterface(node, name, depth);
     }
 
-    void ReadValues(const JsonNode& node, std::size_t interface, int depth) {
-        for (const JsonNode& item : node.Items()) {
-            ReadValue(item, interface, depth);
-        }
+    /// An interface with the values of a node.
+    std::size_t AddInterface(const JsonNode& node, const std::string& name, int depth) {
+        const std::size_t index = m_model.interfaces.size();
+        ModelInterface& interface = m_model.interfaces.emplace_back();
+        interface.Name = name;
+        interface.place = node.Path();
+        for (const JsonNode& item : node.ItemsOf("values"))
+            ReadValue(item, index, depth);
+        return index;
     }
 
     void ReadValue(const JsonNode& node, std::size_t interface, int depth) {
@@ -232,84 +206,74 @@ class ModelReader {
         const std::size_t position = m_model.interfaces[interface].values.size();
         ModelValue value;
         value.place = node.Path();
-        value.name = ReadName(node.At("name"));
+        value.Name = ReadName(node.At("name"));
         if (!node.Has("type") && !node.Has("child")) node.Fail("lacks the member \"type\" or \"child\"");
-        value.dataType = node.Has("type") ? ReadDataType(node.At("type")) : TypeObject;
-        if (node.Has("maxLength")) value.maxLength = ReadMaxLength(node.At("maxLength"));
+        value.DataType = node.Has("type") ? ReadDataType(node.At("type")) : TypeObject;
+        value.MaxLength = node.Has("maxLength") ? ReadMaxLength(node.At("maxLength")) : "0";
         if (node.Has("default")) {
             const JsonNode text = node.At("default");
-            value.defaultVal = WithoutControls(text, text.Scalar());
+            value.DefaultVal = WithoutControls(text, text.Scalar());
         }
-        value.isAutoNumber = node.FlagOr("autoNumber", false);
+        value.IsAutoNumber = node.FlagOr("autoNumber", false);
         if (node.Has("field")) {
-            value.fieldName = ReadSqlName(node.At("field"), [&value](const std::string& column) {
-                return column == repository::ValueColumnName(value.name);
+            value.FieldName = ReadSqlName(node.At("field"), [&value](const std::string& column) {
+                return column == repository::ValueColumnName(value.Name);
             });
         }
-        value.isIncluded = node.FlagOr("included", false);
+        value.IsIncluded = node.FlagOr("included", false);
         ReadDescriptiveColumns(node, value);
         m_model.interfaces[interface].values.push_back(std::move(value));
         if (!node.Has("child")) return;
-        ReadObjectOrName(node.At("child"), depth, m_pendingChildren, ValuePlace{interface, position},
-                         [this, interface, position](std::size_t child) {
-                             m_model.interfaces[interface].values[position].child = child;
-                         });
+        ReadObjectOrName(node.At("child"), depth, [this, interface, position](std::size_t child) {
+            m_model.interfaces[interface].values[position].child = child;
+        });
     }
 
     static void ReadDescriptiveColumns(const JsonNode& node, ModelValue& value) {
-        value.isReadOnly = node.FlagOr("readOnly", false);
-        value.description = node.TextOr("description", "");
-        value.caption = node.TextOr("caption", "");
-        value.translation = node.TextOr("translation", "");
-        value.maxValue = node.ScalarOr("maxValue", "");
-        value.minValue = node.ScalarOr("minValue", "");
-        if (node.Has("vid")) value.vid = node.At("vid").Whole(LongMin, LongMax);
-        if (!node.Has("tags")) return;
-        const std::vector<JsonNode> tags = node.At("tags").Items();
-        if (tags.size() > value.tags.size()) node.At("tags").Fail("holds more than three texts");
-        std::transform(tags.begin(), tags.end(), value.tags.begin(),
-                       [](const JsonNode& tag) { return tag.Text(); });
+        value.IsReadOnly = node.FlagOr("readOnly", false);
+        value.Description = node.TextOr("description", "");
+        value.Caption = node.TextOr("caption", "");
+        value.Translation = node.TextOr("translation", "");
+        value.MaxValue = node.ScalarOr("maxValue", "");
+        value.MinValue = node.ScalarOr("minValue", "");
+        value.isNumbered = node.Has("vid");
+        if (value.isNumbered) value.VID = node.At("vid").Whole(LongMin, LongMax);
+        std::string* const tags[] = {&value.VIDTag1, &value.VIDTag2, &value.VIDTag3};
+        const std::vector<JsonNode> texts = node.ItemsOf("tags");
+        if (texts.size() > std::size(tags)) node.At("tags").Fail("holds more than three texts");
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            *tags[i] = texts[i].Text();
     }
 
     void Resolve() {
-        for (const auto& [node, place] : m_pendingRoots) {
-            m_model.definitions[place].root = m_objects.Resolve(node);
-        }
-        for (const auto& [node, place] : m_pendingElements) {
-            m_model.objects[place].element = m_objects.Resolve(node);
-        }
-        for (const auto& [node, place] : m_pendingChildren) {
-            m_model.interfaces[place.interface].values[place.value].child = m_objects.Resolve(node);
-        }
-        for (const auto& [node, place] : m_pendingInterfaces) {
-            m_model.objects[place.object].interfaces[place.position] = m_interfaces.Resolve(node);
-        }
+        for (const Pending& pending : m_pendingObjects)
+            pending.take(m_objects.Resolve(pending.node));
+        for (const Pending& pending : m_pendingInterfaces)
+            pending.take(m_interfaces.Resolve(pending.node));
         for (const auto& [node, object] : m_keys) {
-            if (node.Has("primaryKey")) ReadPrimaryKey(node.At("primaryKey"), object);
-            if (node.Has("foreignKeys")) ReadForeignKeys(node.At("foreignKeys"), object);
+            for (const JsonNode& item : node.ItemsOf("primaryKey"))
+                ReadPrimaryKey(item, object);
+            for (const JsonNode& item : node.ItemsOf("foreignKeys"))
+                ReadForeignKey(item, object);
         }
     }
 
     void ReadPrimaryKey(const JsonNode& node, std::size_t object) {
-        for (const JsonNode& item : node.Items()) {
-            item.ExpectMembers({"value", "interface", "seq"});
-            const ModelValueRef value = KeyValue(item, "value", "interface", object);
-            m_model.objects[object].primaryKeys.push_back(
-                {value, item.At("seq").Whole(LongMin, LongMax), item.Path()});
-        }
+        node.ExpectMembers({"value", "interface", "seq"});
+        const ModelValueRef value = KeyValue(node, "value", "interface", object);
+        m_model.objects[object].primaryKeys.push_back(
+            {value, node.At("seq").Whole(LongMin, LongMax), node.Path()});
     }
 
-    void ReadForeignKeys(const JsonNode& node, std::size_t object) {
-        for (const JsonNode& item : node.Items()) {
-            item.ExpectMembers({"value", "interface", "object", "key", "keyInterface", "guid"});
-            ModelForeignKey key;
-            key.value = KeyValue(item, "value", "interface", object);
-            key.object = m_objects.Resolve(item.At("object"));
-            key.key = KeyValue(item, "key", "keyInterface", key.object);
-            key.guid = item.TextOr("guid", "");
-            key.place = item.Path();
-            m_model.objects[object].foreignKeys.push_back(std::move(key));
-        }
+    void ReadForeignKey(const JsonNode& node, std::size_t object) {
+        node.ExpectMembers({"value", "interface", "object", "key", "keyInterface", "guid"});
+        ModelForeignKey key;
+        key.value = KeyValue(node, "value", "interface", object);
+        key.object = m_objects.Resolve(node.At("object"));
+        key.key = KeyValue(node, "key", "keyInterface", key.object);
+        key.guid = node.TextOr("guid", "");
+        key.place = node.Path();
+        m_model.objects[object].foreignKeys.push_back(std::move(key));
     }
 
     /// The value of an object that a key entry names; with its interface when the name alone is not enough.
@@ -319,12 +283,12 @@ class ModelReader {
         if (node.Has(interfaceMember)) {
             const std::string interface = node.At(interfaceMember).NonEmptyText();
             std::erase_if(found, [&](const ModelValueRef& ref) {
-                return m_model.interfaces[ref.interface].name != interface;
+                return m_model.interfaces[ref.interface].Name != interface;
             });
         }
-        if (found.empty()) node.At(member).Fail("no such value in " + m_model.objects[object].name);
+        if (found.empty()) node.At(member).Fail("no such value in " + m_model.objects[object].Name);
         if (found.size() > 1) {
-            node.At(member).Fail("several values of that name in " + m_model.objects[object].name +
+            node.At(member).Fail("several values of that name in " + m_model.objects[object].Name +
                                  "; name its \"" + std::string(interfaceMember) + "\"");
         }
         return found.front();
@@ -335,11 +299,9 @@ class ModelReader {
     std::unordered_set<std::string> m_storages;
     References m_objects{"object"};
     References m_interfaces{"interface"};
-    std::vector<Pending<std::size_t>> m_pendingRoots;     ///< by definition
-    std::vector<Pending<std::size_t>> m_pendingElements;  ///< by object
-    std::vector<Pending<ValuePlace>> m_pendingChildren;
-    std::vector<Pending<InterfacePlace>> m_pendingInterfaces;
-    std::vector<Pending<std::size_t>> m_keys;  ///< objects with key entries
+    std::vector<Pending> m_pendingObjects;
+    std::vector<Pending> m_pendingInterfaces;
+    std::vector<std::pair<JsonNode, std::size_t>> m_keys;  ///< objects with key entries
 };
 
 }  // namespace

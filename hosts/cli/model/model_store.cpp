@@ -2,16 +2,14 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
-#include "automation/text.h"
 #include "hosts/cli/model/model_changes.h"
 
 #include <algorithm>
 #include <limits>
 #include <memory>
 #include <string_view>
-#include <tuple>
+#include <type_traits>
 #include <unordered_map>
-#include <utility>
 
 namespace korvex::cli {
 
@@ -19,9 +17,10 @@ namespace {
 
 using automation::Error;
 using automation::Variant;
+using repository::ForeignKeyRow;
 using repository::InterfaceId;
-using repository::NoObject;
 using repository::ObjectId;
+using repository::PrimaryKeyRow;
 using repository::RowId;
 using repository::ValueId;
 
@@ -55,17 +54,18 @@ class TableWriter {
     void PutText(std::string_view column, std::string_view member, const std::string& text) {
         if (!text.empty() || m_edited) Put(column, member, text.empty() ? Variant::Null() : Variant(text));
     }
-    /// Stores the row; its identifier, where the table has them.
-    std::int32_t Store() {
-        Placed({}, [this] { Row().Update(); });
-        if (m_edited) {
-            m_edited->Close();
-            m_edited = nullptr;
-            return 0;
-        }
-        if (m_id.empty()) return 0;
+    /// Stores the row. A new one's identifier becomes `id`.
+    void Store(RowId auto& id) {
+        const bool isNew = !m_edited;
+        Store();
+        if (!isNew) return;
         m_added->MoveLast();
-        return automation::ToLong(m_added->Fields(m_id).Value());
+        id = std::remove_reference_t<decltype(id)>(automation::ToLong(m_added->Fields(m_id).Value()));
+    }
+    void Store() {
+        Placed({}, [this] { Row().Update(); });
+        if (m_edited) m_edited->Close();
+        m_edited = nullptr;
     }
 
   private:
@@ -90,49 +90,36 @@ class TableWriter {
     const ModelPlace* m_place = nullptr;
 };
 
-template <RowId Id>
-using Positions = std::unordered_map<Id, std::size_t>;
-
-template <RowId Id>
-Positions<Id> Index(const std::vector<Id>& ids) {
-    Positions<Id> positions;
-    for (std::size_t i = 0; i < ids.size(); ++i)
-        positions.emplace(ids[i], i);
-    return positions;
-}
-
-/// What belongs to an object in other tables, by identifiers.
+/// What belongs to an object in other tables.
 struct ObjectRows {
     std::vector<InterfaceId> interfaces;
-    std::vector<std::tuple<ValueId, std::int32_t>> primaryKeys;
-    std::vector<std::tuple<ValueId, ObjectId, ValueId, std::string>> foreignKeys;
+    std::vector<PrimaryKeyRow> primaryKeys;
+    std::vector<ForeignKeyRow> foreignKeys;
 };
 
-ValueId ValueID(const ModelIDs& ids, const ModelValueRef& ref) {
-    return ids.values[ref.interface][ref.value];
-}
-
-ObjectRows RowsOf(const ModelObject& object, const ModelIDs& ids) {
+ObjectRows RowsOf(const Model& model, const ModelObject& object) {
+    const auto valueID = [&](const ModelValueRef& ref) {
+        return model.interfaces[ref.interface].values[ref.value].ValueID;
+    };
     ObjectRows rows;
     for (const std::size_t interface : object.interfaces)
-        rows.interfaces.push_back(ids.interfaces[interface]);
+        rows.interfaces.push_back(model.interfaces[interface].InterfaceID);
     for (const ModelPrimaryKey& key : object.primaryKeys)
-        rows.primaryKeys.emplace_back(ValueID(ids, key.value), key.seq);
+        rows.primaryKeys.push_back({object.ObjectID, valueID(key.value), key.seq});
     for (const ModelForeignKey& key : object.foreignKeys)
-        rows.foreignKeys.emplace_back(ValueID(ids, key.value), ids.objects[key.object], ValueID(ids, key.key),
-                                      key.guid);
+        rows.foreignKeys.push_back(
+            {object.ObjectID, valueID(key.value), model.IdOf(key.object), valueID(key.key), key.guid});
     return rows;
 }
 
 class Store {
   public:
-    Store(const StoredModel& before, StoredModel& after, dao::Database& database)
+    Store(const Model& before, Model& after, dao::Database& database)
         : m_before(before),
-          m_after(after.model),
-          m_ids(after.ids),
+          m_after(after),
           m_database(database),
-          m_objects(Index(before.ids.objects)),
-          m_interfaces(Index(before.ids.interfaces)) {}
+          m_objects(before.objects, &ModelObject::ObjectID),
+          m_interfaces(before.interfaces, &ModelInterface::InterfaceID) {}
 
     void Run() {
         KeepOrder();
@@ -146,17 +133,13 @@ class Store {
     }
 
   private:
-    const ModelObject* Before(ObjectId id) const {
-        const auto found = m_objects.find(id);
-        return found == m_objects.end() ? nullptr : &m_before.model.objects[found->second];
-    }
-
     /// Values stand in the order of their identifiers, and new ones are the highest: what stands behind a new
     /// one, or is to stand behind one that it stood before, gets a new one, too.
     void KeepOrder() {
-        for (std::vector<ValueId>& ids : m_ids.values) {
+        for (ModelInterface& interface : m_after.interfaces) {
             ValueId last{};
-            for (ValueId& id : ids) {
+            for (ModelValue& value : interface.values) {
+                ValueId& id = value.ValueID;
                 if (id < last) id = {};
                 last = id == ValueId() ? ValueId{std::numeric_limits<std::int32_t>::max()} : id;
             }
@@ -165,118 +148,98 @@ class Store {
 
     void WriteObjects() {
         TableWriter table(m_after, m_database, "tObjects", "ObjectID");
-        for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
-            const ModelObject& object = m_after.objects[i];
-            const ModelObject* before = Before(m_ids.objects[i]);
+        for (ModelObject& object : m_after.objects) {
+            const ModelObject* before = m_objects.Find(object.ObjectID);
             if (before != nullptr && Differences(*before, object).empty()) continue;
-            table.Begin(object.place, m_ids.objects[i]);
-            table.Put("Name", "name", object.name);
+            table.Begin(object.place, object.ObjectID);
+            table.Put("Name", "name", object.Name);
             if (before == nullptr) table.Put("CollectionObjectID", "element", std::int32_t{0});
-            table.PutText("TableName", "table", object.tableName.value_or(""));
-            table.Put("IsIncluded", "included", object.isIncluded);
-            table.PutText("Guid", "guid", object.guid);
-            const ObjectId id{table.Store()};
-            if (before == nullptr) m_ids.objects[i] = id;
+            table.PutText("TableName", "table", object.TableName.value_or(""));
+            table.Put("IsIncluded", "included", object.IsIncluded);
+            table.PutText("Guid", "guid", object.Guid);
+            table.Store(object.ObjectID);
         }
     }
 
     /// Elements may stand behind their collections, so their numbers are known only now.
     void WriteElements() {
-        for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
-            const auto& element = m_after.objects[i].element;
-            const ObjectId id = element ? m_ids.objects[*element] : NoObject;
-            const ModelObject* before = Before(m_ids.objects[i]);
-            const ObjectId old =
-                before != nullptr && before->element ? m_before.ids.objects[*before->element] : NoObject;
-            if (id == old) continue;
-            m_database.Execute("update tObjects set CollectionObjectID = " + std::to_string(Number(id)) +
-                               " where ObjectID = " + std::to_string(Number(m_ids.objects[i])));
+        for (const ModelObject& object : m_after.objects) {
+            const ObjectId element = m_after.IdOf(object.element);
+            const ModelObject* before = m_objects.Find(object.ObjectID);
+            if (element == (before == nullptr ? repository::NoObject : m_before.IdOf(before->element)))
+                continue;
+            m_database.Execute("update tObjects set CollectionObjectID = " + std::to_string(Number(element)) +
+                               " where ObjectID = " + std::to_string(Number(object.ObjectID)));
         }
     }
 
     void WriteInterfaces() {
         TableWriter table(m_after, m_database, "tInterfaces", "InterfaceID");
-        for (std::size_t i = 0; i < m_after.interfaces.size(); ++i) {
-            const ModelInterface& interface = m_after.interfaces[i];
-            const auto before = m_interfaces.find(m_ids.interfaces[i]);
-            const bool isNew = before == m_interfaces.end();
-            if (!isNew && m_before.model.interfaces[before->second].name == interface.name) continue;
-            table.Begin(interface.place, m_ids.interfaces[i]);
-            table.Put("Name", "name", interface.name);
-            const InterfaceId id{table.Store()};
-            if (isNew) m_ids.interfaces[i] = id;
+        for (ModelInterface& interface : m_after.interfaces) {
+            const ModelInterface* before = m_interfaces.Find(interface.InterfaceID);
+            if (before != nullptr && before->Name == interface.Name) continue;
+            table.Begin(interface.place, interface.InterfaceID);
+            table.Put("Name", "name", interface.Name);
+            table.Store(interface.InterfaceID);
         }
     }
 
     void WriteValues() {
+        const std::vector<ModelValue> none;
         TableWriter table(m_after, m_database, "tValues", "ValueID");
-        for (std::size_t i = 0; i < m_after.interfaces.size(); ++i) {
-            const auto interface = m_interfaces.find(m_ids.interfaces[i]);
-            const bool isNew = interface == m_interfaces.end();
-            const auto before = isNew ? Positions<ValueId>() : Index(m_before.ids.values[interface->second]);
-            for (std::size_t j = 0; j < m_after.interfaces[i].values.size(); ++j) {
-                const ModelValue& value = m_after.interfaces[i].values[j];
-                ValueId& id = m_ids.values[i][j];
-                const auto old = before.find(id);
-                if (old != before.end() &&
-                    IsSame(m_before.model.interfaces[interface->second].values[old->second], value))
-                    continue;
-                const ValueId given = WriteValue(table, value, m_ids.interfaces[i], id);
-                if (old == before.end()) id = given;
+        for (ModelInterface& interface : m_after.interfaces) {
+            const ModelInterface* old = m_interfaces.Find(interface.InterfaceID);
+            const EntryIndex before(old == nullptr ? none : old->values, &ModelValue::ValueID);
+            for (ModelValue& value : interface.values) {
+                const ModelValue* same = before.Find(value.ValueID);
+                if (same != nullptr && IsSame(*same, value)) continue;
+                table.Begin(value.place, value.ValueID);
+                table.Put("InterfaceID", {}, interface.InterfaceID);
+                PutMembers(table, value);
+                table.Store(value.ValueID);
             }
         }
     }
 
     bool IsSame(const ModelValue& before, const ModelValue& now) const {
-        const ObjectId child = before.child ? m_before.ids.objects[*before.child] : NoObject;
-        return child == ChildID(now) && Differences(before, now).empty();
+        return m_before.IdOf(before.child) == m_after.IdOf(now.child) && Differences(before, now).empty();
     }
 
-    ObjectId ChildID(const ModelValue& value) const {
-        return value.child ? m_ids.objects[*value.child] : NoObject;
-    }
-
-    ValueId WriteValue(TableWriter& table, const ModelValue& value, InterfaceId interfaceID,
-                       ValueId id) const {
-        table.Begin(value.place, id);
-        table.Put("InterfaceID", {}, interfaceID);
-        table.Put("ChildObjectID", "child", ChildID(value));
-        table.Put("Name", "name", value.name);
-        table.PutText("FieldName", "field", value.fieldName.value_or(""));
-        table.Put("DataType", "type", value.dataType);
-        table.Put("MaxLength", "maxLength", value.maxLength);
-        table.Put("IsAutoNumber", "autoNumber", value.isAutoNumber);
-        table.PutText("DefaultVal", "default", value.defaultVal);
-        table.Put("IsIncluded", "included", value.isIncluded);
-        table.Put("IsReadOnly", "readOnly", value.isReadOnly);
-        table.PutText("Description", "description", value.description);
-        table.PutText("Caption", "caption", value.caption);
-        table.PutText("Translation", "translation", value.translation);
-        table.PutText("MaxValue", "maxValue", value.maxValue);
-        table.PutText("MinValue", "minValue", value.minValue);
-        table.Put("VID", "vid", value.vid.value_or(0));
-        table.PutText("VIDTag1", "tags[0]", value.tags[0]);
-        table.PutText("VIDTag2", "tags[1]", value.tags[1]);
-        table.PutText("VIDTag3", "tags[2]", value.tags[2]);
-        return ValueId{table.Store()};
+    void PutMembers(TableWriter& table, const ModelValue& value) const {
+        table.Put("ChildObjectID", "child", m_after.IdOf(value.child));
+        table.Put("Name", "name", value.Name);
+        table.PutText("FieldName", "field", value.FieldName.value_or(""));
+        table.Put("DataType", "type", value.DataType);
+        table.Put("MaxLength", "maxLength", value.MaxLength);
+        table.Put("IsAutoNumber", "autoNumber", value.IsAutoNumber);
+        table.PutText("DefaultVal", "default", value.DefaultVal);
+        table.Put("IsIncluded", "included", value.IsIncluded);
+        table.Put("IsReadOnly", "readOnly", value.IsReadOnly);
+        table.PutText("Description", "description", value.Description);
+        table.PutText("Caption", "caption", value.Caption);
+        table.PutText("Translation", "translation", value.Translation);
+        table.PutText("MaxValue", "maxValue", value.MaxValue);
+        table.PutText("MinValue", "minValue", value.MinValue);
+        table.Put("VID", "vid", value.VID);
+        table.PutText("VIDTag1", "tags[0]", value.VIDTag1);
+        table.PutText("VIDTag2", "tags[1]", value.VIDTag2);
+        table.PutText("VIDTag3", "tags[2]", value.VIDTag3);
     }
 
     void WriteObjectRows() {
         TableWriter links(m_after, m_database, "tObjectInterfaces");
         TableWriter primary(m_after, m_database, "tPrimaryKeys");
         TableWriter foreign(m_after, m_database, "tForeignKeys");
-        for (std::size_t i = 0; i < m_after.objects.size(); ++i) {
-            const ModelObject& object = m_after.objects[i];
-            const ObjectId id = m_ids.objects[i];
-            const ModelObject* before = Before(id);
-            const ObjectRows old = before == nullptr ? ObjectRows() : RowsOf(*before, m_before.ids);
-            const ObjectRows now = RowsOf(object, m_ids);
-            if (Replaces(old.interfaces, now.interfaces, "tObjectInterfaces", id))
-                WriteLinks(links, object, id);
-            if (Replaces(old.primaryKeys, now.primaryKeys, "tPrimaryKeys", id))
-                WritePrimaryKeys(primary, object, id);
-            if (Replaces(old.foreignKeys, now.foreignKeys, "tForeignKeys", id))
-                WriteForeignKeys(foreign, object, id);
+        for (const ModelObject& object : m_after.objects) {
+            const ModelObject* before = m_objects.Find(object.ObjectID);
+            const ObjectRows old = before == nullptr ? ObjectRows() : RowsOf(m_before, *before);
+            const ObjectRows now = RowsOf(m_after, object);
+            if (Replaces(old.interfaces, now.interfaces, "tObjectInterfaces", object.ObjectID))
+                WriteLinks(links, object, now.interfaces);
+            if (Replaces(old.primaryKeys, now.primaryKeys, "tPrimaryKeys", object.ObjectID))
+                WritePrimaryKeys(primary, object, now.primaryKeys);
+            if (Replaces(old.foreignKeys, now.foreignKeys, "tForeignKeys", object.ObjectID))
+                WriteForeignKeys(foreign, object, now.foreignKeys);
         }
     }
 
@@ -288,47 +251,50 @@ class Store {
         return true;
     }
 
-    void WriteLinks(TableWriter& table, const ModelObject& object, ObjectId id) const {
-        for (const std::size_t interface : object.interfaces) {
+    static void WriteLinks(TableWriter& table, const ModelObject& object,
+                           const std::vector<InterfaceId>& interfaces) {
+        for (const InterfaceId interface : interfaces) {
             table.Begin(object.place);
-            table.Put("ObjectID", "interfaces", id);
-            table.Put("InterfaceID", "interfaces", m_ids.interfaces[interface]);
+            table.Put("ObjectID", "interfaces", object.ObjectID);
+            table.Put("InterfaceID", "interfaces", interface);
             table.Store();
         }
     }
 
-    void WritePrimaryKeys(TableWriter& table, const ModelObject& object, ObjectId id) const {
-        for (const ModelPrimaryKey& key : object.primaryKeys) {
-            table.Begin(key.place);
-            table.Put("ObjectID", {}, id);
-            table.Put("ValueID", "value", ValueID(m_ids, key.value));
-            table.Put("Seq", "seq", key.seq);
+    static void WritePrimaryKeys(TableWriter& table, const ModelObject& object,
+                                 const std::vector<PrimaryKeyRow>& rows) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            table.Begin(object.primaryKeys[i].place);
+            table.Put("ObjectID", {}, rows[i].ObjectID);
+            table.Put("ValueID", "value", rows[i].ValueID);
+            table.Put("Seq", "seq", rows[i].Seq);
             table.Store();
         }
     }
 
-    void WriteForeignKeys(TableWriter& table, const ModelObject& object, ObjectId id) const {
-        for (const ModelForeignKey& key : object.foreignKeys) {
-            table.Begin(key.place);
-            table.Put("ObjectID", {}, id);
-            table.Put("ValueID", "value", ValueID(m_ids, key.value));
-            table.Put("FKObjectID", "object", m_ids.objects[key.object]);
-            table.Put("FKValueID", "key", ValueID(m_ids, key.key));
-            table.PutText("FKObjectGUID", "guid", key.guid);
+    static void WriteForeignKeys(TableWriter& table, const ModelObject& object,
+                                 const std::vector<ForeignKeyRow>& rows) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            table.Begin(object.foreignKeys[i].place);
+            table.Put("ObjectID", {}, rows[i].ObjectID);
+            table.Put("ValueID", "value", rows[i].ValueID);
+            table.Put("FKObjectID", "object", rows[i].FKObjectID);
+            table.Put("FKValueID", "key", rows[i].FKValueID);
+            table.PutText("FKObjectGUID", "guid", rows[i].FKObjectGUID);
             table.Store();
         }
     }
 
     /// Rows of one storage name are told apart by nothing, so they are written anew where they differ.
     void WriteDefinitions() {
-        const auto rootsOf = [](const Model& model, const ModelIDs& ids) {
+        const auto rootsOf = [](const Model& model) {
             std::unordered_map<std::string, std::vector<ObjectId>> roots;
             for (const ModelDefinition& definition : model.definitions)
-                roots[definition.storage].push_back(ids.objects[definition.root]);
+                roots[definition.storage].push_back(model.IdOf(definition.root));
             return roots;
         };
-        const auto before = rootsOf(m_before.model, m_before.ids);
-        const auto now = rootsOf(m_after, m_ids);
+        const auto before = rootsOf(m_before);
+        const auto now = rootsOf(m_after);
         for (const auto& [storage, roots] : before) {
             const auto same = now.find(storage);
             if (same != now.end() && (roots == same->second || roots.size() == 1)) continue;
@@ -336,7 +302,7 @@ class Store {
         }
         TableWriter table(m_after, m_database, "tDataDefs");
         for (const ModelDefinition& definition : m_after.definitions) {
-            const ObjectId root = m_ids.objects[definition.root];
+            const ObjectId root = m_after.IdOf(definition.root);
             const auto old = before.find(definition.storage);
             if (old != before.end() && old->second == now.at(definition.storage)) continue;
             if (old != before.end() && old->second.size() == 1) {
@@ -359,18 +325,28 @@ class Store {
     }
 
     void DeleteRest() const {
-        const std::vector<ObjectId> objects = Gone(m_before.ids.objects, m_ids.objects);
+        const auto objects = Gone(IdsOf(m_before.objects, &ModelObject::ObjectID),
+                                  IdsOf(m_after.objects, &ModelObject::ObjectID));
         for (const std::string_view table : {"tObjects", "tObjectInterfaces", "tPrimaryKeys", "tForeignKeys"})
             Delete(table, "ObjectID", objects);
         Delete("tForeignKeys", "FKObjectID", objects);
-        Delete("tInterfaces", "InterfaceID", Gone(m_before.ids.interfaces, m_ids.interfaces));
-        Delete("tValues", "ValueID", Gone(Flat(m_before.ids.values), Flat(m_ids.values)));
+        Delete("tInterfaces", "InterfaceID",
+               Gone(IdsOf(m_before.interfaces, &ModelInterface::InterfaceID),
+                    IdsOf(m_after.interfaces, &ModelInterface::InterfaceID)));
+        Delete("tValues", "ValueID", Gone(ValueIds(m_before), ValueIds(m_after)));
     }
 
-    static std::vector<ValueId> Flat(const std::vector<std::vector<ValueId>>& lists) {
+    template <class Entry, class Row, RowId Id>
+    static std::vector<Id> IdsOf(const std::vector<Entry>& entries, Id Row::*id) {
+        std::vector<Id> ids;
+        std::ranges::transform(entries, std::back_inserter(ids), id);
+        return ids;
+    }
+
+    static std::vector<ValueId> ValueIds(const Model& model) {
         std::vector<ValueId> all;
-        for (const std::vector<ValueId>& list : lists)
-            all.insert(all.end(), list.begin(), list.end());
+        for (const ModelInterface& interface : model.interfaces)
+            std::ranges::transform(interface.values, std::back_inserter(all), &ModelValue::ValueID);
         return all;
     }
 
@@ -395,17 +371,16 @@ class Store {
         }
     }
 
-    const StoredModel& m_before;
-    const Model& m_after;
-    ModelIDs& m_ids;
+    const Model& m_before;
+    Model& m_after;
     dao::Database& m_database;
-    Positions<ObjectId> m_objects;        ///< of m_before
-    Positions<InterfaceId> m_interfaces;  ///< likewise
+    EntryIndex<ModelObject, ObjectId> m_objects;           ///< of m_before
+    EntryIndex<ModelInterface, InterfaceId> m_interfaces;  ///< likewise
 };
 
 }  // namespace
 
-void StoreModel(const StoredModel& before, StoredModel& after, dao::Database& database) {
+void StoreModel(const Model& before, Model& after, dao::Database& database) {
     Store(before, after, database).Run();
 }
 

@@ -4,7 +4,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <charconv>
 #include <map>
 #include <set>
@@ -49,14 +48,14 @@ template <class Entry>
 std::vector<std::string> ReferenceNames(const std::vector<Entry>& entries) {
     std::set<std::string> taken;
     for (const Entry& entry : entries)
-        taken.insert(entry.name);
+        taken.insert(entry.Name);
     std::map<std::string, int> lastNumbers;
     std::vector<std::string> names;
     for (const Entry& entry : entries) {
-        std::string name = entry.name;
-        const auto [last, isFirst] = lastNumbers.try_emplace(entry.name, 1);
+        std::string name = entry.Name;
+        const auto [last, isFirst] = lastNumbers.try_emplace(entry.Name, 1);
         while (!isFirst && !taken.insert(name).second)
-            name = entry.name + "-" + std::to_string(++last->second);
+            name = entry.Name + "-" + std::to_string(++last->second);
         names.push_back(std::move(name));
     }
     return names;
@@ -110,8 +109,8 @@ class ModelWriter {
 
     std::string Interface(std::size_t index, std::size_t depth) const {
         const ModelInterface& interface = m_model.interfaces[index];
-        std::vector<std::string> members = {Member("name", interface.name)};
-        if (m_interfaceNames[index] != interface.name && m_users[index] != 1) {
+        std::vector<std::string> members = {Member("name", interface.Name)};
+        if (m_interfaceNames[index] != interface.Name && m_users[index] != 1) {
             members.push_back(Member("id", m_interfaceNames[index]));
         }
         members.push_back("\"values\": " + Lines(Values(interface), depth + 1));
@@ -139,29 +138,30 @@ class ModelWriter {
     }
 
     Json Value(const ModelValue& value) const {
-        Json line = {{"name", value.name}};
+        Json line = {{"name", value.Name}};
         if (value.child) {
             line["child"] = m_objectNames[*value.child];
-            if (value.dataType != TypeObject) line["type"] = DataType(value.dataType);
+            if (value.DataType != TypeObject) line["type"] = DataType(value.DataType);
         } else {
-            line["type"] = DataType(value.dataType);
+            line["type"] = DataType(value.DataType);
         }
-        if (value.maxLength != "0" && !value.maxLength.empty())
-            line["maxLength"] = MaxLength(value.maxLength);
-        PutText(line, "default", value.defaultVal);
-        PutFlag(line, "autoNumber", value.isAutoNumber);
-        if (value.fieldName) line["field"] = *value.fieldName;
-        PutFlag(line, "included", value.isIncluded);
-        PutFlag(line, "readOnly", value.isReadOnly);
-        PutText(line, "caption", value.caption);
-        PutText(line, "description", value.description);
-        PutText(line, "translation", value.translation);
-        PutText(line, "minValue", value.minValue);
-        PutText(line, "maxValue", value.maxValue);
-        if (value.vid) line["vid"] = *value.vid;
-        const auto last = std::find_if(value.tags.rbegin(), value.tags.rend(),
-                                       [](const std::string& tag) { return !tag.empty(); });
-        if (last != value.tags.rend()) line["tags"] = Json(std::vector(value.tags.begin(), last.base()));
+        if (value.MaxLength != "0" && !value.MaxLength.empty())
+            line["maxLength"] = MaxLength(value.MaxLength);
+        PutText(line, "default", value.DefaultVal);
+        PutFlag(line, "autoNumber", value.IsAutoNumber);
+        if (value.FieldName) line["field"] = *value.FieldName;
+        PutFlag(line, "included", value.IsIncluded);
+        PutFlag(line, "readOnly", value.IsReadOnly);
+        PutText(line, "caption", value.Caption);
+        PutText(line, "description", value.Description);
+        PutText(line, "translation", value.Translation);
+        PutText(line, "minValue", value.MinValue);
+        PutText(line, "maxValue", value.MaxValue);
+        if (value.isNumbered) line["vid"] = value.VID;
+        std::vector<std::string> tags = {value.VIDTag1, value.VIDTag2, value.VIDTag3};
+        while (!tags.empty() && tags.back().empty())
+            tags.pop_back();
+        if (!tags.empty()) line["tags"] = tags;
         return line;
     }
 
@@ -196,11 +196,11 @@ class ModelWriter {
 
     std::string Object(std::size_t index) const {
         const ModelObject& object = m_model.objects[index];
-        std::vector<std::string> members = {Member("name", object.name)};
-        if (m_objectNames[index] != object.name) members.push_back(Member("id", m_objectNames[index]));
-        if (!object.guid.empty()) members.push_back(Member("guid", object.guid));
-        if (object.tableName) members.push_back(Member("table", *object.tableName));
-        if (object.isIncluded) members.push_back(Member("included", true));
+        std::vector<std::string> members = {Member("name", object.Name)};
+        if (m_objectNames[index] != object.Name) members.push_back(Member("id", m_objectNames[index]));
+        if (!object.Guid.empty()) members.push_back(Member("guid", object.Guid));
+        if (object.TableName) members.push_back(Member("table", *object.TableName));
+        if (object.IsIncluded) members.push_back(Member("included", true));
         if (object.element) members.push_back(Member("element", m_objectNames[*object.element]));
         AddInterfaces(object, members);
         if (!object.primaryKeys.empty()) {
@@ -218,7 +218,7 @@ class ModelWriter {
             const std::size_t interface = object.interfaces[i];
             if (m_users[interface] != 1) {
                 interfaces.push_back(OneLine(m_interfaceNames[interface]));
-            } else if (i == 0 && m_model.interfaces[interface].name == object.name) {
+            } else if (i == 0 && m_model.interfaces[interface].Name == object.Name) {
                 members.push_back("\"values\": " + Lines(Values(m_model.interfaces[interface]), 3));
             } else {
                 interfaces.push_back(Interface(interface, 4));
@@ -254,9 +254,9 @@ class ModelWriter {
     void PutValue(Json& line, const char* member, const char* interfaceMember, std::size_t object,
                   const ModelValueRef& ref) const {
         const ModelInterface& interface = m_model.interfaces[ref.interface];
-        const std::string& name = interface.values[ref.value].name;
+        const std::string& name = interface.values[ref.value].Name;
         line[member] = name;
-        if (m_values.Find(object, name).size() > 1) line[interfaceMember] = interface.name;
+        if (m_values.Find(object, name).size() > 1) line[interfaceMember] = interface.Name;
     }
 
     const Model& m_model;

@@ -61,7 +61,7 @@ std::vector<std::string> DiagramNames(const Model& model) {
     std::vector<std::string> names;
     for (const ModelObject& object : model.objects) {
         std::string base;
-        for (const char c : object.name) {
+        for (const char c : object.Name) {
             const bool isPlain =
                 (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
             base += isPlain ? c : '_';

@@ -36,10 +36,10 @@ ShownDefinition::ShownDefinition(const repository::Catalog& catalog, std::string
     : m_exported(ExportModel(catalog, storage)), m_related(catalog) {
     m_related.Relate(storage, fkPrefix);
     m_tables = scriptgen::DescribeTables(m_related, storage);
-    m_objects.resize(m_exported.ids.objects.size());
-    const std::vector<std::string> identifiers = DiagramNames(m_exported.model);
+    m_objects.resize(m_exported.objects.size());
+    const std::vector<std::string> identifiers = DiagramNames(m_exported);
     for (std::size_t i = 0; i < m_objects.size(); ++i) {
-        m_positions.emplace(m_exported.ids.objects[i], i);
+        m_positions.emplace(m_exported.objects[i].ObjectID, i);
         m_objects[i].identifier = identifiers[i];
     }
     for (const scriptgen::DescribedTable& table : m_tables)
@@ -57,7 +57,7 @@ std::optional<std::size_t> ShownDefinition::Find(repository::ObjectId objectID) 
 
 void ShownDefinition::FillObject(std::size_t index) {
     ShownObject& object = m_objects[index];
-    const repository::ObjectId id = m_exported.ids.objects[index];
+    const repository::ObjectId id = m_exported.objects[index].ObjectID;
     object.row = m_related.FindObject(id);
     object.element = Find(object.row->CollectionObjectID);
     for (const repository::InterfaceId interface : m_related.InterfacesOf(id))

@@ -60,7 +60,7 @@ class ShownDefinition {
     ShownDefinition(const ShownDefinition&) = delete;
     ShownDefinition& operator=(const ShownDefinition&) = delete;
 
-    const std::vector<ModelDefinition>& Definitions() const noexcept { return m_exported.model.definitions; }
+    const std::vector<ModelDefinition>& Definitions() const noexcept { return m_exported.definitions; }
     /// In walk order, each before what it holds.
     const std::vector<ShownObject>& Objects() const noexcept { return m_objects; }
     /// The position of an object; nothing for one that is not shown.
@@ -74,7 +74,7 @@ class ShownDefinition {
     void AddHolders();
     void SetDepths();
 
-    ExportedModel m_exported;
+    Model m_exported;
     repository::RelatedCatalog m_related;
     std::vector<scriptgen::DescribedTable> m_tables;
     std::unordered_map<repository::ObjectId, std::size_t> m_positions;

@@ -63,9 +63,9 @@ class Tree {
     }
 
     static std::string ObjectText(const ModelObject& object) {
-        std::string text = object.name;
+        std::string text = object.Name;
         if (object.element) text += " (collection)";
-        if (object.tableName) text += " in " + *object.tableName;
+        if (object.TableName) text += " in " + *object.TableName;
         return text;
     }
 
@@ -76,7 +76,7 @@ class Tree {
         for (const std::size_t interface : object.interfaces) {
             for (std::size_t i = 0; i < m_model.interfaces[interface].values.size(); ++i) {
                 const ModelValue& value = m_model.interfaces[interface].values[i];
-                lines.push_back({depth, value.name + ": ", value.child});
+                lines.push_back({depth, value.Name + ": ", value.child});
                 if (!value.child) lines.back().text += ValueText(object, {interface, i});
             }
         }
@@ -85,16 +85,16 @@ class Tree {
 
     std::string ValueText(const ModelObject& object, const ModelValueRef& ref) const {
         const ModelValue& value = m_model.interfaces[ref.interface].values[ref.value];
-        std::string text = TypeText(value.dataType, value.maxLength);
-        if (value.isAutoNumber) text += ", auto number";
-        if (!value.defaultVal.empty()) text += ", default " + value.defaultVal;
+        std::string text = TypeText(value.DataType, value.MaxLength);
+        if (value.IsAutoNumber) text += ", auto number";
+        if (!value.DefaultVal.empty()) text += ", default " + value.DefaultVal;
         for (const ModelPrimaryKey& key : object.primaryKeys) {
             if (key.value == ref) text += ", primary key";
         }
         for (const ModelForeignKey& key : object.foreignKeys) {
-            if (key.value == ref) text += ", refers to " + m_model.objects[key.object].name;
+            if (key.value == ref) text += ", refers to " + m_model.objects[key.object].Name;
         }
-        if (value.fieldName && *value.fieldName != value.name) text += ", column " + *value.fieldName;
+        if (value.FieldName && *value.FieldName != value.Name) text += ", column " + *value.FieldName;
         return text;
     }
 

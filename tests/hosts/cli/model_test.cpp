@@ -95,10 +95,10 @@ TEST(Model, ImportTakesTheSameStatementsForEveryChildAndShowTheSameForAll) {
         cli::ImportModel(model, *database);
         imported.push_back(seam->Executed().size());
         seam->Record();
-        const cli::ExportedModel exported = cli::ExportModel(repository::Catalog::Read(*database), "S");
+        const cli::Model exported = cli::ExportModel(repository::Catalog::Read(*database), "S");
         shown.push_back(seam->Executed().size());
-        EXPECT_EQ(exported.model.objects.size(), static_cast<std::size_t>(count) + 1);
-        EXPECT_EQ(cli::ModelText(cli::ReadModel(folder.Write("model.json", cli::ModelText(exported.model)))),
+        EXPECT_EQ(exported.objects.size(), static_cast<std::size_t>(count) + 1);
+        EXPECT_EQ(cli::ModelText(cli::ReadModel(folder.Write("model.json", cli::ModelText(exported)))),
                   cli::ModelText(model));
     }
     EXPECT_EQ(imported[2] - imported[1], imported[1] - imported[0]);

@@ -237,14 +237,15 @@ class Edits {
     int m_names = 0;
 };
 
-cli::ExportedModel ReadBack(dao::Database& database) {
+cli::Model ReadBack(dao::Database& database) {
     return cli::ExportModel(repository::Catalog::Read(database), "");
 }
 
-std::set<repository::ValueId> ValueIDs(const cli::ExportedModel& exported) {
+std::set<repository::ValueId> ValueIDs(const cli::Model& exported) {
     std::set<repository::ValueId> all;
-    for (const auto& ids : exported.ids.values)
-        all.insert(ids.begin(), ids.end());
+    for (const cli::ModelInterface& interface : exported.interfaces)
+        for (const cli::ModelValue& value : interface.values)
+            all.insert(value.ValueID);
     return all;
 }
 
@@ -253,7 +254,7 @@ std::string Imported(const cli::Model& model) {
     const auto fresh = DefaultPlatform().repositoryEngine->CreateDatabase("");
     repository::CreateSchema(*fresh);
     cli::ImportModel(model, *fresh);
-    return cli::ModelText(ReadBack(*fresh).model);
+    return cli::ModelText(ReadBack(*fresh));
 }
 
 TEST(Replace, AnyModelComesBackAndIdentifiersStay) {
@@ -265,16 +266,16 @@ TEST(Replace, AnyModelComesBackAndIdentifiersStay) {
         repository::CreateSchema(repository.Open());
         cli::ImportModel(start, repository.Open());
         if (seed % 2 == 0) repository::CreateRelationship(repository, "Orders", "FK_");
-        const cli::ExportedModel before = ReadBack(repository.Open());
+        const cli::Model before = ReadBack(repository.Open());
         const bool addsFirst = seed % 3 == 0;
-        Edits edits(json::parse(cli::ModelText(before.model)), seed, addsFirst);
+        Edits edits(json::parse(cli::ModelText(before)), seed, addsFirst);
         for (unsigned i = 0; i < 1 + seed % 7; ++i)
             edits.Edit();
         const cli::Model edited = cli::ReadModel(folder.Write("edited.json", edits.Take().dump()));
         cli::ReplaceDefinitions(edited, {}, repository.Open(), false);
 
-        const cli::ExportedModel after = ReadBack(repository.Open());
-        ExpectSameText("model", cli::ModelText(after.model), Imported(edited));
+        const cli::Model after = ReadBack(repository.Open());
+        ExpectSameText("model", cli::ModelText(after), Imported(edited));
         std::size_t added = 0;
         std::size_t removed = 0;
         const std::set<repository::ValueId> old = ValueIDs(before);
@@ -289,7 +290,7 @@ TEST(Replace, AnyModelComesBackAndIdentifiersStay) {
                 values += interface.values.size();
             return values;
         };
-        EXPECT_EQ(added - removed, count(edited) - count(before.model));
+        EXPECT_EQ(added - removed, count(edited) - count(before));
         EXPECT_TRUE(addsFirst || added <= 2u * (1 + seed % 7)) << "what stays is not written anew";
         EXPECT_EQ(cli::ReplaceDefinitions(edited, {}, repository.Open(), true), std::vector<std::string>());
         EXPECT_EQ(after.leftOut, std::vector<std::string>());
