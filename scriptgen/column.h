@@ -25,7 +25,7 @@ struct Column {
     bool IsLongFld = false;   ///< became a long text or long binary type
     std::string DefaultText;  ///< on an engine: the default as the engine writes it; "" for Null
 
-    // What tells the value from others when two definitions are compared (DescribeIdentified).
+    // What tells the value from others when two definitions are compared (DescribeState).
     std::string Interface;    ///< name of the interface that the value is one of
     std::int32_t VID = 0;     ///< its number there; 0 for none, or for one that others have, too
     bool VIDIsPlace = false;  ///< the numbers of the interface count its values, as they stand

@@ -142,13 +142,6 @@ std::string ScriptText(std::span<const EngineStatement> statements) {
     return text;
 }
 
-std::string EngineDialect::TextLiteral(std::string_view text) const {
-    std::string literal = "'";
-    for (const char c : text)
-        literal.append(c == '\'' ? 2U : 1U, c);
-    return literal + "'";
-}
-
 bool EngineDialect::IsNumbered(const DescribedTable& table, const Column& column) const {
     const bool isKey = table.PrimaryKey.size() == 1 && table.PrimaryKey.front() == column.FieldName;
     return column.IsAutoNumber && (isKey || !m_facts.numbersTheKeyOnly);

@@ -2,6 +2,7 @@
 
 #include "automation/text.h"
 #include "scriptgen/column_text.h"
+#include "scriptgen/script_text.h"
 #include "scriptgen/table_model.h"
 
 #include <cstddef>
@@ -129,7 +130,7 @@ class EngineDialect {
     std::vector<std::string> Problems(std::span<const DescribedTable> tables) const;
 
   protected:
-    virtual std::string TextLiteral(std::string_view text) const;
+    virtual std::string TextLiteral(std::string_view text) const { return scriptgen::TextLiteral(text); }
     /// Type texts of the columns of a table, in their order; `notes` takes what is not as asked for.
     virtual std::vector<std::string> ColumnTypes(const DescribedTable& table,
                                                  std::vector<std::string>& notes) const;

@@ -39,6 +39,14 @@ class JoinedText {
     bool m_empty = true;
 };
 
+/// A text between single quotes, those in it doubled.
+inline std::string TextLiteral(std::string_view text) {
+    std::string literal = "'";
+    for (const char c : text)
+        literal.append(c == '\'' ? 2U : 1U, c);
+    return literal + "'";
+}
+
 /// "A, B, C".
 inline std::string Joined(std::span<const std::string> items, std::string_view separator = ", ") {
     JoinedText text(separator);

@@ -1,5 +1,6 @@
 #include "scriptgen/table_model.h"
 
+#include "automation/text.h"
 #include "repository/lookups.h"
 #include "repository/related_catalog.h"
 #include "scriptgen/column_lists.h"
@@ -71,7 +72,32 @@ void Describer::AddForeignKeys(DescribedTable& table) {
     }
 }
 
+template <class Rows>
+auto* FindField(const Rows& rows, std::string_view name) {
+    const auto found = std::ranges::find_if(
+        rows, [&](const auto& row) { return automation::EqualsIgnoreCase(row.FieldName, name); });
+    return found == rows.end() ? nullptr : &*found;
+}
+
 }  // namespace
+
+std::string FoldedName(const std::string& name, bool folds) {
+    return folds ? automation::ToUpperAscii(name) : name;
+}
+
+const DescribedTable* FindTable(std::span<const DescribedTable> tables, std::string_view name, bool folds) {
+    const auto found = std::ranges::find_if(tables, [&](const DescribedTable& table) {
+        return folds ? automation::EqualsIgnoreCase(table.Name, name) : table.Name == name;
+    });
+    return found == tables.end() ? nullptr : &*found;
+}
+
+const Column* FindColumn(const DescribedTable& table, std::string_view name) {
+    return FindField(table.Columns, name);
+}
+const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column) {
+    return FindField(table.ForeignKeys, column);
+}
 
 std::vector<DescribedTable> DescribeTables(repository::DefinitionRows& rows, std::string_view storageName) {
     return Describer(rows).Describe(storageName);

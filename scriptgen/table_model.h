@@ -5,6 +5,7 @@
 #include "scriptgen/column.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,11 +56,19 @@ struct DescribedTable {
     std::vector<std::string> Triggers;  ///< on an engine: their names
     std::vector<TableDependent> Dependents;
 
-    // What tells the object from others when two definitions are compared (DescribeIdentified).
+    // What tells the object from others when two definitions are compared (DescribeState).
     std::string ObjectName;
     std::string Guid;
     std::vector<TablePlace> Places;
 };
+
+/// A table's name as it is compared: in capitals where `folds`.
+std::string FoldedName(const std::string& name, bool folds);
+/// By name, that of a column in any case; nullptr for none.
+const DescribedTable* FindTable(std::span<const DescribedTable> tables, std::string_view name, bool folds);
+const Column* FindColumn(const DescribedTable& table, std::string_view name);
+/// The reference of a column.
+const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column);
 
 /// The tables of every data definition of that storage name (of all when it is empty), in the order of the
 /// scripts; one that several ways lead to stands where the first of them meets it. The keys must be up to

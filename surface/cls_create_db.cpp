@@ -10,7 +10,6 @@
 #include "scriptgen/engine_dialect.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/script_types.h"
-#include "surface/language_service.h"
 
 #include <exception>
 #include <iterator>
@@ -79,10 +78,24 @@ Platform WithDesktop(Platform parts, std::shared_ptr<platform::Desktop> desktop)
     return parts;
 }
 
-/// What a host calls a dialect: its number, or its name at a language service.
+// What a language service knows this library's texts by.
+constexpr std::int16_t LibraryNumber = 410;
+constexpr std::int16_t TextCategory = 13;
+
+/// The service in an optional argument: Nothing when it is missing. ObjectRequired (424) for anything that is
+/// no object.
+automation::ObjectRef LanguageService(const Variant& oLanguageSvr) {
+    if (oLanguageSvr.IsMissing() || oLanguageSvr.IsNothing()) return nullptr;
+    return automation::ToObject(oLanguageSvr);
+}
+
+/// What a host calls a dialect: its number, or its name at a language service, where that has one.
 std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const ScriptTypeInfo& type) {
     if (!oLanguageSvr) return std::string(type.number);
-    return surface::GetLocalString(oLanguageSvr, type.stringNumber, type.displayName);
+    Variant arguments[] = {LibraryNumber, TextCategory, type.stringNumber};
+    std::string name =
+        automation::ToString(oLanguageSvr->Invoke("GetString", automation::InvokeKind::Method, arguments));
+    return name.empty() ? std::string(type.displayName) : name;
 }
 
 }  // namespace
@@ -155,7 +168,7 @@ clsCreateDb::clsCreateDb(const Platform& platform) : m_impl(std::make_unique<Imp
 clsCreateDb::~clsCreateDb() = default;
 
 std::shared_ptr<automation::Collection> clsCreateDb::ScriptTypes(const Variant& oLanguageSvr) {
-    const automation::ObjectRef service = surface::LanguageService(oLanguageSvr);
+    const automation::ObjectRef service = LanguageService(oLanguageSvr);
     auto names = std::make_shared<automation::Collection>();
     for (const ScriptTypeInfo& type : scriptgen::AllScriptTypes()) {
         names->Add(ScriptTypeName(service, type));
@@ -166,7 +179,7 @@ std::shared_ptr<automation::Collection> clsCreateDb::ScriptTypes(const Variant& 
 void clsCreateDb::DoScript(const std::string& sID, const std::string& sFilename,
                            const std::string& storageName, const Variant& sFKPrefix,
                            const Variant& oLanguageSvr) {
-    const automation::ObjectRef service = surface::LanguageService(oLanguageSvr);
+    const automation::ObjectRef service = LanguageService(oLanguageSvr);
     for (const ScriptTypeInfo& type : scriptgen::AllScriptTypes()) {
         if (sID != ScriptTypeName(service, type)) continue;
         switch (type.type) {

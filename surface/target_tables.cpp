@@ -2,12 +2,11 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
-#include "platform/ado_transaction.h"
 #include "repository/catalog.h"
 #include "repository/related_catalog.h"
 #include "scriptgen/migration/compare_tables.h"
+#include "scriptgen/migration/database_update.h"
 #include "scriptgen/migration/live_tables.h"
-#include "scriptgen/migration/match_tables.h"
 #include "scriptgen/migration/published_alter.h"
 #include "scriptgen/migration/table_rebuild.h"
 #include "scriptgen/script_text.h"
@@ -15,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <optional>
 #include <set>
 #include <span>
 #include <string_view>
@@ -72,77 +70,34 @@ class Tally {
     std::array<std::size_t, 4> m_counts{};
 };
 
-/// A table to be made anew: as it will be, and the statement.
-struct Rebuild {
-    DescribedTable table;
-    std::string statement;
-};
-
 /// What is to be done, in this order.
 struct Plan {
-    std::vector<Rebuild> rebuilds;
+    std::vector<DescribedTable> rebuilds;  ///< tables to be made anew, as they will be
     std::vector<const EngineStatement*> statements;
     std::size_t inlineKeys = 0;  ///< foreign keys that come with their tables, or with rebuilds
 };
 
-/// Runs a plan, in one transaction where that takes definitions back too.
-class PlanRun {
-  public:
-    PlanRun(Connection connection, const EngineDialect& dialect)
-        : m_connection(std::move(connection)), m_rollsBack(dialect.DefinitionsRollBack()) {}
-
-    Tally Run(const Plan& plan) {
-        std::optional<scriptgen::ReferencesOff> references;
-        if (!plan.rebuilds.empty()) references.emplace(*m_connection);
-        std::optional<ado::Transaction> transaction;
-        if (m_rollsBack) transaction.emplace(m_connection);
-        try {
-            RunAll(plan);
-            if (references) references->CheckReferences();
-            if (transaction) transaction->Commit();
-        } catch (const Error& error) {
-            throw Error(error.Number(),
-                        automation::AddSentence(error.Description(),
-                                                transaction ? transaction->TakeBack()
-                                                            : "Done before that, and kept: " + m_done.Text() +
-                                                                  ". The same command goes on from there."),
-                        error.Source());
-        }
-        m_done.Add(EngineThing::ForeignKey, plan.inlineKeys);
-        return m_done;
-    }
-
-  private:
-    void RunAll(const Plan& plan) {
-        for (const Rebuild& rebuild : plan.rebuilds)
-            scriptgen::RebuildTable(*m_connection, rebuild.table, rebuild.statement);
+/// Runs a plan; what it made, or dropped.
+Tally Run(const Plan& plan, const Connection& connection, const EngineDialect& dialect) {
+    Tally done;
+    const auto runAll = [&] {
+        for (const DescribedTable& table : plan.rebuilds)
+            scriptgen::RebuildTable(*connection, table);
         const EngineStatement* previous = nullptr;
         for (const EngineStatement* statement : plan.statements) {
-            m_connection->Execute(statement->text);
+            connection->Execute(statement->text);
             // A trigger and its function are one thing.
             const bool isSame = previous != nullptr && previous->thing == statement->thing &&
                                 previous->table == statement->table && previous->name == statement->name;
-            if (!isSame) m_done.Add(statement->thing);
+            if (!isSame) done.Add(statement->thing);
             previous = statement;
         }
-    }
-
-    Connection m_connection;
-    bool m_rollsBack;
-    Tally m_done;
-};
-
-EngineThing ThingOf(TableAspect aspect) {
-    switch (aspect) {
-        case TableAspect::Index:
-            return EngineThing::Index;
-        case TableAspect::Trigger:
-            return EngineThing::Trigger;
-        case TableAspect::ForeignKey:
-            return EngineThing::ForeignKey;
-        default:
-            return EngineThing::Table;
-    }
+    };
+    scriptgen::ChangeTables(connection, dialect, !plan.rebuilds.empty(), runAll, [&] {
+        return "Done before that, and kept: " + done.Text() + ". The same command goes on from there.";
+    });
+    done.Add(EngineThing::ForeignKey, plan.inlineKeys);
+    return done;
 }
 
 /// What is not there, by table, thing and name.
@@ -150,21 +105,17 @@ class MissingThings {
   public:
     explicit MissingThings(std::span<const TableDifference> differences) {
         for (const TableDifference& difference : differences) {
-            if (!difference.isMissing) continue;
-            if (difference.aspect == TableAspect::Table) {
-                m_tables.insert(difference.table);
-            } else {
-                m_things.emplace(difference.table, ThingOf(difference.aspect), difference.name);
-            }
+            if (!difference.missing) continue;
+            const bool isTable = *difference.missing == EngineThing::Table;
+            m_things.emplace(difference.table, *difference.missing, isTable ? "" : difference.name);
         }
     }
-    bool Holds(const std::string& table) const { return m_tables.contains(table); }
-    bool Holds(const std::string& table, EngineThing thing, const std::string& name) const {
-        return Holds(table) || m_things.contains({table, thing, name});
+    bool Holds(const std::string& table, EngineThing thing = EngineThing::Table,
+               const std::string& name = {}) const {
+        return m_things.contains({table, EngineThing::Table, ""}) || m_things.contains({table, thing, name});
     }
 
   private:
-    std::set<std::string> m_tables;
     std::set<std::tuple<std::string, EngineThing, std::string>> m_things;
 };
 
@@ -181,31 +132,25 @@ const EngineDialect& DialectBehind(ado::Connection& connection) {
 std::string Listed(std::span<const TableDifference> differences) {
     std::string text;
     for (const TableDifference& difference : differences)
-        if (!difference.isMissing) text += (text.empty() ? "" : "; ") + difference.text;
+        if (!difference.missing) text += (text.empty() ? "" : "; ") + difference.text;
     return text;
 }
 
-auto FindKey(const DescribedTable& table, const std::string& column) {
-    return std::ranges::find_if(table.ForeignKeys, [&](const scriptgen::ForeignKey& key) {
-        return automation::EqualsIgnoreCase(key.FieldName, column);
-    });
-}
-
 /// The references that a table of the embedded engine shall have: those that it has and those of `table`, but
-/// for what `goes`.
+/// for what `goes`. What depends on the table comes again.
 template <class Goes>
-Rebuild RebuildOf(const EngineDialect& dialect, DescribedTable table, const DescribedTable& live, Goes goes) {
+DescribedTable RebuildOf(DescribedTable table, const DescribedTable& live, Goes goes) {
+    table.Dependents = live.Dependents;
     for (scriptgen::ForeignKey& key : table.ForeignKeys) {
-        const auto kept = FindKey(live, key.FieldName);
-        if (!key.IsInRun && kept != live.ForeignKeys.end()) {
+        const scriptgen::ForeignKey* kept = scriptgen::FindForeignKey(live, key.FieldName);
+        if (!key.IsInRun && kept != nullptr) {
             key.IsInRun = true;
             key.Table = kept->Table;
             key.KeyField = kept->KeyField;
         }
         if (goes(key)) key.IsInRun = false;
     }
-    std::string statement = dialect.TableText(table);
-    return {std::move(table), std::move(statement)};
+    return table;
 }
 
 std::size_t KeysInRun(const DescribedTable& table) {
@@ -283,8 +228,8 @@ class DropPlanner {
     bool HasKeyToDrop(const EngineStatement& statement) const {
         const DescribedTable* live = Live(statement.table);
         if (live == nullptr) return false;
-        const auto key = FindKey(*live, statement.name);
-        return key != live->ForeignKeys.end() && (Goes(statement.table) || Goes(key->Table));
+        const scriptgen::ForeignKey* key = scriptgen::FindForeignKey(*live, statement.name);
+        return key != nullptr && (Goes(statement.table) || Goes(key->Table));
     }
 
     /// A table that stays must not refer to one that is gone: the engine would refuse every record of it.
@@ -300,7 +245,7 @@ class DropPlanner {
                             " stays, refers to tables that would go, and differs from the definition: " +
                             others + ". Nothing was done.");
         }
-        plan.rebuilds.push_back(RebuildOf(m_dialect, table, *live, goes));
+        plan.rebuilds.push_back(RebuildOf(table, *live, goes));
     }
 
     const EngineDialect& m_dialect;
@@ -396,7 +341,7 @@ Plan TargetTables::Impl::PlanCreate(const EngineDialect& dialect, const scriptge
             }));
         if (added == 0) continue;
         plan.inlineKeys += added;
-        plan.rebuilds.push_back(RebuildOf(dialect, table, *scriptgen::FindTable(live, table.Name, folds),
+        plan.rebuilds.push_back(RebuildOf(table, *scriptgen::FindTable(live, table.Name, folds),
                                           [](const auto&) { return false; }));
     }
     for (const auto* statements : {&scripts.create, &scripts.addKeys}) {
@@ -422,7 +367,7 @@ TargetReport TargetTables::Create(const std::shared_ptr<ado::Connection>& connec
     m_impl->ExpectTakenBy(dialect);
     const scriptgen::EngineScripts scripts = dialect.Write(m_impl->tables);
     const Plan plan = m_impl->PlanCreate(dialect, scripts, *connection);
-    const Tally made = PlanRun(connection, dialect).Run(plan);
+    const Tally made = Run(plan, connection, dialect);
     return made.Report(dialect, "made", scripts.notes);
 }
 
@@ -438,7 +383,7 @@ TargetReport TargetTables::Drop(const std::shared_ptr<ado::Connection>& connecti
     const std::vector<DescribedTable> live = scriptgen::ReadLiveTables(*connection, dialect);
     const auto used = m_impl->UsedElsewhere(live, dialect.FoldsTableNames());
     const DropPlanner planner(dialect, m_impl->tables, live, used);
-    const Tally dropped = PlanRun(connection, dialect).Run(planner.Make());
+    const Tally dropped = Run(planner.Make(), connection, dialect);
     return dropped.Report(dialect, "dropped", planner.Notes());
 }
 
@@ -455,7 +400,7 @@ TargetComparison TargetTables::Compare(ado::Connection& connection) const {
     for (const TableDifference& difference : differences)
         comparison.Differences.push_back({difference.table,
                                           Aspects[static_cast<std::size_t>(difference.aspect)],
-                                          difference.name, difference.isMissing, difference.text});
+                                          difference.name, difference.missing.has_value(), difference.text});
     return comparison;
 }
 

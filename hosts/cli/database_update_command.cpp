@@ -137,9 +137,9 @@ void RunUpdate(const UpdateSettings& settings, Console& console) {
     if (settings.dryRun) return;
     ExpectAllowed(*diff, settings, console);
     const Progress progress(console, "statements", steps.size());
-    scriptgen::DatabaseUpdate(connection, dialect, [&](std::span<const AlterStep> rest) {
+    scriptgen::UpdateDatabase(connection, dialect, steps, [&](std::span<const AlterStep> rest) {
         return KeepRest(*diff, rest, console);
-    }).Run(steps);
+    });
     if (Json* document = console.Document())
         (*document)["statements"] = steps.size();
     else

@@ -28,45 +28,46 @@ bool StaysIndex(const TablePlan& plan, const TableIndex& before, const TableInde
 
 class AlterPlanner {
   public:
-    AlterPlanner(const Comparison& comparison, const AlterText& text, bool allowsLoss)
+    AlterPlanner(const Comparison& comparison, AlterText& text, bool allowsLoss)
         : m_comparison(comparison), m_text(text), m_allowsLoss(allowsLoss) {}
 
     std::vector<AlterStep> Plan() {
+        m_text.TakeSteps();  // what a plan left that failed
         if (m_comparison.Changes().empty()) return {};
         PlanTableNames();
         ForEach([this](const TablePlan& plan) {
             if (plan.before != nullptr && (plan.now != nullptr || MakesRoom(plan)))
-                m_text.DropProcedures(m_steps, *plan.before, plan.now);
+                m_text.DropProcedures(*plan.before, plan.now);
         });
         ForEach([this](const TablePlan& plan) { DropForeignKeys(plan); });
         ForEach([this](const TablePlan& plan) { DropTriggersAndIndexes(plan); });
         for (const auto& [plan, name] : m_tableNames)
-            m_text.RenameTable(m_steps, *plan->before, name);
+            m_text.RenameTable(*plan->before, name);
         ForEach([this](const TablePlan& plan) { RenameColumns(plan); });
         ForEach([this](const TablePlan& plan) {
-            if (plan.before == nullptr) m_text.CreateTable(m_steps, *plan.now);
+            if (plan.before == nullptr) m_text.CreateTable(*plan.now);
         });
         ForEach([this](const TablePlan& plan) { ChangeColumns(plan); });
         ForEach([this](const TablePlan& plan) { CreateIndexes(plan); });
         ForEach([this](const TablePlan& plan) { AddForeignKeys(plan); });
         ForEach([this](const TablePlan& plan) {
             if (plan.now != nullptr && !IsWhole(plan) && !StayTriggers(plan))
-                m_text.CreateTriggers(m_steps, *plan.now);
+                m_text.CreateTriggers(*plan.now);
         });
         ForEach([this](const TablePlan& plan) {
-            if (plan.now != nullptr) m_text.CreateProcedures(m_steps, plan.before, *plan.now);
+            if (plan.now != nullptr) m_text.CreateProcedures(plan.before, *plan.now);
         });
         ForEach([this](const TablePlan& plan) { Drop(plan); });
-        return m_steps.All();
+        return m_text.TakeSteps();
     }
 
   private:
     template <class Action>
     void ForEach(Action&& action) {
-        m_steps.Begin();
+        m_text.Begin();
         for (const TablePlan& plan : m_comparison.Tables())
             action(plan);
-        m_steps.Begin();
+        m_text.Begin();
     }
 
     bool IsWhole(const TablePlan& plan) const {
@@ -117,7 +118,7 @@ class AlterPlanner {
         if (plan.before == nullptr) return;
         for (const ForeignKey& key : plan.before->ForeignKeys) {
             const bool stays = m_comparison.SameKeyNow(plan, key) != nullptr && StaysNamed(plan, key);
-            if (key.IsInRun && !stays) m_text.DropForeignKey(m_steps, *plan.before, key);
+            if (key.IsInRun && !stays) m_text.DropForeignKey(*plan.before, key);
         }
     }
 
@@ -127,8 +128,8 @@ class AlterPlanner {
             const ForeignKey* before = m_comparison.SameKeyBefore(plan, key);
             if (!key.IsInRun || (before != nullptr && StaysNamed(plan, *before))) continue;
             if (before == nullptr && plan.Stays() && ColumnNow(plan, key.FieldName)->before != nullptr)
-                m_text.ClearNoParent(m_steps, *plan.now, key);
-            m_text.AddForeignKey(m_steps, *plan.now, key);
+                m_text.ClearNoParent(*plan.now, key);
+            m_text.AddForeignKey(*plan.now, key);
         }
     }
 
@@ -155,10 +156,10 @@ class AlterPlanner {
             for (const std::string& trigger : plan.before->Triggers)
                 if (plan.before->ObjectID != repository::NoObject ||
                     m_text.IsTriggerOf(*plan.before, trigger))
-                    m_text.DropTrigger(m_steps, *plan.before, trigger);
+                    m_text.DropTrigger(*plan.before, trigger);
         }
         for (const TableIndex& index : plan.before->Indexes)
-            if (GoesIndex(plan, index)) m_text.DropIndex(m_steps, *plan.before, index.Name);
+            if (GoesIndex(plan, index)) m_text.DropIndex(*plan.before, index.Name);
     }
 
     /// An index that somebody added to a database stays as long as its columns do.
@@ -187,7 +188,7 @@ class AlterPlanner {
                                std::ranges::any_of(plan.before->Indexes, [&](const TableIndex& before) {
                                    return StaysIndex(plan, before, index);
                                });
-            if (!stays) m_text.CreateIndex(m_steps, *plan.now, index);
+            if (!stays) m_text.CreateIndex(*plan.now, index);
         }
     }
 
@@ -206,7 +207,7 @@ class AlterPlanner {
         }
         std::map<std::string, std::string> origins;
         for (const NameChange& change : OrderRenames(std::move(wanted), taken, named)) {
-            m_text.RenameColumn(m_steps, plan.now->Name, change);
+            m_text.RenameColumn(plan.now->Name, change);
             const auto origin = origins.find(change.from);
             const std::string before = origin == origins.end() ? change.from : origin->second;
             origins[change.to] = before;
@@ -227,19 +228,19 @@ class AlterPlanner {
                 gone.push_back(&column);
                 names.push_back(NameOf(column));
             }
-            m_text.Rebuild(m_steps, m_comparison, plan, NameOf(plan), gone, names, m_allowsLoss);
-            m_steps.Begin();
+            m_text.Rebuild(m_comparison, plan, NameOf(plan), gone, names, m_allowsLoss);
+            m_text.Begin();
             RestoreOthers(plan);
             return;
         }
         if (!plan.Stays()) return;
         for (const ColumnPlan& column : plan.columns)
-            if (column.before == nullptr) m_text.AddColumn(m_steps, *plan.now, *column.now);
+            if (column.before == nullptr) m_text.AddColumn(*plan.now, *column.now);
         for (const ColumnPlan& column : plan.columns) {
             if (column.before == nullptr || column.now == nullptr || !column.IsChanged()) continue;
-            m_steps.Begin(column.conversion.cls, ReasonOf(plan, column));
-            m_text.ChangeColumn(m_steps, *plan.now, column);
-            m_steps.Begin();
+            m_text.Begin(column.conversion.cls, ReasonOf(plan, column));
+            m_text.ChangeColumn(*plan.now, column);
+            m_text.Begin();
         }
     }
 
@@ -253,7 +254,7 @@ class AlterPlanner {
             if (index != plan.before->Indexes.end() && GoesIndex(plan, *index)) continue;
             if (std::ranges::none_of(plan.now->Indexes, isNamed, &TableIndex::Name) &&
                 !m_text.IsTriggerOf(*plan.before, dependent.Name))
-                m_steps.Add(dependent.Text);
+                m_text.Add(dependent.Text);
         }
     }
 
@@ -268,22 +269,21 @@ class AlterPlanner {
 
     void Drop(const TablePlan& plan) {
         if (plan.now == nullptr) {
-            m_steps.Begin(ChangeClass::Destructive, plan.before->Name + " is dropped: its records are lost");
-            m_text.DropTable(m_steps, *plan.before, NameOf(plan));
+            m_text.Begin(ChangeClass::Destructive, plan.before->Name + " is dropped: its records are lost");
+            m_text.DropTable(*plan.before, NameOf(plan));
             return;
         }
         if (plan.before == nullptr || Rebuilds(plan)) return;
         for (const ColumnPlan& column : plan.columns) {
             if (column.now != nullptr) continue;
-            m_steps.Begin(column.conversion.cls, ReasonOf(plan, column));
-            m_text.DropColumn(m_steps, *plan.now, NameOf(column));
+            m_text.Begin(column.conversion.cls, ReasonOf(plan, column));
+            m_text.DropColumn(*plan.now, NameOf(column));
         }
     }
 
     const Comparison& m_comparison;
-    const AlterText& m_text;
+    AlterText& m_text;
     bool m_allowsLoss;
-    AlterSteps m_steps;
     std::vector<std::pair<const TablePlan*, NameChange>> m_tableNames;
     std::unordered_map<const TablePlan*, std::string> m_nameOf;        ///< what a renamed table is called
     std::unordered_map<const ColumnPlan*, std::string> m_columnNames;  ///< the same of columns
@@ -303,7 +303,7 @@ std::string Commented(std::string_view text, std::string_view mark) {
 
 }  // namespace
 
-std::vector<AlterStep> PlanAlter(const Comparison& comparison, const AlterText& text, bool allowsLoss) {
+std::vector<AlterStep> PlanAlter(const Comparison& comparison, AlterText& text, bool allowsLoss) {
     return AlterPlanner(comparison, text, allowsLoss).Plan();
 }
 

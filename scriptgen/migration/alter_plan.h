@@ -8,7 +8,7 @@ namespace korvex::scriptgen {
 /// changes goes first, then names change, tables and columns come, types change, indexes, constraints and
 /// triggers are made, and what the definition does not have any more goes last. Without `allowsLoss` tables
 /// and columns keep what lossy and destructive steps would take.
-std::vector<AlterStep> PlanAlter(const Comparison& comparison, const AlterText& text, bool allowsLoss);
+std::vector<AlterStep> PlanAlter(const Comparison& comparison, AlterText& text, bool allowsLoss);
 
 /// The script of these steps. Those that are not run stand as comments.
 std::string AlterScriptText(std::span<const AlterStep> steps, const AlterText& text, bool allowsLoss);

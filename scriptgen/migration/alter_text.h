@@ -25,9 +25,13 @@ struct AlterStep {
     }
 };
 
-/// Statements in the order in which they run.
-class AlterSteps {
+/// Writes the statements of one engine, in the order in which they run. Names are those that hold when the
+/// statement runs: references, indexes and triggers go under their old names before anything is renamed, all
+/// others run with the new ones. What most engines agree on stands here.
+class AlterText {
   public:
+    virtual ~AlterText() = default;
+
     /// What the statements from here on do to the values.
     void Begin(ChangeClass cls = ChangeClass::Safe, std::string reason = {}) {
         m_class = cls;
@@ -36,19 +40,8 @@ class AlterSteps {
     void Add(std::string text, bool isScript = false) {
         m_steps.push_back({std::move(text), m_class, m_reason, isScript});
     }
-    const std::vector<AlterStep>& All() const noexcept { return m_steps; }
-
-  private:
-    std::vector<AlterStep> m_steps;
-    ChangeClass m_class = ChangeClass::Safe;
-    std::string m_reason;
-};
-
-/// The statements of one engine. Names are those that hold when the statement runs: references, indexes and
-/// triggers go under their old names before anything is renamed, all others run with the new ones.
-class AlterText {
-  public:
-    virtual ~AlterText() = default;
+    /// What was written since the last call.
+    std::vector<AlterStep> TakeSteps() { return std::exchange(m_steps, {}); }
 
     virtual std::string_view FileName() const noexcept = 0;
     /// A comment, and what is put behind a statement.
@@ -66,47 +59,52 @@ class AlterText {
     /// Whether CreateTable makes indexes and triggers, too.
     virtual bool CreatesWholeTables() const noexcept { return false; }
 
-    virtual void DropForeignKey(AlterSteps& steps, const DescribedTable& before,
-                                const ForeignKey& key) const = 0;
-    virtual void DropIndex(AlterSteps& steps, const DescribedTable& before,
-                           const std::string& index) const = 0;
-    virtual void DropTrigger(AlterSteps& steps, const DescribedTable& before,
-                             const std::string& trigger) const = 0;
+    virtual void DropForeignKey(const DescribedTable& before, const ForeignKey& key) = 0;
+    virtual void DropIndex(const DescribedTable& before, const std::string& index) = 0;
+    virtual void DropTrigger(const DescribedTable& before, const std::string& trigger) = 0;
     /// `before`: the table as it was described, whatever it is called meanwhile.
-    virtual void RenameTable(AlterSteps& steps, const DescribedTable& before,
-                             const NameChange& name) const = 0;
-    virtual void RenameColumn(AlterSteps& steps, const std::string& table, const NameChange& name) const = 0;
-    virtual void CreateTable(AlterSteps& steps, const DescribedTable& now) const = 0;
-    virtual void AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const = 0;
-    /// Type, default and numbering; its class is begun.
-    virtual void ChangeColumn(AlterSteps& steps, const DescribedTable& now,
-                              const ColumnPlan& column) const = 0;
-    virtual void CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const = 0;
+    virtual void RenameTable(const DescribedTable& before, const NameChange& name);
+    virtual void RenameColumn(const std::string& table, const NameChange& name);
+    virtual void CreateTable(const DescribedTable& now) = 0;
+    virtual void AddColumn(const DescribedTable& now, const Column& column) = 0;
+    /// Type, default and numbering; its class is begun. Makes a column anew whose values do not convert.
+    void ChangeColumn(const DescribedTable& now, const ColumnPlan& column);
+    virtual void CreateIndex(const DescribedTable& now, const TableIndex& index) = 0;
     /// Makes a column fit for a constraint that it did not have: records that refer to none may hold 0.
-    virtual void ClearNoParent(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const {
-        steps.Add("UPDATE " + now.Name + " SET " + key.FieldName + " = NULL WHERE " + key.FieldName + " = 0");
-    }
-    virtual void AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const = 0;
-    virtual void CreateTriggers(AlterSteps& steps, const DescribedTable& now) const = 0;
-    virtual void DropColumn(AlterSteps& steps, const DescribedTable& now,
-                            const std::string& column) const = 0;
-    virtual void DropTable(AlterSteps& steps, const DescribedTable& before,
-                           const std::string& name) const = 0;
+    virtual void ClearNoParent(const DescribedTable& now, const ForeignKey& key);
+    virtual void AddForeignKey(const DescribedTable& now, const ForeignKey& key) = 0;
+    virtual void CreateTriggers(const DescribedTable& now) = 0;
+    virtual void DropColumn(const DescribedTable& now, const std::string& column);
+    virtual void DropTable(const DescribedTable& before, const std::string& name);
 
     /// Whether the engine makes a table anew for changes like these.
     virtual bool Rebuilds(const Comparison&, const TablePlan&, bool /*allowsLoss*/) const { return false; }
     /// Makes it anew, once its names are the new ones. `name`: of the table; `gone`: columns that are no
     /// longer in the definition, by what they are called.
-    virtual void Rebuild(AlterSteps&, const Comparison&, const TablePlan&, const std::string& /*name*/,
+    virtual void Rebuild(const Comparison&, const TablePlan&, const std::string& /*name*/,
                          std::span<const ColumnPlan* const> /*gone*/, std::span<const std::string> /*names*/,
-                         bool /*allowsLoss*/) const {}
+                         bool /*allowsLoss*/) {}
 
     /// Procedures that go before anything is changed, and those that are made anew. nullptr: the table goes,
     /// or comes.
-    virtual void DropProcedures(AlterSteps&, const DescribedTable& /*before*/,
-                                const DescribedTable* /*now*/) const {}
-    virtual void CreateProcedures(AlterSteps&, const DescribedTable* /*before*/,
-                                  const DescribedTable& /*now*/) const {}
+    virtual void DropProcedures(const DescribedTable& /*before*/, const DescribedTable* /*now*/) {}
+    virtual void CreateProcedures(const DescribedTable* /*before*/, const DescribedTable& /*now*/) {}
+
+  protected:
+    /// Changes type, default and numbering of a column whose values convert.
+    virtual void Retype(const DescribedTable& now, const ColumnPlan& column) = 0;
+
+    /// Adds "ALTER TABLE t ..."
+    void Alter(const std::string& table, const std::string& change) {
+        Add("ALTER TABLE " + table + " " + change);
+    }
+    /// A key's name goes with its table's.
+    void RenameKey(const DescribedTable& before, const NameChange& name);
+
+  private:
+    std::vector<AlterStep> m_steps;
+    ChangeClass m_class = ChangeClass::Safe;
+    std::string m_reason;
 };
 
 }  // namespace korvex::scriptgen

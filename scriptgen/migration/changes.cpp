@@ -15,7 +15,7 @@ using automation::EqualsIgnoreCase;
 
 namespace {
 
-const ColumnPlan* FindPlan(const TablePlan& plan, std::string_view name, const Column* ColumnPair::*side) {
+const ColumnPlan* FindPlan(const TablePlan& plan, std::string_view name, const Column* ColumnPlan::*side) {
     const auto found = std::ranges::find_if(plan.columns, [&](const ColumnPlan& column) {
         return column.*side != nullptr && EqualsIgnoreCase((column.*side)->FieldName, name);
     });
@@ -55,7 +55,7 @@ bool HasIndex(const std::vector<TableIndex>& others, const std::vector<std::stri
 
 /// The columns of an index by their names on the other side; empty when one is not there.
 std::vector<std::string> Translated(const TablePlan& plan, const std::vector<std::string>& columns,
-                                    const Column* ColumnPair::*from, const Column* ColumnPair::*to) {
+                                    const Column* ColumnPlan::*from, const Column* ColumnPlan::*to) {
     std::vector<std::string> names;
     for (const std::string& name : columns) {
         const ColumnPlan* column = FindPlan(plan, name, from);
@@ -68,10 +68,10 @@ std::vector<std::string> Translated(const TablePlan& plan, const std::vector<std
 }  // namespace
 
 const ColumnPlan* ColumnBefore(const TablePlan& plan, std::string_view name) {
-    return FindPlan(plan, name, &ColumnPair::before);
+    return FindPlan(plan, name, &ColumnPlan::before);
 }
 const ColumnPlan* ColumnNow(const TablePlan& plan, std::string_view name) {
-    return FindPlan(plan, name, &ColumnPair::now);
+    return FindPlan(plan, name, &ColumnPlan::now);
 }
 
 std::string ChangeText(const TableChange& change) {
@@ -103,15 +103,18 @@ std::string ChangeText(const TableChange& change) {
 Comparison::Comparison(std::span<const DescribedTable> before, std::span<const DescribedTable> now,
                        const EngineTraits& traits, const DiffOptions& options)
     : m_traits(traits) {
-    for (const TablePair& pair : MatchTables(before, now, options.renames, traits.foldsTableNames)) {
-        if (pair.now == nullptr && (pair.before->ObjectID == repository::NoObject ||
-                                    options.kept.contains(automation::ToUpperAscii(pair.before->Name))))
+    for (TablePlan& plan : MatchTables(before, now, options.renames, traits.foldsTableNames)) {
+        if (plan.now == nullptr && (plan.before->ObjectID == repository::NoObject ||
+                                    options.kept.contains(automation::ToUpperAscii(plan.before->Name))))
             continue;
-        m_tables.push_back(PlanOf(pair));
+        Mark(plan);
+        m_tables.push_back(std::move(plan));
     }
     for (std::size_t i = 0; i < m_tables.size(); ++i) {
-        if (m_tables[i].before != nullptr) m_before.emplace(Folded(m_tables[i].before->Name), i);
-        if (m_tables[i].now != nullptr) m_now.emplace(Folded(m_tables[i].now->Name), i);
+        if (m_tables[i].before != nullptr)
+            m_before.emplace(FoldedName(m_tables[i].before->Name, traits.foldsTableNames), i);
+        if (m_tables[i].now != nullptr)
+            m_now.emplace(FoldedName(m_tables[i].now->Name, traits.foldsTableNames), i);
     }
     MarkMovedValues();
     for (const TablePlan& plan : m_tables)
@@ -122,24 +125,19 @@ bool Comparison::Has(ChangeClass cls) const {
     return std::ranges::find(m_changes, cls, &TableChange::cls) != m_changes.end();
 }
 
-std::string Comparison::Folded(const std::string& name) const {
-    return m_traits.foldsTableNames ? automation::ToUpperAscii(name) : name;
-}
-
 const TablePlan* Comparison::Find(const Index& index, const std::string& name) const {
-    const auto found = index.find(Folded(name));
+    const auto found = index.find(FoldedName(name, m_traits.foldsTableNames));
     return found == index.end() ? nullptr : &m_tables[found->second];
 }
 
-TablePlan Comparison::PlanOf(const TablePair& pair) const {
-    TablePlan plan{.before = pair.before, .now = pair.now, .columns = {}};
-    plan.isRenamed = plan.Stays() && Folded(pair.before->Name) != Folded(pair.now->Name);
-    for (const ColumnPair& columns : pair.columns) {
-        ColumnPlan& column = plan.columns.emplace_back();
-        static_cast<ColumnPair&>(column) = columns;
-        if (columns.before == nullptr || columns.now == nullptr) continue;
-        const Column& before = *columns.before;
-        const Column& now = *columns.now;
+void Comparison::Mark(TablePlan& plan) const {
+    if (!plan.Stays()) return;
+    const bool folds = m_traits.foldsTableNames;
+    plan.isRenamed = FoldedName(plan.before->Name, folds) != FoldedName(plan.now->Name, folds);
+    for (ColumnPlan& column : plan.columns) {
+        if (column.before == nullptr || column.now == nullptr) continue;
+        const Column& before = *column.before;
+        const Column& now = *column.now;
         column.isRenamed = !EqualsIgnoreCase(before.FieldName, now.FieldName);
         column.isRetyped = !EqualsIgnoreCase(before.TypeSize, now.TypeSize);
         column.isNumberedAnew = before.IsAutoNumber != now.IsAutoNumber;
@@ -149,7 +147,6 @@ TablePlan Comparison::PlanOf(const TablePair& pair) const {
             column.conversion = {ChangeClass::Blocked, "the engine numbers a new column only"};
         plan.hasRenamedColumns = plan.hasRenamedColumns || column.isRenamed;
     }
-    return plan;
 }
 
 Conversion Comparison::ConversionOf(const Column& before, const Column& now) const {
@@ -269,7 +266,7 @@ void Comparison::ListKeys(const TablePlan& plan) {
         m_changes.push_back({kind, thing, ChangeClass::Safe, plan.now->Name, column, before, now, ""});
     };
     if (const std::vector<std::string> key =
-            Translated(plan, plan.before->PrimaryKey, &ColumnPair::before, &ColumnPair::now);
+            Translated(plan, plan.before->PrimaryKey, &ColumnPlan::before, &ColumnPlan::now);
         !std::ranges::equal(key, plan.now->PrimaryKey, EqualsIgnoreCase))
         add(ChangeKind::Changed, ChangedThing::Key, "", "(" + Joined(plan.before->PrimaryKey) + ")",
             "(" + Joined(plan.now->PrimaryKey) + ")");
@@ -296,7 +293,7 @@ void Comparison::ListKeys(const TablePlan& plan) {
 /// Those of new columns come with them, those of dropped ones go.
 void Comparison::ListIndexes(const TablePlan& plan) {
     for (const TableIndex& index : plan.now->Indexes) {
-        const auto columns = Translated(plan, index.Columns, &ColumnPair::now, &ColumnPair::before);
+        const auto columns = Translated(plan, index.Columns, &ColumnPlan::now, &ColumnPlan::before);
         if (!columns.empty() && !HasIndex(plan.before->Indexes, columns))
             m_changes.push_back({.thing = ChangedThing::Index,
                                  .table = plan.now->Name,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "scriptgen/migration/column_types.h"
 #include "scriptgen/migration/match_tables.h"
 
 #include <cstdint>
@@ -30,27 +29,6 @@ struct TableChange {
 };
 /// "tOrder.Total: real in place of decimal(19,4) (digits may be rounded)"
 std::string ChangeText(const TableChange& change);
-
-/// A column of a table that stays, with what happens to it.
-struct ColumnPlan : ColumnPair {
-    bool isRenamed = false;
-    bool isRetyped = false;
-    bool isNumberedAnew = false;  ///< it becomes numbered, or is no longer
-    bool isDefaulted = false;     ///< its default changes
-    Conversion conversion;        ///< of its type; as blocked where its values stand elsewhere from now on
-
-    bool IsChanged() const noexcept { return isRetyped || isDefaulted || isNumberedAnew; }
-};
-
-struct TablePlan {
-    const DescribedTable* before = nullptr;
-    const DescribedTable* now = nullptr;
-    bool isRenamed = false;
-    std::vector<ColumnPlan> columns;  ///< in their new order, then those that are gone
-    bool hasRenamedColumns = false;
-
-    bool Stays() const noexcept { return before != nullptr && now != nullptr; }
-};
 
 /// What the engine whose models these are does not tell by itself.
 struct EngineTraits {
@@ -94,9 +72,8 @@ class Comparison {
 
   private:
     using Index = std::unordered_map<std::string, std::size_t>;
-    std::string Folded(const std::string& name) const;
     const TablePlan* Find(const Index& index, const std::string& name) const;
-    TablePlan PlanOf(const TablePair& pair) const;
+    void Mark(TablePlan& plan) const;
     Conversion ConversionOf(const Column& before, const Column& now) const;
     void MarkMovedValues();
     void List(const TablePlan& plan);

@@ -13,11 +13,6 @@ using automation::EqualsIgnoreCase;
 
 namespace {
 
-template <class Items, class Name>
-auto Find(const Items& items, std::string_view text, Name name) {
-    return std::ranges::find_if(items, [&](const auto& item) { return EqualsIgnoreCase(item.*name, text); });
-}
-
 std::string ReferenceText(const ForeignKey& key) { return key.Table + " (" + key.KeyField + ")"; }
 
 /// Compares one table with the one that is there.
@@ -31,35 +26,36 @@ class TableComparison {
         for (const Column& column : m_wanted.Columns)
             CompareColumn(column);
         for (const Column& column : m_actual.Columns) {
-            if (Find(m_wanted.Columns, column.FieldName, &Column::FieldName) == m_wanted.Columns.end())
+            if (FindColumn(m_wanted, column.FieldName) == nullptr)
                 Add(TableAspect::Column, column.FieldName, "is not in the definition");
         }
         CompareKey();
         for (const TableIndex& index : m_wanted.Indexes) {
             if (!HasIndexOn(index.Columns.front()))
-                AddMissing(TableAspect::Index, index.Name, "." + index.Columns.front() + " has no index");
+                AddMissing(TableAspect::Index, EngineThing::Index, index.Name,
+                           "." + index.Columns.front() + " has no index");
         }
         for (const Column& column : m_wanted.Columns)
             CompareReference(column.FieldName);
         for (const std::string& trigger : m_wanted.Triggers) {
             if (std::ranges::none_of(m_actual.Triggers,
                                      [&](const auto& name) { return EqualsIgnoreCase(name, trigger); }))
-                AddMissing(TableAspect::Trigger, trigger, " has no trigger " + trigger);
+                AddMissing(TableAspect::Trigger, EngineThing::Trigger, trigger, " has no trigger " + trigger);
         }
     }
 
   private:
     void Add(TableAspect aspect, const std::string& column, const std::string& what) {
         const std::string place = m_wanted.Name + (column.empty() ? "" : ".") + column;
-        m_differences.push_back({aspect, m_wanted.Name, column, place + " " + what, false});
+        m_differences.push_back({aspect, m_wanted.Name, column, place + " " + what});
     }
-    void AddMissing(TableAspect aspect, const std::string& name, const std::string& what) {
-        m_differences.push_back({aspect, m_wanted.Name, name, m_wanted.Name + what, true});
+    void AddMissing(TableAspect aspect, EngineThing thing, const std::string& name, const std::string& what) {
+        m_differences.push_back({aspect, m_wanted.Name, name, m_wanted.Name + what, thing});
     }
 
     void CompareColumn(const Column& column) {
-        const auto actual = Find(m_actual.Columns, column.FieldName, &Column::FieldName);
-        if (actual == m_actual.Columns.end()) return Add(TableAspect::Column, column.FieldName, "is missing");
+        const Column* actual = FindColumn(m_actual, column.FieldName);
+        if (actual == nullptr) return Add(TableAspect::Column, column.FieldName, "is missing");
         if (!EqualsIgnoreCase(column.TypeSize, actual->TypeSize)) {
             Add(TableAspect::Type, column.FieldName,
                 "is " + (actual->TypeSize.empty() ? "of no type" : actual->TypeSize) + ", not " +
@@ -92,21 +88,20 @@ class TableComparison {
     }
 
     void CompareReference(const std::string& column) {
-        const auto wanted = Find(m_wanted.ForeignKeys, column, &ForeignKey::FieldName);
-        const auto actual = Find(m_actual.ForeignKeys, column, &ForeignKey::FieldName);
-        const bool isWanted = wanted != m_wanted.ForeignKeys.end();
-        if (actual == m_actual.ForeignKeys.end()) {
-            if (isWanted && wanted->IsInRun)
-                AddMissing(TableAspect::ForeignKey, column,
+        const ForeignKey* wanted = FindForeignKey(m_wanted, column);
+        const ForeignKey* actual = FindForeignKey(m_actual, column);
+        if (actual == nullptr) {
+            if (wanted != nullptr && wanted->IsInRun)
+                AddMissing(TableAspect::ForeignKey, EngineThing::ForeignKey, column,
                            "." + column + " has no foreign key to " + ReferenceText(*wanted));
             return;
         }
-        if (isWanted && (!wanted->IsInRun || (EqualsIgnoreCase(wanted->Table, actual->Table) &&
-                                              EqualsIgnoreCase(wanted->KeyField, actual->KeyField))))
+        if (wanted != nullptr && (!wanted->IsInRun || (EqualsIgnoreCase(wanted->Table, actual->Table) &&
+                                                       EqualsIgnoreCase(wanted->KeyField, actual->KeyField))))
             return;
         Add(TableAspect::ForeignKey, column,
             "refers to " + ReferenceText(*actual) + ", not to " +
-                (isWanted ? ReferenceText(*wanted) : "a table"));
+                (wanted != nullptr ? ReferenceText(*wanted) : "a table"));
     }
 
     const DescribedTable& m_wanted;
@@ -114,36 +109,24 @@ class TableComparison {
     std::vector<TableDifference>& m_differences;
 };
 
-std::string Folded(const std::string& name, bool folds) {
-    return folds ? automation::ToUpperAscii(name) : name;
-}
-
 }  // namespace
 
 std::vector<TableDifference> CompareTables(std::span<const DescribedTable> wanted,
                                            std::span<const DescribedTable> actual, bool foldsTableNames) {
     std::unordered_map<std::string, const DescribedTable*> byName;
     for (const DescribedTable& table : actual)
-        byName.emplace(Folded(table.Name, foldsTableNames), &table);
+        byName.emplace(FoldedName(table.Name, foldsTableNames), &table);
     std::vector<TableDifference> differences;
     for (const DescribedTable& table : wanted) {
-        const auto found = byName.find(Folded(table.Name, foldsTableNames));
+        const auto found = byName.find(FoldedName(table.Name, foldsTableNames));
         if (found != byName.end()) {
             TableComparison(table, *found->second, differences).Compare();
         } else {
             differences.push_back(
-                {TableAspect::Table, table.Name, table.Name, table.Name + " is missing", true});
+                {TableAspect::Table, table.Name, table.Name, table.Name + " is missing", EngineThing::Table});
         }
     }
     return differences;
-}
-
-const DescribedTable* FindTable(std::span<const DescribedTable> tables, std::string_view name,
-                                bool foldsTableNames) {
-    const auto found = std::ranges::find_if(tables, [&](const DescribedTable& table) {
-        return foldsTableNames ? EqualsIgnoreCase(table.Name, name) : table.Name == name;
-    });
-    return found == tables.end() ? nullptr : &*found;
 }
 
 }  // namespace korvex::scriptgen

@@ -3,6 +3,7 @@
 #include "scriptgen/engine_dialect.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -23,10 +24,11 @@ enum class TableAspect : std::uint8_t {
 
 struct TableDifference {
     TableAspect aspect = TableAspect::Table;
-    std::string table;       ///< as the definition spells it
-    std::string name;        ///< of the column, the index or the trigger
-    std::string text;        ///< for a person: "tOrder.Total is float, not decimal(19,4)"
-    bool isMissing = false;  ///< it can be added to what is there, which may stay as it is
+    std::string table;  ///< as the definition spells it
+    std::string name;   ///< of the column, the index or the trigger
+    std::string text;   ///< for a person: "tOrder.Total is float, not decimal(19,4)"
+    /// What can be added to what is there, which may stay as it is; nothing for what would have to change.
+    std::optional<EngineThing> missing = {};
 };
 
 /// Where the tables that are there differ from those that are wanted, in the order of these; tables that
@@ -36,9 +38,5 @@ struct TableDifference {
 /// reference to it may be there or not.
 std::vector<TableDifference> CompareTables(std::span<const DescribedTable> wanted,
                                            std::span<const DescribedTable> actual, bool foldsTableNames);
-
-/// The table of that name; nullptr when there is none.
-const DescribedTable* FindTable(std::span<const DescribedTable> tables, std::string_view name,
-                                bool foldsTableNames);
 
 }  // namespace korvex::scriptgen

@@ -97,35 +97,37 @@ std::vector<Misfit> CountMisfits(ado::Connection& connection, const EngineDialec
     return misfits;
 }
 
-DatabaseUpdate::DatabaseUpdate(std::shared_ptr<ado::Connection> connection, const EngineDialect& dialect,
-                               KeepRest keepRest)
-    : m_connection(std::move(connection)), m_dialect(dialect), m_keepRest(std::move(keepRest)) {}
-
-void DatabaseUpdate::RunSteps(std::span<const AlterStep> steps) {
-    for (const AlterStep& step : steps) {
-        m_connection->Execute(step.text);
-        ++m_done;
-    }
-}
-
-void DatabaseUpdate::Run(const std::vector<AlterStep>& steps) {
-    m_done = 0;
-    const bool rollsBack = m_dialect.DefinitionsRollBack();
+void ChangeTables(const std::shared_ptr<ado::Connection>& connection, const EngineDialect& dialect,
+                  bool makesAnew, const std::function<void()>& work,
+                  const std::function<std::string()>& kept) {
     std::optional<ReferencesOff> references;
-    if (!m_dialect.AltersForeignKeys()) references.emplace(*m_connection);
+    if (makesAnew) references.emplace(*connection);
+    std::optional<ado::Transaction> transaction;
     try {
-        std::optional<ado::Transaction> transaction;
-        if (rollsBack) transaction.emplace(m_connection);
-        RunSteps(steps);
+        if (dialect.DefinitionsRollBack()) transaction.emplace(connection);
+        work();
         if (references) references->CheckReferences();
         if (transaction) transaction->Commit();
     } catch (const Error& error) {
-        std::string end = "The database is as it was.";
-        if (!rollsBack)
-            end = std::to_string(m_done) + " of " + std::to_string(steps.size()) + " statements were run." +
-                  (m_keepRest ? " " + m_keepRest(std::span(steps).subspan(m_done)) : "");
+        const std::string end = transaction                     ? transaction->TakeBack()
+                                : dialect.DefinitionsRollBack() ? "The database is as it was."
+                                                                : kept();
         throw Error(error.Number(), AddSentence(error.Description(), end), error.Source());
     }
+}
+
+void UpdateDatabase(const std::shared_ptr<ado::Connection>& connection, const EngineDialect& dialect,
+                    std::span<const AlterStep> steps,
+                    const std::function<std::string(std::span<const AlterStep>)>& keepRest) {
+    std::size_t done = 0;
+    const auto run = [&] {
+        for (; done < steps.size(); ++done)
+            connection->Execute(steps[done].text);
+    };
+    ChangeTables(connection, dialect, !dialect.AltersForeignKeys(), run, [&] {
+        return std::to_string(done) + " of " + std::to_string(steps.size()) + " statements were run." +
+               (keepRest ? " " + keepRest(steps.subspan(done)) : "");
+    });
 }
 
 }  // namespace korvex::scriptgen

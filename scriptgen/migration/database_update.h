@@ -22,25 +22,17 @@ struct Misfit {
 std::vector<Misfit> CountMisfits(ado::Connection& connection, const EngineDialect& dialect,
                                  const Comparison& comparison);
 
-/// Runs steps in one transaction where the engine takes definitions back, else one by one. A failure raises
-/// the engine's error, which says what became of the database; `keepRest`, where given, gets the steps that
-/// were not run then, the one that failed first, and says in a sentence where they are.
-class DatabaseUpdate {
-  public:
-    using KeepRest = std::function<std::string(std::span<const AlterStep>)>;
+/// Does `work`, which changes tables: in one transaction where the engine takes definitions back, with
+/// references off where it makes tables anew. A failure raises the engine's error, which says what became of
+/// the database; `kept` says so where nothing goes back.
+void ChangeTables(const std::shared_ptr<ado::Connection>& connection, const EngineDialect& dialect,
+                  bool makesAnew, const std::function<void()>& work,
+                  const std::function<std::string()>& kept);
 
-    DatabaseUpdate(std::shared_ptr<ado::Connection> connection, const EngineDialect& dialect,
-                   KeepRest keepRest = {});
-
-    void Run(const std::vector<AlterStep>& steps);
-
-  private:
-    void RunSteps(std::span<const AlterStep> steps);
-
-    std::shared_ptr<ado::Connection> m_connection;
-    const EngineDialect& m_dialect;
-    KeepRest m_keepRest;
-    std::size_t m_done = 0;
-};
+/// Runs steps as ChangeTables does. `keepRest`, where given, gets those that were not run in the end where
+/// nothing goes back, the one that failed first, and says in a sentence where they are.
+void UpdateDatabase(const std::shared_ptr<ado::Connection>& connection, const EngineDialect& dialect,
+                    std::span<const AlterStep> steps,
+                    const std::function<std::string(std::span<const AlterStep>)>& keepRest = {});
 
 }  // namespace korvex::scriptgen

@@ -14,7 +14,7 @@ namespace korvex::scriptgen {
 
 class DefinitionDiff {
   public:
-    /// `before` and `now` as DescribeIdentified gives them; `dialect`: that of an engine ("sqlite",
+    /// `before` and `now` as DescribeState gives them; `dialect`: that of an engine ("sqlite",
     /// "mariadb", "postgresql") or a published one ("mssql", "oracle"). InvalidProcedureCall (5) for another,
     /// for a default that is no value of its column and for a rename that cannot be.
     DefinitionDiff(std::string_view dialect, std::span<const DescribedTable> before,

@@ -80,20 +80,13 @@ class Identifier {
 
 }  // namespace
 
-std::vector<DescribedTable> DescribeIdentified(const repository::Catalog& catalog,
-                                               std::string_view storageName, std::string_view sFKPrefix,
-                                               const std::unordered_set<repository::ValueId>* numbered) {
-    std::vector<DescribedTable> tables = DescribeDefinition(catalog, storageName, sFKPrefix);
-    const Identifier identifier(catalog, numbered);
-    for (DescribedTable& table : tables)
-        identifier.Identify(table);
-    return tables;
-}
-
 DefinitionState DescribeState(const Catalog& catalog, const std::string& storageName,
                               std::string_view sFKPrefix,
                               const std::unordered_set<repository::ValueId>* numbered) {
-    DefinitionState state{DescribeIdentified(catalog, storageName, sFKPrefix, numbered), {}};
+    DefinitionState state{DescribeDefinition(catalog, storageName, sFKPrefix), {}};
+    const Identifier identifier(catalog, numbered);
+    for (DescribedTable& table : state.tables)
+        identifier.Identify(table);
     std::set<std::string> storages = {storageName};
     for (const repository::DataDefRow& definition : catalog.DataDefs()) {
         if (storageName.empty() || !storages.insert(definition.Storage).second) continue;

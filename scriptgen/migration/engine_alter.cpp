@@ -3,6 +3,8 @@
 #include "automation/error.h"
 #include "automation/text.h"
 
+#include <algorithm>
+
 namespace korvex::scriptgen {
 
 EngineAlter::EngineAlter(const EngineDialect& dialect, std::span<const DescribedTable> now)
@@ -18,72 +20,46 @@ EngineAlter::EngineAlter(const EngineDialect& dialect, std::span<const Described
     }
 }
 
-void EngineAlter::AddThings(AlterSteps& steps, EngineThing thing, const std::string& table,
-                            const std::string& name) const {
+void EngineAlter::AddThings(EngineThing thing, const std::string& table, const std::string& name) {
     const auto [begin, end] = m_positions.equal_range({thing, table, name});
     for (auto at = begin; at != end; ++at)
-        steps.Add(m_statements[at->second].text);
+        Add(m_statements[at->second].text);
 }
 
 bool EngineAlter::IsTriggerOf(const DescribedTable& before, std::string_view trigger) const {
-    return automation::EqualsIgnoreCase(trigger, before.Name + "_I") ||
-           automation::EqualsIgnoreCase(trigger, before.Name + "_U");
+    const std::vector<std::string> names = m_dialect.TriggerNames(before);
+    return std::ranges::any_of(
+        names, [&](const std::string& name) { return automation::EqualsIgnoreCase(trigger, name); });
 }
 
-void EngineAlter::DropForeignKey(AlterSteps& steps, const DescribedTable& before,
-                                 const ForeignKey& key) const {
-    steps.Add(Alter(before.Name, "DROP CONSTRAINT IF EXISTS " + KeyName(before, key)));
+void EngineAlter::DropForeignKey(const DescribedTable& before, const ForeignKey& key) {
+    Alter(before.Name,
+          "DROP " + std::string(m_dialect.Facts().droppedKey) + " IF EXISTS " + KeyName(before, key));
 }
 
-void EngineAlter::DropIndex(AlterSteps& steps, const DescribedTable&, const std::string& index) const {
-    steps.Add("DROP INDEX IF EXISTS " + index);
+void EngineAlter::DropIndex(const DescribedTable&, const std::string& index) {
+    Add("DROP INDEX IF EXISTS " + index);
 }
 
-void EngineAlter::DropTrigger(AlterSteps& steps, const DescribedTable&, const std::string& trigger) const {
-    steps.Add("DROP TRIGGER IF EXISTS " + trigger);
+void EngineAlter::DropTrigger(const DescribedTable&, const std::string& trigger) {
+    Add("DROP TRIGGER IF EXISTS " + trigger);
 }
 
-void EngineAlter::RenameTable(AlterSteps& steps, const DescribedTable&, const NameChange& name) const {
-    steps.Add(Alter(name.from, "RENAME TO " + name.to));
+void EngineAlter::CreateTable(const DescribedTable& now) { AddThings(EngineThing::Table, now.Name, ""); }
+
+void EngineAlter::AddColumn(const DescribedTable& now, const Column& column) {
+    Alter(now.Name, "ADD COLUMN " + m_dialect.ColumnText(now, column));
 }
 
-void EngineAlter::RenameColumn(AlterSteps& steps, const std::string& table, const NameChange& name) const {
-    steps.Add(Alter(table, "RENAME COLUMN " + name.from + " TO " + name.to));
+void EngineAlter::CreateIndex(const DescribedTable& now, const TableIndex& index) {
+    AddThings(EngineThing::Index, now.Name, index.Name);
 }
 
-void EngineAlter::CreateTable(AlterSteps& steps, const DescribedTable& now) const {
-    AddThings(steps, EngineThing::Table, now.Name, "");
+void EngineAlter::AddForeignKey(const DescribedTable& now, const ForeignKey& key) {
+    AddThings(EngineThing::ForeignKey, now.Name, key.FieldName);
 }
 
-void EngineAlter::AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const {
-    steps.Add(Alter(now.Name, "ADD COLUMN " + m_dialect.ColumnText(now, column)));
-}
-
-void EngineAlter::ChangeColumn(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const {
-    if (column.conversion.isPossible) return Retype(steps, now, column);
-    DropColumn(steps, now, column.now->FieldName);
-    AddColumn(steps, now, *column.now);
-}
-
-void EngineAlter::CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const {
-    AddThings(steps, EngineThing::Index, now.Name, index.Name);
-}
-
-void EngineAlter::AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const {
-    AddThings(steps, EngineThing::ForeignKey, now.Name, key.FieldName);
-}
-
-void EngineAlter::CreateTriggers(AlterSteps& steps, const DescribedTable& now) const {
-    AddThings(steps, EngineThing::Trigger, now.Name, "");
-}
-
-void EngineAlter::DropColumn(AlterSteps& steps, const DescribedTable& now, const std::string& column) const {
-    steps.Add(Alter(now.Name, "DROP COLUMN " + column));
-}
-
-void EngineAlter::DropTable(AlterSteps& steps, const DescribedTable&, const std::string& name) const {
-    steps.Add("DROP TABLE " + name);
-}
+void EngineAlter::CreateTriggers(const DescribedTable& now) { AddThings(EngineThing::Trigger, now.Name, ""); }
 
 std::unique_ptr<AlterText> MakeEngineAlter(const EngineDialect& dialect,
                                            std::span<const DescribedTable> now) {

@@ -36,13 +36,6 @@ bool Shows(ado::Connection& connection, const Sign& sign) {
     }
 }
 
-std::string Quoted(std::string_view text, char quote) {
-    std::string quoted(1, quote);
-    for (const char c : text)
-        quoted.append(c == quote ? 2U : 1U, c);
-    return quoted + quote;
-}
-
 class LiveReader {
   public:
     explicit LiveReader(ado::Connection& connection) : m_connection(connection) {}
@@ -145,8 +138,5 @@ std::vector<std::string> ReadTexts(ado::Connection& connection, const std::strin
     rows->Close();
     return texts;
 }
-
-std::string QuoteText(std::string_view text) { return Quoted(text, '\''); }
-std::string QuoteName(std::string_view name) { return Quoted(name, '"'); }
 
 }  // namespace korvex::scriptgen

@@ -26,8 +26,4 @@ std::vector<DescribedTable> ReadLiveTables(ado::Connection& connection, const En
 /// The first column of every row, as text.
 std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query);
 
-/// A text literal, and a name between double quotes.
-std::string QuoteText(std::string_view text);
-std::string QuoteName(std::string_view name);
-
 }  // namespace korvex::scriptgen

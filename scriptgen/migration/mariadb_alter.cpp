@@ -10,26 +10,22 @@ class MariaDbAlter final : public EngineAlter {
 
     std::string_view FileName() const noexcept override { return "MariaAlter.sql"; }
 
-    void DropForeignKey(AlterSteps& steps, const DescribedTable& before,
-                        const ForeignKey& key) const override {
-        steps.Add(Alter(before.Name, "DROP FOREIGN KEY IF EXISTS " + KeyName(before, key)));
-    }
-    void DropIndex(AlterSteps& steps, const DescribedTable& before, const std::string& index) const override {
-        steps.Add("DROP INDEX IF EXISTS " + index + " ON " + before.Name);
+    void DropIndex(const DescribedTable& before, const std::string& index) override {
+        Add("DROP INDEX IF EXISTS " + index + " ON " + before.Name);
     }
 
   protected:
     /// Bits are texts and texts bits of another kind here: both become numbers first.
-    void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override {
-        const TypeKind before = TypeOf(*column.before).kind;
-        const TypeKind kind = TypeOf(*column.now).kind;
+    void Retype(const DescribedTable& now, const ColumnPlan& column) override {
+        const TypeKind before = KindOf(*column.before);
+        const TypeKind kind = KindOf(*column.now);
         const std::string& name = column.now->FieldName;
         const bool isTextAndBit = (before == TypeKind::Text && kind == TypeKind::Boolean) ||
                                   (before == TypeKind::Boolean && kind == TypeKind::Text);
-        if (isTextAndBit) steps.Add(Alter(now.Name, "MODIFY COLUMN " + name + " int NULL"));
+        if (isTextAndBit) Alter(now.Name, "MODIFY COLUMN " + name + " int NULL");
         if (kind == TypeKind::Boolean && before != TypeKind::Boolean && before != TypeKind::Text)
-            steps.Add("UPDATE " + now.Name + " SET " + name + " = " + name + " <> 0");
-        steps.Add(Alter(now.Name, "MODIFY COLUMN " + Dialect().ColumnText(now, *column.now)));
+            Add("UPDATE " + now.Name + " SET " + name + " = " + name + " <> 0");
+        Alter(now.Name, "MODIFY COLUMN " + Dialect().ColumnText(now, *column.now));
     }
 };
 

@@ -18,13 +18,6 @@ namespace {
 
 using Tables = std::span<const DescribedTable>;
 
-template <class Rows>
-auto* FindNamed(const Rows& rows, std::string_view name) {
-    const auto found =
-        std::ranges::find_if(rows, [&](const auto& row) { return EqualsIgnoreCase(row.FieldName, name); });
-    return found == rows.end() ? nullptr : &*found;
-}
-
 bool IsKey(const Column& column) { return column.IsPrimaryKey || column.IsForeignKey; }
 
 /// Tables as far as identity goes: one object each, whose values are its columns and what holds children.
@@ -57,7 +50,7 @@ class TableIdentity {
     Tables All() const noexcept { return m_tables; }
 
   private:
-    std::string Folded(const std::string& name) const { return m_folds ? ToUpperAscii(name) : name; }
+    std::string Folded(const std::string& name) const { return FoldedName(name, m_folds); }
 
     std::optional<std::size_t> TargetOf(const DescribedTable& table, const Column& column) const {
         const ForeignKey* key = FindForeignKey(table, column.FieldName);
@@ -162,21 +155,21 @@ class Matcher {
             ExpectOneTable(rename);
     }
 
-    std::vector<TablePair> Pairs() const {
-        const Tables before = m_before.All();
-        const Tables now = m_now.All();
-        std::vector<TablePair> pairs;
+    std::vector<TablePlan> Plans() const {
+        std::vector<TablePlan> plans;
         std::set<std::size_t> found;
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            const std::optional<std::size_t> same = m_match.objects[i];
-            pairs.push_back({same ? &before[*same] : nullptr, &now[i], {}});
+        for (const DescribedTable& now : m_now.All()) {
+            TablePlan& plan = plans.emplace_back();
+            plan.now = &now;
+            const std::optional<std::size_t> same = m_match.objects[m_now.PositionOf(now)];
             if (!same) continue;
             found.insert(*same);
-            pairs.back().columns = Columns(before[*same], now[i]);
+            plan.before = &m_before.All()[*same];
+            plan.columns = Columns(*plan.before, now);
         }
-        for (std::size_t i = 0; i < before.size(); ++i)
-            if (!found.contains(i)) pairs.push_back({&before[i], nullptr, {}});
-        return pairs;
+        for (const DescribedTable& before : m_before.All())
+            if (!found.contains(m_before.PositionOf(before))) plans.emplace_back().before = &before;
+        return plans;
     }
 
   private:
@@ -232,24 +225,26 @@ class Matcher {
             RefuseRename(rename, "no value moves from one table to another");
     }
 
-    std::vector<ColumnPair> Columns(const DescribedTable& before, const DescribedTable& now) const {
-        std::vector<ColumnPair> result;
+    std::vector<ColumnPlan> Columns(const DescribedTable& before, const DescribedTable& now) const {
+        std::vector<ColumnPlan> result;
         std::set<const Column*> gone;
         for (const Column& column : before.Columns)
             gone.insert(&column);
         for (const Column& column : now.Columns) {
             const std::optional<std::size_t> same = m_match.values[m_now.PositionOf(column)];
-            result.push_back({same ? m_before.ColumnOf(*same) : nullptr, &column});
-            gone.erase(result.back().before);
+            ColumnPlan& plan = result.emplace_back();
+            plan.now = &column;
+            if (same) plan.before = m_before.ColumnOf(*same);
+            gone.erase(plan.before);
         }
         // A value that went to another interface of its object stays in its column.
-        for (ColumnPair& pair : result) {
-            if (pair.before != nullptr || IsKey(*pair.now)) continue;
-            const Column* same = FindColumn(before, pair.now->FieldName);
-            if (same != nullptr && !IsKey(*same) && gone.erase(same) == 1) pair.before = same;
+        for (ColumnPlan& plan : result) {
+            if (plan.before != nullptr || IsKey(*plan.now)) continue;
+            const Column* same = FindColumn(before, plan.now->FieldName);
+            if (same != nullptr && !IsKey(*same) && gone.erase(same) == 1) plan.before = same;
         }
         for (const Column& column : before.Columns)
-            if (gone.contains(&column)) result.push_back({&column, nullptr});
+            if (gone.contains(&column)) result.emplace_back().before = &column;
         return result;
     }
 
@@ -260,16 +255,9 @@ class Matcher {
 
 }  // namespace
 
-const Column* FindColumn(const DescribedTable& table, std::string_view name) {
-    return FindNamed(table.Columns, name);
-}
-const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column) {
-    return FindNamed(table.ForeignKeys, column);
-}
-
-std::vector<TablePair> MatchTables(Tables before, Tables now, std::span<const NamedRename> renames,
+std::vector<TablePlan> MatchTables(Tables before, Tables now, std::span<const NamedRename> renames,
                                    bool foldsTableNames) {
-    return Matcher(before, now, renames, foldsTableNames).Pairs();
+    return Matcher(before, now, renames, foldsTableNames).Plans();
 }
 
 }  // namespace korvex::scriptgen

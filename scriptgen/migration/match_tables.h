@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scriptgen/migration/column_types.h"
 #include "scriptgen/table_model.h"
 
 #include <span>
@@ -16,26 +17,34 @@ struct NamedRename {
     std::string now;
 };
 
-/// One of both may be missing: the column, or the table, is new or gone.
-struct ColumnPair {
+/// A column of a table that stays, with what happens to it. One of both may be missing: it is new or gone.
+struct ColumnPlan {
     const Column* before = nullptr;
     const Column* now = nullptr;
-};
-struct TablePair {
-    const DescribedTable* before = nullptr;
-    const DescribedTable* now = nullptr;
-    std::vector<ColumnPair> columns;  ///< in their new order, then those that are gone
+    bool isRenamed = false;
+    bool isRetyped = false;
+    bool isNumberedAnew = false;  ///< it becomes numbered, or is no longer
+    bool isDefaulted = false;     ///< its default changes
+    Conversion conversion = {};   ///< of its type; as blocked where its values stand elsewhere from now on
+
+    bool IsChanged() const noexcept { return isRetyped || isDefaulted || isNumberedAnew; }
 };
 
-/// The column of that name, in any case; nullptr for none.
-const Column* FindColumn(const DescribedTable& table, std::string_view name);
-/// The reference of a column; nullptr for none.
-const ForeignKey* FindForeignKey(const DescribedTable& table, std::string_view column);
+struct TablePlan {
+    const DescribedTable* before = nullptr;
+    const DescribedTable* now = nullptr;
+    std::vector<ColumnPlan> columns = {};  ///< in their new order, then those that are gone
+    bool isRenamed = false;
+    bool hasRenamedColumns = false;
+
+    bool Stays() const noexcept { return before != nullptr && now != nullptr; }
+};
 
 /// Pairs the tables of both models: in their new order, then those that are gone. Objects and values are told
 /// as MatchDefinitions tells them, those of a database that stands by their names. InvalidProcedureCall (5)
 /// for a rename that matches nothing, or several things.
-std::vector<TablePair> MatchTables(std::span<const DescribedTable> before,
+/// What happens to them is not marked yet.
+std::vector<TablePlan> MatchTables(std::span<const DescribedTable> before,
                                    std::span<const DescribedTable> now, std::span<const NamedRename> renames,
                                    bool foldsTableNames);
 

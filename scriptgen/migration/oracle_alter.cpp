@@ -39,72 +39,61 @@ class OracleAlter final : public PublishedAlter {
         return {"rem  ***** Altering tables\r\n\r\n", ""};
     }
 
-    void DropForeignKey(AlterSteps& steps, const DescribedTable& before, const ForeignKey&) const override {
-        steps.Add("ALTER TABLE " + before.Name + " DROP CONSTRAINT " + ForeignKeyName(before.Name));
+    void DropForeignKey(const DescribedTable& before, const ForeignKey&) override {
+        Alter(before.Name, "DROP CONSTRAINT " + ForeignKeyName(before.Name));
     }
-    void DropIndex(AlterSteps& steps, const DescribedTable&, const std::string& index) const override {
-        steps.Add("DROP INDEX " + index);
+    void DropIndex(const DescribedTable&, const std::string& index) override { Add("DROP INDEX " + index); }
+    void DropTrigger(const DescribedTable&, const std::string& trigger) override {
+        Add("DROP TRIGGER " + trigger);
     }
-    void DropTrigger(AlterSteps& steps, const DescribedTable&, const std::string& trigger) const override {
-        steps.Add("DROP TRIGGER " + trigger);
-    }
-    void CreateTriggers(AlterSteps& steps, const DescribedTable& now) const override {
+    void CreateTriggers(const DescribedTable& now) override {
         if (const Column* counter = CounterOf(now))
-            steps.Add("/\r\n" + OracleTriggerText(now.Name, counter->FieldName) + "; \r\n/\r\n", true);
+            Add("/\r\n" + OracleTriggerText(now.Name, counter->FieldName) + "; \r\n/\r\n", true);
     }
 
     /// Key and sequence are found by the table's name.
-    void RenameTable(AlterSteps& steps, const DescribedTable& before, const NameChange& name) const override {
-        steps.Add("ALTER TABLE " + name.from + " RENAME TO " + name.to);
-        if (!before.PrimaryKey.empty())
-            steps.Add("ALTER TABLE " + name.to + " RENAME CONSTRAINT " + PrimaryKeyName(name.from) + " TO " +
-                      PrimaryKeyName(name.to));
+    void RenameTable(const DescribedTable& before, const NameChange& name) override {
+        PublishedAlter::RenameTable(before, name);
+        RenameKey(before, name);
         if (CounterOf(before) != nullptr)
-            steps.Add("RENAME " + SequenceName(name.from) + " TO " + SequenceName(name.to));
+            Add("RENAME " + SequenceName(name.from) + " TO " + SequenceName(name.to));
     }
-    void RenameColumn(AlterSteps& steps, const std::string& table, const NameChange& name) const override {
-        steps.Add("ALTER TABLE " + table + " RENAME COLUMN " + name.from + " TO " + name.to);
-    }
-    void AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const override {
+    void AddColumn(const DescribedTable& now, const Column& column) override {
         const ForeignKey* key = FindForeignKey(now, column.FieldName);
         Column added = column;
         if (key != nullptr && key->IsInRun) added.DefaultText.clear();
-        steps.Add("ALTER TABLE " + now.Name + " ADD " + column.FieldName + " " + ColumnText(added));
+        Alter(now.Name, "ADD " + column.FieldName + " " + ColumnText(added));
         // The records that are there would refer to the default.
         if (added.DefaultText != column.DefaultText)
-            steps.Add("ALTER TABLE " + now.Name + " MODIFY " + column.FieldName + " " + ColumnText(column));
+            Alter(now.Name, "MODIFY " + column.FieldName + " " + ColumnText(column));
     }
-    void DropTable(AlterSteps& steps, const DescribedTable& before, const std::string& name) const override {
-        if (name == before.Name)
-            for (const std::string& procedure : ProcedureNames(before))
-                steps.Add("DROP PROCEDURE " + procedure);
-        steps.Add("DROP TABLE " + name);
-        if (CounterOf(before) != nullptr) steps.Add("DROP SEQUENCE " + SequenceName(name));
+    void DropTable(const DescribedTable& before, const std::string& name) override {
+        PublishedAlter::DropTable(before, name);
+        if (CounterOf(before) != nullptr) Add("DROP SEQUENCE " + SequenceName(name));
     }
 
     /// Those that stay are replaced.
-    void DropProcedures(AlterSteps& steps, const DescribedTable& before,
-                        const DescribedTable* now) const override {
+    void DropProcedures(const DescribedTable& before, const DescribedTable* now) override {
         const std::set<std::string> kept = now != nullptr ? ProcedureNames(*now) : std::set<std::string>();
         for (const std::string& procedure : ProcedureNames(before))
-            if (!kept.contains(procedure)) steps.Add("DROP PROCEDURE " + procedure);
+            if (!kept.contains(procedure)) Add("DROP PROCEDURE " + procedure);
     }
 
   protected:
     /// A column with values keeps its kind and takes no narrower number.
-    void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override {
+    void Retype(const DescribedTable& now, const ColumnPlan& column) override {
         const std::string& from = column.before->TypeSize;
         const std::string& to = column.now->TypeSize;
         const std::string_view kind = std::string_view(to).substr(0, to.find('('));
         const bool modifies =
             from.starts_with(kind) && (kind == "VARCHAR2" || column.conversion.cls == ChangeClass::Safe);
-        if (column.isRetyped && !modifies) return CarryOver(steps, now, column);
+        if (column.isRetyped && !modifies) return CarryOver(now, column);
         const std::string& literal = column.now->DefaultText;
         const bool loses = literal.empty() && !column.before->DefaultText.empty();
-        steps.Add("ALTER TABLE " + now.Name + " MODIFY " + column.now->FieldName + " " + to +
-                  (loses             ? " default Null"
-                   : literal.empty() ? ""
-                                     : " default " + literal));
+        Alter(now.Name, "MODIFY " + column.now->FieldName + " " + to +
+                            (loses             ? " default Null"
+                             : literal.empty() ? ""
+                                               : " default " + literal));
     }
 
     std::string Converted(const ColumnPlan& column) const override {

@@ -1,6 +1,4 @@
-#include "automation/text.h"
 #include "scriptgen/migration/engine_alter.h"
-#include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
 namespace korvex::scriptgen {
@@ -13,33 +11,26 @@ class PostgreSqlAlter final : public EngineAlter {
 
     std::string_view FileName() const noexcept override { return "PgAlter.sql"; }
 
-    bool IsTriggerOf(const DescribedTable& before, std::string_view trigger) const override {
-        return automation::EqualsIgnoreCase(trigger, before.Name + "_noparent");
-    }
-
     /// The function of a trigger has its name, and stays when the trigger goes.
-    void DropTrigger(AlterSteps& steps, const DescribedTable& before,
-                     const std::string& trigger) const override {
-        steps.Add("DROP TRIGGER IF EXISTS " + trigger + " ON " + before.Name);
-        steps.Add("DROP FUNCTION IF EXISTS " + trigger + "()");
+    void DropTrigger(const DescribedTable& before, const std::string& trigger) override {
+        Add("DROP TRIGGER IF EXISTS " + trigger + " ON " + before.Name);
+        Add("DROP FUNCTION IF EXISTS " + trigger + "()");
     }
 
     /// Key and table share the room for names, so a key's goes with its table's.
-    void RenameTable(AlterSteps& steps, const DescribedTable& before, const NameChange& name) const override {
-        EngineAlter::RenameTable(steps, before, name);
-        if (!before.PrimaryKey.empty())
-            steps.Add(Alter(name.to, "RENAME CONSTRAINT " + PrimaryKeyName(name.from) + " TO " +
-                                         PrimaryKeyName(name.to)));
+    void RenameTable(const DescribedTable& before, const NameChange& name) override {
+        AlterText::RenameTable(before, name);
+        RenameKey(before, name);
     }
 
-    void DropTable(AlterSteps& steps, const DescribedTable& before, const std::string& name) const override {
-        EngineAlter::DropTable(steps, before, name);
+    void DropTable(const DescribedTable& before, const std::string& name) override {
+        AlterText::DropTable(before, name);
         for (const std::string& trigger : before.Triggers)
-            if (name == before.Name) steps.Add("DROP FUNCTION IF EXISTS " + trigger + "()");
+            if (name == before.Name) Add("DROP FUNCTION IF EXISTS " + trigger + "()");
     }
 
   protected:
-    void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override {
+    void Retype(const DescribedTable& now, const ColumnPlan& column) override {
         const std::string& name = column.now->FieldName;
         JoinedText changes(", ");
         const auto add = [&](const std::string& change) { changes.Add("ALTER COLUMN ", name, " ", change); };
@@ -59,14 +50,14 @@ class PostgreSqlAlter final : public EngineAlter {
         } else if (column.isDefaulted && !column.isRetyped) {
             add("DROP DEFAULT");
         }
-        steps.Add(Alter(now.Name, changes.Text()));
+        Alter(now.Name, changes.Text());
     }
 
   private:
     /// What becomes a value of the new type by assignment; "" for the column itself.
     std::string Converted(const Column& from, const Column& to) const {
-        const TypeKind before = TypeOf(from).kind;
-        const TypeKind now = TypeOf(to).kind;
+        const TypeKind before = KindOf(from);
+        const TypeKind now = KindOf(to);
         if (before == now) return {};
         const std::string& name = to.FieldName;
         const auto cast = [](const std::string& value, std::string_view type) {

@@ -52,40 +52,29 @@ bool PublishedAlter::HaveSameProcedures(const DescribedTable& before, const Desc
            ProceduresOf(now).Text(ScriptKind::Procedures);
 }
 
-void PublishedAlter::CreateTable(AlterSteps& steps, const DescribedTable& now) const {
+void PublishedAlter::CreateTable(const DescribedTable& now) {
     RunState run;
     m_dialect.AddTable(run, now);
-    steps.Add(std::move(run.Text(ScriptKind::Create)), true);
+    Add(std::move(run.Text(ScriptKind::Create)), true);
 }
 
-void PublishedAlter::CreateIndex(AlterSteps& steps, const DescribedTable& now,
-                                 const TableIndex& index) const {
-    steps.Add("CREATE INDEX " + index.Name + " ON " + now.Name + "(" + Joined(index.Columns) + ")");
+void PublishedAlter::CreateIndex(const DescribedTable& now, const TableIndex& index) {
+    Add("CREATE INDEX " + index.Name + " ON " + now.Name + "(" + Joined(index.Columns) + ")");
 }
 
-void PublishedAlter::AddForeignKey(AlterSteps& steps, const DescribedTable& now,
-                                   const ForeignKey& key) const {
-    steps.Add("ALTER TABLE " + now.Name + "\r\nADD CONSTRAINT " + ForeignKeyName(now.Name) +
-              " FOREIGN KEY (" + key.FieldName + ")\r\n REFERENCES " + key.Table + "(" + key.KeyField + ")");
+void PublishedAlter::AddForeignKey(const DescribedTable& now, const ForeignKey& key) {
+    Add("ALTER TABLE " + now.Name + "\r\nADD CONSTRAINT " + ForeignKeyName(now.Name) + " FOREIGN KEY (" +
+        key.FieldName + ")\r\n REFERENCES " + key.Table + "(" + key.KeyField + ")");
 }
 
-void PublishedAlter::DropColumn(AlterSteps& steps, const DescribedTable& now,
-                                const std::string& column) const {
-    steps.Add("ALTER TABLE " + now.Name + " DROP COLUMN " + column);
+void PublishedAlter::DropTable(const DescribedTable& before, const std::string& name) {
+    if (name == before.Name) DropProcedures(before, nullptr);
+    AlterText::DropTable(before, name);
 }
 
-void PublishedAlter::ChangeColumn(AlterSteps& steps, const DescribedTable& now,
-                                  const ColumnPlan& column) const {
-    if (column.conversion.cls == ChangeClass::Blocked) return steps.Add("");
-    if (column.conversion.isPossible) return Retype(steps, now, column);
-    DropColumn(steps, now, column.now->FieldName);
-    AddColumn(steps, now, *column.now);
-}
-
-void PublishedAlter::CreateProcedures(AlterSteps& steps, const DescribedTable* before,
-                                      const DescribedTable& now) const {
+void PublishedAlter::CreateProcedures(const DescribedTable* before, const DescribedTable& now) {
     if (before == nullptr || !HaveSameProcedures(*before, now))
-        steps.Add(ProceduresOf(now).Text(ScriptKind::Procedures), true);
+        Add(ProceduresOf(now).Text(ScriptKind::Procedures), true);
 }
 
 std::string PublishedAlter::ColumnText(const Column& column) {
@@ -93,13 +82,13 @@ std::string PublishedAlter::ColumnText(const Column& column) {
            (column.DefaultText.empty() ? " NULL" : std::string(Default) + column.DefaultText);
 }
 
-void PublishedAlter::CarryOver(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const {
+void PublishedAlter::CarryOver(const DescribedTable& now, const ColumnPlan& column) {
     Column beside = *column.now;
     beside.FieldName = "korvex_value";
-    AddColumn(steps, now, beside);
-    steps.Add("UPDATE " + now.Name + " SET " + beside.FieldName + " = " + Converted(column));
-    DropColumn(steps, now, column.now->FieldName);
-    RenameColumn(steps, now.Name, {beside.FieldName, column.now->FieldName});
+    AddColumn(now, beside);
+    Add("UPDATE " + now.Name + " SET " + beside.FieldName + " = " + Converted(column));
+    DropColumn(now, column.now->FieldName);
+    RenameColumn(now.Name, {beside.FieldName, column.now->FieldName});
 }
 
 }  // namespace korvex::scriptgen

@@ -16,24 +16,21 @@ class PublishedAlter : public AlterText {
     explicit PublishedAlter(const Dialect& dialect) : m_dialect(dialect) {}
 
     bool CreatesWholeTables() const noexcept override { return true; }
-    void CreateTable(AlterSteps& steps, const DescribedTable& now) const override;
-    void CreateIndex(AlterSteps& steps, const DescribedTable& now, const TableIndex& index) const override;
-    void AddForeignKey(AlterSteps& steps, const DescribedTable& now, const ForeignKey& key) const override;
-    void DropColumn(AlterSteps& steps, const DescribedTable& now, const std::string& column) const override;
-    void ChangeColumn(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override;
-    void CreateProcedures(AlterSteps& steps, const DescribedTable* before,
-                          const DescribedTable& now) const override;
+    void CreateTable(const DescribedTable& now) override;
+    void CreateIndex(const DescribedTable& now, const TableIndex& index) override;
+    void AddForeignKey(const DescribedTable& now, const ForeignKey& key) override;
+    /// Its procedures go with it, but for those that went when it made room for another.
+    void DropTable(const DescribedTable& before, const std::string& name) override;
+    void CreateProcedures(const DescribedTable* before, const DescribedTable& now) override;
 
   protected:
-    /// Changes type and default of a column whose values convert.
-    virtual void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const = 0;
     /// What becomes a value of a column's new type.
     virtual std::string Converted(const ColumnPlan& column) const = 0;
 
     /// Type and default of a column.
     static std::string ColumnText(const Column& column);
     /// Carries the values through a column beside the old one.
-    void CarryOver(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const;
+    void CarryOver(const DescribedTable& now, const ColumnPlan& column);
 
     /// A run that wrote the table's procedures.
     RunState ProceduresOf(const DescribedTable& table) const;

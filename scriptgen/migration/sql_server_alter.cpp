@@ -13,65 +13,56 @@ class SqlServerAlter final : public PublishedAlter {
     std::string_view FileName() const noexcept override { return "MSAlter.sql"; }
     std::string Ended(const AlterStep& step) const override { return step.text + "\r\nGO\r\n\r\n"; }
 
-    void DropForeignKey(AlterSteps& steps, const DescribedTable& before, const ForeignKey&) const override {
+    void DropForeignKey(const DescribedTable& before, const ForeignKey&) override {
         const std::string name = ForeignKeyName(before.Name);
-        steps.Add("if exists(select * from sysobjects where id = object_id('dbo." + name +
-                  "'))\r\n\tALTER TABLE " + before.Name + " DROP CONSTRAINT " + name);
+        Add("if exists(select * from sysobjects where id = object_id('dbo." + name + "'))\r\n\tALTER TABLE " +
+            before.Name + " DROP CONSTRAINT " + name);
     }
-    void DropIndex(AlterSteps& steps, const DescribedTable& before, const std::string& index) const override {
-        steps.Add("DROP INDEX " + before.Name + "." + index);
+    void DropIndex(const DescribedTable& before, const std::string& index) override {
+        Add("DROP INDEX " + before.Name + "." + index);
     }
-    void DropTrigger(AlterSteps&, const DescribedTable&, const std::string&) const override {}
-    void CreateTriggers(AlterSteps&, const DescribedTable&) const override {}
+    void DropTrigger(const DescribedTable&, const std::string&) override {}
+    void CreateTriggers(const DescribedTable&) override {}
 
-    void RenameTable(AlterSteps& steps, const DescribedTable& before, const NameChange& name) const override {
-        Rename(steps, name.from, name.to, "OBJECT");
-        if (!before.PrimaryKey.empty())
-            Rename(steps, PrimaryKeyName(name.from), PrimaryKeyName(name.to), "OBJECT");
+    void RenameTable(const DescribedTable& before, const NameChange& name) override {
+        Rename(name.from, name.to, "OBJECT");
+        if (!before.PrimaryKey.empty()) Rename(PrimaryKeyName(name.from), PrimaryKeyName(name.to), "OBJECT");
     }
-    void RenameColumn(AlterSteps& steps, const std::string& table, const NameChange& name) const override {
-        Rename(steps, table + "." + name.from, name.to, "COLUMN");
+    void RenameColumn(const std::string& table, const NameChange& name) override {
+        Rename(table + "." + name.from, name.to, "COLUMN");
     }
 
     /// Records that are there get the default, as on every other engine.
-    void AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const override {
+    void AddColumn(const DescribedTable& now, const Column& column) override {
         std::string text =
             column.IsAutoNumber ? column.TypeSize + " IDENTITY (1, 1) Not NULL" : ColumnText(column);
         if (!column.IsAutoNumber && !column.DefaultText.empty()) text += " WITH VALUES";
-        steps.Add("ALTER TABLE " + now.Name + " ADD " + column.FieldName + " " + text);
+        Alter(now.Name, "ADD " + column.FieldName + " " + text);
     }
-    void DropColumn(AlterSteps& steps, const DescribedTable& now, const std::string& column) const override {
-        DropDefault(steps, now.Name, column);
-        PublishedAlter::DropColumn(steps, now, column);
+    void DropColumn(const DescribedTable& now, const std::string& column) override {
+        DropDefault(now.Name, column);
+        PublishedAlter::DropColumn(now, column);
     }
-    void DropTable(AlterSteps& steps, const DescribedTable& before, const std::string& name) const override {
-        if (name == before.Name) steps.Add(ProceduresOf(before).Text(ScriptKind::Drop), true);
-        steps.Add("DROP TABLE " + name);
-    }
-
-    void DropProcedures(AlterSteps& steps, const DescribedTable& before,
-                        const DescribedTable* now) const override {
+    void DropProcedures(const DescribedTable& before, const DescribedTable* now) override {
         if (now == nullptr || !HaveSameProcedures(before, *now))
-            steps.Add(ProceduresOf(before).Text(ScriptKind::Drop), true);
+            Add(ProceduresOf(before).Text(ScriptKind::Drop), true);
     }
 
   protected:
     /// Long types take no part in a change of type, and numbers with fractions would lose most digits on
     /// their way to a text.
-    void Retype(AlterSteps& steps, const DescribedTable& now, const ColumnPlan& column) const override {
+    void Retype(const DescribedTable& now, const ColumnPlan& column) override {
         const std::string& name = column.now->FieldName;
         const ColumnType before = ColumnTypeOf(column.before->TypeSize, false);
         const ColumnType type = ColumnTypeOf(column.now->TypeSize, false);
         const bool isLong = column.before->TypeSize == "text" || column.now->TypeSize == "text";
         const bool needsFormat = type.kind == TypeKind::Text &&
                                  (before.kind == TypeKind::Floating || before.kind == TypeKind::Date);
-        if (column.isRetyped && (isLong || needsFormat)) return CarryOver(steps, now, column);
-        DropDefault(steps, now.Name, name);
-        if (column.isRetyped)
-            steps.Add("ALTER TABLE " + now.Name + " ALTER COLUMN " + name + " " + column.now->TypeSize +
-                      " NULL");
+        if (column.isRetyped && (isLong || needsFormat)) return CarryOver(now, column);
+        DropDefault(now.Name, name);
+        if (column.isRetyped) Alter(now.Name, "ALTER COLUMN " + name + " " + column.now->TypeSize + " NULL");
         if (!column.now->DefaultText.empty())
-            steps.Add("ALTER TABLE " + now.Name + " ADD DEFAULT " + column.now->DefaultText + " FOR " + name);
+            Alter(now.Name, "ADD DEFAULT " + column.now->DefaultText + " FOR " + name);
     }
 
     std::string Converted(const ColumnPlan& column) const override {
@@ -91,20 +82,19 @@ class SqlServerAlter final : public PublishedAlter {
     }
 
   private:
-    static void Rename(AlterSteps& steps, const std::string& from, const std::string& to,
-                       std::string_view what) {
+    void Rename(const std::string& from, const std::string& to, std::string_view what) {
         std::string text;
         Append(text, "EXEC sp_rename '", from, "', '", to, "', '", what, "'");
-        steps.Add(std::move(text));
+        Add(std::move(text));
     }
 
     /// The server has named it.
-    static void DropDefault(AlterSteps& steps, const std::string& table, const std::string& column) {
+    void DropDefault(const std::string& table, const std::string& column) {
         std::string text = "DECLARE @name varchar(255)\r\n";
         Append(text, "SELECT @name = object_name(cdefault) FROM syscolumns WHERE id = object_id('", table,
                "') AND name = '", column, "'\r\n");
         Append(text, "IF @name IS NOT NULL EXEC('ALTER TABLE ", table, " DROP CONSTRAINT ' + @name)");
-        steps.Add(std::move(text));
+        Add(std::move(text));
     }
 };
 

@@ -21,18 +21,18 @@ class SqliteAlter final : public EngineAlter {
     }
     bool NamesForeignKeys() const noexcept override { return false; }
 
-    void DropForeignKey(AlterSteps&, const DescribedTable&, const ForeignKey&) const override {}
+    void DropForeignKey(const DescribedTable&, const ForeignKey&) override {}
     /// It comes with its table, or its column.
-    void ClearNoParent(AlterSteps&, const DescribedTable&, const ForeignKey&) const override {}
-    void AddForeignKey(AlterSteps&, const DescribedTable&, const ForeignKey&) const override {}
+    void ClearNoParent(const DescribedTable&, const ForeignKey&) override {}
+    void AddForeignKey(const DescribedTable&, const ForeignKey&) override {}
 
-    void AddColumn(AlterSteps& steps, const DescribedTable& now, const Column& column) const override {
+    void AddColumn(const DescribedTable& now, const Column& column) override {
         std::string text = "ADD COLUMN " + Dialect().ColumnText(now, column);
         const ForeignKey* key = FindForeignKey(now, column.FieldName);
         if (key != nullptr && key->IsInRun)
             Append(text, " CONSTRAINT ", KeyName(now, *key), " REFERENCES ", key->Table, " (", key->KeyField,
                    ")");
-        steps.Add(Alter(now.Name, text));
+        Alter(now.Name, text);
     }
 
     bool Rebuilds(const Comparison& comparison, const TablePlan& plan, bool allowsLoss) const override {
@@ -51,9 +51,9 @@ class SqliteAlter final : public EngineAlter {
                });
     }
 
-    void Rebuild(AlterSteps& steps, const Comparison& comparison, const TablePlan& plan,
-                 const std::string& name, std::span<const ColumnPlan* const> gone,
-                 std::span<const std::string> names, bool allowsLoss) const override {
+    void Rebuild(const Comparison& comparison, const TablePlan& plan, const std::string& name,
+                 std::span<const ColumnPlan* const> gone, std::span<const std::string> names,
+                 bool allowsLoss) override {
         DescribedTable table = plan.now != nullptr ? *plan.now : *plan.before;
         table.Name = name;
         if (plan.now == nullptr)
@@ -102,19 +102,18 @@ class SqliteAlter final : public EngineAlter {
                 values.Add(column.FieldName);
             }
         }
-        steps.Begin(allowsLoss ? cls : ChangeClass::Safe, allowsLoss ? reason : "");
-        for (std::string& text :
-             RebuildStatements(table, Dialect().TableText(table), columns.Text(), values.Text()))
-            steps.Add(std::move(text));
+        Begin(allowsLoss ? cls : ChangeClass::Safe, allowsLoss ? reason : "");
+        for (std::string& text : RebuildStatements(table, columns.Text(), values.Text()))
+            Add(std::move(text));
         if (!allowsLoss && cls != ChangeClass::Safe) {
-            steps.Begin(cls, reason);
-            steps.Add("");
+            Begin(cls, reason);
+            Add("");
         }
     }
 
   protected:
     /// Never reached: what changes a column makes the table anew, or is left out.
-    void Retype(AlterSteps& steps, const DescribedTable&, const ColumnPlan&) const override { steps.Add(""); }
+    void Retype(const DescribedTable&, const ColumnPlan&) override { Add(""); }
 
   private:
     static bool IsDone(const ColumnPlan& column, bool allowsLoss) {
@@ -128,8 +127,8 @@ class SqliteAlter final : public EngineAlter {
         const ForeignKey* key = FindForeignKey(*plan.now, name);
         if (key != nullptr && key->IsInRun && comparison.SameKeyBefore(plan, *key) == nullptr)
             return "NULLIF(" + name + ", 0)";
-        const TypeKind before = TypeOf(*column.before).kind;
-        const TypeKind now = TypeOf(*column.now).kind;
+        const TypeKind before = KindOf(*column.before);
+        const TypeKind now = KindOf(*column.now);
         if (before == now || !column.isRetyped) return name;
         if (now == TypeKind::Boolean) return "CAST(" + name + " AS REAL) <> 0";
         if (before == TypeKind::Boolean) return "ABS(" + name + ")";

@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "scriptgen/engine_dialect.h"
 #include "scriptgen/migration/live_tables.h"
 #include "scriptgen/script_text.h"
 
@@ -36,8 +37,9 @@ void ReferencesOff::CheckReferences() {
                 "Records of " + table + " refer to records of " + parent + " that are not there.");
 }
 
-std::vector<std::string> RebuildStatements(const DescribedTable& table, std::string text,
-                                           std::string_view columns, std::string_view values) {
+std::vector<std::string> RebuildStatements(const DescribedTable& table, std::string_view columns,
+                                           std::string_view values) {
+    std::string text = SqliteDialect().TableText(table);
     constexpr std::string_view Making = "CREATE TABLE ";
     text.replace(Making.size(), table.Name.size(), "korvex_new");
     std::vector<std::string> statements = {"PRAGMA legacy_alter_table=ON", std::move(text)};
@@ -46,7 +48,7 @@ std::vector<std::string> RebuildStatements(const DescribedTable& table, std::str
     if (std::ranges::any_of(table.Columns, &Column::IsAutoNumber)) {
         add("DELETE FROM sqlite_sequence WHERE name = 'korvex_new'");
         add("INSERT INTO sqlite_sequence (name, seq) SELECT 'korvex_new', seq FROM sqlite_sequence WHERE name = ",
-            QuoteText(table.Name), " COLLATE NOCASE");
+            TextLiteral(table.Name), " COLLATE NOCASE");
     }
     add("DROP TABLE ", table.Name);
     add("ALTER TABLE korvex_new RENAME TO ", table.Name);
@@ -54,24 +56,18 @@ std::vector<std::string> RebuildStatements(const DescribedTable& table, std::str
     return statements;
 }
 
-void RebuildTable(ado::Connection& connection, const DescribedTable& table, const std::string& statement) {
-    const std::vector<std::string> dependents =
-        ReadTexts(connection,
-                  "select sql from sqlite_master where type in ('index', 'trigger') and sql is not "
-                  "null and tbl_name = " +
-                      QuoteText(table.Name) + " collate nocase order by rowid");
+void RebuildTable(ado::Connection& connection, const DescribedTable& table) {
     JoinedText columns(", ");
     JoinedText values(", ");
     for (const Column& column : table.Columns) {
         columns.Add(column.FieldName);
-        const bool refers = std::ranges::find(table.ForeignKeys, column.FieldName, &ForeignKey::FieldName) !=
-                            table.ForeignKeys.end();
+        const bool refers = FindForeignKey(table, column.FieldName) != nullptr;
         values.Add(refers ? "nullif(" : "", column.FieldName, refers ? ", 0)" : "");
     }
-    for (const std::string& text : RebuildStatements(table, statement, columns.Text(), values.Text()))
+    for (const std::string& text : RebuildStatements(table, columns.Text(), values.Text()))
         connection.Execute(text);
-    for (const std::string& dependent : dependents)
-        connection.Execute(dependent);
+    for (const TableDependent& dependent : table.Dependents)
+        connection.Execute(dependent.Text);
 }
 
 }  // namespace korvex::scriptgen

@@ -27,15 +27,15 @@ class ReferencesOff {
     bool m_wereOn;
 };
 
-/// The statements that make a table anew with `text` (CREATE TABLE and the name first): `columns` get
-/// `values` of its records, and the counter goes on where it was, which may be past them. It is made under
-/// another name first, so that nobody's references follow. Its indexes and triggers go.
-std::vector<std::string> RebuildStatements(const DescribedTable& table, std::string text,
-                                           std::string_view columns, std::string_view values);
+/// The statements that make a table anew as it is described: `columns` get `values` of its records, and the
+/// counter goes on where it was, which may be past them. It is made under another name first, so that
+/// nobody's references follow. Its indexes and triggers go.
+std::vector<std::string> RebuildStatements(const DescribedTable& table, std::string_view columns,
+                                           std::string_view values);
 
-/// Makes a table anew with `statement`, with its records, other indexes, triggers and counter. Its columns
+/// Makes a table anew as it is described, with its records, counter and what else depends on it. Its columns
 /// stay as they are; 0 in a column that refers to another table becomes Null. References must be off and a
 /// transaction open. Engine errors reach the caller.
-void RebuildTable(ado::Connection& connection, const DescribedTable& table, const std::string& statement);
+void RebuildTable(ado::Connection& connection, const DescribedTable& table);
 
 }  // namespace korvex::scriptgen

@@ -27,8 +27,9 @@ class OracleDatabase {
     explicit OracleDatabase(const RandomModel& model) {
         const std::string file = m_database.Folder().Write("model.json", model.Json());
         cli::Source source = cli::OpenSource(native::NativePlatform(), file);
-        m_tables = scriptgen::DescribeIdentified(repository::Catalog::Read(source.repository.Open()), "S",
-                                                 "FK_", &*source.numbered);
+        m_tables = scriptgen::DescribeState(repository::Catalog::Read(source.repository.Open()), "S", "FK_",
+                                            &*source.numbered)
+                       .tables;
         const std::string folder = m_database.Folder().Path("scripts");
         const CommandResult result = RunKorvex({"script", file, "--dialect", "oracle", "--out", folder});
         EXPECT_EQ(result.exitCode, 0) << result.messages;

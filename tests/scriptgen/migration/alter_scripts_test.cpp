@@ -20,8 +20,9 @@ using Tables = std::vector<DescribedTable>;
 Tables Describe(const std::string& json, const std::string& storage) {
     const tests::TempFolder folder;
     cli::Source source = cli::OpenSource(DefaultPlatform(), folder.Write("model.json", json));
-    return DescribeIdentified(repository::Catalog::Read(source.repository.Open()), storage, "FK_",
-                              &*source.numbered);
+    return DescribeState(repository::Catalog::Read(source.repository.Open()), storage, "FK_",
+                         &*source.numbered)
+        .tables;
 }
 
 /// A model with one root object, whose members are given.

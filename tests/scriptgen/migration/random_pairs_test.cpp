@@ -74,7 +74,7 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         const std::string file = m_folder.Write("model.json", model.Json());
         cli::Source source = cli::OpenSource(DefaultPlatform(), file);
         const repository::Catalog catalog = repository::Catalog::Read(source.repository.Open());
-        return {scriptgen::DescribeIdentified(catalog, "S", "FK_", &*source.numbered),
+        return {scriptgen::DescribeState(catalog, "S", "FK_", &*source.numbered).tables,
                 objects::LoadDefinition(catalog, "S")};
     }
     Connection Create(const Tables& tables, bool withKeys = true) {
@@ -220,7 +220,7 @@ class RandomPairs : public testing::TestWithParam<Driver> {
     }
 
     void Run(const Connection& connection, const DefinitionDiff& diff) {
-        scriptgen::DatabaseUpdate(connection, m_dialect).Run(diff.Steps(true));
+        scriptgen::UpdateDatabase(connection, m_dialect, diff.Steps(true));
     }
 
     void ExpectLeadsThereAndBack(const Described& before, const Described& now) {
@@ -331,11 +331,13 @@ TEST_P(RandomPairs, AFailureTakesAllBackOrLeavesARestThatLeadsThere) {
             broken.insert(broken.begin() + static_cast<std::ptrdiff_t>(n),
                           {.text = "this is no statement", .reason = ""});
             std::vector<AlterStep> rest;
-            scriptgen::DatabaseUpdate update(connection, m_dialect, [&](std::span<const AlterStep> left) {
-                rest.assign(left.begin(), left.end());
-                return std::string("Here.");
+            const Raised raised = ErrorOf([&] {
+                scriptgen::UpdateDatabase(connection, m_dialect, broken,
+                                          [&](std::span<const AlterStep> left) {
+                                              rest.assign(left.begin(), left.end());
+                                              return std::string("Here.");
+                                          });
             });
-            const Raised raised = ErrorOf([&] { update.Run(broken); });
             EXPECT_NE(raised.number, 0);
             EXPECT_THAT(raised.description, testing::HasSubstr(rollsBack ? "The database is as it was."
                                                                          : "statements were run. Here."));
@@ -345,7 +347,7 @@ TEST_P(RandomPairs, AFailureTakesAllBackOrLeavesARestThatLeadsThere) {
             } else {
                 ASSERT_EQ(rest.size(), steps.size() - n + 1);
                 rest.erase(rest.begin());
-                update.Run(rest);
+                scriptgen::UpdateDatabase(connection, m_dialect, rest);
                 EXPECT_EQ(Catalogue(*connection), wanted) << n;
                 EXPECT_EQ(Kept(*connection, diff, true), values) << n;
             }
