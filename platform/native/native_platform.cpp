@@ -6,7 +6,7 @@
 namespace korvex {
 
 Platform native::NativePlatform(const NativeOptions& options) {
-    return {.repositoryEngine = std::make_shared<dao_engine::NativeEngine>(options.seam),
+    return {.repositoryEngine = dao_engine::CreateDaoEngine(options.seam),
             .targetProvider = ado_engine::CreateAdoProvider(options.seam),
             .desktop = NativeDesktop(),
             .files = NativeFiles()};

@@ -23,7 +23,7 @@ class TestSeam final : public native::sql::Seam {
         ++m_callCount;
         if (m_failAt != 0 && m_callCount == m_failAt) {
             m_failed = true;
-            throw native::sql::EngineError(m_failure, 0, "injected failure");
+            throw native::sql::EngineError(m_failure, "injected failure");
         }
     }
     void StatementOpened() override { ++m_openStatements; }

@@ -81,8 +81,7 @@ void NativeRecordset::Close() {
 
 std::size_t NativeRecordset::PositionOf(OpenRows& rows, std::string_view name) {
     if (const std::optional<std::size_t> column = rows.Find(name)) return *column;
-    throw Error(ado::adErrItemNotFound,
-                rows.Shape().DescribeMissing(name) + " (" + sql::ReadableStatement(rows.Text()) + ")");
+    throw Error(ado::adErrItemNotFound, rows.Shape().DescribeMissing(name) + sql::BehindMessage(rows.Text()));
 }
 
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
@@ -91,8 +90,8 @@ std::shared_ptr<ado::Field> NativeRecordset::Fields(std::string_view name) {
 }
 
 void NativeRecordset::RaiseNoField(OpenRows& rows, std::int32_t index) {
-    throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) + " (" +
-                                            sql::ReadableStatement(rows.Text()) + ")");
+    throw Error(ado::adErrItemNotFound, "The recordset has no field number " + std::to_string(index) +
+                                            sql::BehindMessage(rows.Text()));
 }
 
 std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {

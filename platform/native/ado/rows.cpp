@@ -119,7 +119,7 @@ NativeField& OpenRows::Field(std::size_t column) {
 void OpenRows::RequireUpdatable() const {
     if (!m_isUpdatable) {
         throw Error(ado::adErrFeatureNotAvailable,
-                    "The recordset was opened read-only (" + sql::ReadableStatement(m_cursor.Text()) + ").");
+                    "The recordset was opened read-only" + sql::BehindMessage(m_cursor.Text()) + ".");
     }
 }
 

@@ -11,8 +11,8 @@ namespace {
 void RequireQuery(std::string_view text) {
     const sql::StatementVerb verb = sql::VerbOf(text);
     if (verb != sql::StatementVerb::Select && verb != sql::StatementVerb::Other)
-        throw automation::Error(dao::InvalidOperation, "An action statement opens no recordset (" +
-                                                           sql::ReadableStatement(text) + ")");
+        throw automation::Error(dao::InvalidOperation,
+                                "An action statement opens no recordset" + sql::BehindMessage(text));
 }
 
 class NativeDatabase final : public dao::Database {
@@ -31,7 +31,7 @@ class NativeDatabase final : public dao::Database {
         return WithErrors<DaoError>(sql, [&] { return RecordsetOf(Open(sql), sql, updatable); });
     }
     void Execute(std::string_view sql) override {
-        if (m_readOnly) throw DaoError({sql::ErrorKind::ReadOnly, 0, "it was opened for reading only"}, sql);
+        if (m_readOnly) throw DaoError({sql::ErrorKind::ReadOnly, "it was opened for reading only"}, sql);
         WithErrors<DaoError>(sql, [&] { Open(sql).Execute(sql); });
     }
     void Close() override {
@@ -53,7 +53,7 @@ class NativeDatabase final : public dao::Database {
 
   private:
     sql::Session& Open(std::string_view context = {}) const {
-        if (!m_session) throw DaoError({sql::ErrorKind::Closed, 0, "The database is closed"}, context);
+        if (!m_session) throw DaoError({sql::ErrorKind::Closed, "The database is closed"}, context);
         return *m_session;
     }
 
@@ -67,10 +67,10 @@ std::unique_ptr<dao::Database> DatabaseOn(std::unique_ptr<sql::Session> session,
     return std::make_unique<NativeDatabase>(std::move(session), readOnly);
 }
 
-std::unique_ptr<dao::Database> NativeWorkspace::OpenConnection(std::string_view, bool readOnly,
-                                                               std::string_view connect) {
+std::unique_ptr<dao::Database> OdbcDatabase(std::string_view connect, bool readOnly,
+                                            std::shared_ptr<sql::Seam> seam) {
     return WithErrors<DaoError>({}, [&] {
-        auto session = std::make_unique<sql::OdbcSession>(connect, m_seam);
+        auto session = std::make_unique<sql::OdbcSession>(connect, std::move(seam));
         session->TakeBackslashesPlainly();
         return DatabaseOn(std::move(session), readOnly);
     });

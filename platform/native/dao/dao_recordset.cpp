@@ -64,12 +64,11 @@ class NativeRecordset final : public dao::Recordset {
   private:
     void RequireOpen() const {
         if (!m_cursor.IsOpen())
-            throw DaoError({sql::ErrorKind::Closed, 0, "The recordset is closed"}, m_cursor.Text());
+            throw DaoError({sql::ErrorKind::Closed, "The recordset is closed"}, m_cursor.Text());
     }
     void RequireUpdatable() const {
         if (!m_updatable)
-            throw DaoError({sql::ErrorKind::NotUpdatable, 0, "A snapshot cannot be updated"},
-                           m_cursor.Text());
+            throw DaoError({sql::ErrorKind::NotUpdatable, "A snapshot cannot be updated"}, m_cursor.Text());
     }
 
     sql::Cursor m_cursor;
@@ -81,8 +80,8 @@ dao::Field& NativeRecordset::Fields(std::string_view name) {
     RequireOpen();
     const auto column = m_cursor.Find(name);
     if (!column) {
-        throw automation::Error(dao::ItemNotFound, m_cursor.Shape().DescribeMissing(name) + " (" +
-                                                       sql::ReadableStatement(m_cursor.Text()) + ")");
+        throw automation::Error(dao::ItemNotFound,
+                                m_cursor.Shape().DescribeMissing(name) + sql::BehindMessage(m_cursor.Text()));
     }
     if (m_fields.empty()) {
         const std::size_t count = m_cursor.Shape().columns.size();

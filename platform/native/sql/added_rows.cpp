@@ -38,7 +38,7 @@ Variant AddedRows::Value(std::size_t row, std::size_t column, RowWriter& writer)
     if (added.values[column].IsMissing()) {
         std::optional<Row> stored =
             added.identity ? writer.Read(*added.identity) : Row(added.values.size(), Variant::Null());
-        if (!stored) throw EngineError(ErrorKind::RecordChanged, 0, "The added record is not there any more");
+        if (!stored) throw EngineError(ErrorKind::RecordChanged, "The added record is not there any more");
         for (std::size_t i = 0; i < added.values.size(); ++i) {
             if (added.values[i].IsMissing()) added.values[i] = std::move((*stored)[i]);
         }
@@ -48,7 +48,7 @@ Variant AddedRows::Value(std::size_t row, std::size_t column, RowWriter& writer)
 
 const RowIdentity& AddedRows::IdentityOf(std::size_t row) const {
     if (m_rows[row].identity) return *m_rows[row].identity;
-    throw EngineError(ErrorKind::NotUpdatable, 0, "The added record cannot be found again");
+    throw EngineError(ErrorKind::NotUpdatable, "The added record cannot be found again");
 }
 
 void AddedRows::Replace(std::size_t row, std::size_t column, std::string_view name, const Variant& value) {

@@ -151,16 +151,6 @@ std::size_t RowShape::SlotOf(std::string_view name) const noexcept {
     }
 }
 
-bool TableInfo::HasKey() const noexcept {
-    return std::ranges::any_of(columns, [](const TableColumn& entry) { return entry.key; });
-}
-
-const TableColumn* TableInfo::AutoNumber() const noexcept {
-    const auto found =
-        std::ranges::find_if(columns, [](const TableColumn& entry) { return entry.autoNumber; });
-    return found == columns.end() ? nullptr : &*found;
-}
-
 void ReadDeclaration(std::string_view declaration, ColumnInfo& column) {
     column.declaredType = declaration;
     const std::size_t open = declaration.find('(');

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -103,9 +104,8 @@ struct TableInfo {
     TableName name;
     std::vector<TableColumn> columns;
 
-    bool HasKey() const noexcept;
-    /// The auto-number column, or a null pointer.
-    const TableColumn* AutoNumber() const noexcept;
+    bool HasKey() const noexcept { return std::ranges::any_of(columns, &TableColumn::key); }
+    bool HasAutoNumber() const noexcept { return std::ranges::any_of(columns, &TableColumn::autoNumber); }
 };
 
 /// Reads a declared type ("varchar(40)", "int", "double precision", "image"): type, size and scale of

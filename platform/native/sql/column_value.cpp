@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace korvex::native::sql {
 namespace {
@@ -40,15 +41,10 @@ bool IsWhole(const Variant& value) {
            value.Holds<std::int64_t>();
 }
 
-template <class Narrow>
-bool Fits(std::int64_t stored) {
-    return stored >= std::numeric_limits<Narrow>::min() && stored <= std::numeric_limits<Narrow>::max();
-}
-
 /// In the narrow type when it fits: an engine without real column types may hold more.
 template <class Narrow>
 Variant NarrowNumber(std::int64_t stored) {
-    return Fits<Narrow>(stored) ? Variant(static_cast<Narrow>(stored)) : WholeNumber(stored);
+    return std::in_range<Narrow>(stored) ? Variant(static_cast<Narrow>(stored)) : WholeNumber(stored);
 }
 
 Variant NarrowReal(double stored) {
@@ -141,7 +137,7 @@ Variant ForColumn(const Variant& value, const ColumnInfo& column) {
         return Convert(value, column);
     } catch (const automation::Error& error) {
         const bool tooLarge = error.Number() == automation::Overflow;
-        throw EngineError(tooLarge ? ErrorKind::ValueTooLarge : ErrorKind::WrongType, error.Number(),
+        throw EngineError(tooLarge ? ErrorKind::ValueTooLarge : ErrorKind::WrongType,
                           "The value does not fit the column " + column.Place() + ": " + error.Description());
     }
 }

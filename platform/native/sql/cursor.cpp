@@ -18,14 +18,14 @@ void Cursor::Close() noexcept {
 // ---- Reading ----
 
 void Cursor::RequireOpen() const {
-    if (!IsOpen()) throw EngineError(ErrorKind::Closed, 0, "The recordset is closed");
+    if (!IsOpen()) throw EngineError(ErrorKind::Closed, "The recordset is closed");
     if (m_position == Position::End) m_rows.RaiseFailure();
 }
 
 void Cursor::RequireRecord() {
     RequireOpen();
     Start();
-    if (m_position == Position::End) throw EngineError(ErrorKind::NoCurrentRecord, 0, "No current record");
+    if (m_position == Position::End) throw EngineError(ErrorKind::NoCurrentRecord, "No current record");
 }
 
 void Cursor::Start() {
@@ -119,12 +119,11 @@ void Cursor::CancelUpdate() noexcept {
 void Cursor::Set(std::size_t column, const Variant& value) {
     RequireOpen();
     if (m_mode == EditMode::None) {
-        throw EngineError(ErrorKind::NotEditing, 0,
-                          "A value can be set only between AddNew or Edit and Update");
+        throw EngineError(ErrorKind::NotEditing, "A value can be set only between AddNew or Edit and Update");
     }
     const ColumnInfo& info = Shape().columns[column];
     if (info.baseColumn.empty()) {
-        throw EngineError(ErrorKind::NotUpdatable, 0,
+        throw EngineError(ErrorKind::NotUpdatable,
                           "The column " + info.name + " is computed and cannot be set");
     }
     m_writing->changes.Set(column, Fit(value, info));
@@ -135,7 +134,7 @@ Variant Cursor::Fit(const Variant& value, const ColumnInfo& column) const {
     Variant fitted = ForColumn(value, column);
     const auto* text = fitted.If<std::string>();
     if (text != nullptr && !m_session.Traits().textsHoldNul && text->find('\0') != std::string::npos) {
-        throw EngineError(ErrorKind::WrongType, 0,
+        throw EngineError(ErrorKind::WrongType,
                           "The value does not fit the column " + column.name +
                               ": it holds the character NUL, where a text of this engine would end");
     }
@@ -159,7 +158,7 @@ void Cursor::Extend(std::size_t column, const Variant& data) {
 void Cursor::Update() {
     RequireOpen();
     if (m_mode == EditMode::None) {
-        throw EngineError(ErrorKind::NotEditing, 0, "Update without AddNew or Edit");
+        throw EngineError(ErrorKind::NotEditing, "Update without AddNew or Edit");
     }
     if (m_mode == EditMode::Adding)
         m_writing->added.Add(Writer(), m_writing->changes);

@@ -71,7 +71,9 @@ ErrorKind MeaningOf(std::int32_t code, std::span<const CodeMeaning> known) noexc
     return found == known.end() ? ErrorKind::Other : found->kind;
 }
 
-std::string ReadableStatement(std::string_view text) { return automation::Readable(text, LongestContext); }
+std::string BehindMessage(std::string_view statement) {
+    return " (" + automation::Readable(statement, LongestContext) + ")";
+}
 
 std::string DescribeFailure(const EngineError& error, std::string_view context) {
     const std::string words = automation::Readable(error.what(), LongestMessage);
@@ -88,7 +90,7 @@ std::string DescribeFailure(const EngineError& error, std::string_view context) 
     }
     if (context.empty()) context = error.Database();
     if (context.empty() || automation::ContainsIgnoreCase(error.what(), context)) return text;
-    return text.append(" (").append(ReadableStatement(context)).append(")");
+    return text + BehindMessage(context);
 }
 
 }  // namespace korvex::native::sql

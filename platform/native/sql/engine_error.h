@@ -55,10 +55,10 @@ ErrorKind MeaningOf(std::int32_t code, std::span<const CodeMeaning> known) noexc
 /// A failed engine call.
 class EngineError : public std::runtime_error {
   public:
-    /// `message` is the engine's own text; `nativeCode` its own number; `database` the file, or the
-    /// connection string as a message may show it.
-    EngineError(ErrorKind kind, std::int32_t nativeCode, const std::string& message,
-                std::string database = {})
+    /// `message` is the engine's own text; `database` the file, or the connection string as a message may
+    /// show it; `nativeCode` the engine's own number, where somebody asks for it.
+    EngineError(ErrorKind kind, const std::string& message, std::string database = {},
+                std::int32_t nativeCode = 0)
         : std::runtime_error(message),
           m_kind(kind),
           m_nativeCode(nativeCode),
@@ -74,8 +74,8 @@ class EngineError : public std::runtime_error {
     std::string m_database;
 };
 
-/// A statement as a message shows it, cut to a line that can be read.
-std::string ReadableStatement(std::string_view text);
+/// A statement as a message shows it at its end: " (...)", cut to a line that can be read.
+std::string BehindMessage(std::string_view statement);
 
 /// The failure in one sentence for a person: what is wrong, with the database where that is at fault, the
 /// engine's own words, and what to do. `context` (a statement, a column, a record) ends it, where it matters

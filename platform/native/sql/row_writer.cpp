@@ -11,7 +11,7 @@ namespace {
 using automation::Variant;
 
 [[noreturn]] void RaiseRecordChanged(const TableInfo& table, std::string_view what) {
-    throw EngineError(ErrorKind::RecordChanged, 0,
+    throw EngineError(ErrorKind::RecordChanged,
                       "The record of table " + table.name.table + " cannot be updated: " + std::string(what));
 }
 
@@ -39,9 +39,8 @@ RowIdentity RowWriter::Identify(const Row& row) const {
         if (!column.baseColumn.empty() && comparable) add(i);
     }
     if (identity.columns.empty()) {
-        throw EngineError(
-            ErrorKind::NotUpdatable, 0,
-            "A record of table " + m_plan->Table().name.table + " cannot be told from the others");
+        throw EngineError(ErrorKind::NotUpdatable, "A record of table " + m_plan->Table().name.table +
+                                                       " cannot be told from the others");
     }
     return identity;
 }
@@ -104,7 +103,7 @@ Variant RowWriter::NewKey(StatementLease& insert, std::string_view insertText) {
         case NewKeySource::None:
             break;
     }
-    throw EngineError(ErrorKind::Other, 0,
+    throw EngineError(ErrorKind::Other,
                       "The engine gave no key for the new record: " + std::string(insertText));
 }
 

@@ -103,7 +103,7 @@ void Session::RaiseNamingNear(const EngineError& error) {
     }
     const std::vector<std::string_view> names(tables.begin(), tables.end());
     const std::string hint = automation::DidYouMean(MissingTable(error.what()), names);
-    throw EngineError(error.Kind(), error.NativeCode(), error.what() + hint, error.Database());
+    throw EngineError(error.Kind(), error.what() + hint, error.Database());
 }
 
 StatementLease Session::Obtain(std::string_view text, std::string_view composed, StatementVerb kind) {
@@ -138,20 +138,20 @@ StatementText& Session::Scan(std::string_view composed) {
 }
 
 StatementLease Session::Prepare(std::string_view composed, std::span<const automation::Variant> values) {
-    if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, 0, "The statement is empty");
+    if (automation::Trim(composed).empty()) throw EngineError(ErrorKind::Syntax, "The statement is empty");
     if (!m_traits.textsHoldNul && composed.find('\0') != std::string_view::npos) {
-        throw EngineError(ErrorKind::Syntax, 0,
+        throw EngineError(ErrorKind::Syntax,
                           "The statement holds the character NUL, where this engine would end it");
     }
     StatementText& scan = Scan(composed);
     if (scan.secondStatement) {
-        throw EngineError(ErrorKind::SecondStatement, 0, "Characters found after end of SQL statement");
+        throw EngineError(ErrorKind::SecondStatement, "Characters found after end of SQL statement");
     }
     scan.literals.insert(scan.literals.end(), values.begin(), values.end());
     StatementLease lease = Obtain(scan.text, composed, scan.kind);
     if (lease->ParameterCount() != scan.literals.size()) {
         const std::size_t missing = lease->ParameterCount() - scan.literals.size();
-        throw EngineError(ErrorKind::TooFewParameters, 0,
+        throw EngineError(ErrorKind::TooFewParameters,
                           "Too few parameters: expected " + std::to_string(missing));
     }
     lease.m_wholeTable = scan.wholeTable;
@@ -183,7 +183,7 @@ void Session::Commit() {
     BeforeWrite();
     Check(CallKind::Commit, "commit");
     // A driver may call it done when there is nothing left to commit on.
-    if (m_isLost) throw EngineError(ErrorKind::ConnectionLost, 0, "Nothing of the transaction was stored");
+    if (m_isLost) throw EngineError(ErrorKind::ConnectionLost, "Nothing of the transaction was stored");
     DoCommit();
 }
 

@@ -29,27 +29,17 @@ void StatementCache::Give(Bucket& bucket, std::unique_ptr<Statement> statement) 
     if (statement) {
         bucket.idle.push_back(std::move(statement));
         ++m_idleCount;
-        Trim();
+        Trim(Limit);
     } else if (bucket.onLoan == 0 && bucket.idle.empty()) {
         m_byText.erase(bucket.text);
         m_buckets.erase(bucket.self);
     }
 }
 
-void StatementCache::Clear() noexcept {
-    m_idleCount = 0;
-    for (auto bucket = m_buckets.begin(); bucket != m_buckets.end();) {
-        const auto current = bucket++;
-        current->idle.clear();
-        if (current->onLoan > 0) continue;
-        m_byText.erase(current->text);
-        m_buckets.erase(current);
-    }
-}
-
-/// Drops what was used longest ago until the bound holds; buckets on loan stay, empty of idle statements.
-void StatementCache::Trim() noexcept {
-    for (auto bucket = m_buckets.end(); m_idleCount > m_limit && bucket != m_buckets.begin();) {
+/// Drops what was used longest ago until no more than `most` are left; buckets on loan stay, empty of idle
+/// statements.
+void StatementCache::Trim(std::size_t most) noexcept {
+    for (auto bucket = m_buckets.end(); m_idleCount > most && bucket != m_buckets.begin();) {
         --bucket;
         m_idleCount -= bucket->idle.size();
         bucket->idle.clear();

@@ -16,8 +16,6 @@ namespace korvex::native::sql {
 /// text may have several. Bounded: what was used longest ago goes first.
 class StatementCache {
   public:
-    explicit StatementCache(std::size_t limit = 256) : m_limit(limit) {}
-
     /// One text and its idle statements. Stays where it is while one of its statements is on loan.
     struct Bucket {
         std::string text;
@@ -35,12 +33,13 @@ class StatementCache {
     /// Ends a loan; a null pointer when the statement is not worth keeping.
     void Give(Bucket& bucket, std::unique_ptr<Statement> statement) noexcept;
     /// Drops every idle statement.
-    void Clear() noexcept;
+    void Clear() noexcept { Trim(0); }
 
   private:
-    void Trim() noexcept;
+    void Trim(std::size_t most) noexcept;
 
-    std::size_t m_limit;
+    static constexpr std::size_t Limit = 256;
+
     std::size_t m_idleCount = 0;
     std::list<Bucket> m_buckets;  ///< used last in front
     std::unordered_map<std::string_view, std::list<Bucket>::iterator> m_byText;

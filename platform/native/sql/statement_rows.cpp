@@ -72,8 +72,7 @@ void StatementRows::AdoptShape() {
     const std::shared_ptr<const RowShape>& given = m_statement->Shape();
     if (m_shape && m_shape != given &&
         !std::ranges::equal(m_shape->columns, given->columns, {}, &ColumnInfo::name, &ColumnInfo::name)) {
-        throw EngineError(ErrorKind::Other, 0,
-                          "The columns of the tables changed while the recordset was open");
+        throw EngineError(ErrorKind::Other, "The columns of the tables changed while the recordset was open");
     }
     m_shape = given;
 }
@@ -121,7 +120,7 @@ bool StatementRows::Fetch() {
 }
 
 Row& StatementRows::Values() {
-    if (!HasRow()) throw EngineError(ErrorKind::NoCurrentRecord, 0, "No current record");
+    if (!HasRow()) throw EngineError(ErrorKind::NoCurrentRecord, "No current record");
     Keep();
     return m_row.Values(*m_shape);
 }

@@ -14,14 +14,13 @@ const TableName& WritePlan::BaseTable(const RowShape& shape) {
     for (const ColumnInfo& column : shape.columns) {
         if (column.base.table.empty()) continue;
         if (base != nullptr && *base != column.base) {
-            throw EngineError(ErrorKind::NotUpdatable, 0,
-                              "Rows that come from several tables (" + base->table + ", " +
-                                  column.base.table + ") cannot be written");
+            throw EngineError(ErrorKind::NotUpdatable, "Rows that come from several tables (" + base->table +
+                                                           ", " + column.base.table + ") cannot be written");
         }
         base = &column.base;
     }
     if (base == nullptr) {
-        throw EngineError(ErrorKind::NotUpdatable, 0, "Rows that come from no table cannot be written");
+        throw EngineError(ErrorKind::NotUpdatable, "Rows that come from no table cannot be written");
     }
     return *base;
 }
@@ -88,7 +87,7 @@ std::string WritePlan::ComposeInsert(std::span<const std::size_t> columns) const
         text += ") VALUES (" + values + ")";
     }
     if (m_traits.newKey == NewKeySource::Returning) return text + ReturningText();
-    if (m_traits.newKey == NewKeySource::SameBatch && m_table->AutoNumber() != nullptr) {
+    if (m_traits.newKey == NewKeySource::SameBatch && m_table->HasAutoNumber()) {
         return text + "\n" + NewKeyQuery();
     }
     return text;

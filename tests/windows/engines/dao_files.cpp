@@ -35,8 +35,7 @@ bool IsDatabase(std::string_view path) {
 }
 
 std::unique_ptr<dao::Database> Connect(std::string_view path) {
-    return native::dao_engine::NativeWorkspace(nullptr).OpenConnection(
-        {}, false, "DRIVER=SQLite3;Database=" + UnixPath(path));
+    return native::dao_engine::OdbcDatabase("DRIVER=SQLite3;Database=" + UnixPath(path), false, nullptr);
 }
 
 }  // namespace

@@ -64,7 +64,6 @@ constexpr ClassInfo DatabaseClass{"Database", {}, DatabaseMembers};
 class WorkspaceObject final : public automation::TableObject {
   public:
     const ClassInfo& Class() const noexcept override;
-    native::dao_engine::NativeWorkspace engine{nullptr};
 };
 
 constexpr Parameter OpenConnectionParameters[] = {{"Name", VarType::String},
@@ -72,9 +71,9 @@ constexpr Parameter OpenConnectionParameters[] = {{"Name", VarType::String},
                                                   {"ReadOnly", VarType::Boolean},
                                                   {"Connect", VarType::String}};
 
-std::shared_ptr<DatabaseObject> OpenConnection(WorkspaceObject& workspace, const std::string& name,
-                                               const Variant&, bool readOnly, const std::string& connect) {
-    return std::make_shared<DatabaseObject>(workspace.engine.OpenConnection(name, readOnly, connect));
+std::shared_ptr<DatabaseObject> OpenConnection(WorkspaceObject&, const std::string&, const Variant&,
+                                               bool readOnly, const std::string& connect) {
+    return std::make_shared<DatabaseObject>(native::dao_engine::OdbcDatabase(connect, readOnly, nullptr));
 }
 
 constexpr Member WorkspaceMembers[] = {

@@ -1,10 +1,10 @@
 #include "platform/native/sql/odbc/odbc_column.h"
 
 #include "automation/convert.h"
+#include "automation/date_text.h"
 #include "automation/error.h"
 #include "automation/text.h"
 #include "platform/native/sql/column_value.h"
-#include "platform/native/sql/odbc/odbc_date.h"
 
 #include <algorithm>
 #include <charconv>
@@ -115,6 +115,15 @@ Variant ValueOfText(std::string text, const ColumnInfo& column) {
         default:
             return text;
     }
+}
+
+/// To the millisecond.
+automation::Date FromTimestamp(const SQL_TIMESTAMP_STRUCT& timestamp) {
+    const std::chrono::sys_days day = std::chrono::year{timestamp.year} / timestamp.month / timestamp.day;
+    return automation::FromMoment(
+        day + std::chrono::hours(timestamp.hour) + std::chrono::minutes(timestamp.minute) +
+        std::chrono::seconds(timestamp.second) +
+        std::chrono::floor<std::chrono::milliseconds>(std::chrono::nanoseconds(timestamp.fraction)));
 }
 
 template <class T>

@@ -210,7 +210,7 @@ OdbcDialect DialectOf(std::string_view engineName) {
 
 void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {
     const OdbcDiagnosis diagnosis = ReadDiagnosis(handle);
-    throw EngineError(KindOf(diagnosis, dialect), diagnosis.nativeCode, diagnosis.message, dialect.source);
+    throw EngineError(KindOf(diagnosis, dialect), diagnosis.message, dialect.source);
 }
 
 }  // namespace korvex::native::sql

@@ -10,11 +10,11 @@ namespace korvex::native::sql {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
-OdbcHandle::OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) : m_type(type) {
-    if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &m_handle))) {
-        m_handle = nullptr;
-        throw EngineError(ErrorKind::Other, 0, "The ODBC driver manager gives no handle");
-    }
+OdbcHandle::OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) {
+    SQLHANDLE handle = nullptr;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &handle)))
+        throw EngineError(ErrorKind::Other, "The ODBC driver manager gives no handle");
+    m_handle = {handle, Free{type}};
 }
 
 OdbcDiagnosis ReadDiagnosis(const OdbcHandle& handle) {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace korvex::native::sql {
 
@@ -18,23 +18,16 @@ class OdbcHandle {
     /// Allocates a handle of `type` (SQL_HANDLE_ENV, ...) under `parent`; EngineError when there is no
     /// memory.
     OdbcHandle(SQLSMALLINT type, SQLHANDLE parent);
-    OdbcHandle(OdbcHandle&& other) noexcept
-        : m_type(other.m_type), m_handle(std::exchange(other.m_handle, nullptr)) {}
-    OdbcHandle& operator=(OdbcHandle&& other) noexcept {
-        std::swap(m_type, other.m_type);
-        std::swap(m_handle, other.m_handle);
-        return *this;
-    }
-    ~OdbcHandle() {
-        if (m_handle != nullptr) SQLFreeHandle(m_type, m_handle);
-    }
 
-    SQLSMALLINT Type() const noexcept { return m_type; }
-    SQLHANDLE Get() const noexcept { return m_handle; }
+    SQLSMALLINT Type() const noexcept { return m_handle.get_deleter().type; }
+    SQLHANDLE Get() const noexcept { return m_handle.get(); }
 
   private:
-    SQLSMALLINT m_type = 0;
-    SQLHANDLE m_handle = nullptr;
+    struct Free {
+        SQLSMALLINT type;
+        void operator()(SQLHANDLE handle) const noexcept { SQLFreeHandle(type, handle); }
+    };
+    std::unique_ptr<void, Free> m_handle;
 };
 
 /// What a driver says about a failed call.

@@ -1,8 +1,8 @@
 #include "platform/native/sql/odbc/odbc_parameter.h"
 
 #include "automation/convert.h"
+#include "automation/date_text.h"
 #include "automation/text.h"
-#include "platform/native/sql/odbc/odbc_date.h"
 
 #include <algorithm>
 #include <bit>
@@ -55,6 +55,23 @@ SQLSMALLINT NullTypeFor(const ColumnInfo* column) noexcept {
     const auto* known = column == nullptr ? std::end(NullTypes)
                                           : std::ranges::find(NullTypes, column->type, &NullType::column);
     return known == std::end(NullTypes) ? SQLSMALLINT{SQL_VARCHAR} : known->sql;
+}
+
+/// To the millisecond.
+SQL_TIMESTAMP_STRUCT ToTimestamp(automation::Date date) {
+    const automation::Moment moment = automation::ToMoment(date);
+    const auto midnight = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day day(midnight);
+    const std::chrono::hh_mm_ss clock(moment - midnight);
+    SQL_TIMESTAMP_STRUCT timestamp{};
+    timestamp.year = static_cast<SQLSMALLINT>(static_cast<int>(day.year()));
+    timestamp.month = static_cast<SQLUSMALLINT>(static_cast<unsigned>(day.month()));
+    timestamp.day = static_cast<SQLUSMALLINT>(static_cast<unsigned>(day.day()));
+    timestamp.hour = static_cast<SQLUSMALLINT>(clock.hours().count());
+    timestamp.minute = static_cast<SQLUSMALLINT>(clock.minutes().count());
+    timestamp.second = static_cast<SQLUSMALLINT>(clock.seconds().count());
+    timestamp.fraction = static_cast<SQLUINTEGER>(std::chrono::nanoseconds(clock.subseconds()).count());
+    return timestamp;
 }
 
 }  // namespace

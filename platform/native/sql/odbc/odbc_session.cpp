@@ -53,10 +53,9 @@ void OdbcSession::Connect(const OdbcString& connectionString) {
         const OdbcDiagnosis diagnosis = ReadDiagnosis(m_connection);
         const std::string shown = connectionString.WithoutPassword();
         if (diagnosis.state.starts_with("28")) {
-            throw EngineError(ErrorKind::LoginRefused, diagnosis.nativeCode, diagnosis.message, shown);
+            throw EngineError(ErrorKind::LoginRefused, diagnosis.message, shown);
         }
-        throw EngineError(ErrorKind::ConnectFailed, diagnosis.nativeCode,
-                          diagnosis.message + " (" + shown + ")");
+        throw EngineError(ErrorKind::ConnectFailed, diagnosis.message + " (" + shown + ")");
     }
     m_connected = true;
 }

@@ -11,8 +11,8 @@ void RaiseSqliteError(sqlite3* database, int code) {
         (code & 0xff) == SQLITE_IOERR && database != nullptr &&
         (sqlite3_system_errno(database) == ENOSPC || sqlite3_system_errno(database) == EDQUOT);
     const char* file = database == nullptr ? nullptr : sqlite3_db_filename(database, "main");
-    throw EngineError(noSpace ? ErrorKind::DiskFull : ClassifySqliteError(code, message), code, message,
-                      file == nullptr ? "" : file);
+    throw EngineError(noSpace ? ErrorKind::DiskFull : ClassifySqliteError(code, message), message,
+                      file == nullptr ? "" : file, code);
 }
 
 }  // namespace korvex::native::sql

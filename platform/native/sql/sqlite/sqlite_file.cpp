@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 2> DesktopHeaders = {"Standard Jet DB", "
         error == ENOENT || error == ENOTDIR ? ErrorKind::FileNotFound : ErrorKind::CannotOpen;
     const std::string reason =
         kind == ErrorKind::FileNotFound ? "The file does not exist" : std::generic_category().message(error);
-    throw EngineError(kind, error, reason + ": " + path);
+    throw EngineError(kind, reason + ": " + path);
 }
 
 /// Read through the engine's own handle: closing another one of the same file would drop every lock that this
@@ -37,7 +37,7 @@ std::string ReadHeader(sqlite3* database) {
     std::array<char, 64> buffer{};
     const int code = file->pMethods->xRead(file, buffer.data(), static_cast<int>(buffer.size()), 0);
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
-        throw EngineError(ErrorKind::CannotOpen, code, sqlite3_errstr(code));
+        throw EngineError(ErrorKind::CannotOpen, sqlite3_errstr(code));
     return {buffer.data(), buffer.size()};
 }
 
@@ -49,7 +49,7 @@ bool HasDesktopMark(std::string_view header) noexcept {
 }
 
 [[noreturn]] void RaiseNotADatabase(const std::string& path, std::string_view why) {
-    throw EngineError(ErrorKind::NotADatabase, 0, std::string(why) + ": " + path);
+    throw EngineError(ErrorKind::NotADatabase, std::string(why) + ": " + path);
 }
 
 bool IsEmptyFile(const struct stat& status) noexcept {
@@ -99,7 +99,7 @@ bool MakeDatabaseFile(const std::string& path) {
     }
     struct stat status {};
     if (failure == EEXIST && ::stat(path.c_str(), &status) == 0 && IsEmptyFile(status)) return false;
-    throw EngineError(ErrorKind::CannotOpen, failure, std::generic_category().message(failure) + ": " + path);
+    throw EngineError(ErrorKind::CannotOpen, std::generic_category().message(failure) + ": " + path);
 }
 
 }  // namespace korvex::native::sql

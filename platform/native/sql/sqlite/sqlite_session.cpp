@@ -6,7 +6,6 @@
 #include "platform/native/sql/sqlite/sqlite_file.h"
 #include "platform/native/sql/sqlite/sqlite_statement.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <utility>
 
@@ -40,15 +39,15 @@ class NewFile {
 [[noreturn]] void RaiseForFile(const std::string& path, const EngineError& error) {
     if (error.NativeCode() == SQLITE_READONLY_DIRECTORY) {
         throw EngineError(
-            ErrorKind::CannotOpen, error.NativeCode(),
+            ErrorKind::CannotOpen,
             "The file keeps a write-ahead log beside itself, and no file can be made in its folder; "
             "ask for the right to write there, or have its owner do without the log "
             "(PRAGMA journal_mode = DELETE)",
             path);
     }
-    const EngineError named(error.Kind(), error.NativeCode(), error.what(), path);
+    const EngineError named(error.Kind(), error.what(), path);
     if (error.Kind() != ErrorKind::Locked) throw named;
-    throw EngineError(ErrorKind::CannotOpen, error.NativeCode(), DescribeFailure(named, {}), path);
+    throw EngineError(ErrorKind::CannotOpen, DescribeFailure(named, {}), path);
 }
 
 }  // namespace
@@ -71,7 +70,7 @@ void SqliteSession::OpenFile(const std::string& file, const SqliteOptions& optio
         return;
     }
     if (file == ":memory:") {
-        throw EngineError(ErrorKind::CannotOpen, 0,
+        throw EngineError(ErrorKind::CannotOpen,
                           "This names a database in memory, which nobody could open again; name a file");
     }
     const bool mayCreate = options.mode == SqliteMode::Create || options.mode == SqliteMode::CreateNew;
@@ -81,7 +80,7 @@ void SqliteSession::OpenFile(const std::string& file, const SqliteOptions& optio
         RequireDatabaseHeader(m_database.get(), file);
         Configure(options, false);
         if (options.mode == SqliteMode::CreateNew && !IsEmpty())
-            throw EngineError(ErrorKind::CannotOpen, EEXIST, "The file exists, it holds a database");
+            throw EngineError(ErrorKind::CannotOpen, "The file exists, it holds a database");
         return;
     }
     NewFile newFile(file);

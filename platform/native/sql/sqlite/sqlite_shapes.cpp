@@ -1,5 +1,6 @@
 #include "platform/native/sql/sqlite/sqlite_shapes.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -44,14 +45,6 @@ std::size_t Fingerprint(const std::vector<ColumnTexts>& columns) noexcept {
     return value;
 }
 
-bool Describes(const std::vector<ColumnTexts>& columns, const RowShape& shape) noexcept {
-    if (columns.size() != shape.columns.size()) return false;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!columns[i].Describes(shape.columns[i])) return false;
-    }
-    return true;
-}
-
 bool IsNullable(sqlite3* database, const ColumnInfo& column) {
     if (column.baseColumn.empty()) return true;
     int notNull = 0;
@@ -84,7 +77,8 @@ std::shared_ptr<const RowShape> SqliteShapes::Describe(sqlite3_stmt* statement) 
         columns.push_back(TextsOf(statement, i));
     const std::size_t fingerprint = Fingerprint(columns);
     if (const auto known = m_shapes.find(fingerprint);
-        known != m_shapes.end() && Describes(columns, *known->second)) {
+        known != m_shapes.end() &&
+        std::ranges::equal(columns, known->second->columns, std::mem_fn(&ColumnTexts::Describes))) {
         return known->second;
     }
     std::shared_ptr<const RowShape> shape = MakeShape(sqlite3_db_handle(statement), columns);

@@ -21,65 +21,51 @@ int StoredBoolean(bool value, const ColumnInfo* column) noexcept {
     return column != nullptr && column->type == ColumnType::Boolean ? 1 : -1;
 }
 
+/// The engine has no fixed numbers: an amount with too many digits would come back as another.
+double StoredCurrency(automation::Currency value, const ColumnInfo* column) {
+    const double stored = static_cast<double>(value.units) / 10000;
+    try {
+        if (automation::ToCurrency(stored) == value) return stored;
+    } catch (const automation::Error&) {
+        // Beyond what a Currency holds.
+    }
+    throw EngineError(ErrorKind::ValueTooLarge, "The value does not fit the column " +
+                                                    (column ? column->name : std::string()) +
+                                                    ": the engine keeps " + automation::ToString(value) +
+                                                    " as a number with fewer digits");
+}
+
 /// Binds one value; text and bytes are not copied, as they outlive the execution.
-class Binder {
-  public:
-    Binder(sqlite3_stmt* statement, int index, const ColumnInfo* column)
-        : m_statement(statement), m_index(index), m_column(column) {}
-
-    int operator()(bool value) const { return Integer(StoredBoolean(value, m_column)); }
-    template <class T>
-    requires std::is_integral_v<T>
-    int operator()(T value) const { return Integer(value); }
-    template <class T>
-    requires std::is_floating_point_v<T>
-    int operator()(T value) const {
-        return sqlite3_bind_double(m_statement, m_index, static_cast<double>(value));
-    }
-    int operator()(automation::Currency value) const {
-        if (value.units % 10000 == 0) return Integer(value.units / 10000);
-        const double stored = static_cast<double>(value.units) / 10000;
-        if (!IsSame(stored, value)) RaiseNotKept(value);
-        return (*this)(stored);
-    }
-    int operator()(automation::Date value) const {
-        const std::string text = DateText(value);
-        return sqlite3_bind_text64(m_statement, m_index, text.data(), text.size(), SQLITE_TRANSIENT,
-                                   SQLITE_UTF8);
-    }
-    int operator()(const std::string& value) const {
-        return sqlite3_bind_text64(m_statement, m_index, value.data(), value.size(), SQLITE_STATIC,
-                                   SQLITE_UTF8);
-    }
-    int operator()(const automation::Bytes& value) const {
-        if (value.empty()) return sqlite3_bind_zeroblob(m_statement, m_index, 0);
-        return sqlite3_bind_blob64(m_statement, m_index, value.data(), value.size(), SQLITE_STATIC);
-    }
-    template <class T>
-    requires std::is_empty_v<T> || std::is_same_v<T, automation::ObjectRef>
-    int operator()(const T&) const { return sqlite3_bind_null(m_statement, m_index); }
-
-  private:
-    static bool IsSame(double stored, automation::Currency value) {
-        try {
-            return automation::ToCurrency(stored) == value;
-        } catch (const automation::Error&) {
-            return false;
-        }
-    }
-    /// The engine has no fixed numbers: an amount with this many digits would come back as another.
-    [[noreturn]] void RaiseNotKept(automation::Currency value) const {
-        throw EngineError(ErrorKind::ValueTooLarge, automation::Overflow,
-                          "The value does not fit the column " + (m_column ? m_column->name : std::string()) +
-                              ": the engine keeps " + automation::ToString(value) +
-                              " as a number with fewer digits");
-    }
-    int Integer(std::int64_t value) const { return sqlite3_bind_int64(m_statement, m_index, value); }
-
-    sqlite3_stmt* m_statement;
-    int m_index;
-    const ColumnInfo* m_column;
-};
+int BindValue(sqlite3_stmt* statement, int index, const Variant& value, const ColumnInfo* column) {
+    const auto integer = [&](std::int64_t number) { return sqlite3_bind_int64(statement, index, number); };
+    const auto text = [&](const std::string& bytes, sqlite3_destructor_type lifetime) {
+        return sqlite3_bind_text64(statement, index, bytes.data(), bytes.size(), lifetime, SQLITE_UTF8);
+    };
+    return std::visit(
+        [&](const auto& held) {
+            using T = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<T, bool>) {
+                return integer(StoredBoolean(held, column));
+            } else if constexpr (std::is_integral_v<T>) {
+                return integer(held);
+            } else if constexpr (std::is_floating_point_v<T>) {
+                return sqlite3_bind_double(statement, index, static_cast<double>(held));
+            } else if constexpr (std::is_same_v<T, automation::Currency>) {
+                if (held.units % 10000 == 0) return integer(held.units / 10000);
+                return sqlite3_bind_double(statement, index, StoredCurrency(held, column));
+            } else if constexpr (std::is_same_v<T, automation::Date>) {
+                return text(DateText(held), SQLITE_TRANSIENT);
+            } else if constexpr (std::is_same_v<T, std::string>) {
+                return text(held, SQLITE_STATIC);
+            } else if constexpr (std::is_same_v<T, automation::Bytes>) {
+                if (held.empty()) return sqlite3_bind_zeroblob(statement, index, 0);
+                return sqlite3_bind_blob64(statement, index, held.data(), held.size(), SQLITE_STATIC);
+            } else {
+                return sqlite3_bind_null(statement, index);
+            }
+        },
+        value.Value());
+}
 
 }  // namespace
 
@@ -91,18 +77,16 @@ SqliteStatement::SqliteStatement(sqlite3* database, SqliteShapes& shapes, std::s
                                              SQLITE_PREPARE_PERSISTENT, &statement, &tail));
     m_statement.reset(statement);
     if (HoldsStatement(text.substr(static_cast<std::size_t>(tail - text.data())))) {
-        throw EngineError(ErrorKind::SecondStatement, SQLITE_MISUSE,
-                          "Characters found after end of SQL statement");
+        throw EngineError(ErrorKind::SecondStatement, "Characters found after end of SQL statement");
     }
-    if (statement == nullptr) throw EngineError(ErrorKind::Syntax, SQLITE_ERROR, "The statement is empty");
+    if (statement == nullptr) throw EngineError(ErrorKind::Syntax, "The statement is empty");
     m_shape = m_shapes.Describe(statement);
     m_parameterCount = static_cast<std::size_t>(sqlite3_bind_parameter_count(statement));
     m_writes = sqlite3_stmt_readonly(statement) == 0;
 }
 
 void SqliteStatement::Bind(std::size_t index, const Variant& value, const ColumnInfo* column) {
-    const Binder binder(m_statement.get(), static_cast<int>(index) + 1, column);
-    CheckSqlite(m_database, std::visit(binder, value.Value()));
+    CheckSqlite(m_database, BindValue(m_statement.get(), static_cast<int>(index) + 1, value, column));
 }
 
 void SqliteStatement::Execute() {
