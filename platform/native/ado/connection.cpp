@@ -46,7 +46,7 @@ std::shared_ptr<ado::Recordset> NativeConnection::Execute(std::string_view text,
                                                           std::int32_t* recordsAffected) {
     auto recordset = std::make_shared<NativeRecordset>();
     const std::int64_t affected =
-        recordset->OpenExecuted(text, std::static_pointer_cast<NativeConnection>(shared_from_this()));
+        recordset->Run(std::static_pointer_cast<NativeConnection>(shared_from_this()), text);
     if (recordsAffected != nullptr) {
         constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
         *recordsAffected = static_cast<std::int32_t>(std::min(affected, most));
@@ -57,7 +57,7 @@ std::shared_ptr<ado::Recordset> NativeConnection::Execute(std::string_view text,
 std::shared_ptr<ado::Recordset> NativeConnection::Query(std::string_view text,
                                                         std::span<const automation::Variant> values) {
     auto recordset = std::make_shared<NativeRecordset>();
-    recordset->OpenExecuted(text, std::static_pointer_cast<NativeConnection>(shared_from_this()), values);
+    recordset->Run(std::static_pointer_cast<NativeConnection>(shared_from_this()), text, values);
     return recordset;
 }
 

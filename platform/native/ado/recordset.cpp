@@ -14,12 +14,6 @@ namespace {
 
 using automation::Error;
 
-std::shared_ptr<OpenRows> OpenText(std::string_view text, std::shared_ptr<NativeConnection> connection,
-                                   bool isUpdatable, std::span<const automation::Variant> values = {}) {
-    return WithErrors<AdoError>(
-        text, [&] { return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable, values); });
-}
-
 void RequireBetween(std::int32_t value, std::int32_t lowest, std::int32_t highest,
                     std::string_view property) {
     if (value >= lowest && value <= highest) return;
@@ -56,14 +50,13 @@ void NativeRecordset::Open(std::string_view source, const std::shared_ptr<ado::C
     auto native = std::static_pointer_cast<NativeConnection>(connection);
     if (cursorType != ado::adUnspecified) CursorType(cursorType);
     if (lockType != ado::adUnspecified) LockType(lockType);
-    std::shared_ptr<OpenRows> rows = OpenText(source, std::move(native), m_lockType != ado::adLockReadOnly);
-    if (rows->HasColumns()) m_rows = std::move(rows);
+    Run(std::move(native), source, {}, m_lockType != ado::adLockReadOnly);
 }
 
-std::int64_t NativeRecordset::OpenExecuted(std::string_view text,
-                                           std::shared_ptr<NativeConnection> connection,
-                                           std::span<const automation::Variant> values) {
-    std::shared_ptr<OpenRows> rows = OpenText(text, std::move(connection), false, values);
+std::int64_t NativeRecordset::Run(std::shared_ptr<NativeConnection> connection, std::string_view text,
+                                  std::span<const automation::Variant> values, bool isUpdatable) {
+    auto rows = WithErrors<AdoError>(
+        text, [&] { return std::make_shared<OpenRows>(std::move(connection), text, isUpdatable, values); });
     const std::int64_t affected = rows->AffectedRows();
     if (rows->HasColumns()) m_rows = std::move(rows);
     return affected;

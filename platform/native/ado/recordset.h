@@ -46,10 +46,10 @@ class NativeRecordset final : public ado::Recordset {
     }
     std::shared_ptr<const void> Layout() override { return Rows().Layout(); }
 
-    /// Runs a statement at once, with these values for its placeholders, for reading; gives the number of
-    /// records that an action changed.
-    std::int64_t OpenExecuted(std::string_view text, std::shared_ptr<NativeConnection> connection,
-                              std::span<const automation::Variant> values = {});
+    /// Runs a statement, with these values for its placeholders; gives the number of records that an action
+    /// changed.
+    std::int64_t Run(std::shared_ptr<NativeConnection> connection, std::string_view text,
+                     std::span<const automation::Variant> values = {}, bool isUpdatable = false);
 
   private:
     bool IsOpen() const noexcept { return m_rows && m_rows->IsOpen(); }

@@ -17,7 +17,5 @@ std::unique_ptr<dao::Database> DatabaseOn(std::unique_ptr<sql::Session> session,
 /// The database behind an ODBC connection string.
 std::unique_ptr<dao::Database> OdbcDatabase(std::string_view connect, bool readOnly,
                                             std::shared_ptr<sql::Seam> seam);
-/// The rows of a statement; `updatable` for a dynaset.
-std::unique_ptr<dao::Recordset> RecordsetOf(sql::Session& session, std::string_view text, bool updatable);
 
 }  // namespace korvex::native::dao_engine

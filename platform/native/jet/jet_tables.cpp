@@ -49,14 +49,10 @@ class JetTable {
   private:
     [[noreturn]] void RaiseDamaged(std::string_view what) const;
 
-    struct Free {
-        void operator()(MdbTableDef* table) const noexcept { mdb_free_tabledef(table); }
-    };
-
     MdbHandle& m_file;
     std::string m_name;
     MdbCatalogEntry m_entry{};
-    std::unique_ptr<MdbTableDef, Free> m_table;
+    std::unique_ptr<MdbTableDef, decltype(&mdb_free_tabledef)> m_table{nullptr, &mdb_free_tabledef};
     std::array<MdbField, MDB_MAX_COLS> m_fields{};
     unsigned int m_row = 0;
 };
@@ -120,10 +116,7 @@ void JetTable::RaiseDamaged(std::string_view what) const {
 constexpr unsigned long ListPage = 2;
 constexpr std::int32_t PageMask = 0xFFFFFF;
 
-struct Close {
-    void operator()(MdbHandle* file) const noexcept { mdb_close(file); }
-};
-using File = std::unique_ptr<MdbHandle, Close>;
+using File = std::unique_ptr<MdbHandle, decltype(&mdb_close)>;
 
 /// How a table stands in the list: its own, or that of another file or server.
 enum ListedType : std::int32_t { OwnTable = 1, OdbcLink = 4, FileLink = 6 };
@@ -135,7 +128,7 @@ struct ListedTable {
 };
 
 File OpenFile(const std::string& path) {
-    File file(mdb_open(path.c_str(), MDB_NOFLAGS));
+    File file(mdb_open(path.c_str(), MDB_NOFLAGS), &mdb_close);
     if (!file) throw Error(dao::UnrecognizedFormat, "it is of a version that is not known here");
     std::error_code failure;
     if (std::filesystem::file_size(path, failure) % static_cast<std::uintmax_t>(file->fmt->pg_size) != 0)
