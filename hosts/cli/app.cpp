@@ -4,7 +4,6 @@
 #include "automation/text.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/shell/command_tree.h"
-#include "hosts/cli/shell/shell_commands.h"
 #include "hosts/cli/shell/variables.h"
 
 #include <cstdint>
@@ -14,10 +13,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#ifndef KORVEX_VERSION
-#error "the build passes KORVEX_VERSION"
-#endif
 
 namespace korvex::cli {
 

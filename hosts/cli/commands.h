@@ -61,5 +61,11 @@ void AddDeleteCommand(CLI::App& parent, Console& console);
 void AddExistsCommand(CLI::App& parent, Console& console);
 void AddFieldGetCommand(CLI::App& parent, Console& console);
 void AddFieldSetCommand(CLI::App& parent, Console& console);
+/// help [COMMAND]...
+void AddHelpCommand(CLI::App& root, Console& console);
+/// completion bash | zsh | storages R
+void AddCompletionCommands(CLI::App& root, Console& console);
+/// man FOLDER
+void AddManCommand(CLI::App& root, Console& console);
 
 }  // namespace korvex::cli

@@ -3,7 +3,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 #include "repository/related_catalog.h"
 #include "scriptgen/generator.h"
 #include "scriptgen/migration/live_tables.h"

@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/cli/wording.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -41,10 +42,7 @@ bool IsForEmbeddedEngine(std::string_view connection) {
 }
 
 std::string ConnectionToFile(const std::string& file) {
-    std::string connection = "Provider=SQLite;Data Source=\"";
-    for (const char c : file)
-        connection.append(c == '"' ? 2 : 1, c);
-    return connection + '"';
+    return "Provider=SQLite;Data Source=" + InQuotes(file, '"');
 }
 
 std::string WithCreateMode(const std::string& connection) {

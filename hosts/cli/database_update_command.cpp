@@ -4,7 +4,7 @@
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/progress.h"
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 #include "repository/names.h"
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/database_update.h"
@@ -143,8 +143,7 @@ void RunUpdate(const UpdateSettings& settings, Console& console) {
     if (Json* document = console.Document())
         (*document)["statements"] = steps.size();
     else
-        console.Results() << steps.size() << (steps.size() == 1 ? " statement" : " statements") << " run ("
-                          << dialect.Name() << ")\n";
+        console.Results() << CountText(steps.size(), "statement") << " run (" << dialect.Name() << ")\n";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "hosts/cli/program.h"
 
 #include "automation/error.h"
+#include "hosts/cli/shell/variables.h"
 
 #include <algorithm>
 #include <array>
@@ -114,8 +115,7 @@ bool ReadAll(std::span<pollfd> pipes, std::span<std::string> texts, Clock::time_
 /// The program that the first variable with a text names, with its arguments; empty for none.
 std::vector<std::string> NamedProgram(std::span<const char* const> variables) {
     for (const char* variable : variables) {
-        const char* value = std::getenv(variable);
-        std::istringstream stream(value == nullptr ? "" : value);
+        std::istringstream stream(ValueOf(variable));
         std::vector<std::string> words;
         for (std::string word; stream >> word;)
             words.push_back(word);

@@ -3,6 +3,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
+#include "hosts/cli/wording.h"
 
 #include <nlohmann/json.hpp>
 
@@ -17,10 +18,6 @@ using Json = nlohmann::ordered_json;
 struct CheckOptions : CommonOptions {
     std::string dialect;
 };
-
-std::string CountText(std::size_t count, const char* what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
 
 const char* WordOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 

@@ -5,7 +5,7 @@
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/shell/progress.h"
 #include "hosts/cli/source.h"
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 #include "repository/schema.h"
 
 #include <algorithm>

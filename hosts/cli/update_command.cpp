@@ -3,7 +3,6 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
 #include "hosts/cli/data/json_input.h"
-#include "hosts/cli/data/result_text.h"
 #include "objects/json.h"
 #include "platform/ado_transaction.h"
 

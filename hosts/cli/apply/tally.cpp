@@ -1,23 +1,12 @@
 #include "hosts/cli/apply/tally.h"
 
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <string_view>
 
 namespace korvex::cli {
-
-namespace {
-
-std::string Plural(std::string_view noun) { return std::string(noun) + (noun.ends_with('x') ? "es" : "s"); }
-
-std::string Counted(std::size_t count, std::string_view noun) {
-    return std::to_string(count) + " " + (count == 1 ? std::string(noun) : Plural(noun));
-}
-
-}  // namespace
 
 void Tally::Add(const ApplyStep& step) noexcept {
     const auto [deed, thing, name] = step.subject;
@@ -36,14 +25,14 @@ std::vector<std::string> Tally::Lines() const {
         std::vector<std::string> parts;
         for (std::size_t i = 0; i < ThingCount; ++i) {
             const std::size_t count = m_counts[static_cast<std::size_t>(deed)][i];
-            if (count > 0) parts.push_back(Counted(count, NounOf(static_cast<Thing>(i))));
+            if (count > 0) parts.push_back(CountText(count, NounOf(static_cast<Thing>(i))));
         }
         if (deed == Deed::Drop) std::ranges::reverse(parts);
         if (!parts.empty())
             lines.push_back(JoinNames(parts) + (deed == Deed::Create ? " created" : " dropped"));
     }
-    if (m_others > 0) lines.push_back(Counted(m_others, "other statement") + " run");
-    if (m_repeats > 0) lines.push_back(Counted(m_repeats, "repeated statement") + " skipped");
+    if (m_others > 0) lines.push_back(CountText(m_others, "other statement") + " run");
+    if (m_repeats > 0) lines.push_back(CountText(m_repeats, "repeated statement") + " skipped");
     return lines;
 }
 

@@ -43,6 +43,20 @@ void CheckDefinition(const Catalog& catalog, const std::string& storage, std::st
     CheckScriptNames(definition, findings);
 }
 
+/// Definitions of one storage name are one for a run. What `check` raises is an error of the definition.
+template <class Check>
+void ForEachDefinition(const Catalog& catalog, Findings& findings, Check&& check) {
+    std::set<std::string_view> seen;
+    for (const repository::DataDefRow& row : catalog.DataDefs()) {
+        if (!seen.insert(row.Storage).second) continue;
+        try {
+            check(row.Storage);
+        } catch (const automation::Error& error) {
+            findings.Error("definition " + row.Storage + ": " + error.Description());
+        }
+    }
+}
+
 /// Columns are stored without the blanks around their names, and looked for with them.
 void CheckPrefix(std::string_view fkPrefix, Findings& findings) {
     if (!fkPrefix.starts_with(' ')) return;
@@ -89,6 +103,10 @@ std::string ObjectText(const Catalog& catalog, repository::ObjectId objectID) {
     return object == nullptr ? "ObjectID " + std::to_string(Number(objectID)) : ObjectText(*object);
 }
 
+std::string ValueText(const repository::ValueRow& value) {
+    return "value " + value.Name + " (ValueID " + std::to_string(Number(value.ValueID)) + ")";
+}
+
 std::string ObjectText(const repository::ObjectRow& object) {
     return "object " + object.Name + " (ObjectID " + std::to_string(Number(object.ObjectID)) + ")";
 }
@@ -107,16 +125,23 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix, std::st
 
 void CheckDefinitions(const Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
                       Findings& findings) {
-    std::set<std::string> seen;
-    for (const repository::DataDefRow& dataDef : catalog.DataDefs()) {
-        if ((!storage.empty() && dataDef.Storage != storage) || !seen.insert(dataDef.Storage).second)
-            continue;
+    ForEachDefinition(catalog, findings, [&](const std::string& name) {
+        if (storage.empty() || name == storage) CheckDefinition(catalog, name, fkPrefix, findings);
+    });
+}
+
+void CheckForEngine(const Catalog& catalog, std::string_view fkPrefix,
+                    const scriptgen::EngineDialect& dialect, Findings& findings) {
+    ForEachDefinition(catalog, findings, [&](const std::string& name) {
         try {
-            CheckDefinition(catalog, dataDef.Storage, fkPrefix, findings);
+            const auto tables = scriptgen::DescribeDefinition(catalog, name, fkPrefix);
+            for (const std::string& problem : dialect.Problems(tables))
+                findings.Error("definition " + name + ": " + problem);
         } catch (const automation::Error& error) {
-            findings.Error("definition " + dataDef.Storage + ": " + error.Description());
+            // What has no end is told by the other checks.
+            if (error.Number() != automation::OutOfStackSpace) throw;
         }
-    }
+    });
 }
 
 void WarnOfDanger(const Findings& findings, Console& console) {

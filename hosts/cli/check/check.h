@@ -65,6 +65,8 @@ void CheckColumns(const CheckedDefinition& definition, Findings& findings);
 /// scripts leave out.
 void CheckScriptNames(const CheckedDefinition& definition, Findings& findings);
 
+/// "value Street (ValueID 7)".
+std::string ValueText(const repository::ValueRow& value);
 /// "value with ValueID 7 has no name".
 std::string NamelessText(const repository::ValueRow& value);
 

@@ -1,5 +1,3 @@
-#include "automation/convert.h"
-#include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
 #include "hosts/cli/check/reserved_words.h"
@@ -69,24 +67,15 @@ CheckedTable Checked(const repository::RelatedCatalog& rows, const scriptgen::De
         if (IsKey(rows, *value, column)) entry.origins = KeyOrigins(rows, table, column);
         if (!entry.origins.empty()) continue;
         entry.value = value;
-        entry.origins = {"value " + value->Name + " (ValueID " + std::to_string(Number(value->ValueID)) +
-                         ")"};
+        entry.origins = {ValueText(*value)};
     }
     return checked;
-}
-
-std::optional<double> Number(const std::string& text) {
-    try {
-        return automation::ParseNumber(text);
-    } catch (const automation::Error&) {
-        return std::nullopt;
-    }
 }
 
 /// Maximum length as the scripts read it: 0 for an empty text, nothing for text that is no number.
 std::optional<double> MaxLength(const ValueRow& value) {
     const std::string text(automation::Trim(value.MaxLength));
-    return text.empty() ? 0 : Number(text);
+    return text.empty() ? 0 : NumberIn(text);
 }
 
 /// Names of columns go into the scripts as they stand, those of keys into every statement about a record.
@@ -129,12 +118,6 @@ void CheckType(const CheckedTable& table, const ValueRow& value, Findings& findi
     }
 }
 
-void CheckNumericDefault(const std::string& place, const std::string& text, Findings& findings) {
-    if (!text.empty() && !Number(text)) {
-        findings.Warning(place + ": the default " + text + " is no number");
-    }
-}
-
 /// Defaults go into the scripts as they stand; what a server will not read is told here.
 void CheckDefault(const CheckedTable& table, const ValueRow& value, Findings& findings) {
     const std::string place = table.place + ": value " + value.Name;
@@ -142,36 +125,22 @@ void CheckDefault(const CheckedTable& table, const ValueRow& value, Findings& fi
         findings.Error(place + ": the default holds a control character, which ends a line of the scripts");
     if (value.IsAutoNumber) return;
     const std::string text(automation::Trim(value.DefaultVal));
-    switch (value.DataType) {
-        case TypeInteger:
-        case TypeLong:
-        case 4:
-        case 5:
-        case 6:
-        case TypeBoolean:
-            CheckNumericDefault(place, text, findings);
-            break;
-        case TypeDate:
-            break;
-        case TypeString: {
-            if (text.find('\'') != std::string::npos) {
-                findings.Warning(place + ": the default holds a single quote, which ends the text early");
-            }
-            const double length = MaxLength(value).value_or(0);
-            if (length > 0 && static_cast<double>(automation::Length(text)) > length) {
-                findings.Warning(place + ": the default is longer than MaxLength");
-            }
-            break;
-        }
-        default: {
-            const bool isNullable =
-                value.DataType == TypeNull || value.DataType == TypeObject || value.DataType == TypeVariant;
-            if (!isNullable || !text.empty()) {
-                findings.Warning(place +
-                                 ": a column of this data type gets an empty default clause, which "
-                                 "servers refuse");
-            }
-        }
+    if (IsNumeric(value.DataType)) {
+        if (!text.empty() && !NumberIn(text))
+            findings.Warning(place + ": the default " + text + " is no number");
+    } else if (value.DataType == TypeString) {
+        if (text.find('\'') != std::string::npos)
+            findings.Warning(place + ": the default holds a single quote, which ends the text early");
+        const double length = MaxLength(value).value_or(0);
+        if (length > 0 && static_cast<double>(automation::Length(text)) > length)
+            findings.Warning(place + ": the default is longer than MaxLength");
+    } else if (value.DataType != TypeDate) {
+        const bool isNullable =
+            value.DataType == TypeNull || value.DataType == TypeObject || value.DataType == TypeVariant;
+        if (!isNullable || !text.empty())
+            findings.Warning(place +
+                             ": a column of this data type gets an empty default clause, which "
+                             "servers refuse");
     }
 }
 

@@ -1,9 +1,9 @@
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
-#include "hosts/cli/check/held_objects.h"
 #include "repository/key_values.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace korvex::cli {
@@ -47,17 +47,21 @@ void CheckKeyValues(const Catalog& catalog, Findings& findings) {
         const repository::InterfaceRow* interface = catalog.FindInterface(row.InterfaceID);
         const bool isKey = interface != nullptr && repository::IsKeyValue(row.VID, interface->Name);
         if (!isKey || keys.contains(row.ValueID)) continue;
-        findings.Warning("value " + row.Name + " (ValueID " + std::to_string(Number(row.ValueID)) +
-                         ") was a key once and is none any more; it stays a column");
+        findings.Warning(ValueText(row) + " was a key once and is none any more; it stays a column");
     }
 }
 
 void CheckParents(const Catalog& catalog, Findings& findings) {
-    HeldObjects objects(catalog);
+    std::map<repository::ObjectId, std::set<repository::ObjectId>> heldBy;  // those that were asked for
     for (const ForeignKeyRow& row : catalog.ForeignKeys()) {
         const Findings::About about(findings, {row.ObjectID});
         if (catalog.FindObject(row.FKObjectID) == nullptr) continue;
-        if (objects.Holds(row.FKObjectID, row.ObjectID)) continue;
+        const auto [held, isNew] = heldBy.try_emplace(row.FKObjectID);
+        if (isNew) {
+            const auto children = catalog.ChildrenOf(row.FKObjectID);
+            held->second.insert(children.begin(), children.end());
+        }
+        if (held->second.contains(row.ObjectID)) continue;
         findings.Warning(ObjectText(catalog, row.ObjectID) + " still refers to " +
                          ObjectText(catalog, row.FKObjectID) + ", which does not hold it any more");
     }

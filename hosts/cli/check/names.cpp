@@ -38,10 +38,6 @@ bool HasValues(const Catalog& catalog, repository::ObjectId objectID) {
                        [&keys](const repository::ValueRow* value) { return !keys.contains(value->ValueID); });
 }
 
-std::string ValueText(const repository::ValueRow& value) {
-    return "value " + value.Name + " (ValueID " + std::to_string(Number(value.ValueID)) + ")";
-}
-
 }  // namespace
 
 void CheckNames(const Catalog& catalog, Findings& findings) {

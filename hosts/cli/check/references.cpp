@@ -13,10 +13,6 @@ std::string Id(const char* column, repository::RowId auto id) {
     return std::string(column) + " " + std::to_string(Number(id));
 }
 
-std::string ValueText(const repository::ValueRow& value) {
-    return "value " + value.Name + " (" + Id("ValueID", value.ValueID) + ")";
-}
-
 void CheckDataDefs(const Catalog& catalog, Findings& findings) {
     std::set<std::string> storages;
     for (const repository::DataDefRow& row : catalog.DataDefs()) {

@@ -37,6 +37,15 @@ std::string RecordText(objects::Definition& definition, std::int32_t key);
 /// A whole number of 32 bits. Raises TypeMismatch (13) or Overflow (6), naming it.
 std::int32_t ReadKey(const std::string& text);
 
+/// What a result code says, and what to do about it.
+struct ResultText {
+    dbResults code;
+    std::string_view meaning;
+    std::string_view remedy;  ///< empty for none
+};
+
+const ResultText& TextOf(dbResults code) noexcept;
+
 /// A connected clsCRUD. Failures are said on the console and end the command with RuntimeError.
 class DataSession {
   public:

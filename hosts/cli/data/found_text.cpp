@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "automation/text.h"
+#include "hosts/cli/wording.h"
 #include "objects/base64.h"
 #include "objects/json_value.h"
 
@@ -31,9 +32,7 @@ void WriteJsonLine(const FoundObject& object, const std::vector<std::string>& na
 std::string CsvField(const Variant& value) {
     std::string text = LineOf(value);
     if (value.IsNull() || (!text.empty() && text.find_first_of(",\"\r\n") == std::string::npos)) return text;
-    for (std::size_t quote = text.find('"'); quote != std::string::npos; quote = text.find('"', quote + 2))
-        text.insert(quote, 1, '"');
-    return '"' + text + '"';
+    return InQuotes(text, '"');
 }
 
 void WriteCsvLine(const std::vector<Variant>& values, std::ostream& results) {

@@ -1,5 +1,8 @@
 #include "hosts/cli/model/data_types.h"
 
+#include "automation/convert.h"
+#include "automation/error.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -19,35 +22,31 @@ constexpr DataTypeName Names[] = {
 std::span<const DataTypeName> DataTypeNames() noexcept { return Names; }
 
 std::optional<std::int32_t> DataTypeCode(std::string_view name) noexcept {
-    const auto* entry = std::find_if(std::begin(Names), std::end(Names),
-                                     [name](const DataTypeName& type) { return type.name == name; });
-    if (entry == std::end(Names)) return std::nullopt;
-    return entry->code;
+    const auto* entry = std::ranges::find(Names, name, &DataTypeName::name);
+    return entry == std::end(Names) ? std::nullopt : std::optional(entry->code);
 }
 
 std::string_view DataTypeText(std::int32_t code) noexcept {
-    const auto* entry = std::find_if(std::begin(Names), std::end(Names),
-                                     [code](const DataTypeName& type) { return type.code == code; });
+    const auto* entry = std::ranges::find(Names, code, &DataTypeName::code);
     return entry == std::end(Names) ? std::string_view() : entry->name;
 }
 
 bool BecomesColumn(std::int32_t code) noexcept { return code != TypeNull && code != TypeNoColumn; }
 
+bool IsNumeric(std::int32_t code) noexcept {
+    return (code >= TypeInteger && code < TypeDate) || code == TypeBoolean;
+}
+
 bool HasLength(std::int32_t code, bool oracle) noexcept {
-    switch (code) {
-        case TypeInteger:
-        case TypeLong:
-        case 4:
-        case 5:
-        case 6:
-        case TypeDate:
-        case TypeObject:
-        case TypeBoolean:
-            return false;
-        case TypeVariant:
-            return oracle;
-        default:
-            return true;
+    if (code == TypeVariant) return oracle;
+    return !IsNumeric(code) && code != TypeDate && code != TypeObject;
+}
+
+std::optional<double> NumberIn(std::string_view text) {
+    try {
+        return automation::ParseNumber(text);
+    } catch (const automation::Error&) {
+        return std::nullopt;
     }
 }
 

@@ -38,8 +38,14 @@ std::string_view DataTypeText(std::int32_t code) noexcept;
 /// Whether a plain value of that type becomes a column of its object's table.
 bool BecomesColumn(std::int32_t code) noexcept;
 
+/// Whole and broken numbers, money and flags.
+bool IsNumeric(std::int32_t code) noexcept;
+
 /// Types whose columns take their size from the value's maximum length: text and every unknown code; with
 /// `oracle` variants as well.
 bool HasLength(std::int32_t code, bool oracle) noexcept;
+
+/// The number that a text is; nothing for any other text.
+std::optional<double> NumberIn(std::string_view text);
 
 }  // namespace korvex::cli

@@ -2,7 +2,7 @@
 
 #include "automation/text.h"
 #include "hosts/cli/model/model_match.h"
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 #include "repository/names.h"
 
 #include <algorithm>

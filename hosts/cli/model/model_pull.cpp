@@ -1,7 +1,5 @@
 #include "hosts/cli/model/model_pull.h"
 
-#include "automation/convert.h"
-#include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
 #include "repository/names.h"
@@ -68,14 +66,6 @@ std::optional<std::string> QuotedText(std::string_view literal) {
     return std::nullopt;
 }
 
-std::optional<double> Number(std::string_view text) {
-    try {
-        return automation::ParseNumber(text);
-    } catch (const automation::Error&) {
-        return std::nullopt;
-    }
-}
-
 /// The value of a default as a catalogue writes it; "" for Null, nothing for what is no literal.
 std::optional<std::string> DefaultValue(std::string_view text) {
     if (text.starts_with('(') && text.ends_with(')')) text = text.substr(1, text.size() - 2);
@@ -85,7 +75,7 @@ std::optional<std::string> DefaultValue(std::string_view text) {
     if (EqualsIgnoreCase(text, "true")) return "1";
     if (EqualsIgnoreCase(text, "false")) return "0";
     text = text.substr(0, text.find("::"));
-    return Number(text) ? std::optional(std::string(text)) : std::nullopt;
+    return NumberIn(text) ? std::optional(std::string(text)) : std::nullopt;
 }
 
 bool IsStateColumn(std::string_view name) {
@@ -254,7 +244,7 @@ class Puller {
         if (!text)
             return Tell(table, column.FieldName,
                         " has the default " + column.DefaultVal + ", which is no value");
-        const bool isNothing = value.DataType != TypeString && Number(*text) == 0.0;
+        const bool isNothing = value.DataType != TypeString && NumberIn(*text) == 0.0;
         if (!isNothing) value.DefaultVal = *text;
     }
 

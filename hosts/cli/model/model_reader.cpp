@@ -1,18 +1,17 @@
 #include "hosts/cli/model/model_reader.h"
 
-#include "automation/convert.h"
 #include "automation/error.h"
 #include "automation/nearest_name.h"
 #include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
 #include "hosts/cli/model/json_file.h"
 #include "hosts/cli/model/json_node.h"
-#include "hosts/cli/model/references.h"
-#include "hosts/cli/suggest.h"
+#include "hosts/cli/wording.h"
 #include "repository/names.h"
 
 #include <functional>
 #include <limits>
+#include <map>
 #include <unordered_set>
 #include <utility>
 
@@ -71,13 +70,57 @@ std::int32_t ReadDataType(const JsonNode& node) {
 std::string ReadMaxLength(const JsonNode& node) {
     if (node.IsNumber()) return std::to_string(node.Whole(0, LongMax));
     std::string text = node.Text();
-    try {
-        static_cast<void>(automation::ParseNumber(text));
-    } catch (const automation::Error&) {
-        node.Fail(automation::Quoted(text) + " is no number");
-    }
+    if (!NumberIn(text)) node.Fail(automation::Quoted(text) + " is no number");
     return text;
 }
+
+/// The names by which a model file's objects (or interfaces) refer to one another: an entry's "id", or its
+/// name when it has none.
+class References {
+  public:
+    /// `kind` is what complaints call an entry.
+    explicit References(std::string_view kind) : m_kind(kind) {}
+
+    /// Adds the entry written at `node`. An id that is taken is complained about.
+    void Add(const JsonNode& node, const std::string& name, std::size_t index) {
+        if (!node.Has("id")) {
+            m_byName[name].push_back(index);
+            return;
+        }
+        const JsonNode id = node.At("id");
+        const std::string text = id.NonEmptyText();
+        const auto [entry, isNew] = m_ids.emplace(text, node.Path());
+        if (!isNew) id.Fail(automation::Quoted(text) + " is the id of " + entry->second + " as well");
+        m_byName[text].push_back(index);
+    }
+
+    /// The entry that the text at `node` refers to. Complains about an unknown one, naming the nearest, and
+    /// about one that several entries share.
+    std::size_t Resolve(const JsonNode& node) const {
+        const std::string name = node.NonEmptyText();
+        const auto entry = m_byName.find(name);
+        if (entry == m_byName.end()) {
+            const std::vector<std::string_view> known = [this] {
+                std::vector<std::string_view> names;
+                for (const auto& item : m_byName)
+                    names.emplace_back(item.first);
+                return names;
+            }();
+            node.Fail("no " + std::string(m_kind) + " " + automation::Quoted(name) +
+                      automation::DidYouMean(name, known));
+        }
+        if (entry->second.size() > 1) {
+            node.Fail("several " + std::string(m_kind) + "s " + automation::Quoted(name) +
+                      "; give the one meant an \"id\"");
+        }
+        return entry->second.front();
+    }
+
+  private:
+    std::string_view m_kind;
+    std::map<std::string, std::vector<std::size_t>> m_byName;
+    std::map<std::string, std::string> m_ids;  ///< explicit ids with their place
+};
 
 class ModelReader {
   public:

@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "hosts/cli/model/model_changes.h"
+#include "hosts/cli/wording.h"
 
 #include <algorithm>
 #include <limits>
@@ -298,7 +299,7 @@ class Store {
         for (const auto& [storage, roots] : before) {
             const auto same = now.find(storage);
             if (same != now.end() && (roots == same->second || roots.size() == 1)) continue;
-            m_database.Execute("delete from tDataDefs where Storage = " + Literal(storage));
+            m_database.Execute("delete from tDataDefs where Storage = " + InQuotes(storage, '\''));
         }
         TableWriter table(m_after, m_database, "tDataDefs");
         for (const ModelDefinition& definition : m_after.definitions) {
@@ -307,7 +308,7 @@ class Store {
             if (old != before.end() && old->second == now.at(definition.storage)) continue;
             if (old != before.end() && old->second.size() == 1) {
                 m_database.Execute("update tDataDefs set RootObjectID = " + std::to_string(Number(root)) +
-                                   " where Storage = " + Literal(definition.storage));
+                                   " where Storage = " + InQuotes(definition.storage, '\''));
                 continue;
             }
             table.Begin(definition.place);
@@ -315,13 +316,6 @@ class Store {
             table.Put("RootObjectID", "root", root);
             table.Store();
         }
-    }
-
-    static std::string Literal(const std::string& text) {
-        std::string literal = "'";
-        for (const char c : text)
-            literal.append(c == '\'' ? 2 : 1, c);
-        return literal + "'";
     }
 
     void DeleteRest() const {

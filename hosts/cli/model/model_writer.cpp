@@ -33,14 +33,19 @@ std::string OneLine(const Json& value) {
 }
 
 /// Items one a line, indented by `depth` steps, between brackets.
-std::string Lines(const std::vector<std::string>& items, std::size_t depth) {
-    if (items.empty()) return "[]";
+std::string Lines(const std::vector<std::string>& items, std::size_t depth,
+                  std::string_view brackets = "[]") {
+    if (items.empty()) return std::string(brackets);
     const std::string indent(2 * depth, ' ');
-    std::string text = "[\n";
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        text += indent + "  " + items[i] + (i + 1 < items.size() ? ",\n" : "\n");
-    }
-    return text + indent + "]";
+    std::string text;
+    for (const std::string& item : items)
+        text += (text.empty() ? "\n  " : ",\n  ") + indent + item;
+    return brackets.front() + text + "\n" + indent + brackets.back();
+}
+
+/// The same for members of an object.
+std::string Block(const std::vector<std::string>& members, std::size_t depth) {
+    return Lines(members, depth, "{}");
 }
 
 /// The names by which entries are referred to: their own, numbered where several share one.
@@ -119,15 +124,6 @@ class ModelWriter {
 
     static std::string Member(std::string_view name, const Json& value) {
         return OneLine(Json(name)) + ": " + OneLine(value);
-    }
-
-    static std::string Block(const std::vector<std::string>& members, std::size_t depth) {
-        const std::string indent(2 * depth, ' ');
-        std::string text = "{\n";
-        for (std::size_t i = 0; i < members.size(); ++i) {
-            text += indent + "  " + members[i] + (i + 1 < members.size() ? ",\n" : "\n");
-        }
-        return text + indent + "}";
     }
 
     std::vector<std::string> Values(const ModelInterface& interface) const {

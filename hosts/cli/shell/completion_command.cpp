@@ -5,7 +5,6 @@
 #include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/completion.h"
-#include "hosts/cli/shell/shell_commands.h"
 #include "hosts/cli/source.h"
 
 #include <csignal>

@@ -1,6 +1,5 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/shell/command_tree.h"
-#include "hosts/cli/shell/shell_commands.h"
 
 #include <algorithm>
 #include <memory>

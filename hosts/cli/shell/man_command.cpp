@@ -1,7 +1,7 @@
 #include "hosts/cli/commands.h"
 #include "hosts/cli/session.h"
 #include "hosts/cli/shell/man_pages.h"
-#include "hosts/cli/shell/shell_commands.h"
+#include "hosts/cli/shell/variables.h"
 #include "hosts/cli/text_file.h"
 
 #include <cstdlib>
@@ -15,9 +15,9 @@ namespace {
 
 /// The day that a build which can be repeated says is its own; none else, so that pages never differ.
 std::string BuildDate() {
-    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-    if (epoch == nullptr || *epoch == '\0') return {};
-    const std::time_t seconds = std::strtoll(epoch, nullptr, 10);
+    const std::string epoch = ValueOf("SOURCE_DATE_EPOCH");
+    if (epoch.empty()) return {};
+    const std::time_t seconds = std::strtoll(epoch.c_str(), nullptr, 10);
     std::tm day{};
     char text[sizeof "2000-01-01 and more"];
     if (gmtime_r(&seconds, &day) == nullptr || std::strftime(text, sizeof text, "%Y-%m-%d", &day) == 0)

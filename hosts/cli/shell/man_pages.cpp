@@ -1,5 +1,7 @@
 #include "hosts/cli/shell/man_pages.h"
 
+#include "hosts/cli/wording.h"
+
 #include <cctype>
 #include <string_view>
 #include <utility>
@@ -12,18 +14,7 @@ using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 /// For roff: hyphens, quotes and backslashes stay what they are, and no line begins a request.
 std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : text) {
-        if (c == '\\') {
-            escaped += "\\e";
-        } else if (c == '-') {
-            escaped += "\\-";
-        } else if (c == '\'') {
-            escaped += "\\(aq";
-        } else {
-            escaped += c;
-        }
-    }
+    const std::string escaped = cli::Escaped(text, {{'\\', "\\e"}, {'-', "\\-"}, {'\'', "\\(aq"}});
     return escaped.starts_with('.') ? "\\&" + escaped : escaped;
 }
 

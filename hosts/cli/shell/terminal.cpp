@@ -1,23 +1,15 @@
 #include "hosts/cli/shell/terminal.h"
 
-#include <cstdlib>
+#include "hosts/cli/shell/variables.h"
+
 #include <unistd.h>
 
 namespace korvex::cli {
 
-namespace {
-
-std::string_view Variable(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::string_view() : value;
-}
-
-}  // namespace
-
 Terminals TerminalsOfProcess() {
-    const std::string_view kind = Variable("TERM");
+    const std::string kind = ValueOf("TERM");
     if (kind.empty() || kind == "dumb") return {};
-    return {isatty(STDOUT_FILENO) == 1, isatty(STDERR_FILENO) == 1, Variable("NO_COLOR").empty()};
+    return {isatty(STDOUT_FILENO) == 1, isatty(STDERR_FILENO) == 1, ValueOf("NO_COLOR").empty()};
 }
 
 std::string Coloured(std::string_view line) {

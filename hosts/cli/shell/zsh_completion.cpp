@@ -1,4 +1,5 @@
 #include "hosts/cli/shell/completion.h"
+#include "hosts/cli/wording.h"
 
 #include <string_view>
 
@@ -30,16 +31,7 @@ constexpr std::string_view Tail = R"zsh(
 
 /// Inside single quotes; brackets and colons would divide what _arguments and _describe read.
 std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : text) {
-        if (c == '\'') {
-            escaped += "'\\''";
-            continue;
-        }
-        if (c == '[' || c == ']' || c == ':' || c == '\\') escaped += '\\';
-        escaped += c;
-    }
-    return escaped;
+    return cli::Escaped(text, {{'\'', "'\\''"}, {'[', "\\["}, {']', "\\]"}, {':', "\\:"}, {'\\', "\\\\"}});
 }
 
 /// "NAME:(mssql oracle)": what stands behind an option, or at a place.

@@ -1,4 +1,5 @@
 #include "hosts/cli/show/render.h"
+#include "hosts/cli/wording.h"
 
 #include <string_view>
 
@@ -23,12 +24,7 @@ constexpr std::string_view PlainBoxes =
 )";
 
 std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\') quoted += '\\';
-        quoted += c;
-    }
-    return quoted + "\"";
+    return '"' + Escaped(text, {{'"', "\\\""}, {'\\', "\\\\"}}) + '"';
 }
 
 std::string Cell(std::string_view attributes, std::string_view content) {

@@ -1,6 +1,8 @@
 #include "automation/text.h"
 #include "hosts/cli/show/render.h"
+#include "hosts/cli/wording.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace korvex::cli {
@@ -12,30 +14,20 @@ namespace {
 std::string Word(std::string_view text) {
     std::string word;
     for (const char c : text) {
-        const bool isDigit = c >= '0' && c <= '9';
-        const bool isWord =
-            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit || c == '_' || c == '(' || c == ')';
-        if (word.empty() && isDigit) word = "_";
         const bool isWithinCharacter = (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-        if (!isWithinCharacter) word += isWord ? c : '_';
+        if (!isWithinCharacter) word += IsPlain(c) || c == '(' || c == ')' ? c : '_';
     }
     const bool isMark = automation::EqualsIgnoreCase(word, "PK") ||
                         automation::EqualsIgnoreCase(word, "FK") || automation::EqualsIgnoreCase(word, "UK");
-    return word.empty() || isMark ? "_" + word : word;
+    return isMark ? "_" + word : AsIdentifier(word);
 }
 
 /// What stands between quotes takes neither these nor percent signs, backslashes and control characters.
 std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '"') {
-            quoted += "#quot;";
-        } else {
-            const bool isTaken = static_cast<unsigned char>(c) >= 0x20 && c != '%' && c != '\\';
-            quoted += isTaken ? c : '_';
-        }
-    }
-    return quoted + "\"";
+    std::string quoted = Escaped(text, {{'"', "#quot;"}, {'%', "_"}, {'\\', "_"}});
+    std::ranges::replace_if(
+        quoted, [](unsigned char c) { return c < 0x20; }, '_');
+    return '"' + quoted + '"';
 }
 
 std::string Title(const ShownObject& object) {

@@ -1,10 +1,8 @@
 #include "hosts/cli/show/page.h"
 
-#include <algorithm>
+#include "hosts/cli/wording.h"
 
-#ifndef KORVEX_VERSION
-#error "the build passes KORVEX_VERSION"
-#endif
+#include <algorithm>
 
 namespace korvex::cli {
 
@@ -12,10 +10,6 @@ namespace {
 
 /// Lists are indented no further than this.
 constexpr std::size_t DeepestListIndent = 6;
-
-std::string CountText(std::size_t count, const char* what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
 
 class Page {
   public:

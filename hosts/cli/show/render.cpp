@@ -2,32 +2,15 @@
 
 #include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
+#include "hosts/cli/wording.h"
 
 #include <algorithm>
+#include <cctype>
+#include <functional>
 #include <set>
+#include <utility>
 
 namespace korvex::cli {
-
-namespace {
-
-const char* EscapeOf(char c) {
-    switch (c) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        case '"':
-            return "&quot;";
-        case '\'':
-            return "&#39;";
-        default:
-            return nullptr;
-    }
-}
-
-}  // namespace
 
 std::string TypeText(std::int32_t dataType, const std::string& maxLength) {
     const std::string_view name = DataTypeText(dataType);
@@ -43,30 +26,32 @@ std::string PictureID(const ShownObject& object) { return "picture-" + object.id
 
 std::string MarkupText(std::string_view text) {
     std::string markup;
-    for (const char c : automation::ToUtf8(automation::ToUtf16(text))) {
+    for (const char c :
+         Escaped(automation::ToUtf8(automation::ToUtf16(text)),
+                 {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\'', "&#39;"}})) {
         const bool isControl = static_cast<unsigned char>(c) < 0x20 || c == '\x7F';
-        if (const char* escape = EscapeOf(c)) {
-            markup += escape;
-        } else if (isControl && c != '\t' && c != '\n') {
+        if (isControl && c != '\t' && c != '\n')
             markup += "\xEF\xBF\xBD";
-        } else {
+        else
             markup += c;
-        }
     }
     return markup;
+}
+
+bool IsPlain(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
+
+std::string AsIdentifier(std::string word) {
+    if (word.empty() || std::isdigit(static_cast<unsigned char>(word.front())) != 0) word.insert(0, "_");
+    return word;
 }
 
 std::vector<std::string> DiagramNames(const Model& model) {
     std::set<std::string> used;
     std::vector<std::string> names;
     for (const ModelObject& object : model.objects) {
-        std::string base;
-        for (const char c : object.Name) {
-            const bool isPlain =
-                (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-            base += isPlain ? c : '_';
-        }
-        if (base.empty() || (base.front() >= '0' && base.front() <= '9')) base.insert(0, "_");
+        std::string base = object.Name;
+        std::ranges::replace_if(base, std::not_fn(IsPlain), '_');
+        base = AsIdentifier(std::move(base));
         std::string name = base;
         for (int n = 2; !used.insert(name).second; ++n) {
             name = base + "_" + std::to_string(n);

@@ -30,6 +30,11 @@ std::string PictureID(const ShownObject& object);
 /// "string(40)", "long", "17".
 std::string TypeText(std::int32_t dataType, const std::string& maxLength);
 
+/// Whether diagram languages take the character within an identifier: letters, digits and underscores of
+/// ASCII; and a word of such characters that is an identifier, whatever it begins with.
+bool IsPlain(char c);
+std::string AsIdentifier(std::string word);
+
 /// One name per object that diagram languages take as an identifier: letters, digits and underscores,
 /// numbered where two would be the same.
 std::vector<std::string> DiagramNames(const Model& model);
