@@ -34,8 +34,6 @@ std::vector<Variant> ReadArguments(const Member* member, const py::args& argumen
     return values;
 }
 
-py::str Text(std::string_view text) { return {text.data(), text.size()}; }
-
 }  // namespace
 
 py::object Invoke(const Handle& self, const std::string& name, InvokeKind kind, const py::args& arguments) {
@@ -108,10 +106,7 @@ py::object NextRecord(const Handle& recordset) {
         if (!isAtEnd) records->MoveNext();
     }
     if (isAtEnd) return py::none();
-    py::tuple row(values.size());
-    for (std::size_t i = 0; i < values.size(); ++i)
-        row[i] = ToPython(values[i]);
-    return row;
+    return ToPython(values);
 }
 
 }  // namespace korvex::python

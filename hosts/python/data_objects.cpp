@@ -4,6 +4,7 @@
 #include "hosts/cli/database_file.h"
 #include "hosts/python/host_platform.h"
 #include "hosts/python/values.h"
+#include "objects/find.h"
 #include "objects/json.h"
 #include "objects/json_state.h"
 #include "objects/json_value.h"
@@ -12,8 +13,12 @@
 #include "repository/repository.h"
 #include "surface/target_tables.h"
 
+#include <functional>
+#include <memory>
 #include <pybind11/stl.h>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvex::python {
 
@@ -50,7 +55,7 @@ class Dictionary {
         py::list items;
         for (const auto& item : object.Items())
             items.append(Of(*item));
-        members[py::str(std::string(objects::ItemsMember))] = items;
+        members[Text(objects::ItemsMember)] = items;
         return members;
     }
 
@@ -60,10 +65,10 @@ class Dictionary {
         bool isSet = false;
         for (const auto& one : objects::StatesOf(object.Type())) {
             const auto value = objects::GetState(object, one);
-            state[py::str(std::string(one.name))] = value;
+            state[Text(one.name)] = value;
             isSet = isSet || value != 0;
         }
-        if (isSet) members[py::str(std::string(objects::StateMember))] = state;
+        if (isSet) members[Text(objects::StateMember)] = state;
     }
 
     const platform::StackGuard m_stack;
@@ -140,13 +145,6 @@ void AddDefinitions(py::module_& module) {
     });
 }
 
-/// The tables of a definition and the connection to work on.
-struct Target {
-    Target(const std::string& source, const std::string& storageName, const std::string& prefix)
-        : tables(HostPlatform(), source, storageName, prefix) {}
-    TargetTables tables;
-};
-
 Handle Connect(const std::string& connectionString) {
     auto connection = HostPlatform().targetProvider->CreateConnection();
     connection->Open(connectionString);
@@ -154,38 +152,85 @@ Handle Connect(const std::string& connectionString) {
 }
 
 /// Makes the database file where there is none, if the engine takes the definition at all.
-Handle ConnectForCreation(const Target& target, const std::string& connectionString) {
+Handle ConnectForCreation(const TargetTables& tables, const std::string& connectionString) {
     if (!cli::IsForEmbeddedEngine(connectionString)) return Connect(connectionString);
-    target.tables.ExpectTakenBy("sqlite");
+    tables.ExpectTakenBy("sqlite");
     return Connect(cli::WithCreateMode(connectionString));
+}
+
+/// What a change of the tables in a database did: its lines and its notes.
+template <auto change>
+auto ReportOf(const TargetTables& self, const Handle& connection) {
+    TargetReport report = std::invoke(change, self, connection.As<ado::Connection>());
+    return std::pair(std::move(report.Lines), std::move(report.Notes));
 }
 
 void AddTables(py::module_& module) {
     const auto without_interpreter = py::call_guard<py::gil_scoped_release>();
     module.def("connect", Connect, without_interpreter);
-    py::class_<Target>(module, "TargetTables")
-        .def(py::init<const std::string&, const std::string&, const std::string&>(), without_interpreter)
+    py::class_<TargetTables>(module, "TargetTables")
+        .def(py::init(
+                 [](const std::string& source, const std::string& storageName, const std::string& prefix) {
+                     return std::make_unique<TargetTables>(HostPlatform(), source, storageName, prefix);
+                 }),
+             without_interpreter)
         .def("connect", ConnectForCreation, without_interpreter)
-        .def(
-            "create",
-            [](const Target& self, const Handle& connection) {
-                const TargetReport report = self.tables.Create(connection.As<ado::Connection>());
-                return std::pair(report.Lines, report.Notes);
-            },
-            without_interpreter)
-        .def(
-            "drop",
-            [](const Target& self, const Handle& connection) {
-                const TargetReport report = self.tables.Drop(connection.As<ado::Connection>());
-                return std::pair(report.Lines, report.Notes);
-            },
-            without_interpreter)
+        .def("create", ReportOf<&TargetTables::Create>, without_interpreter)
+        .def("drop", ReportOf<&TargetTables::Drop>, without_interpreter)
         .def(
             "check",
-            [](const Target& self, const Handle& connection) {
-                return self.tables.Check(*connection.As<ado::Connection>());
+            [](const TargetTables& self, const Handle& connection) {
+                return self.Check(*connection.As<ado::Connection>());
             },
             without_interpreter);
+}
+
+objects::Search ReadSearch(const std::vector<std::string>& where, std::vector<std::string> fields,
+                           std::string order, bool isDescending, std::optional<std::size_t> limit) {
+    objects::Search search{
+        .fields = std::move(fields), .order = std::move(order), .isDescending = isDescending, .limit = limit};
+    for (const std::string& condition : where)
+        search.where.push_back(objects::ReadCondition(condition));
+    return search;
+}
+
+/// A search that goes on as long as somebody asks.
+class StoredObjects {
+  public:
+    StoredObjects(const Handle& definition, const Handle& connection, const std::vector<std::string>& where,
+                  std::vector<std::string> fields, std::string order, bool isDescending,
+                  std::optional<std::size_t> limit)
+        : m_connection(connection),
+          m_found(
+              objects::Find(*definition.As<objects::Definition>(), connection.As<ado::Connection>(),
+                            ReadSearch(where, std::move(fields), std::move(order), isDescending, limit))) {}
+
+    const std::vector<std::string>& Names() const noexcept { return m_found.Names(); }
+
+    /// Key and values of the next object; None behind the last.
+    py::object Next() {
+        m_connection.Object();  // refuses another thread
+        std::optional<objects::FoundObject> found;
+        {
+            const py::gil_scoped_release others;
+            found = m_found.Next();
+        }
+        if (!found) return py::none();
+        return py::make_tuple(found->key, ToPython(found->values));
+    }
+
+  private:
+    Handle m_connection;
+    objects::FoundObjects m_found;
+};
+
+void AddStoredObjects(py::module_& module) {
+    py::class_<StoredObjects>(module, "StoredObjects")
+        .def(py::init<const Handle&, const Handle&, const std::vector<std::string>&, std::vector<std::string>,
+                      std::string, bool, std::optional<std::size_t>>(),
+             py::call_guard<py::gil_scoped_release>())
+        .def("names", &StoredObjects::Names)
+        .def("next", &StoredObjects::Next);
 }
 
 }  // namespace
@@ -194,6 +239,7 @@ void AddDataObjects(py::module_& module) {
     AddDefinitions(module);
     AddObjects(module);
     AddTables(module);
+    AddStoredObjects(module);
 }
 
 }  // namespace korvex::python

@@ -2,11 +2,10 @@
 
 #include "hosts/python/handle.h"
 
-/// The library's own data objects, their definitions, and the tables of a definition.
 namespace korvex::python {
 
+/// The library's own data objects, their definitions, the tables of a definition, and stored objects found by
+/// their values.
 void AddDataObjects(py::module_& module);
-/// Stored ones, found by their values.
-void AddStoredObjects(py::module_& module);
 
 }  // namespace korvex::python

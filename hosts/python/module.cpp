@@ -40,6 +40,11 @@ Handle CreateCrud(py::object newDataObject) {
     return Handle(std::make_shared<clsCRUD>(platform));
 }
 
+template <automation::InvokeKind kind>
+py::object Invoke(const Handle& self, const std::string& name, const py::args& arguments) {
+    return python::Invoke(self, name, kind, arguments);
+}
+
 template <class Names>
 py::list List(const Names& names) {
     py::list list;
@@ -71,18 +76,9 @@ PYBIND11_MODULE(_korvex, module) {
     py::register_exception_translator(Translate);
 
     py::class_<Handle>(module, "Handle")
-        .def("call",
-             [](const Handle& self, const std::string& name, const py::args& arguments) {
-                 return Invoke(self, name, automation::InvokeKind::Method, arguments);
-             })
-        .def("get",
-             [](const Handle& self, const std::string& name, const py::args& arguments) {
-                 return Invoke(self, name, automation::InvokeKind::PropertyGet, arguments);
-             })
-        .def("let",
-             [](const Handle& self, const std::string& name, const py::args& arguments) {
-                 Invoke(self, name, automation::InvokeKind::PropertyLet, arguments);
-             })
+        .def("call", Invoke<automation::InvokeKind::Method>)
+        .def("get", Invoke<automation::InvokeKind::PropertyGet>)
+        .def("let", Invoke<automation::InvokeKind::PropertyLet>)
         .def_property_readonly("class_name", &Handle::ClassName)
         .def_property_readonly("address", &Handle::Address);
     py::class_<Iterator>(module, "Iterator")
@@ -100,5 +96,4 @@ PYBIND11_MODULE(_korvex, module) {
     module.def("results", [] { return List(DbResultNames); });
     module.def("attributes", [] { return List(AttributeNames); });
     AddDataObjects(module);
-    AddStoredObjects(module);
 }

@@ -42,8 +42,6 @@ QORObject::Ref AsDataObject(const Variant& value) {
     return value.IsNull() ? nullptr : automation::ObjectAs<QORObject>(value);
 }
 
-py::str Text(std::string_view text) { return {text.data(), text.size()}; }
-
 }  // namespace
 
 PythonObject::~PythonObject() { Release(m_object); }

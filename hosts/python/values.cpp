@@ -188,6 +188,13 @@ Variant ToVariant(py::handle value, VarType expected) {
 
 py::object ToPython(const Variant& value) { return std::visit(Conversion(), value.Value()); }
 
+py::tuple ToPython(const std::vector<Variant>& values) {
+    py::tuple row(values.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+        row[i] = ToPython(values[i]);
+    return row;
+}
+
 py::str ReadableText(std::string_view text) {
     PyObject* const result =
         PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "replace");

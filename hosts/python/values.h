@@ -4,6 +4,7 @@
 #include "hosts/python/handle.h"
 
 #include <string_view>
+#include <vector>
 
 /// Values between Python and the library. What automation cannot hold is refused, never changed.
 namespace korvex::python {
@@ -19,6 +20,10 @@ automation::Variant ToVariant(py::handle value, automation::VarType expected = a
 /// Empty, Null and Nothing are None; Currency is a Decimal, a date a datetime.
 py::object ToPython(const automation::Variant& value);
 
+/// Values as a tuple.
+py::tuple ToPython(const std::vector<automation::Variant>& values);
+
+inline py::str Text(std::string_view text) { return {text.data(), text.size()}; }
 /// Text for people; what is no UTF-8 is replaced.
 py::str ReadableText(std::string_view text);
 
