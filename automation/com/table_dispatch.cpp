@@ -41,41 +41,29 @@ DISPID ParameterId(const automation::ClassInfo& info, std::string_view memberNam
     return DISPID_UNKNOWN;
 }
 
-/// The caller's arguments in the order of the parameters, each with its index in the caller's own list.
-struct OrderedArguments {
-    std::vector<VARIANT*> values;
-    std::vector<UINT> indexes;
-
-    explicit OrderedArguments(std::size_t count) : values(count), indexes(count) {}
-
-    void Set(std::size_t position, DISPPARAMS& parameters, UINT index) {
-        values[position] = &parameters.rgvarg[index];
-        indexes[position] = index;
-    }
-};
-
-/// Callers list positional arguments from the last to the first, behind the named ones.
-HRESULT OrderArguments(DISPPARAMS& parameters, OrderedArguments& ordered, UINT* badArgument) {
-    const std::size_t count = ordered.values.size();
+/// The caller's arguments in the order of the parameters. Callers list positional arguments from the last to
+/// the first, behind the named ones.
+HRESULT OrderArguments(DISPPARAMS& parameters, std::span<VARIANT*> ordered, UINT* badArgument) {
+    const std::size_t count = ordered.size();
     if (parameters.cArgs > count || parameters.cNamedArgs > parameters.cArgs) return DISP_E_BADPARAMCOUNT;
     for (UINT i = 0; i < parameters.cArgs - parameters.cNamedArgs; ++i) {
-        ordered.Set(i, parameters, parameters.cArgs - 1 - i);
+        ordered[i] = &parameters.rgvarg[parameters.cArgs - 1 - i];
     }
     for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
         const DISPID id = parameters.rgdispidNamedArgs[i];
         const std::size_t position = id == DISPID_PROPERTYPUT ? count - 1 : static_cast<std::size_t>(id);
-        if (position >= count || ordered.values[position] != nullptr) {
+        if (position >= count || ordered[position] != nullptr) {
             if (badArgument != nullptr) *badArgument = i;
             return DISP_E_PARAMNOTFOUND;
         }
-        ordered.Set(position, parameters, i);
+        ordered[position] = &parameters.rgvarg[i];
     }
     return S_OK;
 }
 
-bool LacksArgument(const Member& member, const OrderedArguments& ordered) {
+bool LacksArgument(const Member& member, std::span<VARIANT* const> ordered) {
     for (std::size_t i = 0; i < member.parameters.size(); ++i) {
-        if (!member.parameters[i].optional && ordered.values[i] == nullptr) return true;
+        if (!member.parameters[i].optional && ordered[i] == nullptr) return true;
     }
     return false;
 }
@@ -151,19 +139,20 @@ HRESULT TableDispatch::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS
         } else {
             const Member* member = FindRow(id, flags);
             if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
-            OrderedArguments ordered(member->parameters.size());
+            std::vector<VARIANT*> ordered(member->parameters.size());
             const HRESULT ordering = OrderArguments(*parameters, ordered, badArgument);
             if (FAILED(ordering)) return ordering;
             if (LacksArgument(*member, ordered)) return DISP_E_BADPARAMCOUNT;
             std::vector<Variant> values;
             std::size_t position = 0;
             try {
-                values = ReadArguments(*member, ordered.values, position);
+                values = ReadArguments(*member, ordered, position);
             } catch (const Error& error) {
-                if (badArgument != nullptr) *badArgument = ordered.indexes[position];
+                if (badArgument != nullptr)
+                    *badArgument = static_cast<UINT>(ordered[position] - parameters->rgvarg);
                 return ArgumentResult(error);
             }
-            value = ComVariant(Call(*member, ordered.values, std::move(values)));
+            value = ComVariant(Call(*member, ordered, std::move(values)));
         }
         if (result != nullptr) *result = value.Detach();
         return S_OK;
