@@ -69,7 +69,7 @@ std::shared_ptr<ado::Recordset> CrudState::OpenRecordset(const std::string& sSQL
         return records;
     } catch (const Error& error) {
         Trap(error);
-        ++m_failedOpens;
+        ++m_counts.failedOpens;
         Fail(dbCannotOpenRecordset);
         return nullptr;
     }
@@ -100,7 +100,7 @@ std::string CrudState::GetForeignKeyFieldName(const QORObject::Ref& coDataDef) {
 void CrudState::Execute(const std::string& sSQL) {
     if (m_oConn == nullptr) throw Error(automation::ObjectVariableNotSet, "There is no connection (DbConn).");
     m_oConn->Execute(sSQL, ado::adUnspecified);
-    NoteWrite();
+    ++m_counts.writes;
 }
 
 QORObject::Ref CrudState::NewDataObject() const {
@@ -118,7 +118,7 @@ Descent::Descent(CrudState& session, bool isUpdate)
     if (m_outermost) {
         session.m_trapped.reset();
         session.m_stack.emplace();
-        session.m_writes = 0;
+        session.m_counts.writes = 0;
     }
     if (!session.m_stack->HasRoom()) {
         if (m_outermost) session.m_stack.reset();

@@ -15,6 +15,17 @@
 
 namespace korvex::persistence {
 
+/// What the steps of a session came to so far.
+struct StepCounts {
+    /// Statements that did not open. Steps that go on after one, as the inserts and deletes of a tree do,
+    /// leave no other trace of it when later calls reset the last result.
+    std::size_t failedOpens = 0;
+    /// Changed objects that an update passed over, because their records are gone.
+    std::size_t passedOver = 0;
+    /// Inserts, changes and deletes that the last descent sent.
+    std::size_t writes = 0;
+};
+
 /// What one clsCRUD keeps between calls: its connection, the foreign-key prefix and the last result.
 class CrudState {
   public:
@@ -59,15 +70,7 @@ class CrudState {
     void Trap(const automation::Error& error) {
         if (!m_trapped) m_trapped = error;
     }
-    /// Statements that did not open so far. Steps that go on after one, as the inserts and deletes of a tree
-    /// do, leave no other trace of it when later calls reset the last result.
-    std::size_t FailedOpens() const noexcept { return m_failedOpens; }
-    /// Changed objects that an update passed over, because their records are gone.
-    std::size_t PassedOver() const noexcept { return m_passedOver; }
-    void NotePassedOver() noexcept { ++m_passedOver; }
-    /// Inserts, changes and deletes that the last descent sent.
-    std::size_t Writes() const noexcept { return m_writes; }
-    void NoteWrite() noexcept { ++m_writes; }
+    StepCounts& Counts() noexcept { return m_counts; }
     /// Runs an action statement; engine errors reach the caller.
     void Execute(const std::string& sSQL);
     /// A working data object of the host's, without a definition; nullptr where the host makes none.
@@ -89,9 +92,7 @@ class CrudState {
     std::string m_sFKPrefix;
     dbResults m_lLastResult = dbNoError;
     std::optional<automation::Error> m_trapped;
-    std::size_t m_failedOpens = 0;
-    std::size_t m_passedOver = 0;
-    std::size_t m_writes = 0;
+    StepCounts m_counts;
     bool m_isUpdating = false;
     std::optional<platform::StackGuard> m_stack;  ///< of a descent; nothing outside of one
     DefinitionReadings m_readings;                ///< of the definitions met in a descent

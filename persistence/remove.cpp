@@ -119,9 +119,9 @@ std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, cons
     }
     records->Close();
     records.reset();
-    const std::size_t failedOpens = session.FailedOpens();
+    const std::size_t failedOpens = session.Counts().failedOpens;
     DeleteBeneath(session, coData, place->ownKey, lPK);
-    if (session.IsUpdating() && session.FailedOpens() != failedOpens) return 0;
+    if (session.IsUpdating() && session.Counts().failedOpens != failedOpens) return 0;
     session.Execute(DeleteWhere(place->table, place->keyColumn, lKey));
     return automation::ToLong(lKey);
 }

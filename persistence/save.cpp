@@ -26,7 +26,7 @@ std::int32_t InsertRecord(CrudState& session, ado::Recordset& records, QORObject
         WriteFieldValue(value, coData, records, parent);
     SaveState(coData, records, isCollection);
     records.Update();
-    session.NoteWrite();
+    ++session.Counts().writes;
     const std::int32_t newKey = KeyOfRecord(records, ownKey);
     records.Close();
     return newKey;
@@ -104,7 +104,7 @@ void SaveBeneath(CrudState& session, QORObject& coData, const QORObject::Ref& de
         if (!session.IsUpdating() || IsFirstOfItsKey(session, *element, seen))
             save(element);
         else if (TreeModified(session, element))
-            session.NotePassedOver();
+            ++session.Counts().passedOver;
     });
 }
 

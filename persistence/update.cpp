@@ -61,18 +61,10 @@ ParentLink LinkOfRoot(CrudState& session, QORObject& coData, const QORObject::Re
     return link;
 }
 
-/// What an update may pass over, counted.
-struct Omissions {
-    explicit Omissions(const CrudState& session)
-        : failedOpens(session.FailedOpens()), passedOver(session.PassedOver()) {}
-    std::size_t failedOpens;
-    std::size_t passedOver;
-};
-
 /// The end of an update: nothing may have been passed over since `before`.
 std::int32_t Finish(CrudState& session, const QORObject::Ref& coData, std::int32_t key,
-                    const Omissions& before) {
-    const Omissions now(session);
+                    const StepCounts& before) {
+    const StepCounts& now = session.Counts();
     const bool allOpened = now.failedOpens == before.failedOpens;
     if (!allOpened || now.passedOver != before.passedOver) {
         session.Fail(allOpened ? dbNoMatchingRecord : dbCannotOpenRecordset);
@@ -89,7 +81,7 @@ std::int32_t Finish(CrudState& session, const QORObject::Ref& coData, std::int32
 std::int32_t UpdateRoot(CrudState& session, const QORObject::Ref& coData, const Variant& lKey,
                         const std::string& sKeyFieldName, Columns columns) {
     const Descent descent(session, true);
-    const Omissions before(session);
+    const StepCounts before = session.Counts();
     const auto definition = DefinitionOf(coData);
     const auto root = OpenRoot(session, *coData, definition, lKey, sKeyFieldName);
     if (!root) return 0;
@@ -105,7 +97,7 @@ std::int32_t UpdateRoot(CrudState& session, const QORObject::Ref& coData, const 
         UpdateBeneath(session, coData, stored);
     } else {
         DeleteBeneath(session, coData, ownKey, root->key);
-        if (session.FailedOpens() == before.failedOpens)
+        if (session.Counts().failedOpens == before.failedOpens)
             SaveBeneath(session, *coData, definition, root->key, ownKey);
     }
     return Finish(session, coData, root->key, before);

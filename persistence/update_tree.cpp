@@ -41,7 +41,7 @@ void WriteDifferences(CrudState& session, QORObject& coData, ado::Recordset& rec
     if (UpdateState(coData, records, IsCollection(*definition))) changed = true;
     if (!changed) return;
     records.Update();
-    session.NoteWrite();
+    ++session.Counts().writes;
 }
 
 /// Updates the object from its record, which stands at the recordset, and goes on beneath it.
@@ -118,7 +118,7 @@ class ElementUpdate {
         else if (isNew)
             SaveRecord(m_session, element, m_link);
         else if (TreeModified(m_session, element))
-            m_session.NotePassedOver();
+            ++m_session.Counts().passedOver;
     }
 
     void UpdateStoredElement(const QORObject::Ref& element, std::int32_t key) {
@@ -129,7 +129,7 @@ class ElementUpdate {
         if (records == nullptr) return;
         if (!records->Eof()) return UpdateStored(m_session, element, records, m_place.ownKey, m_link, false);
         records->Close();
-        m_session.NotePassedOver();  // it went since the look at the keys
+        ++m_session.Counts().passedOver;  // it went since the look at the keys
     }
 
     CrudState& m_session;

@@ -59,7 +59,7 @@ clsCRUD::~clsCRUD() {
 
 dbResults clsCRUD::LastResult() { return m_impl->session.LastResult(); }
 
-std::size_t clsCRUD::Writes() const noexcept { return m_impl->session.Writes(); }
+std::size_t clsCRUD::Writes() const noexcept { return m_impl->session.Counts().writes; }
 
 const std::optional<automation::Error>& clsCRUD::TrappedError() const noexcept {
     return m_impl->session.TrappedError();
