@@ -20,6 +20,16 @@ class AdoObject : public com::HostBacked {
 
     IDispatch* HostDispatch() const noexcept override { return m_object->HostDispatch(); }
 
+  private:
+    template <class Question>
+    static auto Asked(Question&& question) {
+        try {
+            return question();
+        } catch (const automation::Error& error) {
+            throw automation::Error(com::ResultOf(error.Number()), error.Description(), error.Source());
+        }
+    }
+
   protected:
     template <class... Args>
     automation::Variant Call(std::string_view name, Args&&... args) const {
@@ -36,22 +46,10 @@ class AdoObject : public com::HostBacked {
             [&] { return m_object->Invoke(name, automation::InvokeKind::Method, arguments, 1u << i); });
     }
     void Let(std::string_view name, const automation::Variant& value) {
-        Asked([&] {
-            automation::Let(*m_object, name, value);
-            return automation::Variant();
-        });
+        Asked([&] { automation::Let(*m_object, name, value); });
     }
 
   private:
-    template <class Question>
-    static automation::Variant Asked(Question&& question) {
-        try {
-            return question();
-        } catch (const automation::Error& error) {
-            throw automation::Error(com::ResultOf(error.Number()), error.Description(), error.Source());
-        }
-    }
-
     std::shared_ptr<com::HostObject> m_object;
 };
 

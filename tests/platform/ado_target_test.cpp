@@ -15,7 +15,7 @@ namespace {
 using testing::HasSubstr;
 
 std::string Describe(const Target& target) {
-    if (target.engine == Target::Engine::Odbc) return "odbc " + target.odbcString;
+    if (target.odbcString) return "odbc " + *target.odbcString;
     const std::string modes[] = {"read-write", "read", "create"};
     return "sqlite " + target.file + ", " + modes[static_cast<std::size_t>(target.mode)] +
            (target.fullSync ? ", full" : ", normal");

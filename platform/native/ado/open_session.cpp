@@ -24,9 +24,9 @@ std::unique_ptr<sql::Session> OpenSqlite(const Target& target, std::shared_ptr<s
 }  // namespace
 
 std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
-    if (target.engine == Target::Engine::Sqlite) return OpenSqlite(target, std::move(seam));
+    if (!target.odbcString) return OpenSqlite(target, std::move(seam));
     return WithErrors<AdoError>(
-        {}, [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); });
+        {}, [&] { return std::make_unique<sql::OdbcSession>(*target.odbcString, std::move(seam)); });
 }
 
 }  // namespace korvex::native::ado_engine

@@ -73,7 +73,10 @@ void OpenRows::CancelUpdate() {
 void OpenRows::Value(std::size_t column, const Variant& value) {
     EndChunks();
     const bool startsEdit = !IsEditing();
-    if (startsEdit) StartEdit();
+    if (startsEdit) {
+        RequireUpdatable();
+        WithErrors<AdoError>(m_cursor.Text(), [this] { m_cursor.Edit(); });
+    }
     try {
         m_cursor.Set(column, value);
     } catch (const sql::EngineError& error) {
@@ -131,11 +134,6 @@ void OpenRows::RequireLong(std::size_t column) {
     }
 }
 
-void OpenRows::StartEdit() {
-    RequireUpdatable();
-    WithErrors<AdoError>(m_cursor.Text(), [this] { m_cursor.Edit(); });
-}
-
 void OpenRows::ReadLong(std::size_t column) {
     if (m_chunks && m_chunks->column == column && !m_chunks->isAppending) return;
     Variant value = Value(column);
@@ -165,7 +163,5 @@ Variant OpenRows::NextChunk(std::size_t length) {
     }
     return Variant::Null();
 }
-
-std::string OpenRows::Place(std::size_t column) { return Column(column).Place(); }
 
 }  // namespace korvex::native::ado_engine

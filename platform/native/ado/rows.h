@@ -82,11 +82,10 @@ class OpenRows {
 
     void RequireUpdatable() const;
     void RequireLong(std::size_t column);
-    void StartEdit();
     void EndChunks() noexcept { m_chunks.reset(); }
     void ReadLong(std::size_t column);
     automation::Variant NextChunk(std::size_t length);
-    std::string Place(std::size_t column);
+    std::string Place(std::size_t column) { return Column(column).Place(); }
 
     std::shared_ptr<NativeConnection> m_connection;  ///< open as long as somebody reads from it
     sql::Cursor m_cursor;

@@ -97,16 +97,15 @@ std::string OdbcValue(const std::string& value) {
 }
 
 Target ReadOdbcTarget(const ConnectionString& settings, std::string_view user, std::string_view password) {
-    Target target;
-    target.engine = Target::Engine::Odbc;
-    const auto add = [&target](std::string_view key, const std::string& value) {
-        sql::AddOdbcSetting(target.odbcString, std::string(key) + "=" + OdbcValue(value));
+    std::string text;
+    const auto add = [&text](std::string_view key, const std::string& value) {
+        sql::AddOdbcSetting(text, std::string(key) + "=" + OdbcValue(value));
     };
     for (const ConnectionEntry& entry : settings.Entries()) {
         const auto* word = std::ranges::find_if(
             OdbcWords, [&entry](const OdbcWord& w) { return EqualsIgnoreCase(w.ado, entry.key); });
         if (EqualsIgnoreCase(entry.key, "Extended Properties")) {
-            sql::AddOdbcSetting(target.odbcString, entry.value);  // in the drivers' own form already
+            sql::AddOdbcSetting(text, entry.value);  // in the drivers' own form already
         } else if (word == std::ranges::end(OdbcWords)) {
             add(entry.key, entry.value);
         } else if (!word->odbc.empty()) {
@@ -118,6 +117,8 @@ Target ReadOdbcTarget(const ConnectionString& settings, std::string_view user, s
         add("UID", std::string(user));
         add("PWD", std::string(password));
     }
+    Target target;
+    target.odbcString = std::move(text);
     return target;
 }
 

@@ -2,8 +2,8 @@
 
 #include "platform/native/sql/sqlite/sqlite_session.h"
 
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,13 +11,11 @@ namespace korvex::native::ado_engine {
 
 /// What a connection string asks for.
 struct Target {
-    enum class Engine : std::uint8_t { Sqlite, Odbc };
-
-    Engine engine = Engine::Sqlite;
-    std::string file;  ///< Sqlite; ":memory:" for a private database without a file
+    std::string file;  ///< of the embedded engine; ":memory:" for a private database without a file
     sql::SqliteMode mode = sql::SqliteMode::ReadWrite;
     bool fullSync = true;
-    std::string odbcString;  ///< Odbc: as the driver manager takes it
+    /// As the driver manager takes it; nothing for the embedded engine.
+    std::optional<std::string> odbcString = std::nullopt;
 };
 
 /// Reads a connection string:

@@ -2,8 +2,10 @@
 
 #include "automation/text.h"
 
+#include <array>
 #include <bit>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <span>
@@ -118,15 +120,12 @@ automation::Bytes LongValue(MdbHandle& file, Octets value) {
 
 std::string Identifier(Octets value) {
     if (value.size() != 16) throw UnreadableValue("has the wrong length");
-    constexpr std::size_t order[] = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string text = "{";
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        if (i == 4 || i == 6 || i == 8 || i == 10) text += '-';
-        text += digits[value[order[i]] >> 4];
-        text += digits[value[order[i]] & 0xF];
-    }
-    return text + "}";
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "{%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X}",
+                  ReadNumber<std::uint32_t>(value), ReadNumber<std::uint16_t>(value, 4),
+                  ReadNumber<std::uint16_t>(value, 6), value[8], value[9], value[10], value[11], value[12],
+                  value[13], value[14], value[15]);
+    return text.data();
 }
 
 std::string Decimal(MdbHandle& file, const MdbColumn& column, const MdbField& field) {

@@ -163,10 +163,6 @@ StatementLease Session::Prepare(std::string_view composed, std::span<const autom
     return lease;
 }
 
-StatementLease Session::PrepareExact(std::string_view text, StatementVerb kind) {
-    return Obtain(text, text, kind);
-}
-
 std::int64_t Session::Execute(std::string_view composed) {
     StatementLease statement = Prepare(composed);
     statement.Execute(composed);

@@ -103,7 +103,9 @@ class Session {
     /// refused.
     StatementLease Prepare(std::string_view composed, std::span<const automation::Variant> values = {});
     /// A text of our own, with "?" for the values that the caller binds.
-    StatementLease PrepareExact(std::string_view text, StatementVerb kind);
+    StatementLease PrepareExact(std::string_view text, StatementVerb kind) {
+        return Obtain(text, text, kind);
+    }
     /// Runs one statement and gives the rows it touched; rows that it gives are dropped.
     std::int64_t Execute(std::string_view composed);
 

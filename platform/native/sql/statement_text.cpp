@@ -385,21 +385,21 @@ void ScanStatement(std::string_view composed, const LexicalRules& rules, Stateme
 }
 
 SoleTable SoleTableOf(std::string_view text) noexcept {
-    const std::size_t start = BehindBlanks(text, 0);
-    std::size_t at = BehindWord(text, start);
-    if (!IsWord(text.substr(start, at - start), "select")) return {};
+    std::size_t at = 0;
+    const auto takes = [&](std::string_view word) {
+        const std::size_t start = BehindBlanks(text, at);
+        at = BehindWord(text, start);
+        return IsWord(text.substr(start, at - start), word);
+    };
+    if (!takes("select")) return {};
     at = BehindBlanks(text, at);
-    if (text.substr(at, 1) != "*") return {};
-    const std::size_t from = BehindBlanks(text, at + 1);
-    at = BehindWord(text, from);
-    if (!IsWord(text.substr(from, at - from), "from")) return {};
-    at = BehindBlanks(text, at);
-    const std::size_t end = std::min(text.find_first_of(" \t\r\n", at), text.size());
-    const std::string_view name = text.substr(at, end - at);
+    if (text.substr(at++, 1) != "*" || !takes("from")) return {};
+    const std::size_t start = BehindBlanks(text, at);
+    at = std::min(text.find_first_of(" \t\r\n", start), text.size());
+    const std::string_view name = text.substr(start, at - start);
     if (name.find_first_of(",;()'/?") != std::string_view::npos) return {};
-    const std::size_t next = BehindBlanks(text, end);
-    if (next == text.size()) return {name, true};
-    if (!IsWord(text.substr(next, BehindWord(text, next) - next), "where")) return {};
+    if (BehindBlanks(text, at) == text.size()) return {name, true};
+    if (!takes("where")) return {};
     return {name, false};
 }
 

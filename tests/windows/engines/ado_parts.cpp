@@ -22,7 +22,7 @@ namespace korvex::native::ado_engine {
 /// Every target is an ODBC one here.
 std::unique_ptr<sql::Session> OpenSession(const Target& target, std::shared_ptr<sql::Seam> seam) {
     return WithErrors<AdoError>(
-        {}, [&] { return std::make_unique<sql::OdbcSession>(target.odbcString, std::move(seam)); });
+        {}, [&] { return std::make_unique<sql::OdbcSession>(target.odbcString.value(), std::move(seam)); });
 }
 
 }  // namespace korvex::native::ado_engine

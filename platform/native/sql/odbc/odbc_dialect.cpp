@@ -1,9 +1,7 @@
 #include "platform/native/sql/odbc/odbc_dialect.h"
 
 #include "automation/text.h"
-#include "platform/native/sql/sqlite/sqlite_result.h"
-
-#include <sqlite3.h>
+#include "platform/native/sql/sqlite/sqlite_error.h"
 
 #include <algorithm>
 #include <iterator>
@@ -208,9 +206,9 @@ OdbcDialect DialectOf(std::string_view engineName) {
     return engine == std::end(Engines) ? OdbcDialect() : engine->dialect();
 }
 
-void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {
+EngineError OdbcError(const OdbcHandle& handle, const OdbcDialect& dialect) {
     const OdbcDiagnosis diagnosis = ReadDiagnosis(handle);
-    throw EngineError(KindOf(diagnosis, dialect), diagnosis.message, dialect.source);
+    return {KindOf(diagnosis, dialect), diagnosis.message, dialect.source};
 }
 
 }  // namespace korvex::native::sql

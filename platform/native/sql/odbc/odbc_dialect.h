@@ -44,12 +44,12 @@ struct OdbcDialect {
 /// The one place that looks at an engine's name (SQL_DBMS_NAME).
 OdbcDialect DialectOf(std::string_view engineName);
 
-/// Raises the failure that `handle` reports.
-[[noreturn]] void RaiseOdbcError(const OdbcHandle& handle, const OdbcDialect& dialect);
+/// The failure that `handle` reports.
+EngineError OdbcError(const OdbcHandle& handle, const OdbcDialect& dialect);
 
 /// Raises unless the call succeeded.
 inline void CheckOdbc(SQLRETURN result, const OdbcHandle& handle, const OdbcDialect& dialect) {
-    if (!SQL_SUCCEEDED(result)) RaiseOdbcError(handle, dialect);
+    if (!SQL_SUCCEEDED(result)) throw OdbcError(handle, dialect);
 }
 
 }  // namespace korvex::native::sql

@@ -168,10 +168,6 @@ void OdbcSession::DoBegin() {
     m_inTransaction = true;
 }
 
-void OdbcSession::DoCommit() { EndTransaction(SQL_COMMIT); }
-
-void OdbcSession::DoRollback() { EndTransaction(SQL_ROLLBACK); }
-
 void OdbcSession::EndTransaction(SQLSMALLINT completion) {
     CheckOdbc(SQLEndTran(SQL_HANDLE_DBC, m_connection.Get(), completion), m_connection, m_dialect);
     m_inTransaction = false;

@@ -32,8 +32,8 @@ class OdbcSession final : public Session {
 
     std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementVerb kind) override;
     void DoBegin() override;
-    void DoCommit() override;
-    void DoRollback() override;
+    void DoCommit() override { EndTransaction(SQL_COMMIT); }
+    void DoRollback() override { EndTransaction(SQL_ROLLBACK); }
     TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
     void DoForgetDefinitions() noexcept override { m_keys.reset(); }
     std::vector<std::string> DoListTables() override;

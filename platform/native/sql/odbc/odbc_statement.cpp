@@ -204,12 +204,9 @@ void OdbcStatement::Execute() {
     // A DELETE or UPDATE that meets no row may say so in this way.
     if (result == SQL_NO_DATA) return;
     if (!SQL_SUCCEEDED(result)) {
-        try {
-            RaiseOdbcError(m_statement, m_dialect);
-        } catch (...) {
-            Reset();
-            throw;
-        }
+        const EngineError error = OdbcError(m_statement, m_dialect);
+        Reset();
+        throw error;
     }
     SQLLEN rows = 0;
     if (Writes() && SQL_SUCCEEDED(SQLRowCount(Handle(), &rows)) && rows > 0) m_affectedRows = rows;

@@ -1,6 +1,4 @@
-#include "platform/native/sql/sqlite/sqlite_result.h"
-
-#include <sqlite3.h>
+#include "platform/native/sql/sqlite/sqlite_error.h"
 
 namespace korvex::native::sql {
 namespace {

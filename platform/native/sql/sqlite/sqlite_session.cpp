@@ -12,14 +12,6 @@
 namespace korvex::native::sql {
 namespace {
 
-EngineTraits SqliteTraits() {
-    return {.newKey = NewKeySource::LastRowId,
-            .rowIdName = "rowid",
-            .transactionOutlivesFailure = true,
-            .comparesLongValues = true,
-            .lexical = {.liftsTexts = true}};
-}
-
 /// Removes a file that was made for a new database, unless the database came to be.
 class NewFile {
   public:
@@ -53,7 +45,7 @@ class NewFile {
 }  // namespace
 
 SqliteSession::SqliteSession(std::string_view path, const SqliteOptions& options)
-    : Session(options.seam, m_ownTraits), m_ownTraits(SqliteTraits()) {
+    : Session(options.seam, m_ownTraits) {
     const std::string file(path);
     Check(CallKind::Connect, file);
     try {
@@ -132,18 +124,9 @@ bool SqliteSession::IsEmpty() {
     return !query.Fetch();
 }
 
-bool SqliteSession::InTransaction() const noexcept { return sqlite3_get_autocommit(m_database.get()) == 0; }
-
-std::int64_t SqliteSession::LastRowId() const noexcept { return sqlite3_last_insert_rowid(m_database.get()); }
-
 std::unique_ptr<Statement> SqliteSession::DoPrepare(std::string_view text, StatementVerb) {
     return std::make_unique<SqliteStatement>(m_database.get(), m_shapes, text);
 }
-
-/// Takes the write lock at once: a transaction that began by reading could not wait for it later.
-void SqliteSession::DoBegin() { Run("BEGIN IMMEDIATE"); }
-
-void SqliteSession::DoCommit() { Run("COMMIT"); }
 
 void SqliteSession::DoRollback() {
     // A full disk or an I/O error has rolled back already.

@@ -37,16 +37,14 @@ class SqliteSession final : public Session {
     SqliteSession(std::string_view path, const SqliteOptions& options);
     ~SqliteSession() override;
 
-    bool InTransaction() const noexcept override;
-    std::int64_t LastRowId() const noexcept override;
+    bool InTransaction() const noexcept override { return sqlite3_get_autocommit(m_database.get()) == 0; }
+    std::int64_t LastRowId() const noexcept override { return sqlite3_last_insert_rowid(m_database.get()); }
 
   private:
-    struct Closer {
-        void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
-    };
     std::unique_ptr<Statement> DoPrepare(std::string_view text, StatementVerb kind) override;
-    void DoBegin() override;
-    void DoCommit() override;
+    /// Takes the write lock at once: a transaction that began by reading could not wait for it later.
+    void DoBegin() override { Run("BEGIN IMMEDIATE"); }
+    void DoCommit() override { Run("COMMIT"); }
     void DoRollback() override;
     TableInfo DoDescribeTable(const TableName& name, const RowShape& shown) override;
     std::vector<std::string> DoListTables() override;
@@ -59,9 +57,13 @@ class SqliteSession final : public Session {
     bool IsEmpty();
     void MarkNumberedColumn(TableInfo& table);
 
-    std::unique_ptr<sqlite3, Closer> m_database;
+    std::unique_ptr<sqlite3, decltype(&sqlite3_close_v2)> m_database{nullptr, &sqlite3_close_v2};
     SqliteShapes m_shapes;
-    EngineTraits m_ownTraits;
+    EngineTraits m_ownTraits{.newKey = NewKeySource::LastRowId,
+                             .rowIdName = "rowid",
+                             .transactionOutlivesFailure = true,
+                             .comparesLongValues = true,
+                             .lexical = {.liftsTexts = true}};
 };
 
 }  // namespace korvex::native::sql

@@ -37,26 +37,25 @@ double StoredCurrency(automation::Currency value, const ColumnInfo* column) {
 
 /// Binds one value; text and bytes are not copied, as they outlive the execution.
 int BindValue(sqlite3_stmt* statement, int index, const Variant& value, const ColumnInfo* column) {
-    const auto integer = [&](std::int64_t number) { return sqlite3_bind_int64(statement, index, number); };
-    const auto text = [&](const std::string& bytes, sqlite3_destructor_type lifetime) {
-        return sqlite3_bind_text64(statement, index, bytes.data(), bytes.size(), lifetime, SQLITE_UTF8);
-    };
     return std::visit(
-        [&](const auto& held) {
+        [statement, index, column](const auto& held) {
             using T = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<T, bool>) {
-                return integer(StoredBoolean(held, column));
+                return sqlite3_bind_int64(statement, index, StoredBoolean(held, column));
             } else if constexpr (std::is_integral_v<T>) {
-                return integer(held);
+                return sqlite3_bind_int64(statement, index, held);
             } else if constexpr (std::is_floating_point_v<T>) {
                 return sqlite3_bind_double(statement, index, static_cast<double>(held));
             } else if constexpr (std::is_same_v<T, automation::Currency>) {
-                if (held.units % 10000 == 0) return integer(held.units / 10000);
+                if (held.units % 10000 == 0) return sqlite3_bind_int64(statement, index, held.units / 10000);
                 return sqlite3_bind_double(statement, index, StoredCurrency(held, column));
             } else if constexpr (std::is_same_v<T, automation::Date>) {
-                return text(DateText(held), SQLITE_TRANSIENT);
+                const std::string text = DateText(held);
+                return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_TRANSIENT,
+                                           SQLITE_UTF8);
             } else if constexpr (std::is_same_v<T, std::string>) {
-                return text(held, SQLITE_STATIC);
+                return sqlite3_bind_text64(statement, index, held.data(), held.size(), SQLITE_STATIC,
+                                           SQLITE_UTF8);
             } else if constexpr (std::is_same_v<T, automation::Bytes>) {
                 if (held.empty()) return sqlite3_bind_zeroblob(statement, index, 0);
                 return sqlite3_bind_blob64(statement, index, held.data(), held.size(), SQLITE_STATIC);
@@ -117,12 +116,9 @@ bool SqliteStatement::Step() {
         Reset();
         return false;
     }
-    try {
-        RaiseSqliteError(m_database, code);
-    } catch (...) {
-        Reset();
-        throw;
-    }
+    const EngineError error = SqliteError(m_database, code);
+    Reset();
+    throw error;
 }
 
 int SqliteStatement::RepreparedCount() const noexcept {
@@ -144,7 +140,7 @@ Cell SqliteStatement::CellAt(int index) const {
             const bool isText = storage == SQLITE_TEXT;
             const void* data = isText ? sqlite3_value_text(value) : sqlite3_value_blob(value);
             const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
-            if (data == nullptr && length > 0) RaiseSqliteError(m_database, SQLITE_NOMEM);
+            if (data == nullptr && length > 0) throw SqliteError(m_database, SQLITE_NOMEM);
             return {.kind = isText ? Cell::Kind::Text : Cell::Kind::Bytes,
                     .data = static_cast<const char*>(data),
                     .length = length};

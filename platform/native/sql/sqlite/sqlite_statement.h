@@ -27,16 +27,13 @@ class SqliteStatement final : public Statement {
     void Reset() noexcept override;
 
   private:
-    struct Finalizer {
-        void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
-    };
     bool Step();
     Cell CellAt(int index) const;
     int RepreparedCount() const noexcept;
 
     sqlite3* m_database;
     SqliteShapes& m_shapes;
-    std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+    std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> m_statement{nullptr, &sqlite3_finalize};
     std::shared_ptr<const RowShape> m_shape;
     std::size_t m_parameterCount = 0;
     bool m_writes = false;
