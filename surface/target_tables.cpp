@@ -183,32 +183,32 @@ class DropPlanner {
     /// `used`: tables that stay, in capitals, each with the definition that uses it.
     DropPlanner(const EngineDialect& dialect, std::span<const DescribedTable> tables,
                 std::span<const DescribedTable> live, const std::map<std::string, std::string>& used)
-        : m_dialect(dialect), m_live(live), m_tables(dialect.Tables(tables)), m_keys(dialect.Write(tables)) {
-        std::vector<DescribedTable> going;
+        : m_dialect(dialect),
+          m_live(live),
+          m_tables(dialect.Tables(tables)),
+          m_scripts(dialect.Write(tables)) {
         for (const DescribedTable& table : tables) {
             const auto user = used.find(automation::ToUpperAscii(table.Name));
-            if (user == used.end()) {
-                going.push_back(table);
+            if (user == used.end())
                 m_going.insert(automation::ToUpperAscii(table.Name));
-            } else if (Live(table.Name) != nullptr) {
+            else if (Live(table.Name) != nullptr)
                 m_notes.push_back(table.Name + " stays: the definition " + user->second + " uses it.");
-            }
         }
-        m_drops = dialect.Write(going);
     }
 
     /// What it points to lives as long as the planner.
     Plan Make() const {
         Plan plan;
         if (m_dialect.AltersForeignKeys()) {
-            for (const EngineStatement& statement : m_keys.dropKeys)
+            for (const EngineStatement& statement : m_scripts.dropKeys)
                 if (HasKeyToDrop(statement)) plan.statements.push_back(&statement);
         } else {
             for (const DescribedTable& table : m_tables)
                 if (!Goes(table.Name)) AddRebuild(plan, table);
         }
-        for (const EngineStatement& statement : m_drops.drop)
-            if (Live(statement.table) != nullptr) plan.statements.push_back(&statement);
+        for (const EngineStatement& statement : m_scripts.drop)
+            if (Goes(statement.table) && Live(statement.table) != nullptr)
+                plan.statements.push_back(&statement);
         return plan;
     }
     const std::vector<std::string>& Notes() const noexcept { return m_notes; }
@@ -251,9 +251,8 @@ class DropPlanner {
     const EngineDialect& m_dialect;
     std::span<const DescribedTable> m_live;
     std::vector<DescribedTable> m_tables;
-    scriptgen::EngineScripts m_keys;   ///< of all tables
-    scriptgen::EngineScripts m_drops;  ///< of those that go
-    std::set<std::string> m_going;     ///< in capitals
+    scriptgen::EngineScripts m_scripts;
+    std::set<std::string> m_going;  ///< in capitals
     std::vector<std::string> m_notes;
 };
 

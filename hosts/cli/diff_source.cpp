@@ -84,8 +84,8 @@ std::unique_ptr<scriptgen::DefinitionDiff> Compare(const std::string& dialect, c
 std::unique_ptr<scriptgen::DefinitionDiff> CompareLive(const scriptgen::EngineDialect& dialect,
                                                        ado::Connection& live, const DefinitionState& now,
                                                        const DiffSettings& settings) {
-    return scriptgen::DefinitionDiff::FromLive(dialect, scriptgen::ReadLiveTables(live, dialect), now.tables,
-                                               OptionsOf(settings, now));
+    return std::make_unique<scriptgen::DefinitionDiff>(
+        dialect.Name(), scriptgen::ReadLiveTables(live, dialect), now.tables, OptionsOf(settings, now), true);
 }
 
 const scriptgen::EngineDialect& ReadableDialect(ado::Connection& connection) {

@@ -6,7 +6,6 @@
 #include "scriptgen/script_text.h"
 
 #include <algorithm>
-#include <map>
 #include <unordered_map>
 
 namespace korvex::scriptgen {
@@ -41,8 +40,8 @@ class AlterPlanner {
         });
         ForEach([this](const TablePlan& plan) { DropForeignKeys(plan); });
         ForEach([this](const TablePlan& plan) { DropTriggersAndIndexes(plan); });
-        for (const auto& [plan, name] : m_tableNames)
-            m_text.RenameTable(*plan->before, name);
+        for (const NameChange& name : m_tableNames)
+            m_text.RenameTable(*m_comparison.Tables()[name.thing].before, name);
         ForEach([this](const TablePlan& plan) { RenameColumns(plan); });
         ForEach([this](const TablePlan& plan) {
             if (plan.before == nullptr) m_text.CreateTable(*plan.now);
@@ -76,24 +75,17 @@ class AlterPlanner {
 
     /// A table that goes makes room for one that takes its name.
     void PlanTableNames() {
-        std::vector<NameChange> wanted;
-        std::vector<std::string> taken, named;
-        std::unordered_map<std::string, const TablePlan*> holders;
+        std::vector<NamedThing> things;
         for (const TablePlan& plan : m_comparison.Tables()) {
-            if (plan.now != nullptr) named.push_back(plan.now->Name);
-            if (plan.before == nullptr) continue;
-            taken.push_back(plan.before->Name);
-            holders.emplace(plan.before->Name, &plan);
-            if (plan.isRenamed) wanted.push_back({plan.before->Name, plan.now->Name});
-            if (plan.now == nullptr && m_comparison.NamedNow(plan.before->Name) != nullptr)
-                wanted.push_back({plan.before->Name, ""});
+            NamedThing& thing = things.emplace_back();
+            if (plan.before != nullptr) thing.before = plan.before->Name;
+            if (plan.now != nullptr) thing.now = plan.now->Name;
+            thing.isRenamed = plan.isRenamed;
+            thing.makesRoom = plan.now == nullptr && m_comparison.NamedNow(thing.before) != nullptr;
         }
-        for (const NameChange& change : OrderRenames(std::move(wanted), taken, named)) {
-            const TablePlan* plan = holders.at(change.from);
-            holders.emplace(change.to, plan);
-            m_nameOf[plan] = change.to;
-            m_tableNames.emplace_back(plan, change);
-        }
+        m_tableNames = OrderRenames(things);
+        for (const NameChange& change : m_tableNames)
+            m_nameOf[&m_comparison.Tables()[change.thing]] = change.to;
     }
     std::string NameOf(const TablePlan& plan) const {
         const auto found = m_nameOf.find(&plan);
@@ -195,23 +187,17 @@ class AlterPlanner {
     /// A column that goes makes room for one that takes its name.
     void RenameColumns(const TablePlan& plan) {
         if (!plan.Stays()) return;
-        std::vector<NameChange> wanted;
-        std::vector<std::string> taken, named;
+        std::vector<NamedThing> things;
         for (const ColumnPlan& column : plan.columns) {
-            if (column.now != nullptr) named.push_back(column.now->FieldName);
-            if (column.before == nullptr) continue;
-            taken.push_back(column.before->FieldName);
-            if (column.isRenamed) wanted.push_back({column.before->FieldName, column.now->FieldName});
-            if (column.now == nullptr && ColumnNow(plan, column.before->FieldName) != nullptr)
-                wanted.push_back({column.before->FieldName, ""});
+            NamedThing& thing = things.emplace_back();
+            if (column.before != nullptr) thing.before = column.before->FieldName;
+            if (column.now != nullptr) thing.now = column.now->FieldName;
+            thing.isRenamed = column.isRenamed;
+            thing.makesRoom = column.now == nullptr && ColumnNow(plan, thing.before) != nullptr;
         }
-        std::map<std::string, std::string> origins;
-        for (const NameChange& change : OrderRenames(std::move(wanted), taken, named)) {
+        for (const NameChange& change : OrderRenames(things)) {
             m_text.RenameColumn(plan.now->Name, change);
-            const auto origin = origins.find(change.from);
-            const std::string before = origin == origins.end() ? change.from : origin->second;
-            origins[change.to] = before;
-            m_columnNames[ColumnBefore(plan, before)] = change.to;
+            m_columnNames[&plan.columns[change.thing]] = change.to;
         }
     }
     std::string NameOf(const ColumnPlan& column) const {
@@ -221,14 +207,8 @@ class AlterPlanner {
 
     void ChangeColumns(const TablePlan& plan) {
         if (Rebuilds(plan)) {
-            std::vector<const ColumnPlan*> gone;
-            std::vector<std::string> names;
-            for (const ColumnPlan& column : plan.columns) {
-                if (column.now != nullptr) continue;
-                gone.push_back(&column);
-                names.push_back(NameOf(column));
-            }
-            m_text.Rebuild(m_comparison, plan, NameOf(plan), gone, names, m_allowsLoss);
+            const auto nameOf = [this](const ColumnPlan& column) { return NameOf(column); };
+            m_text.Rebuild(m_comparison, plan, NameOf(plan), nameOf, m_allowsLoss);
             m_text.Begin();
             RestoreOthers(plan);
             return;
@@ -258,13 +238,10 @@ class AlterPlanner {
         }
     }
 
-    /// What the list says of the column's type.
+    /// What the list says first of what the column loses.
     std::string ReasonOf(const TablePlan& plan, const ColumnPlan& column) const {
-        for (const TableChange& change : m_comparison.Changes())
-            if (change.cls != ChangeClass::Safe && change.table == plan.now->Name &&
-                change.column == (column.now != nullptr ? column.now : column.before)->FieldName)
-                return ChangeText(change);
-        return {};
+        const std::vector<std::string> losses = m_comparison.Losses(plan, column);
+        return losses.empty() ? std::string() : losses.front();
     }
 
     void Drop(const TablePlan& plan) {
@@ -284,7 +261,7 @@ class AlterPlanner {
     const Comparison& m_comparison;
     AlterText& m_text;
     bool m_allowsLoss;
-    std::vector<std::pair<const TablePlan*, NameChange>> m_tableNames;
+    std::vector<NameChange> m_tableNames;
     std::unordered_map<const TablePlan*, std::string> m_nameOf;        ///< what a renamed table is called
     std::unordered_map<const ColumnPlan*, std::string> m_columnNames;  ///< the same of columns
 };

@@ -2,7 +2,9 @@
 
 #include "scriptgen/migration/changes.h"
 #include "scriptgen/migration/rename_order.h"
+#include "scriptgen/script_names.h"
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -63,26 +65,41 @@ class AlterText {
     virtual void DropIndex(const DescribedTable& before, const std::string& index) = 0;
     virtual void DropTrigger(const DescribedTable& before, const std::string& trigger) = 0;
     /// `before`: the table as it was described, whatever it is called meanwhile.
-    virtual void RenameTable(const DescribedTable& before, const NameChange& name);
-    virtual void RenameColumn(const std::string& table, const NameChange& name);
+    virtual void RenameTable(const DescribedTable& /*before*/, const NameChange& name) {
+        Alter(name.from, "RENAME TO " + name.to);
+    }
+    virtual void RenameColumn(const std::string& table, const NameChange& name) {
+        Alter(table, "RENAME COLUMN " + name.from + " TO " + name.to);
+    }
     virtual void CreateTable(const DescribedTable& now) = 0;
     virtual void AddColumn(const DescribedTable& now, const Column& column) = 0;
     /// Type, default and numbering; its class is begun. Makes a column anew whose values do not convert.
-    void ChangeColumn(const DescribedTable& now, const ColumnPlan& column);
+    void ChangeColumn(const DescribedTable& now, const ColumnPlan& column) {
+        if (column.conversion.cls == ChangeClass::Blocked) return Add("");
+        if (column.conversion.isPossible) return Retype(now, column);
+        DropColumn(now, column.now->FieldName);
+        AddColumn(now, *column.now);
+    }
     virtual void CreateIndex(const DescribedTable& now, const TableIndex& index) = 0;
     /// Makes a column fit for a constraint that it did not have: records that refer to none may hold 0.
-    virtual void ClearNoParent(const DescribedTable& now, const ForeignKey& key);
+    virtual void ClearNoParent(const DescribedTable& now, const ForeignKey& key) {
+        Add("UPDATE " + now.Name + " SET " + key.FieldName + " = NULL WHERE " + key.FieldName + " = 0");
+    }
     virtual void AddForeignKey(const DescribedTable& now, const ForeignKey& key) = 0;
     virtual void CreateTriggers(const DescribedTable& now) = 0;
-    virtual void DropColumn(const DescribedTable& now, const std::string& column);
-    virtual void DropTable(const DescribedTable& before, const std::string& name);
+    virtual void DropColumn(const DescribedTable& now, const std::string& column) {
+        Alter(now.Name, "DROP COLUMN " + column);
+    }
+    virtual void DropTable(const DescribedTable& /*before*/, const std::string& name) {
+        Add("DROP TABLE " + name);
+    }
 
     /// Whether the engine makes a table anew for changes like these.
     virtual bool Rebuilds(const Comparison&, const TablePlan&, bool /*allowsLoss*/) const { return false; }
-    /// Makes it anew, once its names are the new ones. `name`: of the table; `gone`: columns that are no
-    /// longer in the definition, by what they are called.
+    /// Makes it anew, once its names are the new ones. `name`: of the table; `nameOf`: what a column is
+    /// called that is no longer in the definition.
     virtual void Rebuild(const Comparison&, const TablePlan&, const std::string& /*name*/,
-                         std::span<const ColumnPlan* const> /*gone*/, std::span<const std::string> /*names*/,
+                         const std::function<std::string(const ColumnPlan&)>& /*nameOf*/,
                          bool /*allowsLoss*/) {}
 
     /// Procedures that go before anything is changed, and those that are made anew. nullptr: the table goes,
@@ -99,7 +116,11 @@ class AlterText {
         Add("ALTER TABLE " + table + " " + change);
     }
     /// A key's name goes with its table's.
-    void RenameKey(const DescribedTable& before, const NameChange& name);
+    void RenameKey(const DescribedTable& before, const NameChange& name) {
+        if (!before.PrimaryKey.empty())
+            Alter(name.to,
+                  "RENAME CONSTRAINT " + PrimaryKeyName(name.from) + " TO " + PrimaryKeyName(name.to));
+    }
 
   private:
     std::vector<AlterStep> m_steps;

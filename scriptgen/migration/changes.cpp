@@ -46,13 +46,6 @@ bool IsSameLiteral(std::string_view a, std::string_view b) {
     return value && value == number(b);
 }
 
-/// Whether `others` has an index on these columns of a table that stays.
-bool HasIndex(const std::vector<TableIndex>& others, const std::vector<std::string>& columns) {
-    return std::ranges::any_of(others, [&](const TableIndex& other) {
-        return std::ranges::equal(other.Columns, columns, EqualsIgnoreCase);
-    });
-}
-
 /// The columns of an index by their names on the other side; empty when one is not there.
 std::vector<std::string> Translated(const TablePlan& plan, const std::vector<std::string>& columns,
                                     const Column* ColumnPlan::*from, const Column* ColumnPlan::*to) {
@@ -123,6 +116,15 @@ Comparison::Comparison(std::span<const DescribedTable> before, std::span<const D
 
 bool Comparison::Has(ChangeClass cls) const {
     return std::ranges::find(m_changes, cls, &TableChange::cls) != m_changes.end();
+}
+
+std::vector<std::string> Comparison::Losses(const TablePlan& table, const ColumnPlan& column) const {
+    const std::string& name = (column.now != nullptr ? column.now : column.before)->FieldName;
+    std::vector<std::string> texts;
+    for (const TableChange& change : m_changes)
+        if (change.cls != ChangeClass::Safe && change.table == table.now->Name && change.column == name)
+            texts.push_back(ChangeText(change));
+    return texts;
 }
 
 const TablePlan* Comparison::Find(const Index& index, const std::string& name) const {
@@ -294,7 +296,10 @@ void Comparison::ListKeys(const TablePlan& plan) {
 void Comparison::ListIndexes(const TablePlan& plan) {
     for (const TableIndex& index : plan.now->Indexes) {
         const auto columns = Translated(plan, index.Columns, &ColumnPlan::now, &ColumnPlan::before);
-        if (!columns.empty() && !HasIndex(plan.before->Indexes, columns))
+        const bool isThere = std::ranges::any_of(plan.before->Indexes, [&](const TableIndex& before) {
+            return std::ranges::equal(before.Columns, columns, EqualsIgnoreCase);
+        });
+        if (!columns.empty() && !isThere)
             m_changes.push_back({.thing = ChangedThing::Index,
                                  .table = plan.now->Name,
                                  .column = Joined(index.Columns),

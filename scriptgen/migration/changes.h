@@ -57,6 +57,8 @@ class Comparison {
     const std::vector<TablePlan>& Tables() const noexcept { return m_tables; }
     const std::vector<TableChange>& Changes() const noexcept { return m_changes; }
     bool Has(ChangeClass cls) const;
+    /// The texts of what a column of a table that stays loses.
+    std::vector<std::string> Losses(const TablePlan& table, const ColumnPlan& column) const;
 
     /// The table that a reference of one side leads to; nullptr for none of those compared.
     const TablePlan* TargetBefore(const ForeignKey& key) const { return Find(m_before, key.Table); }

@@ -9,46 +9,38 @@ namespace korvex::scriptgen {
 
 namespace {
 
-EngineTraits TraitsOf(const EngineDialect& dialect) {
-    return {.foldsTableNames = dialect.FoldsTableNames(), .floatIsSingle = dialect.FloatIsSingle()};
+std::unique_ptr<AlterText> MakeEngineAlter(const EngineDialect& dialect,
+                                           std::span<const DescribedTable> now) {
+    if (&dialect == &SqliteDialect()) return MakeSqliteAlter(dialect, now);
+    if (&dialect == &MariaDbDialect()) return MakeMariaDbAlter(dialect, now);
+    if (&dialect == &PostgreSqlDialect()) return MakePostgreSqlAlter(dialect, now);
+    throw automation::Error(automation::InvalidProcedureCall,
+                            "Tables cannot be changed on " + std::string(dialect.Name()) + ".");
 }
 
 }  // namespace
 
 DefinitionDiff::DefinitionDiff(std::string_view dialect, std::span<const DescribedTable> before,
-                               std::span<const DescribedTable> now, const DiffOptions& options) {
-    if (dialect == "sybase")
+                               std::span<const DescribedTable> now, const DiffOptions& options, bool isLive) {
+    EngineTraits traits;
+    const ScriptTypeInfo* published = FindScriptType(dialect);
+    if (published == nullptr) {
+        const EngineDialect& engine = EngineDialectOf(dialect);
+        m_before = isLive ? std::vector(before.begin(), before.end()) : engine.Tables(before);
+        m_now = engine.Tables(now);
+        m_text = MakeEngineAlter(engine, now);
+        traits = {.foldsTableNames = engine.FoldsTableNames(), .floatIsSingle = engine.FloatIsSingle()};
+    } else if (published->type == ScriptType::Sybase) {
         throw automation::Error(automation::InvalidProcedureCall,
                                 "There is no script that changes tables on Sybase: run the drop and create "
                                 "scripts of korvex script, or those of another dialect.");
-    if (const ScriptTypeInfo* published = FindScriptType(dialect)) {
+    } else {
         const bool isOracle = published->type == ScriptType::Oracle;
         m_before = PublishedTables(*FindDialect(published->type), before);
         m_now = PublishedTables(*FindDialect(published->type), now);
         m_text = isOracle ? MakeOracleAlter() : MakeSqlServerAlter();
-        Compare({.numbersAnew = false, .fixedTypes = isOracle ? "LONG" : ""}, options);
-        return;
+        traits = {.numbersAnew = false, .fixedTypes = isOracle ? "LONG" : ""};
     }
-    const EngineDialect& engine = EngineDialectOf(dialect);
-    m_before = engine.Tables(before);
-    m_now = engine.Tables(now);
-    m_text = MakeEngineAlter(engine, now);
-    Compare(TraitsOf(engine), options);
-}
-
-std::unique_ptr<DefinitionDiff> DefinitionDiff::FromLive(const EngineDialect& dialect,
-                                                         std::vector<DescribedTable> live,
-                                                         std::span<const DescribedTable> now,
-                                                         const DiffOptions& options) {
-    std::unique_ptr<DefinitionDiff> diff(new DefinitionDiff());
-    diff->m_before = std::move(live);
-    diff->m_now = dialect.Tables(now);
-    diff->m_text = MakeEngineAlter(dialect, now);
-    diff->Compare(TraitsOf(dialect), options);
-    return diff;
-}
-
-void DefinitionDiff::Compare(const EngineTraits& traits, const DiffOptions& options) {
     m_comparison = std::make_unique<Comparison>(m_before, m_now, traits, options);
 }
 

@@ -16,15 +16,10 @@ class DefinitionDiff {
   public:
     /// `before` and `now` as DescribeState gives them; `dialect`: that of an engine ("sqlite",
     /// "mariadb", "postgresql") or a published one ("mssql", "oracle"). InvalidProcedureCall (5) for another,
-    /// for a default that is no value of its column and for a rename that cannot be.
+    /// for a default that is no value of its column and for a rename that cannot be. `isLive`: `before` is
+    /// what stands in a database of an engine (ReadLiveTables), whose tables and columns are their names.
     DefinitionDiff(std::string_view dialect, std::span<const DescribedTable> before,
-                   std::span<const DescribedTable> now, const DiffOptions& options = {});
-    /// The same from the tables of a database that stands (ReadLiveTables): tables and columns are their
-    /// names.
-    static std::unique_ptr<DefinitionDiff> FromLive(const EngineDialect& dialect,
-                                                    std::vector<DescribedTable> live,
-                                                    std::span<const DescribedTable> now,
-                                                    const DiffOptions& options = {});
+                   std::span<const DescribedTable> now, const DiffOptions& options = {}, bool isLive = false);
     DefinitionDiff(const DefinitionDiff&) = delete;
     DefinitionDiff& operator=(const DefinitionDiff&) = delete;
 
@@ -42,9 +37,6 @@ class DefinitionDiff {
     std::string ScriptOf(std::span<const AlterStep> steps) const;
 
   private:
-    DefinitionDiff() = default;
-    void Compare(const EngineTraits& traits, const DiffOptions& options);
-
     std::vector<DescribedTable> m_before;
     std::vector<DescribedTable> m_now;
     std::unique_ptr<AlterText> m_text;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "automation/text.h"
 #include "scriptgen/engine_dialect.h"
 #include "scriptgen/migration/alter_text.h"
 
+#include <algorithm>
 #include <map>
 #include <tuple>
 
@@ -12,18 +14,43 @@ namespace korvex::scriptgen {
 /// What most engines agree on.
 class EngineAlter : public AlterText {
   public:
-    /// `now`: the new tables, as their definition describes them.
-    EngineAlter(const EngineDialect& dialect, std::span<const DescribedTable> now);
+    /// `now`: the new tables, as their definition describes them. The dialect must live as long.
+    EngineAlter(const EngineDialect& dialect, std::span<const DescribedTable> now) : m_dialect(dialect) {
+        const EngineScripts scripts = dialect.Write(now);
+        for (const auto* statements : {&scripts.create, &scripts.addKeys})
+            for (const EngineStatement& statement : *statements) {
+                // All triggers of a table go together.
+                const std::string name = statement.thing == EngineThing::Trigger ? "" : statement.name;
+                m_texts[{statement.thing, statement.table, name}].push_back(statement.text);
+            }
+    }
 
-    bool IsTriggerOf(const DescribedTable& before, std::string_view trigger) const override;
-    void DropForeignKey(const DescribedTable& before, const ForeignKey& key) override;
-    void DropIndex(const DescribedTable& before, const std::string& index) override;
-    void DropTrigger(const DescribedTable& before, const std::string& trigger) override;
-    void CreateTable(const DescribedTable& now) override;
-    void AddColumn(const DescribedTable& now, const Column& column) override;
-    void CreateIndex(const DescribedTable& now, const TableIndex& index) override;
-    void AddForeignKey(const DescribedTable& now, const ForeignKey& key) override;
-    void CreateTriggers(const DescribedTable& now) override;
+    bool IsTriggerOf(const DescribedTable& before, std::string_view trigger) const override {
+        return std::ranges::any_of(m_dialect.TriggerNames(before), [&](const std::string& name) {
+            return automation::EqualsIgnoreCase(trigger, name);
+        });
+    }
+    void DropForeignKey(const DescribedTable& before, const ForeignKey& key) override {
+        Alter(before.Name,
+              "DROP " + std::string(m_dialect.Facts().droppedKey) + " IF EXISTS " + KeyName(before, key));
+    }
+    void DropIndex(const DescribedTable&, const std::string& index) override {
+        Add("DROP INDEX IF EXISTS " + index);
+    }
+    void DropTrigger(const DescribedTable&, const std::string& trigger) override {
+        Add("DROP TRIGGER IF EXISTS " + trigger);
+    }
+    void CreateTable(const DescribedTable& now) override { AddThings(EngineThing::Table, now.Name, ""); }
+    void AddColumn(const DescribedTable& now, const Column& column) override {
+        Alter(now.Name, "ADD COLUMN " + m_dialect.ColumnText(now, column));
+    }
+    void CreateIndex(const DescribedTable& now, const TableIndex& index) override {
+        AddThings(EngineThing::Index, now.Name, index.Name);
+    }
+    void AddForeignKey(const DescribedTable& now, const ForeignKey& key) override {
+        AddThings(EngineThing::ForeignKey, now.Name, key.FieldName);
+    }
+    void CreateTriggers(const DescribedTable& now) override { AddThings(EngineThing::Trigger, now.Name, ""); }
 
   protected:
     const EngineDialect& Dialect() const noexcept { return m_dialect; }
@@ -35,15 +62,16 @@ class EngineAlter : public AlterText {
     }
 
   private:
-    void AddThings(EngineThing thing, const std::string& table, const std::string& name);
+    void AddThings(EngineThing thing, const std::string& table, const std::string& name) {
+        for (const std::string& text : m_texts[{thing, table, name}])
+            Add(text);
+    }
 
     const EngineDialect& m_dialect;
-    std::vector<EngineStatement> m_statements;  ///< that make the new tables
-    std::multimap<std::tuple<EngineThing, std::string, std::string>, std::size_t> m_positions;
+    /// What makes the new tables, by thing, table and name.
+    std::map<std::tuple<EngineThing, std::string, std::string>, std::vector<std::string>> m_texts;
 };
 
-/// The text of one engine's changes; the dialect must live as long.
-std::unique_ptr<AlterText> MakeEngineAlter(const EngineDialect& dialect, std::span<const DescribedTable> now);
 /// Engine by engine.
 std::unique_ptr<AlterText> MakeSqliteAlter(const EngineDialect& dialect, std::span<const DescribedTable> now);
 std::unique_ptr<AlterText> MakeMariaDbAlter(const EngineDialect& dialect,

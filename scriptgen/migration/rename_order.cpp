@@ -13,26 +13,29 @@ namespace {
 
 class RenameOrder {
   public:
-    RenameOrder(std::span<const std::string> taken, std::span<const std::string> reserved) {
-        for (const std::string& name : taken)
-            m_taken.insert(ToUpperAscii(name));
-        for (const std::string& name : reserved)
-            m_reserved.insert(ToUpperAscii(name));
+    explicit RenameOrder(std::span<const NamedThing> things) {
+        for (const NamedThing& thing : things) {
+            m_taken.insert(ToUpperAscii(thing.before));
+            m_reserved.insert(ToUpperAscii(thing.now));
+        }
+        for (std::size_t i = 0; i < things.size(); ++i)
+            if (things[i].isRenamed || things[i].makesRoom)
+                m_wanted.push_back({things[i].before, things[i].isRenamed ? things[i].now : FreeName(), i});
     }
 
-    std::vector<NameChange> Order(std::vector<NameChange> wanted) {
-        for (NameChange& change : wanted)
-            if (change.to.empty()) change.to = FreeName();
-        while (!wanted.empty()) {
-            const auto possible = std::ranges::find_if(
-                wanted, [&](const NameChange& change) { return !m_taken.contains(ToUpperAscii(change.to)); });
-            if (possible != wanted.end()) {
+    std::vector<NameChange> Order() {
+        while (!m_wanted.empty()) {
+            const auto possible = std::ranges::find_if(m_wanted, [&](const NameChange& change) {
+                return !m_taken.contains(ToUpperAscii(change.to));
+            });
+            if (possible != m_wanted.end()) {
                 Rename(*possible);
-                wanted.erase(possible);
+                m_wanted.erase(possible);
             } else {
+                NameChange& first = m_wanted.front();
                 const std::string free = FreeName();
-                Rename({wanted.front().from, free});
-                wanted.front().from = free;
+                Rename({first.from, free, first.thing});
+                first.from = free;
             }
         }
         return std::move(m_ordered);
@@ -54,14 +57,14 @@ class RenameOrder {
 
     std::set<std::string> m_taken;
     std::set<std::string> m_reserved;
+    std::vector<NameChange> m_wanted;
     std::vector<NameChange> m_ordered;
 };
 
 }  // namespace
 
-std::vector<NameChange> OrderRenames(std::vector<NameChange> wanted, std::span<const std::string> taken,
-                                     std::span<const std::string> reserved) {
-    return RenameOrder(taken, reserved).Order(std::move(wanted));
+std::vector<NameChange> OrderRenames(std::span<const NamedThing> things) {
+    return RenameOrder(things).Order();
 }
 
 }  // namespace korvex::scriptgen

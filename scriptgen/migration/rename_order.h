@@ -6,15 +6,20 @@
 
 namespace korvex::scriptgen {
 
-struct NameChange {
-    std::string from;
-    std::string to;  ///< "" for any free name
+/// Something that is called `before`, and `now` later; "" for what is not there.
+struct NamedThing {
+    std::string before, now;
+    bool isRenamed = false;
+    bool makesRoom = false;  ///< it goes, and another takes its name: any free name will do
 };
 
-/// The renames, in any order and in chains and circles, one after the other so that every new name is free
-/// when it is given; more than one for a name in a circle. `taken`: the names that are there, and others that
-/// a free name must not be. Names are the same in any case.
-std::vector<NameChange> OrderRenames(std::vector<NameChange> wanted, std::span<const std::string> taken,
-                                     std::span<const std::string> reserved);
+struct NameChange {
+    std::string from, to;
+    std::size_t thing = 0;  ///< the position of what is renamed
+};
+
+/// The renames, in chains and circles, one after the other so that every new name is free when it is given;
+/// more than one for a name in a circle. Names are the same in any case.
+std::vector<NameChange> OrderRenames(std::span<const NamedThing> things);
 
 }  // namespace korvex::scriptgen

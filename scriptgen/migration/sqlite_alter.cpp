@@ -52,61 +52,38 @@ class SqliteAlter final : public EngineAlter {
     }
 
     void Rebuild(const Comparison& comparison, const TablePlan& plan, const std::string& name,
-                 std::span<const ColumnPlan* const> gone, std::span<const std::string> names,
-                 bool allowsLoss) override {
-        DescribedTable table = plan.now != nullptr ? *plan.now : *plan.before;
-        table.Name = name;
-        if (plan.now == nullptr)
-            for (ForeignKey& key : table.ForeignKeys)
-                key.IsInRun = false;
+                 const std::function<std::string(const ColumnPlan&)>& nameOf, bool allowsLoss) override {
+        if (plan.now == nullptr) return Release(*plan.before, name);
+        DescribedTable table = *plan.now;
         JoinedText columns(", ");
         JoinedText values(", ");
+        JoinedText reasons("; ");
         ChangeClass cls = ChangeClass::Safe;
-        std::string reason;
-        const auto note = [&](const ColumnPlan& column, const Column& named) {
-            if (column.conversion.cls == ChangeClass::Safe) return;
-            for (const TableChange& change : comparison.Changes()) {
-                if (change.table != name || change.column != named.FieldName ||
-                    change.cls == ChangeClass::Safe)
-                    continue;
-                cls = std::max(cls, change.cls);
-                reason += (reason.empty() ? "" : "; ") + ChangeText(change);
-            }
-        };
         for (const ColumnPlan& column : plan.columns) {
-            if (column.now == nullptr) continue;
-            note(column, *column.now);
-            if (column.before == nullptr) continue;
-            Column& now = table.Columns[static_cast<std::size_t>(column.now - plan.now->Columns.data())];
-            if (!IsDone(column, allowsLoss)) {
-                now.TypeSize = column.before->TypeSize;
-                now.DefaultText = column.before->DefaultText;
-            } else if (!column.conversion.isPossible) {
-                continue;
+            if (column.conversion.cls != ChangeClass::Safe)
+                for (const std::string& loss : comparison.Losses(plan, column))
+                    reasons.Add(loss);
+            cls = std::max(cls, column.conversion.cls);
+            const bool isDone = IsDone(column, allowsLoss);
+            if (column.before == nullptr || (isDone && !column.conversion.isPossible)) continue;
+            Column& kept =
+                column.now == nullptr
+                    ? table.Columns.emplace_back(*column.before)
+                    : table.Columns[static_cast<std::size_t>(column.now - plan.now->Columns.data())];
+            if (column.now == nullptr) {
+                kept.FieldName = nameOf(column);
+                kept.IsAutoNumber = false;
+            } else if (!isDone) {
+                kept.TypeSize = column.before->TypeSize;
+                kept.DefaultText = column.before->DefaultText;
             }
-            columns.Add(now.FieldName);
-            values.Add(IsDone(column, allowsLoss) ? Converted(comparison, plan, column) : now.FieldName);
+            columns.Add(kept.FieldName);
+            values.Add(isDone ? Converted(comparison, plan, column) : kept.FieldName);
         }
-        for (std::size_t i = 0; i < gone.size(); ++i) {
-            note(*gone[i], *gone[i]->before);
-            if (allowsLoss) continue;
-            Column& column = table.Columns.emplace_back(*gone[i]->before);
-            column.FieldName = names[i];
-            column.IsAutoNumber = false;
-            columns.Add(names[i]);
-            values.Add(names[i]);
-        }
-        if (plan.now == nullptr) {
-            for (const Column& column : table.Columns) {
-                columns.Add(column.FieldName);
-                values.Add(column.FieldName);
-            }
-        }
-        Begin(allowsLoss ? cls : ChangeClass::Safe, allowsLoss ? reason : "");
-        for (std::string& text : RebuildStatements(table, columns.Text(), values.Text()))
-            Add(std::move(text));
+        if (allowsLoss) Begin(cls, reasons.Text());
+        AddRebuild(table, columns.Text(), values.Text());
         if (!allowsLoss && cls != ChangeClass::Safe) {
-            Begin(cls, reason);
+            Begin(cls, reasons.Text());
             Add("");
         }
     }
@@ -116,6 +93,21 @@ class SqliteAlter final : public EngineAlter {
     void Retype(const DescribedTable&, const ColumnPlan&) override { Add(""); }
 
   private:
+    /// A table that stays although it goes from the definition refers to none.
+    void Release(DescribedTable table, const std::string& name) {
+        table.Name = name;
+        for (ForeignKey& key : table.ForeignKeys)
+            key.IsInRun = false;
+        JoinedText columns(", ");
+        for (const Column& column : table.Columns)
+            columns.Add(column.FieldName);
+        AddRebuild(table, columns.Text(), columns.Text());
+    }
+    void AddRebuild(const DescribedTable& table, const std::string& columns, const std::string& values) {
+        for (std::string& text : RebuildStatements(table, columns, values))
+            Add(std::move(text));
+    }
+
     static bool IsDone(const ColumnPlan& column, bool allowsLoss) {
         return allowsLoss || column.conversion.cls == ChangeClass::Safe;
     }

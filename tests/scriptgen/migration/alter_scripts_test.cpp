@@ -154,9 +154,10 @@ TEST(TableIdentity, RenamesThatCannotBeAreErrors) {
 }
 
 TEST(RenameOrder, ChainsAndCirclesGoThroughFreeNames) {
-    const std::vector<std::string> taken = {"A", "B", "C", "korvex_1"};
+    const NamedThing things[] = {
+        {"A", "b", true}, {"B", "A", true}, {"C", "", false, true}, {"korvex_1", "korvex_1"}};
     std::string text;
-    for (const NameChange& change : OrderRenames({{"A", "b"}, {"B", "A"}, {"C", ""}}, taken, {}))
+    for (const NameChange& change : OrderRenames(things))
         text += change.from + ">" + change.to + " ";
     EXPECT_EQ(text, "C>korvex_2 A>korvex_3 B>A korvex_3>b ");
 }

@@ -219,6 +219,12 @@ class RandomPairs : public testing::TestWithParam<Driver> {
         return values;
     }
 
+    std::unique_ptr<DefinitionDiff> DiffFromLive(ado::Connection& connection, const Tables& now) {
+        return std::make_unique<DefinitionDiff>(m_dialect.Name(),
+                                                scriptgen::ReadLiveTables(connection, m_dialect), now,
+                                                scriptgen::DiffOptions(), true);
+    }
+
     void Run(const Connection& connection, const DefinitionDiff& diff) {
         scriptgen::UpdateDatabase(connection, m_dialect, diff.Steps(true));
     }
@@ -248,8 +254,7 @@ class RandomPairs : public testing::TestWithParam<Driver> {
 
     std::vector<std::string> LiveChanges(ado::Connection& connection, const Tables& now) {
         std::vector<std::string> texts;
-        const auto diff =
-            DefinitionDiff::FromLive(m_dialect, scriptgen::ReadLiveTables(connection, m_dialect), now);
+        const auto diff = DiffFromLive(connection, now);
         for (const scriptgen::TableChange& change : diff->Changes())
             texts.push_back(ChangeText(change));
         return texts;
@@ -363,8 +368,7 @@ TEST_P(RandomPairs, ADatabaseIsBroughtToItsDefinitionFromAnyState) {
         model.Edit();
         SCOPED_TRACE("pair " + std::to_string(seed) + model.Story());
         const Tables now = Describe(model).tables;
-        const auto diff =
-            DefinitionDiff::FromLive(m_dialect, scriptgen::ReadLiveTables(*connection, m_dialect), now);
+        const auto diff = DiffFromLive(*connection, now);
         ASSERT_NO_THROW(Run(connection, *diff)) << diff->Script(true);
         ASSERT_EQ(Catalogue(*connection, &now), Catalogue(*Create(now))) << diff->Script(true);
     }
@@ -394,8 +398,7 @@ TEST_P(RandomPairs, ParentsThatAreMissingAndFractionsThatGoAreCountedBefore) {
                          (isMariaDb ? "datetime(3)" : "timestamp(3)") + " rounds 1 of 2 values");
     }
     ASSERT_GT(wanted.size(), 1U);
-    const auto diff =
-        DefinitionDiff::FromLive(m_dialect, scriptgen::ReadLiveTables(*connection, m_dialect), now);
+    const auto diff = DiffFromLive(*connection, now);
     std::vector<std::string> found;
     for (const scriptgen::Misfit& misfit : scriptgen::CountMisfits(*connection, m_dialect, diff->Compared()))
         found.push_back(automation::ToUpperAscii(misfit.text));
