@@ -46,6 +46,33 @@ void Dialect::SetTypes(DescribedTable& table) const {
         column.TypeSize = TypeText(table.Name, column);
 }
 
+std::vector<DescribedTable> Dialect::Tables(std::span<const DescribedTable> tables) const {
+    std::vector<DescribedTable> described(tables.begin(), tables.end());
+    for (DescribedTable& table : described)
+        Describe(table);
+    return described;
+}
+
+void Dialect::Describe(DescribedTable& table) const {
+    SetTypes(table);
+    for (Column& column : table.Columns) {
+        std::string text;
+        AppendNullOrDefault(text, column);
+        if (text.starts_with(DefaultWord)) column.DefaultText = text.substr(DefaultWord.size());
+    }
+    if (NumbersByTrigger() && CounterOf(table) != nullptr) table.Triggers.push_back(TriggerName(table.Name));
+    const std::vector<repository::ObjectId> targets = GetForeignKeyTargets(table.Columns);
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        TableIndex& index = table.Indexes.emplace_back();
+        index.Name = IndexName(table.Name, static_cast<int>(i) + 1);
+        for (const Column& column : table.Columns)
+            if (column.FKObjectID == targets[i]) index.Columns.push_back(column.FieldName);
+    }
+    for (ForeignKey& key : table.ForeignKeys)
+        key.IsInRun =
+            key.IsInRun && !key.KeyField.empty() && !targets.empty() && key.FKObjectID == targets.front();
+}
+
 /// Bytes of a declared length become long ones as texts do, but only a text is marked.
 std::string Dialect::TypeText(std::string_view table, Column& column) const {
     const std::string_view name = TypeName(m_types, column.DataType);
@@ -67,7 +94,7 @@ void Dialect::AppendTable(std::string& text, const DescribedTable& table) const 
     Append(text, "( \r\n");
     std::string_view before = "\t";
     for (const Column& column : table.Columns) {
-        Append(text, before, column.FieldName, " ", ColumnType(column));
+        Append(text, before, column.FieldName, " ", ColumnType(table, column));
         AppendNullOrDefault(text, column);
         before = ",\r\n\t";
     }

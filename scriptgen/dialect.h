@@ -55,8 +55,13 @@ class Dialect {
 
     /// Sets the type texts of the columns; marks columns that become long ones. Errors as above.
     void SetTypes(DescribedTable& table) const;
+    /// The tables as the scripts make them: types, defaults, indexes, triggers. All constraints of a table
+    /// bear one name there, so that a server keeps the first: only that one is in the run. Errors as above.
+    std::vector<DescribedTable> Tables(std::span<const DescribedTable> tables) const;
     /// The type of a column as it stands in its table, with what numbers it.
-    virtual std::string ColumnType(const Column& column) const { return column.TypeSize; }
+    virtual std::string ColumnType(const DescribedTable& /*table*/, const Column& column) const {
+        return column.TypeSize;
+    }
 
     /// Appends one constraint per object that the table references, and its drop.
     void AddForeignKeys(RunState& run, const DescribedTable& table, const ReferencedNames& names) const;
@@ -68,6 +73,8 @@ class Dialect {
     virtual void AppendTableDrop(std::string& drop, const DescribedTable& table) const = 0;
 
     const ProcedureWords& Procedures() const noexcept { return m_procedures; }
+    /// Whether a table with a counter has a trigger, TriggerName, that fills it.
+    virtual bool NumbersByTrigger() const noexcept { return false; }
     /// Whether the parameters of procedures name the types of columns.
     virtual bool ProceduresNameTypes() const noexcept = 0;
     /// The type of a parameter for a column.
@@ -85,6 +92,7 @@ class Dialect {
     void AppendTable(std::string& text, const DescribedTable& table) const;
 
   private:
+    void Describe(DescribedTable& table) const;
     std::string TypeText(std::string_view table, Column& column) const;
     void AppendPrimaryKey(std::string& text, const DescribedTable& table) const;
     void AppendForeignKeyIndexes(std::string& text, const DescribedTable& table) const;
@@ -107,5 +115,8 @@ const Dialect& OracleDialect() noexcept;
 const Column* CounterOf(const DescribedTable& table);
 /// The trigger by which Oracle does so, without its terminator.
 std::string OracleTriggerText(std::string_view table, std::string_view counter);
+
+/// What stands before the default of a column.
+inline constexpr std::string_view DefaultWord = " default ";
 
 }  // namespace korvex::scriptgen

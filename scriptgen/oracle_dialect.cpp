@@ -63,6 +63,7 @@ class Oracle final : public Dialect {
         Append(text, "\r\n");
     }
 
+    bool NumbersByTrigger() const noexcept override { return true; }
     bool ProceduresNameTypes() const noexcept override { return false; }
     std::string ParameterType(std::string_view table, const Column& column) const override {
         return std::string(table).append(".").append(column.FieldName).append("%TYPE");

@@ -77,7 +77,7 @@ class ServerDialect : public Dialect {
 class SqlServer final : public ServerDialect {
   public:
     SqlServer() : ServerDialect(ScriptType::SqlServer, SqlServerTable) {}
-    std::string ColumnType(const Column& column) const override {
+    std::string ColumnType(const DescribedTable&, const Column& column) const override {
         return column.TypeSize + (column.IsAutoNumber ? " IDENTITY (1, 1)" : "");
     }
 };
@@ -85,7 +85,7 @@ class SqlServer final : public ServerDialect {
 class Sybase final : public ServerDialect {
   public:
     Sybase() : ServerDialect(ScriptType::Sybase, SybaseTable) {}
-    std::string ColumnType(const Column& column) const override {
+    std::string ColumnType(const DescribedTable&, const Column& column) const override {
         return column.IsAutoNumber ? "numeric(18, 0)  identity" : column.TypeSize;
     }
 };

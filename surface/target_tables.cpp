@@ -4,10 +4,10 @@
 #include "automation/text.h"
 #include "repository/catalog.h"
 #include "repository/related_catalog.h"
+#include "scriptgen/dialect.h"
 #include "scriptgen/migration/compare_tables.h"
 #include "scriptgen/migration/database_update.h"
 #include "scriptgen/migration/live_tables.h"
-#include "scriptgen/migration/published_alter.h"
 #include "scriptgen/migration/table_rebuild.h"
 #include "scriptgen/script_text.h"
 
@@ -166,7 +166,7 @@ bool IsMadeByFirstVersion(std::span<const TableDifference> differences,
     std::vector<DescribedTable> firsts;
     for (const TableDifference& difference : differences) {
         if (difference.aspect != TableAspect::Type) continue;
-        if (firsts.empty()) firsts = scriptgen::PublishedTables(scriptgen::SqlServerDialect(), wanted);
+        if (firsts.empty()) firsts = scriptgen::SqlServerDialect().Tables(wanted);
         const auto typeIn = [&](std::span<const DescribedTable> tables) -> const std::string& {
             return scriptgen::FindColumn(*scriptgen::FindTable(tables, difference.table, folds),
                                          difference.name)

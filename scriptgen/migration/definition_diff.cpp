@@ -36,8 +36,8 @@ DefinitionDiff::DefinitionDiff(std::string_view dialect, std::span<const Describ
                                 "scripts of korvex script, or those of another dialect.");
     } else {
         const bool isOracle = published->type == ScriptType::Oracle;
-        m_before = PublishedTables(*FindDialect(published->type), before);
-        m_now = PublishedTables(*FindDialect(published->type), now);
+        m_before = FindDialect(published->type)->Tables(before);
+        m_now = FindDialect(published->type)->Tables(now);
         m_text = isOracle ? MakeOracleAlter() : MakeSqlServerAlter();
         traits = {.numbersAnew = false, .fixedTypes = isOracle ? "LONG" : ""};
     }

@@ -1,45 +1,9 @@
 #include "scriptgen/migration/published_alter.h"
 
-#include "scriptgen/column_lists.h"
-#include "scriptgen/column_text.h"
 #include "scriptgen/script_names.h"
 #include "scriptgen/script_text.h"
 
 namespace korvex::scriptgen {
-
-namespace {
-
-constexpr std::string_view Default = " default ";
-
-void Publish(const Dialect& dialect, DescribedTable& table) {
-    dialect.SetTypes(table);
-    for (Column& column : table.Columns) {
-        std::string text;
-        AppendNullOrDefault(text, column);
-        if (text.starts_with(Default)) column.DefaultText = text.substr(Default.size());
-    }
-    if (&dialect == &OracleDialect() && CounterOf(table) != nullptr)
-        table.Triggers.push_back(TriggerName(table.Name));
-    const std::vector<repository::ObjectId> targets = GetForeignKeyTargets(table.Columns);
-    for (std::size_t i = 0; i < targets.size(); ++i) {
-        TableIndex& index = table.Indexes.emplace_back();
-        index.Name = IndexName(table.Name, static_cast<int>(i) + 1);
-        for (const Column& column : table.Columns)
-            if (column.FKObjectID == targets[i]) index.Columns.push_back(column.FieldName);
-    }
-    for (ForeignKey& key : table.ForeignKeys)
-        key.IsInRun =
-            key.IsInRun && !key.KeyField.empty() && !targets.empty() && key.FKObjectID == targets.front();
-}
-
-}  // namespace
-
-std::vector<DescribedTable> PublishedTables(const Dialect& dialect, std::span<const DescribedTable> tables) {
-    std::vector<DescribedTable> published(tables.begin(), tables.end());
-    for (DescribedTable& table : published)
-        Publish(dialect, table);
-    return published;
-}
 
 RunState PublishedAlter::ProceduresOf(const DescribedTable& table) const {
     RunState run;
@@ -79,7 +43,7 @@ void PublishedAlter::CreateProcedures(const DescribedTable* before, const Descri
 
 std::string PublishedAlter::ColumnText(const Column& column) {
     return column.TypeSize +
-           (column.DefaultText.empty() ? " NULL" : std::string(Default) + column.DefaultText);
+           (column.DefaultText.empty() ? " NULL" : std::string(DefaultWord) + column.DefaultText);
 }
 
 void PublishedAlter::CarryOver(const DescribedTable& now, const ColumnPlan& column) {

@@ -6,10 +6,6 @@
 /// Changes of tables that the published scripts made.
 namespace korvex::scriptgen {
 
-/// The tables as the published scripts make them: types, defaults, indexes, triggers. All constraints of a
-/// table bear one name there, so that a server keeps the first: only that one is in the run.
-std::vector<DescribedTable> PublishedTables(const Dialect& dialect, std::span<const DescribedTable> tables);
-
 /// What SQL Server and Oracle agree on.
 class PublishedAlter : public AlterText {
   public:
