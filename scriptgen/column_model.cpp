@@ -32,11 +32,6 @@ namespace questions = repository::questions;
 
 namespace {
 
-std::string Trimmed(std::string text) {
-    const std::string_view trimmed = automation::Trim(text);
-    return trimmed.size() == text.size() ? std::move(text) : std::string(trimmed);
-}
-
 using Columns = std::vector<Column>;
 
 void AddColumn(Columns& columns, Column column) {
@@ -61,11 +56,11 @@ bool AddInterfaceFields(Columns& columns, DefinitionRows& source, InterfaceId lI
     for (; !rows->Eof(); rows->MoveNext()) {
         Column column;
         column.ValueID = ReadValue(valueID, ToId<ValueId>, what);
-        column.FieldName = Trimmed(ReadValue(fieldName, ToString, what));
+        column.FieldName = automation::Trim(ReadValue(fieldName, ToString, what));
         column.DataType = ReadValue(dataType, ToLong, what);
         column.IsAutoNumber = ReadValue(isAutoNumber, ToBoolean, what);
-        column.DefaultVal = Trimmed(ReadValue(defaultVal, ToString, what));
-        column.MaxLength = Trimmed(ReadValue(maxLength, ToString, what));
+        column.DefaultVal = automation::Trim(ReadValue(defaultVal, ToString, what));
+        column.MaxLength = automation::Trim(ReadValue(maxLength, ToString, what));
         if (column.MaxLength.empty()) column.MaxLength = "0";
         AddColumn(columns, std::move(column));
     }

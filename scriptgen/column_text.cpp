@@ -5,6 +5,10 @@
 #include "automation/text.h"
 #include "scriptgen/script_text.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace korvex::scriptgen {
 
 using automation::Error;
@@ -12,18 +16,16 @@ using automation::VarType;
 
 namespace {
 
-/// Types for which a column without a default is left to hold NULL.
-bool StartsAsNull(const Column& column) {
-    switch (column.DataType) {
-        case TypeCode(VarType::Null):
-        case TypeCode(VarType::Date):
-        case TypeCode(VarType::Object):
-        case TypeCode(VarType::Variant):
-            return true;
-        default:
-            return column.IsLongFld;
-    }
-}
+/// The data types that have a column type of their own.
+constexpr std::pair<VarType, std::string_view TypeNames::*> Named[] = {
+    {VarType::Integer, &TypeNames::integer16}, {VarType::Long, &TypeNames::integer32},
+    {VarType::Single, &TypeNames::single},     {VarType::Double, &TypeNames::real},
+    {VarType::Currency, &TypeNames::currency}, {VarType::Date, &TypeNames::date},
+    {VarType::Boolean, &TypeNames::boolean},   {VarType::Object, &TypeNames::object},
+    {VarType::Variant, &TypeNames::variant},   {VarType::Byte, &TypeNames::byte}};
+
+/// Types for which a column without a default is left to hold NULL, whatever its length.
+constexpr VarType NullTypes[] = {VarType::Null, VarType::Date, VarType::Object, VarType::Variant};
 
 /// Types without a literal of their own give nothing, even when a default is declared.
 void AppendDefaultLiteral(std::string& text, const Column& column) {
@@ -51,30 +53,9 @@ void AppendDefaultLiteral(std::string& text, const Column& column) {
 }  // namespace
 
 std::string_view TypeName(const TypeNames& types, std::int32_t dataType) {
-    switch (dataType) {
-        case TypeCode(VarType::Integer):
-            return types.integer16;
-        case TypeCode(VarType::Long):
-            return types.integer32;
-        case TypeCode(VarType::Single):
-            return types.single;
-        case TypeCode(VarType::Double):
-            return types.real;
-        case TypeCode(VarType::Currency):
-            return types.currency;
-        case TypeCode(VarType::Date):
-            return types.date;
-        case TypeCode(VarType::Boolean):
-            return types.boolean;
-        case TypeCode(VarType::Object):
-            return types.object;
-        case TypeCode(VarType::Variant):
-            return types.variant;
-        case TypeCode(VarType::Byte):
-            return types.byte.empty() ? types.text : types.byte;
-        default:
-            return types.text;
-    }
+    for (const auto& [type, name] : Named)
+        if (TypeCode(type) == dataType && !(types.*name).empty()) return types.*name;
+    return types.text;
 }
 
 double DeclaredLength(std::string_view table, const Column& column) {
@@ -88,9 +69,11 @@ double DeclaredLength(std::string_view table, const Column& column) {
 }
 
 void AppendNullOrDefault(std::string& text, const Column& column) {
+    const bool startsAsNull =
+        column.IsLongFld || std::ranges::find(NullTypes, column.DataType, TypeCode) != std::end(NullTypes);
     if (column.IsPrimaryKey || column.IsAutoNumber) {
         Append(text, " Not NULL");
-    } else if (column.DefaultVal.empty() && StartsAsNull(column)) {
+    } else if (column.DefaultVal.empty() && startsAsNull) {
         Append(text, " NULL");
     } else {
         Append(text, " default ");

@@ -12,17 +12,8 @@
 namespace korvex::scriptgen {
 
 const Dialect* FindDialect(ScriptType type) noexcept {
-    switch (type) {
-        case ScriptType::SqlServer:
-            return &SqlServerDialect();
-        case ScriptType::Oracle:
-            return &OracleDialect();
-        case ScriptType::Sybase:
-            return &SybaseDialect();
-        case ScriptType::None:
-            break;
-    }
-    return nullptr;
+    static const Dialect* const byType[] = {nullptr, &SqlServerDialect(), &OracleDialect(), &SybaseDialect()};
+    return byType[static_cast<std::size_t>(type)];
 }
 
 const Column* CounterOf(const DescribedTable& table) {
