@@ -163,8 +163,8 @@ Variant OdbcColumn::Value() {
 
 void OdbcColumn::Read() {
     if (m_read) return;
-    const std::optional<std::string> data = ReadData();
-    m_read = data ? FromData(*data) : Variant::Null();
+    std::string data;
+    m_read = ReadData(data) ? FromData(data) : Variant::Null();
 }
 
 bool OdbcColumn::IsCutOff() const noexcept {
@@ -172,12 +172,11 @@ bool OdbcColumn::IsCutOff() const noexcept {
     return m_length < 0 || static_cast<std::size_t>(m_length) > m_capacity - TerminatorOf(m_cType);
 }
 
-/// Reads long or short data in as few calls as its size allows; nothing for Null.
-std::optional<std::string> OdbcColumn::ReadData() const {
+/// Reads long or short data in as few calls as its size allows; false for Null.
+bool OdbcColumn::ReadData(std::string& data) const {
     const bool isFixed = HasFixedSize(m_cType);
     // Text ends in a zero, also in a part of it.
     const std::size_t terminator = TerminatorOf(m_cType);
-    std::string data;
     std::size_t room = isFixed ? m_capacity : 512 * std::max<std::size_t>(terminator, 1);
     for (;;) {
         const std::size_t start = data.size();
@@ -187,16 +186,16 @@ std::optional<std::string> OdbcColumn::ReadData() const {
                                             static_cast<SQLLEN>(room), &indicator);
         if (result == SQL_NO_DATA && !isFixed) {
             data.resize(start);
-            return data;
+            return true;
         }
         CheckOdbc(result, m_statement, m_dialect);
-        if (indicator == SQL_NULL_DATA) return std::nullopt;
-        if (isFixed) return data;
+        if (indicator == SQL_NULL_DATA) return false;
+        if (isFixed) return true;
         const bool sizeKnown = indicator >= 0;
         const std::size_t left = sizeKnown ? static_cast<std::size_t>(indicator) : 0;
         if (result == SQL_SUCCESS && sizeKnown) {
             data.resize(start + std::min(left, room));
-            return data;
+            return true;
         }
         // Cut off: what came fills the room but for the terminating zero.
         data.resize(start + room - terminator);

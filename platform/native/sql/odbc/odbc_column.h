@@ -32,7 +32,7 @@ class OdbcColumn {
 
   private:
     bool IsCutOff() const noexcept;
-    std::optional<std::string> ReadData() const;
+    bool ReadData(std::string& data) const;
     automation::Variant FromData(std::string_view data) const;
 
     const OdbcHandle& m_statement;
