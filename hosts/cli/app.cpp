@@ -24,20 +24,18 @@ void AddCommands(CLI::App& app, Console& console) {
     AddScriptCommand(app, console);
     AddDiffCommand(app, console);
     AddRelateCommand(app, console);
-    CLI::App* repository =
-        app.add_subcommand("repository", "Make, fill, show and check definition repositories");
-    AddRepositoryNewCommand(*repository, console);
-    AddRepositoryImportCommand(*repository, console);
-    AddRepositoryPullCommand(*repository, console);
-    AddRepositoryShowCommand(*repository, console);
-    AddRepositoryRemoveCommand(*repository, console);
-    AddRepositoryCheckCommand(*repository, console);
-    ListWhenAlone(*repository, console);
-    CLI::App* database =
-        app.add_subcommand("database", "Make, change, remove and check the tables of a target database");
-    AddDatabaseCommands(*database, console);
-    AddDatabaseUpdateCommand(*database, console);
-    ListWhenAlone(*database, console);
+    CLI::App& repository =
+        AddGroup(app, console, "repository", "Make, fill, show and check definition repositories");
+    AddRepositoryNewCommand(repository, console);
+    AddRepositoryImportCommand(repository, console);
+    AddRepositoryPullCommand(repository, console);
+    AddRepositoryShowCommand(repository, console);
+    AddRepositoryRemoveCommand(repository, console);
+    AddRepositoryCheckCommand(repository, console);
+    CLI::App& database =
+        AddGroup(app, console, "database", "Make, change, remove and check the tables of a target database");
+    AddDatabaseCommands(database, console);
+    AddDatabaseUpdateCommand(database, console);
     AddApplyCommand(app, console);
     AddSchemaCommand(app, console);
     AddSaveCommand(app, console);
@@ -46,12 +44,9 @@ void AddCommands(CLI::App& app, Console& console) {
     AddUpdateCommand(app, console);
     AddDeleteCommand(app, console);
     AddExistsCommand(app, console);
-
-    CLI::App* field = app.add_subcommand("field", "Read or write one column of one record");
-    AddFieldGetCommand(*field, console);
-    AddFieldSetCommand(*field, console);
-    ListWhenAlone(*field, console);
-
+    CLI::App& field = AddGroup(app, console, "field", "Read or write one column of one record");
+    AddFieldGetCommand(field, console);
+    AddFieldSetCommand(field, console);
     AddHelpCommand(app, console);
     AddCompletionCommands(app, console);
     AddManCommand(app, console);
@@ -99,6 +94,12 @@ void ListWhenAlone(CLI::App& group, Console& console) {
     group.callback([&] {
         if (group.get_subcommands().empty()) console.Results() << HelpOf(group);
     });
+}
+
+CLI::App& AddGroup(CLI::App& parent, Console& console, const std::string& name, const std::string& text) {
+    CLI::App& group = *parent.add_subcommand(name, text);
+    ListWhenAlone(group, console);
+    return group;
 }
 
 namespace {

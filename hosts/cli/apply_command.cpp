@@ -125,9 +125,7 @@ void AddApplyCommand(CLI::App& parent, Console& console) {
         ->type_name("STYLE")
         ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
     AddFormatOption(command, console);
-    command.add_option("FILE", options.files, "Script files, run in this order")
-        ->required()
-        ->type_name("FILE");
+    AddOption(command, "FILE", "FILE", options.files, "Script files, run in this order")->required();
 }
 
 }  // namespace korvex::cli

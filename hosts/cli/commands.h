@@ -16,6 +16,7 @@ std::unique_ptr<CLI::App> MakeApp(Console& console);
 
 /// A command that only holds others lists them when it stands alone.
 void ListWhenAlone(CLI::App& group, Console& console);
+CLI::App& AddGroup(CLI::App& parent, Console& console, const std::string& name, const std::string& text);
 
 /// Gives the help of a command an example, one line as it is typed. Several stand in their order.
 void AddExample(CLI::App& command, const std::string& line);

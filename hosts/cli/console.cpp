@@ -45,6 +45,11 @@ void Console::Message(std::string_view text) {
     m_said.push_back(line);
 }
 
+void Console::TellLeftOut(std::span<const std::string> leftOut) {
+    for (const std::string& what : leftOut)
+        Message("Left out: " + what);
+}
+
 void Console::Text(std::string_view text) {
     const std::scoped_lock lock(m_mutex);
     Clear();

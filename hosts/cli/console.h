@@ -37,6 +37,8 @@ class Console {
     void Lines(std::span<const std::string> lines);
     /// One message line, "korvex: ...", as automation::Readable shows it.
     void Message(std::string_view text);
+    /// Messages about what a result lacks, "Left out: ...".
+    void TellLeftOut(std::span<const std::string> leftOut);
     /// A text as it stands, with a line end behind it.
     void Text(std::string_view text);
     /// The message about the error that ends the command.

@@ -88,14 +88,11 @@ void AddDiffCommand(CLI::App& parent, Console& console) {
             "--connection", options.connection,
             "In place of OLD: a database as it stands; KORVEX_CONNECTION stands in for it where NEW is alone")
         ->type_name("C");
-    command.add_option("--dialect", options.dialect, "sqlite, mariadb, postgresql, mssql or oracle")
-        ->type_name("D")
-        ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "mssql", "oracle", "sybase"}));
-    command.add_option("--out", options.out, "Folder of the script, created when missing")
-        ->type_name("FOLDER");
-    command.add_option("--format", options.format, "text (the default) or json")
-        ->type_name("FORMAT")
-        ->check(CLI::IsMember({"text", "json"}));
+    AddChoice(command, "--dialect", "D", options.dialect,
+              {"sqlite", "mariadb", "postgresql", "mssql", "oracle", "sybase"},
+              "sqlite, mariadb, postgresql, mssql or oracle");
+    AddOption(command, "--out", "FOLDER", options.out, "Folder of the script, created when missing");
+    AddChoice(command, "--format", "FORMAT", options.format, {"text", "json"}, "text (the default) or json");
     command.add_flag("--exit-code", options.exitCode, "End with 3 when there are changes");
     AddDiffOptions(command, options);
 }

@@ -83,12 +83,10 @@ Command<FieldOptions> AddFieldCommand(CLI::App& parent, Console& console, const 
     const auto [command, options] = added;
     options.fkPrefix.clear();
     AddConnectionOption(command, options);
-    command.add_option("--table", options.table, "Table")->required()->type_name("T");
-    command.add_option("--key-field", options.keyField, "Key column of the table")
-        ->required()
-        ->type_name("F");
+    AddOption(command, "--table", "T", options.table, "Table")->required();
+    AddOption(command, "--key-field", "F", options.keyField, "Key column of the table")->required();
     AddKeyOption(command, options);
-    command.add_option("--field", options.field, "Column")->required()->type_name("N");
+    AddOption(command, "--field", "N", options.field, "Column")->required();
     return added;
 }
 
@@ -102,9 +100,8 @@ void AddFieldSetCommand(CLI::App& parent, Console& console) {
     const auto [command, options] =
         AddFieldCommand(parent, console, "set", "Write the value", " --value 12.5", RunSet);
     CLI::Option_group* what = command.add_option_group("value");
-    what->add_option("--value", options.value,
-                     "New value, converted to the column's type; base64 for a binary one")
-        ->type_name("V");
+    AddOption(*what, "--value", "V", options.value,
+              "New value, converted to the column's type; base64 for a binary one");
     what->add_flag("--null", options.isNull, "Write Null");
     what->require_option(1);
 }

@@ -58,12 +58,9 @@ void AddListCommand(CLI::App& parent, Console& console) {
                     "Values to give, Customer.Name too (all of the object unless given)")
         ->delimiter(',')
         ->type_name("NAMES");
-    command.add_option("--order", options.order, "Value to sort by (the key unless given)")
-        ->type_name("NAME");
+    AddOption(command, "--order", "NAME", options.order, "Value to sort by (the key unless given)");
     command.add_flag("--descending", options.isDescending, "Sort from the highest down");
-    command.add_option("--limit", options.limit, "At most so many")
-        ->check(CLI::NonNegativeNumber)
-        ->type_name("N");
+    AddOption(command, "--limit", "N", options.limit, "At most so many")->check(CLI::NonNegativeNumber);
     command
         .add_option("--format", options.format, "table, json (a line each), csv or keys (table unless given)")
         ->check(CLI::IsMember({"table", "json", "csv", "keys"}))

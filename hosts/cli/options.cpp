@@ -4,34 +4,32 @@
 
 namespace korvex::cli {
 
+CLI::Option* AddChoice(CLI::App& command, const std::string& names, const std::string& label,
+                       std::string& value, const std::vector<std::string>& words, const std::string& text) {
+    return AddOption(command, names, label, value, text)->check(CLI::IsMember(words));
+}
+
 void AddRepositoryOption(CLI::App& command, CommonOptions& options, bool isPositional) {
-    command
-        .add_option(isPositional ? "R,--repository" : "--repository", options.repository,
-                    "Repository file, ODBC string with DSN=, or model (JSON)")
+    AddOption(command, isPositional ? "R,--repository" : "--repository", "R", options.repository,
+              "Repository file, ODBC string with DSN=, or model (JSON)")
         ->required()
-        ->envname(RepositoryVariable)
-        ->type_name("R");
+        ->envname(RepositoryVariable);
 }
 
 CLI::Option* AddStorageOption(CLI::App& command, CommonOptions& options, const std::string& rest) {
-    return command.add_option("--storage", options.storage, "Storage name of the definition" + rest)
-        ->envname(StorageVariable)
-        ->type_name("NAME");
+    return AddOption(command, "--storage", "NAME", options.storage, "Storage name of the definition" + rest)
+        ->envname(StorageVariable);
 }
 
 void AddConnectionOption(CLI::App& command, CommonOptions& options) {
-    command
-        .add_option(
-            "--connection", options.connection,
-            "Target database: \"Provider=SQLite;Data Source=FILE\", or an ODBC string with DSN= or Driver=")
+    AddOption(command, "--connection", "C", options.connection,
+              "Target database: \"Provider=SQLite;Data Source=FILE\", or an ODBC string with DSN= or Driver=")
         ->required()
-        ->envname(ConnectionVariable)
-        ->type_name("C");
+        ->envname(ConnectionVariable);
 }
 
 void AddFKPrefixOption(CLI::App& command, CommonOptions& options, const std::string& rest) {
-    command.add_option("--fk-prefix", options.fkPrefix, "Prefix of foreign-key columns" + rest)
-        ->type_name("P");
+    AddOption(command, "--fk-prefix", "P", options.fkPrefix, "Prefix of foreign-key columns" + rest);
 }
 
 void AddFormatOption(CLI::App& command, Console& console) {

@@ -5,9 +5,20 @@
 #include <CLI/CLI.hpp>
 
 #include <string>
+#include <vector>
 
 /// Options that several commands have.
 namespace korvex::cli {
+
+/// Adds an option with a value, which the help calls `label`.
+template <class Value>
+CLI::Option* AddOption(CLI::App& command, const std::string& names, const std::string& label, Value& value,
+                       const std::string& text) {
+    return command.add_option(names, value, text)->type_name(label);
+}
+/// The same for one of these words.
+CLI::Option* AddChoice(CLI::App& command, const std::string& names, const std::string& label,
+                       std::string& value, const std::vector<std::string>& words, const std::string& text);
 
 /// What they say.
 struct CommonOptions {

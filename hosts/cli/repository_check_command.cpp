@@ -19,8 +19,6 @@ struct CheckOptions : CommonOptions {
     std::string dialect;
 };
 
-const char* WordOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
-
 void WriteDocument(const Findings& findings, Json& document) {
     document["errors"] = findings.Count(Severity::Error);
     document["warnings"] = findings.Count(Severity::Warning);

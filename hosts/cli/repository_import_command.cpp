@@ -53,8 +53,7 @@ bool IsEmpty(dao::Database& database) {
 /// What another repository holds, as a model with the places of its JSON form.
 Model ModelOf(repository::Repository& from, Console& console) {
     Model model = ExportModel(repository::Catalog::Read(from.Open()), "");
-    for (const std::string& what : model.leftOut)
-        console.Message("Left out: " + what);
+    console.TellLeftOut(model.leftOut);
     for (std::size_t i = 0; i < model.definitions.size(); ++i)
         model.definitions[i].place = "definitions[" + std::to_string(i) + "]";
     for (std::size_t i = 0; i < model.objects.size(); ++i)

@@ -44,9 +44,7 @@ void AddRepositoryPullCommand(CLI::App& parent, Console& console) {
         parent, console, "pull", "Write the tables of an existing database as a model",
         "korvex repository pull --connection \"Provider=SQLite;Data Source=target.db\" pulled.json", RunPull);
     AddConnectionOption(command, options);
-    command.add_option("MODEL", options.model, "Model file to be made (JSON)")
-        ->required()
-        ->type_name("NEW.json");
+    AddOption(command, "MODEL", "NEW.json", options.model, "Model file to be made (JSON)")->required();
 }
 
 }  // namespace korvex::cli

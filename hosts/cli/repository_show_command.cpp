@@ -21,15 +21,10 @@ struct ShowOptions : CommonOptions {
     bool open = false;
 };
 
-void TellLeftOut(const std::vector<std::string>& leftOut, Console& console) {
-    for (const std::string& what : leftOut)
-        console.Message("Left out: " + what);
-}
-
 /// The definitions as they stand.
 std::string RenderModel(const repository::Catalog& catalog, const ShowOptions& options, Console& console) {
     const Model exported = ExportModel(catalog, options.storage);
-    TellLeftOut(exported.leftOut, console);
+    console.TellLeftOut(exported.leftOut);
     return options.format == "json" ? ModelText(exported) : TreeText(exported);
 }
 
@@ -56,7 +51,7 @@ std::string Page(const ShownDefinition& shown, const repository::Catalog& catalo
 /// The definitions with the keys and tables that a run gives them.
 std::string RenderShown(const repository::Catalog& catalog, const ShowOptions& options, Console& console) {
     const ShownDefinition shown(catalog, options.storage, options.fkPrefix);
-    TellLeftOut(shown.LeftOut(), console);
+    console.TellLeftOut(shown.LeftOut());
     if (options.format == "mermaid") return MermaidText(shown);
     if (options.format == "dot") return DotText(shown);
     return options.format == "svg" ? Svg(shown) : Page(shown, catalog, options, console);
@@ -82,12 +77,11 @@ void AddRepositoryShowCommand(CLI::App& parent, Console& console) {
                    "korvex repository show orders.db --format html --out orders.html --open", RunShow);
     AddRepositoryOption(command, options);
     AddStorageOption(command, options, " (all of them)");
-    command.add_option("--format", options.format, "tree (the default), json, mermaid, dot, svg or html")
-        ->type_name("FORMAT")
-        ->check(CLI::IsMember({"tree", "json", "mermaid", "dot", "svg", "html"}));
+    AddChoice(command, "--format", "FORMAT", options.format,
+              {"tree", "json", "mermaid", "dot", "svg", "html"},
+              "tree (the default), json, mermaid, dot, svg or html");
     AddFKPrefixOption(command, options, " in diagrams (FK_)");
-    CLI::Option* out =
-        command.add_option("--out", options.out, "File to write to (standard output)")->type_name("FILE");
+    CLI::Option* out = AddOption(command, "--out", "FILE", options.out, "File to write to (standard output)");
     command.add_flag("--open", options.open, "Open the file in $BROWSER, else with xdg-open")->needs(out);
 }
 

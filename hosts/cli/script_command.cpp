@@ -117,8 +117,8 @@ void AddScriptCommand(CLI::App& parent, Console& console) {
         ->check(CLI::IsMember(names));
     AddStorageOption(command, options, "; without it all definitions go into the same files");
     AddFKPrefixOption(command, options);
-    command.add_option("--out", options.out, "Folder of the files, created when missing (the current one)")
-        ->type_name("FOLDER");
+    AddOption(command, "--out", "FOLDER", options.out,
+              "Folder of the files, created when missing (the current one)");
     command.add_flag("--open", options.open, "Open the files in $VISUAL, $EDITOR or xdg-open");
     command.add_flag("--quiet", options.quiet, "Print neither the paths nor a progress line");
 }

@@ -65,6 +65,9 @@ void CheckColumns(const CheckedDefinition& definition, Findings& findings);
 /// scripts leave out.
 void CheckScriptNames(const CheckedDefinition& definition, Findings& findings);
 
+/// The dialects that reserve `name`, in any case: "MS SQL, Sybase"; empty for none.
+std::string ReservedBy(std::string_view name);
+
 /// "value Street (ValueID 7)".
 std::string ValueText(const repository::ValueRow& value);
 /// "value with ValueID 7 has no name".

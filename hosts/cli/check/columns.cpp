@@ -1,6 +1,5 @@
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
-#include "hosts/cli/check/reserved_words.h"
 #include "hosts/cli/model/data_types.h"
 #include "repository/key_values.h"
 #include "repository/names.h"

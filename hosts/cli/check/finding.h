@@ -15,6 +15,9 @@ namespace korvex::cli {
 /// How bad a finding is: an error makes a run fail or its scripts useless, a warning may be meant so.
 enum class Severity : std::uint8_t { Error, Warning };
 
+/// "error" or "warning".
+inline const char* WordOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
+
 struct Finding {
     Severity severity;
     std::string text;

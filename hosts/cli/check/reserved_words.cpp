@@ -1,6 +1,5 @@
-#include "hosts/cli/check/reserved_words.h"
-
 #include "automation/text.h"
+#include "hosts/cli/check/check.h"
 
 #include <algorithm>
 #include <span>

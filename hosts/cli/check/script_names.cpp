@@ -2,7 +2,6 @@
 
 #include "automation/text.h"
 #include "hosts/cli/check/check.h"
-#include "hosts/cli/check/reserved_words.h"
 #include "scriptgen/column_lists.h"
 
 #include <algorithm>

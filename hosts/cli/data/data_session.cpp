@@ -56,7 +56,7 @@ void AddDataOptions(CLI::App& command, CommonOptions& options, bool isPositional
 }
 
 CLI::Option* AddKeyOption(CLI::App& command, KeyOptions& options) {
-    return command.add_option("--key", options.key, "Key of the record")->required()->type_name("K");
+    return AddOption(command, "--key", "K", options.key, "Key of the record")->required();
 }
 
 std::string DataExample(const std::string& name, const std::string& rest, bool isPositional) {

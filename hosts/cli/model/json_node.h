@@ -10,6 +10,11 @@
 
 namespace korvex::cli {
 
+/// The JSON document in a file; // and /* */ comments are skipped. Raises FileNotFoundError,
+/// PathFileAccessError (75) for a file that can not be read, and InvalidProcedureCall (5) for text that is no
+/// JSON, naming file, line and column, and for a member that stands twice in one object, naming its path.
+nlohmann::json ReadJsonFile(const std::string& path);
+
 /// A value of a JSON document together with its place, so that every complaint about it can name the place.
 /// All complaints are InvalidProcedureCall (5): "orders.json: objects[2].values[0].type: ...".
 class JsonNode {

@@ -1,9 +1,5 @@
 #include "hosts/cli/model/model.h"
 
-#include "repository/cycles.h"
-
-#include <numeric>
-
 namespace korvex::cli {
 
 std::vector<std::size_t> ChildrenOf(const Model& model, std::size_t object) {
@@ -38,19 +34,6 @@ std::string PlaceText(const Model& model, const ModelPlace& place, std::string_v
     text += place;
     if (!member.empty()) text.append(".").append(member);
     return text + ": ";
-}
-
-std::optional<ModelCycle> FindCycle(const Model& model) {
-    std::vector<std::size_t> objects(model.objects.size());
-    std::iota(objects.begin(), objects.end(), std::size_t{0});
-    std::vector<std::size_t> finished;
-    const auto cycle = repository::FindCycle(
-        objects, [&](std::size_t object) { return ChildrenOf(model, object); }, finished);
-    if (!cycle) return std::nullopt;
-    std::string text;
-    for (const std::size_t object : *cycle)
-        text += (text.empty() ? "" : " > ") + model.objects[object].Name;
-    return ModelCycle{cycle->back(), text};
 }
 
 std::vector<ModelValueRef> ValueIndex::Find(std::size_t object, const std::string& name) {

@@ -107,14 +107,6 @@ std::vector<bool> Beneath(const Model& model, std::vector<std::size_t> starts,
 /// "orders.json: objects[2].values[0].maxLength: ", or as much of it as is known; `member` may be empty.
 std::string PlaceText(const Model& model, const ModelPlace& place, std::string_view member = {});
 
-struct ModelCycle {
-    std::size_t object = 0;  ///< its own ancestor
-    std::string path;        ///< the names on the way, "Order > Customer > Order"
-};
-
-/// An object that is its own ancestor, or nothing.
-std::optional<ModelCycle> FindCycle(const Model& model);
-
 /// Finds values by name, in a model that does not change any more.
 class ValueIndex {
   public:

@@ -82,14 +82,15 @@ class Exporter {
                 object.interfaces.push_back(InterfaceIndex(interfaceID));
             }
         }
-        if (IsRow(row.CollectionObjectID)) {
-            object.element = Find(m_objectIndex, row.CollectionObjectID);
-            if (!object.element) {
-                LeaveOut("object " + row.Name + ": its element object " +
-                         std::to_string(Number(row.CollectionObjectID)) + " does not exist");
-            }
-        }
+        object.element = Held(row.CollectionObjectID, "object " + row.Name + ": its element object ");
         m_result.objects.push_back(std::move(object));
+    }
+
+    /// The object that an entry holds, if it does; `what` says of which it is told that there is none.
+    std::optional<std::size_t> Held(ObjectId id, const std::string& what) {
+        const std::optional<std::size_t> held = IsRow(id) ? Find(m_objectIndex, id) : std::nullopt;
+        if (IsRow(id) && !held) LeaveOut(what + std::to_string(Number(id)) + " does not exist");
+        return held;
     }
 
     std::size_t InterfaceIndex(InterfaceId interfaceID) {
@@ -115,13 +116,7 @@ class Exporter {
 
     ModelValue Value(const ValueRow& row) {
         ModelValue value{row, true};
-        if (IsRow(row.ChildObjectID)) {
-            value.child = Find(m_objectIndex, row.ChildObjectID);
-            if (!value.child) {
-                LeaveOut("value " + row.Name + ": its child object " +
-                         std::to_string(Number(row.ChildObjectID)) + " does not exist");
-            }
-        }
+        value.child = Held(row.ChildObjectID, "value " + row.Name + ": its child object ");
         return value;
     }
 

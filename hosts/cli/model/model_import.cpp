@@ -36,10 +36,7 @@ void RefuseClashes(const Model& model, dao::Database& database) {
     for (const ModelObject& object : model.objects) {
         const auto same = object.Guid.empty() ? guids.end() : guids.find(object.Guid);
         if (same == guids.end()) continue;
-        throw Error(automation::InvalidProcedureCall,
-                    PlaceText(model, object.place, "guid") + "the repository's object " +
-                        automation::Quoted(same->second->Name) + " already has the guid " + object.Guid +
-                        "; nothing was imported.");
+        RefuseGuid(model, object, same->second->Name);
     }
 }
 

@@ -156,10 +156,7 @@ class Merger {
             const std::optional<std::size_t> before = m_match.objects[i];
             const auto taken = guids.find(object.Guid);
             if (taken == guids.end() || (before && m_before.objects[*before].Guid == object.Guid)) continue;
-            throw automation::Error(automation::InvalidProcedureCall,
-                                    PlaceText(m_now, object.place, "guid") + "the repository's object " +
-                                        automation::Quoted(m_before.objects[taken->second].Name) +
-                                        " already has the guid " + object.Guid + "; nothing was imported.");
+            RefuseGuid(m_now, object, m_before.objects[taken->second].Name);
         }
     }
 
@@ -364,6 +361,13 @@ class Merger {
 };
 
 }  // namespace
+
+void RefuseGuid(const Model& model, const ModelObject& object, const std::string& owner) {
+    throw automation::Error(automation::InvalidProcedureCall,
+                            PlaceText(model, object.place, "guid") + "the repository's object " +
+                                automation::Quoted(owner) + " already has the guid " + object.Guid +
+                                "; nothing was imported.");
+}
 
 Model MergeModel(const Model& before, const Model& model, std::span<const std::string> removed) {
     return Merger(before, model, removed).Merge();

@@ -13,4 +13,7 @@ namespace korvex::cli {
 /// InvalidProcedureCall (5) for a class identifier that an object which is none of these has already.
 Model MergeModel(const Model& before, const Model& model, std::span<const std::string> removed = {});
 
+/// Raises that an object's class identifier is already that of another object, `owner`.
+[[noreturn]] void RefuseGuid(const Model& model, const ModelObject& object, const std::string& owner);
+
 }  // namespace korvex::cli

@@ -22,25 +22,15 @@ using scriptgen::DescribedTable;
 constexpr std::string_view KeyEnd = "ID";
 const std::string LongTextLength = std::to_string(scriptgen::LongestVarchar + 1);
 
-/// The data type for a column type that no value gets, by a part of its name; the first that fits.
-constexpr std::pair<std::string_view, std::int32_t> NearTypes[] = {{"char", TypeString},
-                                                                   {"text", TypeString},
-                                                                   {"clob", TypeString},
-                                                                   {"int", TypeLong},
-                                                                   {"serial", TypeLong},
-                                                                   {"bool", TypeBoolean},
-                                                                   {"bit", TypeBoolean},
-                                                                   {"dec", 6},
-                                                                   {"num", 6},
-                                                                   {"money", 6},
-                                                                   {"real", 5},
-                                                                   {"float", 5},
-                                                                   {"double", 5},
-                                                                   {"date", TypeDate},
-                                                                   {"time", TypeDate},
-                                                                   {"blob", TypeObject},
-                                                                   {"bytea", TypeObject},
-                                                                   {"binary", TypeObject}};
+/// The data types for column types that no value gets, by parts of their names; the first that fits.
+struct NearType {
+    std::int32_t code;
+    std::vector<std::string_view> parts;
+};
+const NearType NearTypes[] = {{TypeString, {"char", "text", "clob"}},   {TypeLong, {"int", "serial"}},
+                              {TypeBoolean, {"bool", "bit"}},           {6, {"dec", "num", "money"}},
+                              {5, {"real", "float", "double"}},         {TypeDate, {"date", "time"}},
+                              {TypeObject, {"blob", "bytea", "binary"}}};
 
 /// The length in "varchar(30)", or nothing.
 std::string LengthIn(std::string_view type) {
@@ -227,11 +217,11 @@ class Puller {
         }
         value.MaxLength = length.empty() ? LongTextLength : length;
         if (EqualsIgnoreCase(column.TypeSize, "varchar(" + length + ")")) return;
-        for (const auto& [part, code] : NearTypes) {
-            if (!ContainsIgnoreCase(column.TypeSize, part)) continue;
-            value.DataType = code;
-            break;
-        }
+        const auto* near = std::ranges::find_if(NearTypes, [&](const NearType& type) {
+            return std::ranges::any_of(
+                type.parts, [&](std::string_view part) { return ContainsIgnoreCase(column.TypeSize, part); });
+        });
+        if (near != std::end(NearTypes)) value.DataType = near->code;
         if (value.DataType != TypeString) value.MaxLength = "0";
         Tell(table, column.FieldName,
              " is " + (column.TypeSize.empty() ? "of no type" : column.TypeSize) + ", taken for " +

@@ -4,14 +4,15 @@
 #include "automation/nearest_name.h"
 #include "automation/text.h"
 #include "hosts/cli/model/data_types.h"
-#include "hosts/cli/model/json_file.h"
 #include "hosts/cli/model/json_node.h"
 #include "hosts/cli/wording.h"
+#include "repository/cycles.h"
 #include "repository/names.h"
 
 #include <functional>
 #include <limits>
 #include <map>
+#include <numeric>
 #include <unordered_set>
 #include <utility>
 
@@ -138,11 +139,7 @@ class ModelReader {
             ReadDefinition(node);
         Resolve();
         if (m_model.objects.empty() && m_model.interfaces.empty()) document.Fail("holds no objects");
-        if (const std::optional<ModelCycle> cycle = FindCycle(m_model)) {
-            throw automation::Error(automation::OutOfStackSpace,
-                                    PlaceText(m_model, m_model.objects[cycle->object].place) +
-                                        "an object is its own ancestor: " + cycle->path);
-        }
+        ExpectNoCycle();
         return std::move(m_model);
     }
 
@@ -286,6 +283,21 @@ class ModelReader {
         if (texts.size() > std::size(tags)) node.At("tags").Fail("holds more than three texts");
         for (std::size_t i = 0; i < texts.size(); ++i)
             *tags[i] = texts[i].Text();
+    }
+
+    void ExpectNoCycle() const {
+        std::vector<std::size_t> objects(m_model.objects.size());
+        std::iota(objects.begin(), objects.end(), std::size_t{0});
+        std::vector<std::size_t> finished;
+        const auto cycle = repository::FindCycle(
+            objects, [this](std::size_t object) { return ChildrenOf(m_model, object); }, finished);
+        if (!cycle) return;
+        std::string path;
+        for (const std::size_t object : *cycle)
+            path += (path.empty() ? "" : " > ") + m_model.objects[object].Name;
+        throw automation::Error(automation::OutOfStackSpace,
+                                PlaceText(m_model, m_model.objects[cycle->back()].place) +
+                                    "an object is its own ancestor: " + path);
     }
 
     void Resolve() {

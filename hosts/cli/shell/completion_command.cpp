@@ -53,10 +53,10 @@ void PrintStorageNames(const CommonOptions& options, Console& console) {
 }  // namespace
 
 void AddCompletionCommands(CLI::App& root, Console& console) {
-    CLI::App* group =
-        root.add_subcommand("completion", "Print what makes a shell complete the words of korvex");
+    CLI::App& group =
+        AddGroup(root, console, "completion", "Print what makes a shell complete the words of korvex");
     const auto add = [&](const char* shell, const char* text, auto write, const char* example) {
-        CLI::App* command = group->add_subcommand(shell, text);
+        CLI::App* command = group.add_subcommand(shell, text);
         command->callback(
             [&console, write] { console.Results() << write(DescribeCommand(*MakeApp(console))); });
         AddExample(*command, example);
@@ -64,10 +64,9 @@ void AddCompletionCommands(CLI::App& root, Console& console) {
     add("bash", "Print the completion of bash", BashCompletion, "source <(korvex completion bash)");
     add("zsh", "Print the completion of zsh", ZshCompletion, "korvex completion zsh > _korvex");
     const auto [storages, options] = AddCommand(
-        *group, console, "storages", "Print the storage names of a repository, one a line, and no messages",
+        group, console, "storages", "Print the storage names of a repository, one a line, and no messages",
         "korvex completion storages orders.db", PrintStorageNames);
     AddRepositoryOption(storages, options);
-    ListWhenAlone(*group, console);
 }
 
 }  // namespace korvex::cli

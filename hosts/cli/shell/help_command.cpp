@@ -1,4 +1,5 @@
 #include "hosts/cli/commands.h"
+#include "hosts/cli/options.h"
 #include "hosts/cli/shell/command_tree.h"
 
 #include <algorithm>
@@ -30,9 +31,9 @@ void PrintHelp(const Words& words, Console& console) {
 void AddHelpCommand(CLI::App& root, Console& console) {
     const auto [command, words] = AddCommand(root, console, "help", "Print the help of a command",
                                              "korvex help repository show", PrintHelp);
-    command.add_option("COMMAND", words, "Words of the command; without them all commands are listed")
-        ->expected(0, -1)
-        ->type_name("COMMAND");
+    AddOption(command, "COMMAND", "COMMAND", words,
+              "Words of the command; without them all commands are listed")
+        ->expected(0, -1);
 }
 
 }  // namespace korvex::cli

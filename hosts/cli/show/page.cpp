@@ -190,8 +190,7 @@ Html ObjectAnchor(const ShownObject& object, const std::string& name) {
 }
 
 Html FindingPart(const Finding& finding, const Html& links) {
-    return Fill(finding.severity == Severity::Error ? "error" : "warning",
-                {{"text", finding.text}, {"links", links}});
+    return Fill(WordOf(finding.severity), {{"text", finding.text}, {"links", links}});
 }
 
 std::string PageText(const PageContent& content) { return Page(content).Text(); }

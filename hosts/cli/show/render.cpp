@@ -4,11 +4,7 @@
 #include "hosts/cli/model/data_types.h"
 #include "hosts/cli/wording.h"
 
-#include <algorithm>
 #include <cctype>
-#include <functional>
-#include <set>
-#include <utility>
 
 namespace korvex::cli {
 
@@ -43,22 +39,6 @@ bool IsPlain(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 |
 std::string AsIdentifier(std::string word) {
     if (word.empty() || std::isdigit(static_cast<unsigned char>(word.front())) != 0) word.insert(0, "_");
     return word;
-}
-
-std::vector<std::string> DiagramNames(const Model& model) {
-    std::set<std::string> used;
-    std::vector<std::string> names;
-    for (const ModelObject& object : model.objects) {
-        std::string base = object.Name;
-        std::ranges::replace_if(base, std::not_fn(IsPlain), '_');
-        base = AsIdentifier(std::move(base));
-        std::string name = base;
-        for (int n = 2; !used.insert(name).second; ++n) {
-            name = base + "_" + std::to_string(n);
-        }
-        names.push_back(name);
-    }
-    return names;
 }
 
 }  // namespace korvex::cli

@@ -35,10 +35,6 @@ std::string TypeText(std::int32_t dataType, const std::string& maxLength);
 bool IsPlain(char c);
 std::string AsIdentifier(std::string word);
 
-/// One name per object that diagram languages take as an identifier: letters, digits and underscores,
-/// numbered where two would be the same.
-std::vector<std::string> DiagramNames(const Model& model);
-
 /// Text as XML and HTML take it, also between double quotes; characters that they do not know become U+FFFD.
 std::string MarkupText(std::string_view text);
 

@@ -3,11 +3,35 @@
 #include "hosts/cli/show/render.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
+#include <set>
+#include <utility>
 
 namespace korvex::cli {
 
 using repository::ValueRow;
+
+namespace {
+
+/// One identifier per object.
+std::vector<std::string> Identifiers(const Model& model) {
+    std::set<std::string> used;
+    std::vector<std::string> names;
+    for (const ModelObject& object : model.objects) {
+        std::string base = object.Name;
+        std::ranges::replace_if(base, std::not_fn(IsPlain), '_');
+        base = AsIdentifier(std::move(base));
+        std::string name = base;
+        for (int n = 2; !used.insert(name).second; ++n) {
+            name = base + "_" + std::to_string(n);
+        }
+        names.push_back(name);
+    }
+    return names;
+}
+
+}  // namespace
 
 std::string ShownValue::TypeText() const {
     return row != nullptr ? cli::TypeText(row->DataType, row->MaxLength)
@@ -37,7 +61,7 @@ ShownDefinition::ShownDefinition(const repository::Catalog& catalog, std::string
     m_related.Relate(storage, fkPrefix);
     m_tables = scriptgen::DescribeTables(m_related, storage);
     m_objects.resize(m_exported.objects.size());
-    const std::vector<std::string> identifiers = DiagramNames(m_exported);
+    const std::vector<std::string> identifiers = Identifiers(m_exported);
     for (std::size_t i = 0; i < m_objects.size(); ++i) {
         m_positions.emplace(m_exported.objects[i].ObjectID, i);
         m_objects[i].identifier = identifiers[i];

@@ -1,17 +1,77 @@
 #include "automation/convert.h"
+#include "automation/error.h"
 #include "hosts/cli/app.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/data/data_session.h"
-#include "hosts/cli/data/json_input.h"
+#include "hosts/cli/shell/progress.h"
+#include "hosts/cli/text_file.h"
 #include "objects/json.h"
 #include "platform/ado_transaction.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
+/// The commands that write objects as a JSON file says: save and update.
 namespace korvex::cli {
 
 namespace {
+
+/// The JSON file of a command, standard input unless given.
+void AddJsonFile(CLI::App& command, std::string& file) {
+    AddOption(command, "FILE", "FILE", file, "JSON file; - for standard input, which is read unless given");
+}
+
+std::string JsonFileName(const std::string& file) { return file == "-" ? "standard input" : file; }
+
+/// Hands the text of a JSON file to `read`, with a list for members that are not stored, which are named on
+/// the console. Errors leave with the file's name in front.
+template <class Read>
+auto WithJsonFile(const std::string& file, Console& console, Read&& read) {
+    const std::string text = ReadTextFile(file);
+    const std::string prefix = JsonFileName(file) + ": ";
+    objects::UnstoredMembers unstored;
+    try {
+        auto result = read(text, unstored);
+        for (const std::string& member : unstored)
+            console.Message(prefix + member + " is left out: its definition does not have it stored.");
+        return result;
+    } catch (const automation::Error& error) {
+        throw automation::Error(error.Number(), prefix + error.Description(), error.Source());
+    }
+}
+
+struct SaveOptions : CommonOptions {
+    std::string file = "-";
+};
+
+using DataObjects = std::vector<std::shared_ptr<objects::DataObject>>;
+
+/// Saves the objects in one transaction; their keys.
+std::vector<std::int32_t> SaveAll(const DataSession& session, const DataObjects& objects, Console& console) {
+    std::vector<std::int32_t> keys;
+    const Progress progress(console, "objects", objects.size());
+    ado::Transaction transaction(session.Crud().DbConn());
+    for (const auto& object : objects) {
+        const std::int32_t key = session.Crud().DbSaveData(object);
+        session.ExpectAllOpened();
+        if (key < 1) session.FailWithLastResult();
+        keys.push_back(key);
+        console.Step();
+    }
+    transaction.Commit();
+    return keys;
+}
+
+void RunSave(const SaveOptions& options, Console& console) {
+    const auto definition = OpenDefinitionForWriting(options, console);
+    const DataObjects objects = WithJsonFile(options.file, console, [&](const auto& text, auto& unstored) {
+        return objects::ListFromJson(definition, text, &unstored);
+    });
+    const DataSession session(options, console);
+    for (const std::int32_t key : SaveAll(session, objects, console))
+        console.Results() << key << '\n';
+}
 
 struct UpdateOptions : KeyOptions {
     bool retainRoot = false;
@@ -82,6 +142,13 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
 }
 
 }  // namespace
+
+void AddSaveCommand(CLI::App& parent, Console& console) {
+    const auto [command, options] = AddCommand(parent, console, "save", "Save new objects; prints their keys",
+                                               DataExample("save", "order.json"), RunSave);
+    AddDataOptions(command, options);
+    AddJsonFile(command, options.file);
+}
 
 void AddUpdateCommand(CLI::App& parent, Console& console) {
     const auto [command, options] =
