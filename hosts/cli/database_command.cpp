@@ -62,9 +62,7 @@ void RunPublished(const scriptgen::ScriptTypeInfo& type, const DatabaseOptions& 
                   const Connection& connection, bool creates, Console& console) {
     console.Message("Nobody has verified this on " + std::string(type.displayName) +
                     ": the published scripts run as they are.");
-    repository::Repository source(Session(console).platform);
-    source.OpenRepository(options.repository);
-    const repository::Catalog catalog = repository::Catalog::Read(source.Open());
+    const repository::Catalog catalog = ReadCatalog(options, console);
     repository::RelatedCatalog rows(catalog);
     rows.Relate(options.storage, options.fkPrefix);
     scriptgen::RunState run;

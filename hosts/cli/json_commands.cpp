@@ -135,9 +135,7 @@ void RunUpdate(const UpdateOptions& options, Console& console) {
             : Update(session, options, std::make_shared<objects::DataObject>(definition), key, console);
     session.ExpectAllOpened();
     if (updated < 1) session.FailWithLastResult(RecordText(*definition, key));
-    const ResultText& unchanged = TextOf(dbObjectNotModified);
-    if (session.Crud().Writes() == 0)
-        console.Message(std::string(NameOf(unchanged.code)) + ": " + std::string(unchanged.meaning));
+    if (session.Crud().Writes() == 0) session.Say(dbObjectNotModified);
     transaction.Commit();
 }
 

@@ -9,10 +9,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
+#include <future>
 #include <iterator>
 #include <memory>
-#include <poll.h>
 #include <span>
 #include <spawn.h>
 #include <sstream>
@@ -48,11 +47,11 @@ bool Wait(pid_t child) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-/// A file without a name that holds the text; whoever reads it starts at the beginning. No program that
-/// stops reading can block or end this one, as it could behind a pipe.
-class TextInput {
+/// A file without a name. No program that stops reading or writing it can block or end this one, as it could
+/// behind a pipe.
+class TemporaryFile {
   public:
-    explicit TextInput(const std::string& text) : m_file(std::tmpfile()) {
+    explicit TemporaryFile(std::string_view text = {}) : m_file(std::tmpfile()) {
         const bool isWritten = m_file &&
                                std::fwrite(text.data(), 1, text.size(), m_file.get()) == text.size() &&
                                std::fflush(m_file.get()) == 0;
@@ -61,6 +60,15 @@ class TextInput {
         std::rewind(m_file.get());
     }
     int Handle() const { return fileno(m_file.get()); }
+    /// All of it, whoever wrote it.
+    std::string Read() const {
+        std::rewind(m_file.get());
+        std::string text;
+        std::array<char, 65536> buffer{};
+        while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), m_file.get()))
+            text.append(buffer.data(), count);
+        return text;
+    }
 
   private:
     struct Close {
@@ -69,47 +77,21 @@ class TextInput {
     std::unique_ptr<std::FILE, Close> m_file;
 };
 
-/// The writing and the reading end of what a program writes.
-class Pipe {
-  public:
-    Pipe() {
-        if (pipe2(m_ends.data(), O_CLOEXEC) != 0)
-            throw Error(automation::DeviceIoError, "No pipe can be made: " + Reason(errno));
+/// Waits until a program has ended by itself; one that takes longer than `limit` is ended. Whether it was in
+/// time.
+bool EndsWithin(pid_t child, std::chrono::milliseconds limit) {
+    std::promise<void> end;
+    auto isOver = std::async(std::launch::async, [child, limit, over = end.get_future()] {
+        if (over.wait_for(limit) == std::future_status::ready) return true;
+        kill(child, SIGKILL);
+        return false;
+    });
+    // It stays as it ended, so that nobody else gets its number before the other thread is done.
+    siginfo_t how{};
+    while (waitid(P_PID, static_cast<id_t>(child), &how, WEXITED | WNOWAIT) == -1 && errno == EINTR) {
     }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe() {
-        CloseWriter();
-        close(m_ends[0]);
-    }
-    int Reader() const { return m_ends[0]; }
-    int Writer() const { return m_ends[1]; }
-    void CloseWriter() {
-        if (m_ends[1] >= 0) close(m_ends[1]);
-        m_ends[1] = -1;
-    }
-
-  private:
-    std::array<int, 2> m_ends{};
-};
-
-using Clock = std::chrono::steady_clock;
-
-/// Reads both pipes to their ends. False when that is not so at `deadline`.
-bool ReadAll(std::span<pollfd> pipes, std::span<std::string> texts, Clock::time_point deadline) {
-    while (std::ranges::any_of(pipes, [](const pollfd& pipe) { return pipe.fd >= 0; })) {
-        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        if (rest <= 0) return false;
-        if (poll(pipes.data(), pipes.size(), static_cast<int>(rest)) < 0 && errno != EINTR) return false;
-        for (std::size_t i = 0; i < pipes.size(); ++i) {
-            if (pipes[i].fd < 0 || pipes[i].revents == 0) continue;
-            std::array<char, 65536> buffer{};
-            const ssize_t count = read(pipes[i].fd, buffer.data(), buffer.size());
-            if (count > 0) texts[i].append(buffer.data(), static_cast<std::size_t>(count));
-            if (count == 0 || (count < 0 && errno != EINTR)) pipes[i].fd = -1;
-        }
-    }
-    return true;
+    end.set_value();
+    return isOver.get();
 }
 
 /// The program that the first variable with a text names, with its arguments; empty for none.
@@ -158,35 +140,29 @@ void Open(const std::vector<std::string>& paths, std::span<const char* const> va
 
 ProgramResult RunProgram(const std::vector<std::string>& words, const std::string& input,
                          std::chrono::milliseconds limit) {
-    const Clock::time_point deadline = Clock::now() + limit;
-    const TextInput file(input);
-    Pipe output;
-    Pipe messages;
+    const std::array<TemporaryFile, 3> files = {TemporaryFile(input), TemporaryFile(), TemporaryFile()};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, file.Handle(), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, output.Writer(), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, messages.Writer(), STDERR_FILENO);
+    for (const int handle : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_adddup2(&actions, files.at(static_cast<std::size_t>(handle)).Handle(),
+                                         handle);
     pid_t child = 0;
     const int failure = Start(words, &actions, child);
     posix_spawn_file_actions_destroy(&actions);
     if (failure != 0) return {{}, words.front() + " does not start: " + Reason(failure)};
 
-    output.CloseWriter();
-    messages.CloseWriter();
-    std::array<pollfd, 2> pipes{pollfd{output.Reader(), POLLIN, 0}, pollfd{messages.Reader(), POLLIN, 0}};
-    std::array<std::string, 2> texts;
-    const bool isWhole = ReadAll(pipes, texts, deadline);
-    if (!isWhole) kill(child, SIGKILL);
+    const bool isInTime = EndsWithin(child, limit);
     const bool isWell = Wait(child);
-    if (!isWhole) {
+    if (!isInTime) {
         return {{},
                 words.front() + " took longer than " +
                     std::to_string(std::chrono::duration_cast<std::chrono::seconds>(limit).count()) + " s"};
     }
-    if (isWell) return {std::move(texts[0]), {}};
-    const std::string said = texts[1].substr(0, texts[1].find('\n'));
-    return {{}, words.front() + " ended with a failure" + (said.empty() ? "" : ": " + said)};
+    if (isWell) return {files[STDOUT_FILENO].Read(), {}};
+    const std::string said = files[STDERR_FILENO].Read();
+    return {{},
+            words.front() + " ended with a failure" +
+                (said.empty() ? "" : ": " + said.substr(0, said.find('\n')))};
 }
 
 void OpenInEditor(const std::vector<std::string>& paths) {

@@ -66,7 +66,7 @@ void CheckColumns(const CheckedDefinition& definition, Findings& findings);
 void CheckScriptNames(const CheckedDefinition& definition, Findings& findings);
 
 /// The dialects that reserve `name`, in any case: "MS SQL, Sybase"; empty for none.
-std::string ReservedBy(std::string_view name);
+std::string_view ReservedBy(std::string_view name);
 
 /// "value Street (ValueID 7)".
 std::string ValueText(const repository::ValueRow& value);

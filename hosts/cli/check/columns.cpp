@@ -82,7 +82,7 @@ void CheckColumnName(const CheckedTable& table, const CheckedColumn& column, Fin
     const std::string& name = column.column.FieldName;
     if (name.empty() && column.value != nullptr) return findings.Error(NamelessText(*column.value));
     CheckIdentifier(table.place + ": column ", name, column.value == nullptr, findings);
-    if (const std::string dialects = ReservedBy(name); !dialects.empty())
+    if (const std::string dialects(ReservedBy(name)); !dialects.empty())
         findings.Warning(table.place + ": column " + name + " is a reserved word (" + dialects + ")");
 }
 

@@ -78,13 +78,10 @@ void CheckIdentifier(const std::string& what, const std::string& name, bool isIn
                      Findings& findings) {
     if (repository::IsIdentifier(name)) return;
     const std::string mark = repository::FindSqlMark(name);
-    if (mark.empty()) {
-        findings.Error(what + name + " is no identifier; names stand in SQL text without quotes");
-    } else if (isInStatements) {
-        findings.Danger(what + name + " holds " + mark + ", which SQL takes for more than a name");
-    } else {
-        findings.Error(what + name + " holds " + mark + ", which SQL takes for more than a name");
-    }
+    if (mark.empty())
+        return findings.Error(what + name + " is no identifier; names stand in SQL text without quotes");
+    const std::string text = what + name + " holds " + mark + ", which SQL takes for more than a name";
+    isInStatements ? findings.Danger(text) : findings.Error(text);
 }
 
 }  // namespace korvex::cli

@@ -98,7 +98,7 @@ void CheckTableName(const DescribedTable& table, const std::string& owner, Findi
         findings.Warning(owner + ": the names of sequence, trigger, index or key of table " + table.Name +
                          " get longer than 30 characters, which older Oracle servers refuse");
     }
-    if (const std::string dialects = ReservedBy(table.Name); !dialects.empty()) {
+    if (const std::string dialects(ReservedBy(table.Name)); !dialects.empty()) {
         findings.Warning(owner + ": table " + table.Name + " is a reserved word (" + dialects + ")");
     }
 }

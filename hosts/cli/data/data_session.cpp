@@ -19,6 +19,13 @@ namespace {
 
 using automation::Error;
 
+/// What a result code says, and what to do about it.
+struct ResultText {
+    dbResults code;
+    std::string_view meaning;
+    std::string_view remedy;  ///< empty for none
+};
+
 constexpr std::array Texts = {
     ResultText{dbNoError, "Nothing was done.", "Check the definition (korvex repository check)."},
     ResultText{dbConnectError, "The database cannot be opened.", "Check --connection."},
@@ -38,6 +45,11 @@ constexpr std::array Texts = {
     ResultText{dbTableNotIncluded, "An object of the definition is not stored.",
                "Check the definition (korvex repository check)."},
 };
+
+const ResultText& TextOf(dbResults code) noexcept {
+    const auto* found = std::ranges::find(Texts, code, &ResultText::code);
+    return found == Texts.end() ? Texts.front() : *found;
+}
 
 /// Says nothing: the connection's error is asked for.
 class SilentDesktop final : public platform::Desktop {
@@ -100,11 +112,6 @@ std::string RecordText(objects::Definition& definition, std::int32_t key) {
                       value == nullptr ? "its key" : value->Info().column, key);
 }
 
-const ResultText& TextOf(dbResults code) noexcept {
-    const auto* found = std::ranges::find(Texts, code, &ResultText::code);
-    return found == Texts.end() ? Texts.front() : *found;
-}
-
 DataSession::DataSession(const CommonOptions& options, Console& console) : m_console(console) {
     Platform platform = DefaultPlatform();
     platform.desktop = std::make_shared<SilentDesktop>();
@@ -127,6 +134,10 @@ void DataSession::Fail(dbResults code, std::string reason) const {
     m_console.Message(std::string(NameOf(text.code)) + ": " +
                       automation::AddSentence(std::move(reason), remedy));
     throw CLI::RuntimeError(ExitFailed);
+}
+
+void DataSession::Say(dbResults code) const {
+    m_console.Message(std::string(NameOf(code)) + ": " + std::string(TextOf(code).meaning));
 }
 
 bool DataSession::Exists(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const {

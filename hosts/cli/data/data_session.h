@@ -37,15 +37,6 @@ std::string RecordText(objects::Definition& definition, std::int32_t key);
 /// A whole number of 32 bits. Raises TypeMismatch (13) or Overflow (6), naming it.
 std::int32_t ReadKey(const std::string& text);
 
-/// What a result code says, and what to do about it.
-struct ResultText {
-    dbResults code;
-    std::string_view meaning;
-    std::string_view remedy;  ///< empty for none
-};
-
-const ResultText& TextOf(dbResults code) noexcept;
-
 /// A connected clsCRUD. Failures are said on the console and end the command with RuntimeError.
 class DataSession {
   public:
@@ -61,6 +52,8 @@ class DataSession {
     }
     /// Ends the command: "NAME: what is wrong. What to do." `reason` says it more closely than the code does.
     [[noreturn]] void Fail(dbResults code, std::string reason = {}) const;
+    /// "NAME: what it means."
+    void Say(dbResults code) const;
     /// Whether there is a record of that key.
     bool Exists(const std::shared_ptr<objects::DataObject>& object, std::int32_t key) const;
     /// Fills the object from its record.

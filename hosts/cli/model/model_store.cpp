@@ -25,6 +25,13 @@ using repository::PrimaryKeyRow;
 using repository::RowId;
 using repository::ValueId;
 
+/// A value of a row with the member which it says.
+struct Cell {
+    std::string_view column;
+    std::string_view member;
+    Variant value;
+};
+
 /// Writes rows of one table.
 class TableWriter {
   public:
@@ -54,6 +61,13 @@ class TableWriter {
     /// No text is Null.
     void PutText(std::string_view column, std::string_view member, const std::string& text) {
         if (!text.empty() || m_edited) Put(column, member, text.empty() ? Variant::Null() : Variant(text));
+    }
+    /// Adds a row to a table without identifiers.
+    void Add(const ModelPlace& place, std::initializer_list<Cell> cells) {
+        Begin(place);
+        for (const auto& [column, member, value] : cells)
+            if (!value.IsNull()) Put(column, member, value);
+        Store();
     }
     /// Stores the row. A new one's identifier becomes `id`.
     void Store(RowId auto& id) {
@@ -236,7 +250,9 @@ class Store {
             const ObjectRows old = before == nullptr ? ObjectRows() : RowsOf(m_before, *before);
             const ObjectRows now = RowsOf(m_after, object);
             if (Replaces(old.interfaces, now.interfaces, "tObjectInterfaces", object.ObjectID))
-                WriteLinks(links, object, now.interfaces);
+                for (const InterfaceId interface : now.interfaces)
+                    links.Add(object.place, {{"ObjectID", "interfaces", Number(object.ObjectID)},
+                                             {"InterfaceID", "interfaces", Number(interface)}});
             if (Replaces(old.primaryKeys, now.primaryKeys, "tPrimaryKeys", object.ObjectID))
                 WritePrimaryKeys(primary, object, now.primaryKeys);
             if (Replaces(old.foreignKeys, now.foreignKeys, "tForeignKeys", object.ObjectID))
@@ -252,37 +268,24 @@ class Store {
         return true;
     }
 
-    static void WriteLinks(TableWriter& table, const ModelObject& object,
-                           const std::vector<InterfaceId>& interfaces) {
-        for (const InterfaceId interface : interfaces) {
-            table.Begin(object.place);
-            table.Put("ObjectID", "interfaces", object.ObjectID);
-            table.Put("InterfaceID", "interfaces", interface);
-            table.Store();
-        }
-    }
-
     static void WritePrimaryKeys(TableWriter& table, const ModelObject& object,
                                  const std::vector<PrimaryKeyRow>& rows) {
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            table.Begin(object.primaryKeys[i].place);
-            table.Put("ObjectID", {}, rows[i].ObjectID);
-            table.Put("ValueID", "value", rows[i].ValueID);
-            table.Put("Seq", "seq", rows[i].Seq);
-            table.Store();
-        }
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            table.Add(object.primaryKeys[i].place, {{"ObjectID", {}, Number(rows[i].ObjectID)},
+                                                    {"ValueID", "value", Number(rows[i].ValueID)},
+                                                    {"Seq", "seq", rows[i].Seq}});
     }
 
     static void WriteForeignKeys(TableWriter& table, const ModelObject& object,
                                  const std::vector<ForeignKeyRow>& rows) {
         for (std::size_t i = 0; i < rows.size(); ++i) {
-            table.Begin(object.foreignKeys[i].place);
-            table.Put("ObjectID", {}, rows[i].ObjectID);
-            table.Put("ValueID", "value", rows[i].ValueID);
-            table.Put("FKObjectID", "object", rows[i].FKObjectID);
-            table.Put("FKValueID", "key", rows[i].FKValueID);
-            table.PutText("FKObjectGUID", "guid", rows[i].FKObjectGUID);
-            table.Store();
+            const std::string& guid = rows[i].FKObjectGUID;
+            table.Add(object.foreignKeys[i].place,
+                      {{"ObjectID", {}, Number(rows[i].ObjectID)},
+                       {"ValueID", "value", Number(rows[i].ValueID)},
+                       {"FKObjectID", "object", Number(rows[i].FKObjectID)},
+                       {"FKValueID", "key", Number(rows[i].FKValueID)},
+                       {"FKObjectGUID", "guid", guid.empty() ? Variant::Null() : Variant(guid)}});
         }
     }
 
@@ -311,10 +314,8 @@ class Store {
                                    " where Storage = " + InQuotes(definition.storage, '\''));
                 continue;
             }
-            table.Begin(definition.place);
-            table.Put("Storage", "storage", definition.storage);
-            table.Put("RootObjectID", "root", root);
-            table.Store();
+            table.Add(definition.place,
+                      {{"Storage", "storage", definition.storage}, {"RootObjectID", "root", Number(root)}});
         }
     }
 
