@@ -18,11 +18,11 @@ enum class ScriptKind : std::uint8_t { Create, Drop, Procedures, CreateForeignKe
 /// What is fixed for a target dialect.
 struct ScriptTypeInfo {
     ScriptType type = ScriptType::None;
-    std::string_view engine;        ///< what its engine is called, and the dialect by people who choose one
-    std::int32_t stringNumber = 0;  ///< number of the dialect's name at a language service
-    std::string_view number;        ///< the same as text: the identifier without a language service
-    std::string_view displayName;   ///< when the language service has no name of its own
-    std::int16_t maxCharLen = 0;    ///< longest variable-length character column
+    std::string_view engine;  ///< what its engine is called, and the dialect by people who choose one
+    /// Number of the dialect's name at a language service; as text the identifier without one.
+    std::int32_t stringNumber = 0;
+    std::string_view displayName;               ///< when the language service has no name of its own
+    std::int16_t maxCharLen = 0;                ///< longest variable-length character column
     std::array<std::string_view, 5> fileNames;  ///< by ScriptKind
 };
 

@@ -97,7 +97,7 @@ automation::ObjectRef LanguageService(const Variant& oLanguageSvr) {
 
 /// What a host calls a dialect: its number, or its name at a language service, where that has one.
 std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const ScriptTypeInfo& type) {
-    if (!oLanguageSvr) return std::string(type.number);
+    if (!oLanguageSvr) return std::to_string(type.stringNumber);
     Variant arguments[] = {LibraryNumber, TextCategory, type.stringNumber};
     std::string name =
         automation::ToString(oLanguageSvr->Invoke("GetString", automation::InvokeKind::Method, arguments));

@@ -2,6 +2,7 @@
 #include "scriptgen/migration/column_types.h"
 #include "scriptgen/migration/definition_diff.h"
 #include "scriptgen/migration/definition_identity.h"
+#include "scriptgen/migration/live_tables.h"
 #include "scriptgen/migration/rename_order.h"
 #include "support/error_of.h"
 #include "support/temp_folder.h"
@@ -151,6 +152,19 @@ TEST(TableIdentity, RenamesThatCannotBeAreErrors) {
                     HasSubstr(c.error));
     EXPECT_THAT(Texts(DefinitionDiff("sqlite", before, now, {.renames = {{"a.x", "ta.y"}}})),
                 testing::Contains("safe: tA.Y is renamed from X"));
+}
+
+TEST(LiveTables, TriggersMaySpellTheirTableInAnotherCase) {
+    const auto connection = DefaultPlatform().targetProvider->CreateConnection();
+    connection->Open("Provider=SQLite;Data Source=:memory:");
+    for (const char* statement : {"CREATE TABLE tOrder (OrderID int)", "CREATE INDEX Own ON TORDER (OrderID)",
+                                  "CREATE TRIGGER Noted AFTER INSERT ON torder BEGIN SELECT 1; END"})
+        connection->Execute(statement);
+    const Tables tables = ReadLiveTables(*connection, SqliteDialect());
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_THAT(tables[0].Triggers, ElementsAre("Noted"));
+    ASSERT_EQ(tables[0].Dependents.size(), 2U);
+    EXPECT_EQ(tables[0].Dependents[1].Name, "Noted");
 }
 
 TEST(RenameOrder, ChainsAndCirclesGoThroughFreeNames) {
