@@ -61,8 +61,6 @@ std::shared_ptr<ado::Recordset> NativeConnection::Query(std::string_view text,
     return recordset;
 }
 
-std::int32_t NativeConnection::State() const { return m_session ? ado::adStateOpen : ado::adStateClosed; }
-
 std::int32_t NativeConnection::BeginTrans() {
     if (Session().InTransaction()) {
         throw automation::Error(ado::XactEExists,

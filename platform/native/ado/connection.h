@@ -22,7 +22,7 @@ class NativeConnection final : public ado::Connection, public ado::BoundQueries 
                                             std::int32_t* recordsAffected) override;
     std::shared_ptr<ado::Recordset> Query(std::string_view text,
                                           std::span<const automation::Variant> values) override;
-    std::int32_t State() const override;
+    std::int32_t State() const override { return m_session ? ado::adStateOpen : ado::adStateClosed; }
     std::int32_t BeginTrans() override;
     void CommitTrans() override;
     void RollbackTrans() override;

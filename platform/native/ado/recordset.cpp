@@ -92,10 +92,6 @@ std::shared_ptr<ado::Field> NativeRecordset::Fields(std::int32_t index) {
     return {m_rows, &rows.Field(Checked(rows, index))};
 }
 
-std::int32_t NativeRecordset::FieldCount() const {
-    return static_cast<std::int32_t>(Rows().Shape().columns.size());
-}
-
 void NativeRecordset::RaiseClosed() { throw Error(ado::adErrObjectClosed, "The recordset is not open."); }
 
 void NativeRecordset::RequireClosed() const {

@@ -32,7 +32,9 @@ class NativeRecordset final : public ado::Recordset {
     void Close() override;
     std::shared_ptr<ado::Field> Fields(std::string_view name) override;
     std::shared_ptr<ado::Field> Fields(std::int32_t index) override;
-    std::int32_t FieldCount() const override;
+    std::int32_t FieldCount() const override {
+        return static_cast<std::int32_t>(Rows().Shape().columns.size());
+    }
     automation::Variant FieldValue(std::string_view name) override {
         OpenRows& rows = Rows();
         return rows.Value(PositionOf(rows, name));

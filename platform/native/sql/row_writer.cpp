@@ -17,11 +17,6 @@ using automation::Variant;
 
 }  // namespace
 
-void Changes::Set(std::size_t column, Variant value) {
-    if (!IsSet(column)) m_columns.push_back(column);
-    m_values[column] = std::move(value);
-}
-
 RowIdentity RowWriter::Identify(const Row& row) const {
     RowIdentity identity{.plan = m_plan, .columns = {}, .values = {}};
     const auto add = [&](std::size_t i) {

@@ -35,7 +35,10 @@ class Changes {
     const automation::Variant& Value(std::size_t column) const noexcept { return m_values[column]; }
     automation::Variant& Value(std::size_t column) noexcept { return m_values[column]; }
     bool IsSet(std::size_t column) const noexcept { return !m_values[column].IsMissing(); }
-    void Set(std::size_t column, automation::Variant value);
+    void Set(std::size_t column, automation::Variant value) {
+        if (!IsSet(column)) m_columns.push_back(column);
+        m_values[column] = std::move(value);
+    }
     /// Takes back what is set to `stored(column)` anyway.
     template <class Stored>
     void RemoveSame(Stored&& stored) {

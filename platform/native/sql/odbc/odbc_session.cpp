@@ -16,6 +16,10 @@ constexpr SQLULEN LoginTimeoutSeconds = 15;
 // NOLINTNEXTLINE(performance-no-int-to-ptr)
 SQLPOINTER AsPointer(SQLULEN value) noexcept { return reinterpret_cast<SQLPOINTER>(value); }
 
+void AppendOrder(std::string& order, std::string_view what) {
+    order.append(order.empty() ? "\nORDER BY " : ", ").append(what);
+}
+
 }  // namespace
 
 OdbcSession::OdbcSession(std::string_view connectionString, std::shared_ptr<Seam> seam)
@@ -122,10 +126,10 @@ std::string OdbcSession::OrderOf(std::string_view table) {
     }
     const TableKey* key = KeyOf(name);
     if (key == nullptr) return {};
-    if (key->columns.empty()) return "\nORDER BY " + m_dialect.rowOrderColumn;
     std::string order;
     for (const std::string& column : key->columns)
-        order.append(order.empty() ? "\nORDER BY " : ", ").append(m_traits.Quote(column));
+        AppendOrder(order, m_traits.Quote(column));
+    if (order.empty()) AppendOrder(order, m_dialect.rowOrderColumn);
     return order;
 }
 
@@ -139,9 +143,6 @@ std::string OdbcSession::OrderOf(const RowShape& shape) {
         }
     }
     std::string order;
-    const auto append = [&order](const std::string& what) {
-        order.append(order.empty() ? "\nORDER BY " : ", ").append(what);
-    };
     for (const TableName& name : tables) {
         const std::shared_ptr<const TableInfo> table = Table(name, shape);
         for (const TableColumn& key : table->columns) {
@@ -149,10 +150,11 @@ std::string OdbcSession::OrderOf(const RowShape& shape) {
             const auto shown = std::ranges::find_if(shape.columns, [&](const ColumnInfo& column) {
                 return column.base == name && column.baseColumn == key.name;
             });
-            append(shown == shape.columns.end() ? m_traits.Quote(name.table) + "." + m_traits.Quote(key.name)
-                                                : std::to_string(shown - shape.columns.begin() + 1));
+            AppendOrder(order, shown == shape.columns.end()
+                                   ? m_traits.Quote(name.table) + "." + m_traits.Quote(key.name)
+                                   : std::to_string(shown - shape.columns.begin() + 1));
         }
-        if (!table->HasKey()) append(m_traits.Quote(name.table) + "." + m_dialect.rowOrderColumn);
+        if (!table->HasKey()) AppendOrder(order, m_traits.Quote(name.table) + "." + m_dialect.rowOrderColumn);
     }
     return order;
 }
