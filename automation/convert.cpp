@@ -48,16 +48,9 @@ std::string_view TypeName(VarType type) noexcept {
 /// For the types that no conversion takes.
 [[noreturn]] void RaiseNotConvertible(const Variant& value, VarType target) {
     if (value.IsNull()) throw Error(InvalidUseOfNull);
-    std::string description = "Type mismatch: ";
-    description.append(TypeName(value.Type())).append(" does not convert to ").append(TypeName(target));
-    throw Error(TypeMismatch, std::move(description));
+    std::string detail(TypeName(value.Type()));
+    throw Error::About(TypeMismatch, detail.append(" does not convert to ").append(TypeName(target)));
 }
-
-template <std::integral T>
-constexpr VarType typeOf = std::same_as<T, std::uint8_t>   ? VarType::Byte
-                           : std::same_as<T, std::int16_t> ? VarType::Integer
-                           : std::same_as<T, std::int32_t> ? VarType::Long
-                                                           : VarType::LongLong;
 
 template <std::integral T>
 T Narrow(std::int64_t value) {
@@ -109,7 +102,7 @@ struct WholeNumber {
     T operator()(Currency value) const { return Narrow<T>(RoundCurrency(value)); }
     T operator()(Date value) const { return RoundToWhole<T>(value.days); }
     T operator()(const std::string& text) const { return ParseWhole<T>(text); }
-    T operator()(const auto& other) const { RaiseNotConvertible(other, typeOf<T>); }
+    T operator()(const auto& other) const { RaiseNotConvertible(other, Variant(T{}).Type()); }
 };
 
 template <std::integral T>
@@ -141,7 +134,7 @@ Currency WholeCurrency(std::int64_t value) {
 
 Currency ParseCurrency(const std::string& text) {
     const NumberText number = ReadNumber(text);
-    if (number.isBitPattern) return WholeCurrency(Narrow<std::int64_t>(ParseWhole<std::int64_t>(text)));
+    if (number.isBitPattern) return WholeCurrency(ParseWhole<std::int64_t>(text));
     return {ScaledWhole(number, CurrencyPlaces)};
 }
 
@@ -200,18 +193,9 @@ constexpr Conversion Conversions[] = {
 }  // namespace
 
 bool ToBoolean(const Variant& value) {
-    switch (value.Type()) {
-        case VarType::Boolean:
-            return *value.If<bool>();
-        case VarType::LongLong:
-            return *value.If<std::int64_t>() != 0;
-        case VarType::Currency:
-            return value.If<Currency>()->units != 0;
-        case VarType::String:
-            return ParseBoolean(*value.If<std::string>());
-        default:
-            return ToReal(value, VarType::Boolean) != 0;
-    }
+    if (const auto* flag = value.If<bool>()) return *flag;
+    if (const auto* text = value.If<std::string>()) return ParseBoolean(*text);
+    return ToReal(value, VarType::Boolean) != 0;
 }
 
 std::uint8_t ToByte(const Variant& value) { return ToWhole<std::uint8_t>(value); }
@@ -236,16 +220,10 @@ float ToSingle(const Variant& value) {
 double ToDouble(const Variant& value) { return ToReal(value, VarType::Double); }
 
 Currency ToCurrency(const Variant& value) {
-    switch (value.Type()) {
-        case VarType::Currency:
-            return *value.If<Currency>();
-        case VarType::LongLong:
-            return WholeCurrency(*value.If<std::int64_t>());
-        case VarType::String:
-            return ParseCurrency(*value.If<std::string>());
-        default:
-            return {RoundToWhole<std::int64_t>(ToReal(value, VarType::Currency) * UnitsPerOne)};
-    }
+    if (const auto* amount = value.If<Currency>()) return *amount;
+    if (const auto* number = value.If<std::int64_t>()) return WholeCurrency(*number);
+    if (const auto* text = value.If<std::string>()) return ParseCurrency(*text);
+    return {RoundToWhole<std::int64_t>(ToReal(value, VarType::Currency) * UnitsPerOne)};
 }
 
 std::string ToString(const Variant& value) { return std::visit(Text(), value.Value()); }

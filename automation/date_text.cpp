@@ -26,7 +26,6 @@ constexpr sys_days DayZero = std::chrono::year(1899) / 12 / 30;
 constexpr double FirstDay = -657434;  ///< 0100-01-01
 constexpr double LastDay = 2958465;   ///< 9999-12-31
 
-constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool IsLetter(char c) noexcept { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 /// Rounds to whole units. The fraction counts forward from midnight, also before day zero.
@@ -79,7 +78,7 @@ std::string FormatTime(seconds time) {
 }
 
 [[noreturn]] void RaiseNotADate(std::string_view text) {
-    throw Error(TypeMismatch, "Type mismatch: " + Quoted(text) + " is not a date");
+    throw Error::About(TypeMismatch, Quoted(text) + " is not a date");
 }
 
 /// Takes parts off the front of a text; what does not fit is left where it is.
@@ -110,6 +109,9 @@ class TextReader {
         const std::string_view text = TakeDigits();
         if (text.size() != digits) return std::nullopt;
         return NumberIn(text);
+    }
+    std::optional<int> TakeNumberBehind(char separator, std::size_t digits) {
+        return Take(separator) ? TakeNumber(digits) : std::nullopt;
     }
     /// AM or PM, with or without blanks before it; nothing is taken when it is neither.
     std::optional<bool> TakeIsAfternoon() {
@@ -143,9 +145,8 @@ class TextReader {
 /// "08:30", "08:30:00", "08:30:00.250"; the reader must end with it.
 std::optional<milliseconds> ReadIsoTime(TextReader& reader) {
     const auto hour = reader.TakeNumber(2);
-    if (!hour || *hour > 23 || !reader.Take(':')) return std::nullopt;
-    const auto minute = reader.TakeNumber(2);
-    if (!minute || *minute > 59) return std::nullopt;
+    const auto minute = reader.TakeNumberBehind(':', 2);
+    if (!hour || *hour > 23 || !minute || *minute > 59) return std::nullopt;
     milliseconds time = hours(*hour) + minutes(*minute);
     if (reader.Take(':')) {
         const auto second = reader.TakeNumber(2);
@@ -165,11 +166,9 @@ std::optional<milliseconds> ReadIsoTime(TextReader& reader) {
 std::optional<Date> ReadIsoDate(std::string_view text) {
     TextReader reader(text);
     const auto year = reader.TakeNumber(4);
-    if (!year || !reader.Take('-')) return std::nullopt;
-    const auto month = reader.TakeNumber(2);
-    if (!month || !reader.Take('-')) return std::nullopt;
-    const auto day = reader.TakeNumber(2);
-    if (!day) return std::nullopt;
+    const auto month = reader.TakeNumberBehind('-', 2);
+    const auto day = reader.TakeNumberBehind('-', 2);
+    if (!year || !month || !day) return std::nullopt;
     if (reader.AtEnd()) return Join(*year, *month, *day, {});
     if (!reader.TakeAny("T ")) return std::nullopt;
     const auto time = ReadIsoTime(reader);

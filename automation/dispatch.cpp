@@ -30,9 +30,7 @@ const Member* FindByFlags(const ClassInfo& info, std::string_view name, unsigned
 }
 
 [[noreturn]] void RaiseFor(std::int32_t number, const ClassInfo& info, std::string_view member) {
-    std::string description(StandardErrorText(number));
-    description.append(": ").append(info.name).append(".").append(member);
-    throw Error(number, std::move(description));
+    throw Error::About(number, std::string(info.name).append(".").append(member));
 }
 
 [[noreturn]] void RaiseNotFound(const ClassInfo& info, std::string_view name, InvokeKind kind) {
@@ -124,9 +122,7 @@ class CallFrame {
 
 }  // namespace
 
-std::unique_ptr<Enumerator> Object::NewEnum() {
-    throw Error(MemberNotFound, std::string(StandardErrorText(MemberNotFound)) + ": it is no collection");
-}
+std::unique_ptr<Enumerator> Object::NewEnum() { throw Error::About(MemberNotFound, "it is no collection"); }
 
 Variant TableObject::Invoke(std::string_view name, InvokeKind kind, std::span<Variant> arguments) {
     const ClassInfo& info = Class();

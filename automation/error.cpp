@@ -100,6 +100,10 @@ Error::Error(std::int32_t number, std::string description, std::string source)
     if (m_description.empty()) m_description = StandardErrorText(number);
 }
 
+Error Error::About(std::int32_t number, std::string_view detail) {
+    return Error(number, std::string(StandardErrorText(number)).append(": ").append(detail));
+}
+
 std::string_view StandardErrorText(std::int32_t number) noexcept {
     const auto* found = std::ranges::lower_bound(StandardTexts, number, {}, &StandardText::number);
     if (found != StandardTexts.end() && found->number == number) return found->text;

@@ -39,6 +39,9 @@ class Error : public std::exception {
     /// `description` is what a person reads; when empty the runtime's standard text for `number` stands in.
     explicit Error(std::int32_t number, std::string description = {}, std::string source = "Korvex");
 
+    /// An error whose description is the standard text for `number` and, behind a colon, what it is about.
+    static Error About(std::int32_t number, std::string_view detail);
+
     /// An automation::ErrorNumber, a dao::ErrorNumber, an ado::ErrorNumber or an engine's own.
     std::int32_t Number() const noexcept { return m_number; }
     /// Who raised it: "Korvex", or what the engine calls itself.

@@ -14,10 +14,8 @@ namespace korvex::automation {
 
 namespace {
 
+constexpr std::string_view Blanks = " \t\n\v\f\r";
 constexpr int ExponentLimit = 100'000;  ///< beyond any number type; keeps the arithmetic on exponents safe
-
-constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
-constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 /// Reads a number from left to right. Every Take function answers whether it found its part and moved past
 /// it.
@@ -28,8 +26,7 @@ class NumberReader {
     /// False when the text is no number.
     bool Read(NumberText& result) {
         TakeBlanks();
-        while (!m_rest.empty() && IsBlank(m_rest.back()))
-            m_rest.remove_suffix(1);
+        m_rest = m_rest.substr(0, m_rest.find_last_not_of(Blanks) + 1);
         if (TakeChar('&')) return ReadBitPattern(result) && m_rest.empty();
 
         while (TakeSign(result.negative) || TakeOnce('$', m_hasCurrency) || TakeOpening(result.negative)) {
@@ -43,19 +40,13 @@ class NumberReader {
     }
 
   private:
-    template <class Test>
-    bool TakeIf(Test test) {
-        if (m_rest.empty() || !test(m_rest.front())) return false;
+    bool TakeAny(std::string_view wanted) {
+        if (m_rest.empty() || wanted.find(m_rest.front()) == std::string_view::npos) return false;
         m_rest.remove_prefix(1);
         return true;
     }
-    bool TakeChar(char wanted) {
-        return TakeIf([wanted](char c) { return c == wanted; });
-    }
-    void TakeBlanks() {
-        while (TakeIf(IsBlank)) {
-        }
-    }
+    bool TakeChar(char wanted) { return TakeAny({&wanted, 1}); }
+    void TakeBlanks() { m_rest.remove_prefix(std::min(m_rest.find_first_not_of(Blanks), m_rest.size())); }
     bool TakeOnce(char wanted, bool& taken) {
         if (taken || !TakeChar(wanted)) return false;
         return taken = true;
@@ -76,9 +67,7 @@ class NumberReader {
     }
 
     bool ReadBitPattern(NumberText& result) {
-        const int base = TakeIf([](char c) { return c == 'h' || c == 'H'; })   ? 16
-                         : TakeIf([](char c) { return c == 'o' || c == 'O'; }) ? 8
-                                                                               : 0;
+        const int base = TakeAny("hH") ? 16 : TakeAny("oO") ? 8 : 0;
         if (base == 0) return false;
         const char* const end = m_rest.data() + m_rest.size();
         const auto [stop, error] = std::from_chars(m_rest.data(), end, result.bits, base);
@@ -110,7 +99,7 @@ class NumberReader {
     }
 
     bool ReadExponent(NumberText& result) {
-        if (!TakeIf([](char c) { return c == 'e' || c == 'E' || c == 'd' || c == 'D'; })) return true;
+        if (!TakeAny("eEdD")) return true;
         const bool negative = TakeChar('-');
         if (!negative) TakeChar('+');
         if (m_rest.empty() || !IsDigit(m_rest.front())) return false;
@@ -136,9 +125,6 @@ bool RoundsUp(std::string_view digits, std::size_t position, bool isOdd) {
     return isOdd || digits.find_first_not_of('0', position + 1) != std::string_view::npos;
 }
 
-/// Room for every digit of a double's decimal form at the precisions in use, its sign, point and exponent.
-using DigitBuffer = std::array<char, 40>;
-
 /// Puts the plain form of 0.<digits> times ten to the power of `exponent` together.
 std::string PlainForm(std::string_view digits, int exponent) {
     if (exponent <= 0) {
@@ -162,9 +148,7 @@ std::string ScientificForm(std::string_view digits, int power) {
 
 NumberText ReadNumber(std::string_view text) {
     NumberText result;
-    if (!NumberReader(text).Read(result)) {
-        throw Error(TypeMismatch, "Type mismatch: " + Quoted(text) + " is not a number");
-    }
+    if (!NumberReader(text).Read(result)) throw Error::About(TypeMismatch, Quoted(text) + " is not a number");
     return result;
 }
 
@@ -205,7 +189,8 @@ std::string FormatReal(double value, int precision) {
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0";
 
-    DigitBuffer buffer{};
+    std::array<char, 40>
+        buffer{};  // more than the digits at any precision in use, the point and the exponent
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
                                        std::chars_format::scientific, precision - 1);
     // "d.ddde-xx": without the point these are the digits, with the value's decimal power behind the "e".

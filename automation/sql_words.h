@@ -53,8 +53,8 @@ constexpr std::array<CharClass, 256> MakeClasses() {
 inline constexpr std::array<CharClass, 256> Classes = MakeClasses();
 
 constexpr CharClass ClassOf(char c) noexcept { return Classes[static_cast<unsigned char>(c)]; }
+using automation::IsDigit;
 constexpr bool IsBlank(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
-constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr std::array<bool, 256> MakeWordParts() {
     std::array<bool, 256> parts{};
     for (std::size_t c = 0; c < 256; ++c) {

@@ -26,21 +26,16 @@ constexpr std::uint8_t ByteAt(std::string_view text, std::size_t position) noexc
 /// U+10FFFF, the range of the second byte.
 struct Lead {
     std::size_t length;
-    std::uint8_t secondMin;
-    std::uint8_t secondMax;
+    unsigned secondMin;
+    unsigned secondMax;
 };
 
 constexpr Lead LeadOf(std::uint8_t byte) noexcept {
     if (byte < 0x80) return {1, 0, 0};
-    if (byte < 0xC2) return {0, 0, 0};
+    if (byte < 0xC2 || byte > 0xF4) return {0, 0, 0};
     if (byte < 0xE0) return {2, 0x80, 0xBF};
-    if (byte == 0xE0) return {3, 0xA0, 0xBF};
-    if (byte == 0xED) return {3, 0x80, 0x9F};
-    if (byte < 0xF0) return {3, 0x80, 0xBF};
-    if (byte == 0xF0) return {4, 0x90, 0xBF};
-    if (byte < 0xF4) return {4, 0x80, 0xBF};
-    if (byte == 0xF4) return {4, 0x80, 0x8F};
-    return {0, 0, 0};
+    if (byte < 0xF0) return {3, byte == 0xE0 ? 0xA0U : 0x80U, byte == 0xED ? 0x9FU : 0xBFU};
+    return {4, byte == 0xF0 ? 0x90U : 0x80U, byte == 0xF4 ? 0x8FU : 0xBFU};
 }
 
 /// The character at `position`. An ill-formed sequence reads as one U+FFFD per longest start of a well-formed
@@ -55,8 +50,8 @@ Decoded Decode(std::string_view text, std::size_t position) noexcept {
     for (std::size_t i = 1; i < lead.length; ++i) {
         if (position + i >= text.size()) return {ReplacementCharacter, i};
         const std::uint8_t next = ByteAt(text, position + i);
-        const std::uint8_t lowest = i == 1 ? lead.secondMin : std::uint8_t{0x80};
-        const std::uint8_t highest = i == 1 ? lead.secondMax : std::uint8_t{0xBF};
+        const unsigned lowest = i == 1 ? lead.secondMin : 0x80;
+        const unsigned highest = i == 1 ? lead.secondMax : 0xBF;
         if (next < lowest || next > highest) return {ReplacementCharacter, i};
         character = (character << 6) | (next & 0x3FU);
     }
@@ -78,24 +73,13 @@ std::size_t AsciiRun(std::string_view text, std::size_t position) noexcept {
     return end - position;
 }
 
+/// A character beyond ASCII.
 void AppendUtf8(std::string& text, char32_t character) {
-    const auto append = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-    const auto appendTail = [&](int shift) { append(0x80 | ((character >> shift) & 0x3F)); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | (character >> 6));
-        appendTail(0);
-    } else if (character < 0x10000) {
-        append(0xE0 | (character >> 12));
-        appendTail(6);
-        appendTail(0);
-    } else {
-        append(0xF0 | (character >> 18));
-        appendTail(12);
-        appendTail(6);
-        appendTail(0);
-    }
+    int tailBits = character < 0x800 ? 6 : character < 0x10000 ? 12 : 18;
+    const char32_t lead = tailBits == 6 ? 0xC0 : tailBits == 12 ? 0xE0 : 0xF0;
+    text.push_back(static_cast<char>(lead | (character >> tailBits)));
+    while ((tailBits -= 6) >= 0)
+        text.push_back(static_cast<char>(0x80 | ((character >> tailBits) & 0x3F)));
 }
 
 constexpr char16_t HighSurrogates = 0xD800;
@@ -168,6 +152,8 @@ std::string ToUtf8(std::u16string_view utf16) {
             AppendUtf8(result, 0x10000 + (high << 10) + low);
         } else if (IsSurrogate(unit, HighSurrogates) || IsSurrogate(unit, LowSurrogates)) {
             AppendUtf8(result, ReplacementCharacter);
+        } else if (unit < 0x80) {
+            result.push_back(static_cast<char>(unit));
         } else {
             AppendUtf8(result, unit);
         }

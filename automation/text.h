@@ -10,6 +10,8 @@ namespace korvex::automation {
 
 inline constexpr std::string_view CrLf = "\r\n";
 
+constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
 /// Conversions at the COM and ODBC edges; ill-formed input becomes U+FFFD.
 std::u16string ToUtf16(std::string_view utf8);
 std::string ToUtf8(std::u16string_view utf16);

@@ -17,7 +17,7 @@ namespace {
 bool IsPlainNumber(std::string_view text) {
     text = automation::Trim(text);
     if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
-    if (text.empty() || (text.front() != '.' && (text.front() < '0' || text.front() > '9'))) return false;
+    if (text.empty() || (text.front() != '.' && !automation::IsDigit(text.front()))) return false;
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && end == text.data() + text.size();

@@ -31,10 +31,8 @@ constexpr platform::FileFailure Failures[] = {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     const std::int32_t number =
         isFolder ? automation::PathFileAccessError : platform::NumberOf(failure, Failures);
-    std::string description(automation::StandardErrorText(number));
-    description.append(": ").append(path).append(" (");
-    description.append(com::SystemText(HRESULT_FROM_WIN32(failure))).append(")");
-    throw automation::Error(number, std::move(description));
+    throw automation::Error::About(
+        number, std::string(path) + " (" + com::SystemText(HRESULT_FROM_WIN32(failure)) + ")");
 }
 
 std::string ToAnsi(std::string_view utf8) {
