@@ -1,7 +1,6 @@
-#include "persistence/field_access.h"
-
 #include "automation/error.h"
 #include "persistence/record_lookup.h"
+#include "persistence/record_members.h"
 
 namespace korvex::persistence {
 

@@ -1,9 +1,8 @@
-#include "persistence/load.h"
-
 #include "automation/convert.h"
 #include "persistence/definition_walk.h"
 #include "persistence/field_values.h"
 #include "persistence/record_lookup.h"
+#include "persistence/record_members.h"
 #include "persistence/special_state.h"
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include "persistence/definition_walk.h"
 #include "persistence/plain_object.h"
 #include "persistence/record_lookup.h"
+#include "persistence/record_members.h"
 
 namespace korvex::persistence {
 

@@ -8,11 +8,6 @@
 /// Deleting object trees: what stands beneath a record goes first. A delete that fails stays partial.
 namespace korvex::persistence {
 
-/// Deletes the record whose column `sSelKey` (the own key column when it is "") holds `lKey`, and everything
-/// beneath it; `coData` only carries the definition. Answers `lKey` once the record was looked up.
-std::int32_t DbDeleteData(CrudState& session, const QORObject::Ref& coData, const automation::Variant& lKey,
-                          const std::string& sSelKey);
-
 /// Deletes the records of all children and elements of the object whose record has the key `lPK` in its
 /// column `ownKey`.
 void DeleteBeneath(CrudState& session, const QORObject::Ref& coData, const std::string& ownKey,

@@ -4,6 +4,7 @@
 #include "automation/text.h"
 #include "persistence/definition_walk.h"
 #include "persistence/record_lookup.h"
+#include "persistence/record_members.h"
 #include "persistence/special_state.h"
 #include "persistence/update_tree.h"
 

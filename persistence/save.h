@@ -17,8 +17,4 @@ void TakeKeys(QORObject& coData, const std::string& ownKey, std::int32_t key, co
 void SaveBeneath(CrudState& session, QORObject& coData, const QORObject::Ref& definition, std::int32_t key,
                  const std::string& ownKey);
 
-/// Inserts a tree, given from any point of a definition's tree. Answers the new key of the topmost record, 0
-/// when nothing was written.
-std::int32_t DbSaveData(CrudState& session, const QORObject::Ref& coData);
-
 }  // namespace korvex::persistence

@@ -1,8 +1,7 @@
-#include "persistence/update.h"
-
 #include "automation/convert.h"
 #include "persistence/definition_walk.h"
 #include "persistence/record_lookup.h"
+#include "persistence/record_members.h"
 #include "persistence/remove.h"
 #include "persistence/save.h"
 #include "persistence/update_tree.h"

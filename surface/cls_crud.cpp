@@ -1,12 +1,8 @@
 #include "surface/cls_crud.h"
 
 #include "persistence/crud_state.h"
-#include "persistence/field_access.h"
-#include "persistence/load.h"
 #include "persistence/public_members.h"
-#include "persistence/remove.h"
-#include "persistence/save.h"
-#include "persistence/update.h"
+#include "persistence/record_members.h"
 
 #include <exception>
 #include <utility>
