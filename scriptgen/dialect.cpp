@@ -32,6 +32,12 @@ void Dialect::AddScripts(RunState& run, DescribedTable& table, const ReferencedN
     AddTable(run, table);
 }
 
+void Dialect::AddTable(RunState& run, const DescribedTable& table) const {
+    std::string text;
+    AppendCreate(text, run, table);
+    Append(run.Text(ScriptKind::Create), text, "\r\n");
+}
+
 void Dialect::SetTypes(DescribedTable& table) const {
     for (Column& column : table.Columns)
         column.TypeSize = TypeText(table.Name, column);

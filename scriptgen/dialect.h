@@ -68,8 +68,8 @@ class Dialect {
     /// Appends the procedures: to read and delete all rows, those of its key and those of each object that it
     /// refers to, to insert a row and to update one; and their drops, if any.
     void AddStoredProcedures(RunState& run, const DescribedTable& table) const;
-    /// Appends the create text of a table; its types are set.
-    virtual void AddTable(RunState& run, const DescribedTable& table) const = 0;
+    /// Appends the create text of a table, all of it or none; its types are set.
+    void AddTable(RunState& run, const DescribedTable& table) const;
     virtual void AppendTableDrop(std::string& drop, const DescribedTable& table) const = 0;
 
     const ProcedureWords& Procedures() const noexcept { return m_procedures; }
@@ -88,6 +88,8 @@ class Dialect {
     virtual void AppendKeyReading(std::string& text, std::string_view table, std::string_view key) const = 0;
 
   protected:
+    /// Appends what creates a table with all that belongs to it.
+    virtual void AppendCreate(std::string& text, RunState& run, const DescribedTable& table) const = 0;
     /// Appends what creates a table and its indexes.
     void AppendTable(std::string& text, const DescribedTable& table) const;
 

@@ -48,10 +48,9 @@ class Oracle final : public Dialect {
         Append(drop, "DROP TABLE ", table.Name, "; \r\n\r\n");
     }
     /// Sets the run's warning when the table gets more than one long column by their declared lengths.
-    void AddTable(RunState& run, const DescribedTable& table) const override {
+    void AppendCreate(std::string& text, RunState& run, const DescribedTable& table) const override {
         const Column* counter = CounterOf(table);
         if (LongColumns(table) > 1) run.m_bLongWarning = true;
-        std::string& text = run.Text(ScriptKind::Create);
         Append(text, "\r\n");
         Append(text, "rem  ***** Creating table ", table.Name, "\r\n\r\n");
         if (counter != nullptr)
@@ -60,7 +59,6 @@ class Oracle final : public Dialect {
         AppendTable(text, table);
         if (counter != nullptr)
             Append(text, "\r\n\r\n/\r\n", OracleTriggerText(table.Name, counter->FieldName), "; \r\n/\r\n");
-        Append(text, "\r\n");
     }
 
     bool NumbersByTrigger() const noexcept override { return true; }

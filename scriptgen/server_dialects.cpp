@@ -43,10 +43,8 @@ class ServerDialect : public Dialect {
     void AppendTableDrop(std::string& drop, const DescribedTable& table) const final {
         AppendDrop(drop, "TABLE", m_owner, table.Name, "3");
     }
-    void AddTable(RunState& run, const DescribedTable& table) const final {
-        std::string& text = run.Text(ScriptKind::Create);
+    void AppendCreate(std::string& text, RunState&, const DescribedTable& table) const final {
         AppendTable(text, table);
-        Append(text, "\r\n");
     }
 
     bool ProceduresNameTypes() const noexcept final { return true; }

@@ -101,6 +101,7 @@ TEST(Indexes, AreCountedIn16Bits) {
         columns.push_back(Reference("A", 67000 + object));
     TableInHand hand(ScriptType::Sybase, "T", columns);
     EXPECT_EQ(tests::ErrorOf([&] { hand.CreateText(); }), automation::Overflow);
+    EXPECT_EQ(hand.run.Text(ScriptKind::Create), "");
 }
 
 }  // namespace
