@@ -2,8 +2,8 @@
 
 #include "platform/native/ado/connection.h"
 #include "platform/native/ado/target.h"
-#include "platform/native/sql/odbc/odbc_session.h"
 #include "platform/native/sql/engine_error.h"
+#include "platform/native/sql/odbc/odbc_session.h"
 
 namespace korvex::test {
 
