@@ -77,7 +77,7 @@ std::string Dialect::TypeText(std::string_view table, Column& column) const {
     const bool isSized = isText || (name == m_types.variant && name != m_types.object);
     if (!isSized) return std::string(name);
     const double length = DeclaredLength(table, column);
-    if (length > m_maxCharLen) {
+    if (length > m_nMaxCharLen) {
         column.IsLongFld = isText;
         return std::string(isText ? m_types.longText : m_types.object);
     }

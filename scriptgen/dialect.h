@@ -43,7 +43,7 @@ class Dialect {
   public:
     Dialect(ScriptType type, const TypeNames& types, const TableWords& table,
             const ProcedureWords& procedures)
-        : m_maxCharLen(FindScriptType(type)->maxCharLen),
+        : m_nMaxCharLen(FindScriptType(type)->maxCharLen),
           m_types(types),
           m_table(table),
           m_procedures(procedures) {}
@@ -99,7 +99,7 @@ class Dialect {
     void AppendPrimaryKey(std::string& text, const DescribedTable& table) const;
     void AppendForeignKeyIndexes(std::string& text, const DescribedTable& table) const;
 
-    double m_maxCharLen;
+    double m_nMaxCharLen;
     const TypeNames& m_types;
     const TableWords& m_table;
     const ProcedureWords& m_procedures;

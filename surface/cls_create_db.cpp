@@ -95,13 +95,19 @@ automation::ObjectRef LanguageService(const Variant& oLanguageSvr) {
     return automation::ToObject(oLanguageSvr);
 }
 
-/// What a host calls a dialect: its number, or its name at a language service, where that has one.
+/// The service's text of that number; `sDefault` where it has none.
+std::string GetLocalString(automation::Object& languageSvr, std::int32_t lStringID,
+                           std::string_view sDefault) {
+    Variant arguments[] = {LibraryNumber, TextCategory, lStringID};
+    std::string text =
+        automation::ToString(languageSvr.Invoke("GetString", automation::InvokeKind::Method, arguments));
+    return text.empty() ? std::string(sDefault) : text;
+}
+
+/// What a host calls a dialect: its number, or its name at a language service.
 std::string ScriptTypeName(const automation::ObjectRef& oLanguageSvr, const ScriptTypeInfo& type) {
     if (!oLanguageSvr) return std::to_string(type.stringNumber);
-    Variant arguments[] = {LibraryNumber, TextCategory, type.stringNumber};
-    std::string name =
-        automation::ToString(oLanguageSvr->Invoke("GetString", automation::InvokeKind::Method, arguments));
-    return name.empty() ? std::string(type.displayName) : name;
+    return GetLocalString(*oLanguageSvr, type.stringNumber, type.displayName);
 }
 
 }  // namespace
