@@ -291,7 +291,8 @@ TEST(Replace, AnyModelComesBackAndIdentifiersStay) {
             return values;
         };
         EXPECT_EQ(added - removed, count(edited) - count(before));
-        EXPECT_TRUE(addsFirst || added <= 2u * (1 + seed % 7)) << "what stays is not written anew";
+        EXPECT_TRUE(addsFirst || added <= std::size_t{2} * (1 + seed % 7))
+            << "what stays is not written anew";
         EXPECT_EQ(cli::ReplaceDefinitions(edited, {}, repository.Open(), true), std::vector<std::string>());
         EXPECT_EQ(after.leftOut, std::vector<std::string>());
     }
