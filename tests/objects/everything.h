@@ -18,7 +18,7 @@ inline std::shared_ptr<objects::Definition> Everything() {
         {"Boolean", VarType::Boolean},   {"Byte", VarType::Byte},       {"Object", VarType::Object},
         {"Variant", VarType::Variant},
     };
-    const auto definition = std::make_shared<Definition>("Everything", "");
+    auto definition = std::make_shared<Definition>("Everything", "");
     for (const auto& [name, type] : values)
         definition->AddValue({name, "", static_cast<std::int32_t>(type)});
     const auto child = std::make_shared<Definition>("Child", "");

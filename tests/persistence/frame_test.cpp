@@ -92,7 +92,7 @@ TEST_F(Frame, ADefinitionThatChangedIsReadAnewByTheNextCall) {
     const auto order = StoredOrder();
     const auto definition = KeyedDefinition("Order", "");
     const auto loaded = [&] {
-        const auto object = std::make_shared<DataObject>(definition);
+        auto object = std::make_shared<DataObject>(definition);
         EXPECT_EQ(crud->DbGetData(object, 1), 1);
         return object;
     };

@@ -18,8 +18,8 @@ class HostObjects : public CrudTest {
 };
 
 TEST_F(HostObjects, WhatStandsBeneathElementsIsDeletedOrNothingIs) {
-    const automation::ObjectRef none;
-    const auto made = std::make_shared<HostObject>();
+    automation::ObjectRef none;
+    auto made = std::make_shared<HostObject>();
     const struct {
         const char* name;
         std::function<automation::ObjectRef()> factory;

@@ -10,8 +10,6 @@
 namespace korvex::tests {
 namespace {
 
-using testing::HasSubstr;
-
 /// The definition of the tests in files of the desktop engine: as Jet 4 and as ACE keep it, and with the keys
 /// that a run leaves behind.
 class DesktopFile : public testing::TestWithParam<const char*> {
