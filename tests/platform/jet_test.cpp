@@ -193,8 +193,10 @@ std::string Mutant(std::string file, std::mt19937& random) {
                 file[below(3 * PageSize)] = static_cast<char>(random());
             break;
         default:
-            for (std::size_t i = below(200) + 1; i > 0; --i)
-                file[below(file.size())] ^= static_cast<char>(1U << below(8));
+            for (std::size_t i = below(200) + 1; i > 0; --i) {
+                char& byte = file[below(file.size())];
+                byte = static_cast<char>(byte ^ (1 << below(8)));
+            }
     }
     return file;
 }

@@ -140,7 +140,7 @@ TEST_P(RepositoryTest, ASecondOpenReplacesTheFirstAndAFailedOneDoesNot) {
     EXPECT_EQ(GetObjectInterfaces(rows, ObjectId{1}), std::vector{InterfaceId{1}});
 
     const std::string other = places.New("other.db");
-    tests::DefinitionRepository(platform, other);
+    const tests::DefinitionRepository empty(platform, other);
     repository.OpenRepository(other);
     EXPECT_EQ(GetObjectInterfaces(rows, ObjectId{1}), std::vector<InterfaceId>{});
     repository.Close();
