@@ -36,14 +36,10 @@ constexpr CatalogueQueries Queries = {
     .foreignKeys =
         "select t.name, f.\"from\", f.\"table\", f.\"to\", null from sqlite_master t, "
         "pragma_foreign_key_list(t.name) f where t.type = 'table'",
-    .triggers =
-        "select t.name, g.name as trg from sqlite_master g, sqlite_master t where g.type = 'trigger' "
-        "and t.type = 'table' and t.name = g.tbl_name collate nocase",
-    // A trigger may spell the name of its table in another case.
+    .triggers = "select tbl_name, name from sqlite_master where type = 'trigger'",
     .dependents =
-        "select t.name, d.name as dep, d.sql from sqlite_master d, sqlite_master t where d.type in ('index', "
-        "'trigger') and d.sql is not null and t.type = 'table' and t.name = d.tbl_name collate nocase "
-        "order by d.rowid"};
+        "select tbl_name, name, sql from sqlite_master where type in ('index', 'trigger') and sql "
+        "is not null order by rowid"};
 
 constexpr EngineFacts SqliteFacts = {.name = "sqlite",
                                      .files = ScriptFiles,

@@ -38,18 +38,19 @@ bool Shows(ado::Connection& connection, const Sign& sign) {
 
 class LiveReader {
   public:
-    explicit LiveReader(ado::Connection& connection) : m_connection(connection) {}
+    LiveReader(ado::Connection& connection, const EngineDialect& dialect)
+        : m_connection(connection), m_dialect(dialect) {}
 
-    std::vector<DescribedTable> Read(const EngineDialect& dialect) {
-        const CatalogueQueries& queries = dialect.Facts().catalogue;
-        ForEach(queries.columns, [&](DescribedTable& table, ado::Recordset& row) {
+    std::vector<DescribedTable> Read() {
+        const CatalogueQueries& queries = m_dialect.Facts().catalogue;
+        ForEach(queries.columns, [this](DescribedTable& table, ado::Recordset& row) {
             Column& column = table.Columns.emplace_back();
             column.FieldName = Text(row, 1);
-            column.TypeSize = dialect.TypeAsWritten(Text(row, 2));
+            column.TypeSize = m_dialect.TypeAsWritten(Text(row, 2));
             column.IsAutoNumber = automation::ToLong(row.Fields(3)->Value()) != 0;
             column.IsPrimaryKey = automation::ToLong(row.Fields(4)->Value()) != 0;
             column.DefaultVal = Text(row, 5);
-            column.DefaultText = dialect.DefaultAsWritten(column.DefaultVal);
+            column.DefaultText = m_dialect.DefaultAsWritten(column.DefaultVal);
             if (column.IsPrimaryKey) table.PrimaryKey.push_back(column.FieldName);
         });
         ForEach(queries.indexes, [](DescribedTable& table, ado::Recordset& row) {
@@ -90,27 +91,39 @@ class LiveReader {
         const auto rows = m_connection.Execute(query);
         for (; !rows->Eof(); rows->MoveNext()) {
             const std::string name = Text(*rows, 0);
-            const auto [position, isNew] = areTables ? m_positions.try_emplace(name, m_tables.size())
-                                                     : std::pair(m_positions.find(name), false);
-            if (position == m_positions.end()) continue;
-            if (isNew) m_tables.emplace_back().Name = name;
-            take(m_tables[position->second], *rows);
+            if (areTables && m_positions.try_emplace(name, m_tables.size()).second) AddTable(name);
+            if (DescribedTable* table = Find(name)) take(*table, *rows);
         }
         rows->Close();
     }
 
+    void AddTable(const std::string& name) {
+        if (m_dialect.FoldsTableNames()) m_folded.try_emplace(FoldedName(name, true), m_tables.size());
+        m_tables.emplace_back().Name = name;
+    }
+
+    /// Engines tell the name as the statement of a trigger or a reference spells it.
+    DescribedTable* Find(const std::string& name) {
+        auto position = m_positions.find(name);
+        if (position != m_positions.end()) return &m_tables[position->second];
+        position = m_folded.find(FoldedName(name, true));
+        return position == m_folded.end() ? nullptr : &m_tables[position->second];
+    }
+
     void NameKeysReferredTo(DescribedTable& table) {
         for (ForeignKey& key : table.ForeignKeys) {
-            const auto target = m_positions.find(key.Table);
-            if (!key.KeyField.empty() || target == m_positions.end()) continue;
-            const std::vector<std::string>& columns = m_tables[target->second].PrimaryKey;
-            if (columns.size() == 1) key.KeyField = columns.front();
+            if (!key.KeyField.empty()) continue;
+            const DescribedTable* target = Find(key.Table);
+            if (target != nullptr && target->PrimaryKey.size() == 1)
+                key.KeyField = target->PrimaryKey.front();
         }
     }
 
     ado::Connection& m_connection;
+    const EngineDialect& m_dialect;
     std::vector<DescribedTable> m_tables;
     std::unordered_map<std::string, std::size_t> m_positions;  ///< of the tables, by name
+    std::unordered_map<std::string, std::size_t> m_folded;     ///< the same where names are equal in any case
 };
 
 }  // namespace
@@ -127,7 +140,7 @@ std::string EngineBehind(ado::Connection& connection) {
 }
 
 std::vector<DescribedTable> ReadLiveTables(ado::Connection& connection, const EngineDialect& dialect) {
-    return LiveReader(connection).Read(dialect);
+    return LiveReader(connection, dialect).Read();
 }
 
 std::vector<std::string> ReadTexts(ado::Connection& connection, const std::string& query) {
