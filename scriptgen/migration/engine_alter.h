@@ -63,7 +63,9 @@ class EngineAlter : public AlterText {
 
   private:
     void AddThings(EngineThing thing, const std::string& table, const std::string& name) {
-        for (const std::string& text : m_texts[{thing, table, name}])
+        const auto found = m_texts.find({thing, table, name});
+        if (found == m_texts.end()) return;
+        for (const std::string& text : found->second)
             Add(text);
     }
 

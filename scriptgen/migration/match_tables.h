@@ -40,10 +40,9 @@ struct TablePlan {
     bool Stays() const noexcept { return before != nullptr && now != nullptr; }
 };
 
-/// Pairs the tables of both models: in their new order, then those that are gone. Objects and values are told
-/// as MatchDefinitions tells them, those of a database that stands by their names. InvalidProcedureCall (5)
-/// for a rename that matches nothing, or several things.
-/// What happens to them is not marked yet.
+/// Pairs the tables of both models: in their new order, then those that are gone; what happens to them is not
+/// marked yet. Objects and values are told as MatchDefinitions tells them, those of a database that stands by
+/// their names. InvalidProcedureCall (5) for a rename that matches nothing, or several things.
 std::vector<TablePlan> MatchTables(std::span<const DescribedTable> before,
                                    std::span<const DescribedTable> now, std::span<const NamedRename> renames,
                                    bool foldsTableNames);
