@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 
 namespace korvex::native::ado_engine {
@@ -34,6 +35,7 @@ constexpr TypeFacts Facts[] = {
 };
 
 constexpr const TypeFacts& FactsOf(ColumnType type) noexcept { return Facts[static_cast<std::size_t>(type)]; }
+static_assert(std::size(Facts) == static_cast<std::size_t>(ColumnType::LongBinary) + 1);
 static_assert(std::ranges::all_of(Facts,
                                   [](const TypeFacts& facts) { return &facts == &FactsOf(facts.column); }));
 

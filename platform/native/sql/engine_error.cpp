@@ -24,6 +24,7 @@ struct KindFacts {
     std::string_view meaning = {};
 };
 
+/// In the order of ErrorKind.
 constexpr KindFacts FactsOfKinds[] = {
     {ErrorKind::Other, dao::QueryFailed, ado::DbEFail},
     {ErrorKind::FileNotFound, dao::FileNotFound, ado::DbEFail},
@@ -58,11 +59,13 @@ constexpr KindFacts FactsOfKinds[] = {
     {ErrorKind::NotEditing, dao::UpdateWithoutEdit, ado::adErrIllegalOperation},
     {ErrorKind::Closed, dao::ObjectInvalid, ado::adErrObjectClosed},
 };
-static_assert(std::size(FactsOfKinds) == static_cast<std::size_t>(ErrorKind::Closed) + 1);
 
-const KindFacts& FactsOf(ErrorKind kind) noexcept {
-    return *std::ranges::find(FactsOfKinds, kind, &KindFacts::kind);
+constexpr const KindFacts& FactsOf(ErrorKind kind) noexcept {
+    return FactsOfKinds[static_cast<std::size_t>(kind)];
 }
+static_assert(std::size(FactsOfKinds) == static_cast<std::size_t>(ErrorKind::Closed) + 1);
+static_assert(std::ranges::all_of(FactsOfKinds,
+                                  [](const KindFacts& facts) { return &facts == &FactsOf(facts.kind); }));
 
 }  // namespace
 
