@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 namespace korvex::native::sql {
 namespace {
@@ -164,7 +165,10 @@ Variant OdbcColumn::Value() {
 void OdbcColumn::Read() {
     if (m_read) return;
     std::string data;
-    m_read = ReadData(data) ? FromData(data) : Variant::Null();
+    if (!ReadData(data))
+        m_read = Variant::Null();
+    else  // a long text that is UTF-8 already is not copied
+        m_read = m_cType == SQL_C_CHAR ? ValueOfText(std::move(data), *m_info) : FromData(data);
 }
 
 bool OdbcColumn::IsCutOff() const noexcept {
