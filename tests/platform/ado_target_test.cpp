@@ -16,7 +16,7 @@ using testing::HasSubstr;
 
 std::string Describe(const Target& target) {
     if (target.odbcString) return "odbc " + *target.odbcString;
-    const std::string modes[] = {"read-write", "read", "create"};
+    const std::string modes[] = {"read-write", "read", "create", "create new", "memory"};
     return "sqlite " + target.file + ", " + modes[static_cast<std::size_t>(target.mode)] +
            (target.fullSync ? ", full" : ", normal");
 }
@@ -35,6 +35,7 @@ TEST(AdoConnectionString, SaysWhichEngineAndHow) {
         {"Provider=SQLite;Data Source=C:\\data\\x=1.db", "sqlite C:\\data\\x=1.db, read-write, full"},
         {"Provider=SQLite;Data Source=first.db;Data Source=last.db", "sqlite last.db, read-write, full"},
         {"Provider=SQLite;Data Source=a.db;User ID=u;Password=p", "sqlite a.db, read-write, full"},
+        {"Provider=SQLite;Data Source=:memory:;Mode=Read", "sqlite :memory:, memory, full"},
         {"DSN=Orders", "odbc DSN=Orders"},
         {"dsn=Orders;UID=me;PWD=x", "odbc dsn=Orders;UID=me;PWD=x"},
         {"Driver={SQLite3};Database=/tmp/a.db;", "odbc Driver={SQLite3};Database=/tmp/a.db"},
