@@ -134,18 +134,23 @@ void RelatedCatalog::Relate(std::string_view storageName, std::string_view sFKPr
 }
 
 void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix) {
+    if (storageName.empty()) return Relate(storageName, sFKPrefix);
     const auto own = CountWays(m_catalog, storageName);
-    std::set<std::string_view> others;
+    const auto isOwn = [&](const auto& object) { return own.contains(object.first); };
+    std::set<std::string_view> storages;
+    bool namesAreOwn = false;
     for (const DataDefRow& row : m_catalog.DataDefs()) {
-        if (storageName.empty() || row.Storage == storageName || !others.insert(row.Storage).second) continue;
+        if (!storages.insert(row.Storage).second) continue;
         try {
-            const auto isOwn = [&](const auto& other) { return own.contains(other.first); };
-            if (std::ranges::any_of(CountWays(m_catalog, row.Storage), isOwn)) Relate(row.Storage, sFKPrefix);
+            if (std::ranges::none_of(CountWays(m_catalog, row.Storage), isOwn)) continue;
+            namesAreOwn = false;
+            Relate(row.Storage, sFKPrefix);
+            namesAreOwn = row.Storage == storageName;
         } catch (const Error&) {
             // What is wrong with another definition does not concern this one.
         }
     }
-    Relate(storageName, sFKPrefix);
+    if (!namesAreOwn) Relate(storageName, sFKPrefix);
 }
 
 const ObjectRow* RelatedCatalog::FindObject(ObjectId objectID) const {

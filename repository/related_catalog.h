@@ -25,8 +25,8 @@ class RelatedCatalog final : public DefinitionRows {
     /// object that more ways lead to than table names have numbers raises Overflow (6) before the first step.
     void Relate(std::string_view storageName, std::string_view sFKPrefix);
     /// The same for a definition whose objects may stand beneath parents of other definitions: those that
-    /// share objects with it are related first, as far as they can be, so that the keys to these parents are
-    /// there. Names are those of the one definition.
+    /// share objects with it are related, too, as far as they can be, so that the keys to these parents are
+    /// there, in one order whichever definition is in hand. Names are those of the one definition.
     void RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix);
 
     // The look-ups of a catalogue.

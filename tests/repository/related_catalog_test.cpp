@@ -151,6 +151,27 @@ TEST_P(RelatedCatalogTest, WaysWithoutEndOrNumberAreToldAtOnce) {
     RelatedCatalog(catalog).RelateAmongOthers("Other", "FK_");
 }
 
+TEST_P(RelatedCatalogTest, KeysOfASharedObjectKeepTheirOrderAndNamesAreThoseOfTheDefinitionInHand) {
+    NewRepository()
+        .Definition("D", 1)
+        .Definition("E", 2)
+        .Object(1, "A")
+        .Object(2, "Part")
+        .Object(3, "Part")
+        .Child(1, "c", 3)
+        .Child(2, "c", 3);
+    const Catalog catalog = Catalog::Read(*platform.repositoryEngine->OpenDatabase(path));
+    for (const auto& [storage, table] : {std::pair("D", "tPart"), std::pair("E", "tPart2")}) {
+        RelatedCatalog related(catalog);
+        related.RelateAmongOthers(storage, "FK_");
+        std::vector<std::string> columns;
+        for (const ForeignKeyRow* key : related.ForeignKeysOf(ObjectId{3}))
+            columns.push_back(related.FindValue(key->ValueID)->FieldName.value());
+        EXPECT_THAT(columns, testing::ElementsAre("FK_AID", "FK_PartID")) << storage;
+        EXPECT_EQ(related.FindObject(ObjectId{3})->TableName, table);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Embedded, RelatedCatalogTest, testing::Values(tests::Driver::Sqlite),
                          tests::DriverName);
 
