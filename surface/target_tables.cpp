@@ -163,18 +163,22 @@ std::size_t KeysInRun(const DescribedTable& table) {
 bool IsMadeByFirstVersion(std::span<const TableDifference> differences,
                           std::span<const DescribedTable> wanted, std::span<const DescribedTable> live,
                           bool folds) {
-    std::vector<DescribedTable> firsts;
+    bool hasTypes = false;
     for (const TableDifference& difference : differences) {
         if (difference.aspect != TableAspect::Type) continue;
-        if (firsts.empty()) firsts = scriptgen::SqlServerDialect().Tables(wanted);
-        const auto typeIn = [&](std::span<const DescribedTable> tables) -> const std::string& {
-            return scriptgen::FindColumn(*scriptgen::FindTable(tables, difference.table, folds),
-                                         difference.name)
-                ->TypeSize;
+        const auto columnIn = [&](std::span<const DescribedTable> tables) -> const scriptgen::Column& {
+            return *scriptgen::FindColumn(*scriptgen::FindTable(tables, difference.table, folds),
+                                          difference.name);
         };
-        if (!automation::EqualsIgnoreCase(typeIn(firsts), typeIn(live))) return false;
+        DescribedTable first;
+        first.Name = difference.table;
+        first.Columns = {columnIn(wanted)};
+        scriptgen::SqlServerDialect().SetTypes(first);
+        if (!automation::EqualsIgnoreCase(first.Columns.front().TypeSize, columnIn(live).TypeSize))
+            return false;
+        hasTypes = true;
     }
-    return !firsts.empty();
+    return hasTypes;
 }
 
 /// Plans how tables go, with what refers to them.

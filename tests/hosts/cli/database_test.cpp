@@ -235,6 +235,19 @@ TEST(DatabaseFile, IsNotMadeForADefinitionThatTheEngineDoesNotTake) {
     }
 }
 
+TEST(DatabaseFile, IsCheckedThoughAnotherDialectWouldRefuseTheDefinition) {
+    const RepositoryFile repository(
+        R"({"definitions":[{"storage":"S","root":"A"}],"objects":[{"name":"A","values":[
+            {"name":"B","type":"byte"},{"name":"N","type":"double"}]}]})");
+    repository.Execute({"update tValues set MaxLength = 'long' where Name = 'B'"});
+    const TargetDatabase target;
+    ASSERT_EQ(target.Execute("create table tA (B tinyint default 0, N text default 0)"), 0);
+    EXPECT_THAT(RunKorvex({"database", "check", "--repository", repository.Path(), "--connection",
+                           target.Connection()})
+                    .output,
+                StartsWith("tA.N is TEXT, not double\n"));
+}
+
 TEST(DatabaseFile, IsPulledWithWordsForWhatAModelCannotSay) {
     const TargetDatabase target;
     for (
