@@ -1,6 +1,7 @@
 #include "automation/number_text.h"
 
 #include "automation/error.h"
+#include "automation/sql_words.h"
 #include "automation/text.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace korvex::automation {
 
 namespace {
 
-constexpr std::string_view Blanks = " \t\n\v\f\r";
 constexpr int ExponentLimit = 100'000;  ///< beyond any number type; keeps the arithmetic on exponents safe
 
 /// Reads a number from left to right. Every Take function answers whether it found its part and moved past
@@ -26,7 +26,8 @@ class NumberReader {
     /// False when the text is no number.
     bool Read(NumberText& result) {
         TakeBlanks();
-        m_rest = m_rest.substr(0, m_rest.find_last_not_of(Blanks) + 1);
+        while (!m_rest.empty() && sql::IsBlank(m_rest.back()))
+            m_rest.remove_suffix(1);
         if (TakeChar('&')) return ReadBitPattern(result) && m_rest.empty();
 
         while (TakeSign(result.negative) || TakeOnce('$', m_hasCurrency) || TakeOpening(result.negative)) {
@@ -40,13 +41,19 @@ class NumberReader {
     }
 
   private:
-    bool TakeAny(std::string_view wanted) {
-        if (m_rest.empty() || wanted.find(m_rest.front()) == std::string_view::npos) return false;
+    bool TakeChar(char wanted) {
+        if (m_rest.empty() || m_rest.front() != wanted) return false;
         m_rest.remove_prefix(1);
         return true;
     }
-    bool TakeChar(char wanted) { return TakeAny({&wanted, 1}); }
-    void TakeBlanks() { m_rest.remove_prefix(std::min(m_rest.find_first_not_of(Blanks), m_rest.size())); }
+    bool TakeAny(std::string_view wanted) {
+        return !m_rest.empty() && wanted.find(m_rest.front()) != std::string_view::npos &&
+               TakeChar(m_rest.front());
+    }
+    void TakeBlanks() {
+        while (!m_rest.empty() && sql::IsBlank(m_rest.front()))
+            m_rest.remove_prefix(1);
+    }
     bool TakeOnce(char wanted, bool& taken) {
         if (taken || !TakeChar(wanted)) return false;
         return taken = true;
@@ -189,8 +196,8 @@ std::string FormatReal(double value, int precision) {
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0";
 
-    std::array<char, 40>
-        buffer{};  // more than the digits at any precision in use, the point and the exponent
+    // More than the digits at any precision in use, the point and the exponent.
+    std::array<char, 40> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
                                        std::chars_format::scientific, precision - 1);
     // "d.ddde-xx": without the point these are the digits, with the value's decimal power behind the "e".
