@@ -264,12 +264,13 @@ ComPtr<IDispatch> ToDispatch(const ObjectRef& object) {
 
 ObjectRef FromDispatch(IDispatch* object) {
     if (object == nullptr) return {};
-    const auto own = ComPtr<IDispatch>(object).As<IAutomationObject>();
+    ComPtr<IDispatch> host(object);
+    const auto own = host.As<IAutomationObject>();
     ObjectRef result;
     if (own && own->GetAutomationObject(ModuleTag(), &result) == S_OK) {
-        return ObjectRef(result.get(), HostReference{ComPtr<IDispatch>(object)});
+        return ObjectRef(result.get(), HostReference{std::move(host)});
     }
-    return std::make_shared<HostObject>(ComPtr<IDispatch>(object));
+    return std::make_shared<HostObject>(std::move(host));
 }
 
 }  // namespace korvex::com
