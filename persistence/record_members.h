@@ -7,7 +7,9 @@
 /// The members of clsCRUD that work on records, for the session of an instance.
 namespace korvex::persistence {
 
+/// Whether there is a record with that key, or with the key in the object when `lKey` is missing.
 bool DbDataExists(CrudState& session, const QORObject::Ref& coData, const automation::Variant& lKey);
+
 /// True when the value was read; an unknown column gives False and no code.
 bool DbGetField(CrudState& session, const automation::Variant& lKey, const std::string& sKeyFieldName,
                 const std::string& sTableName, const std::string& sFieldName,
