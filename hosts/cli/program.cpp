@@ -160,9 +160,8 @@ ProgramResult RunProgram(const std::vector<std::string>& words, const std::strin
     }
     if (isWell) return {files[STDOUT_FILENO].Read(), {}};
     const std::string said = files[STDERR_FILENO].Read();
-    return {{},
-            words.front() + " ended with a failure" +
-                (said.empty() ? "" : ": " + said.substr(0, said.find('\n')))};
+    const std::string line = said.substr(0, said.find('\n'));
+    return {{}, words.front() + " ended with a failure" + (line.empty() ? "" : ": " + line)};
 }
 
 void OpenInEditor(const std::vector<std::string>& paths) {

@@ -67,6 +67,9 @@ TEST(Program, IsRunToItsEndOrToItsLimit) {
     EXPECT_EQ(echo.output, text);
     EXPECT_EQ(echo.failure, "");
     EXPECT_EQ(cli::RunProgram({"true"}, text, std::chrono::minutes(1)).failure, "") << "reads nothing";
+    const cli::ProgramResult blank =
+        cli::RunProgram({"sh", "-c", "printf '\\nmore' >&2; exit 1"}, "", std::chrono::minutes(1));
+    EXPECT_EQ(blank.failure, "sh ended with a failure");
     const cli::ProgramResult late = cli::RunProgram({"sleep", "600"}, "", std::chrono::milliseconds(20));
     EXPECT_EQ(late.failure, "sleep took longer than 0 s");
 }
