@@ -144,11 +144,10 @@ class ModelReader {
     }
 
   private:
-    using Take = std::function<void(std::size_t)>;
     /// A text that stands for an object or interface, to be resolved when all of them are known.
     struct Pending {
         JsonNode node;
-        Take take;
+        std::function<void(std::size_t)> take;
     };
 
     void ReadDefinition(const JsonNode& node) {
@@ -158,17 +157,17 @@ class ModelReader {
         if (!m_storages.insert(name).second) storage.Fail(automation::Quoted(name) + " stands twice");
         const std::size_t position = m_model.definitions.size();
         m_model.definitions.push_back({name, 0, node.Path()});
-        ReadObjectOrName(node.At("root"), 0,
+        ReadObjectOrName(node.At("root"), 0, m_pendingRoots,
                          [this, position](std::size_t root) { m_model.definitions[position].root = root; });
     }
 
     /// An object written in place is read and handed on at once; a name is kept for later.
-    void ReadObjectOrName(const JsonNode& node, int depth, Take take) {
+    void ReadObjectOrName(const JsonNode& node, int depth, std::vector<Pending>& pending, auto take) {
         if (node.IsObject()) {
             take(ReadObject(node, depth + 1));
         } else {
             static_cast<void>(node.NonEmptyText());
-            m_pendingObjects.push_back({node, std::move(take)});
+            pending.push_back({node, take});
         }
     }
 
@@ -199,9 +198,9 @@ class ModelReader {
         for (const JsonNode& item : node.ItemsOf("interfaces"))
             ReadInterfaceOrName(item, index, depth);
         if (node.Has("element")) {
-            ReadObjectOrName(node.At("element"), depth, [this, index](std::size_t element) {
-                m_model.objects[index].element = element;
-            });
+            ReadObjectOrName(
+                node.At("element"), depth, m_pendingElements,
+                [this, index](std::size_t element) { m_model.objects[index].element = element; });
         }
         if (node.Has("primaryKey") || node.Has("foreignKeys")) m_keys.emplace_back(node, index);
         return index;
@@ -264,9 +263,10 @@ class ModelReader {
         ReadDescriptiveColumns(node, value);
         m_model.interfaces[interface].values.push_back(std::move(value));
         if (!node.Has("child")) return;
-        ReadObjectOrName(node.At("child"), depth, [this, interface, position](std::size_t child) {
-            m_model.interfaces[interface].values[position].child = child;
-        });
+        ReadObjectOrName(node.At("child"), depth, m_pendingChildren,
+                         [this, interface, position](std::size_t child) {
+                             m_model.interfaces[interface].values[position].child = child;
+                         });
     }
 
     static void ReadDescriptiveColumns(const JsonNode& node, ModelValue& value) {
@@ -301,8 +301,9 @@ class ModelReader {
     }
 
     void Resolve() {
-        for (const Pending& pending : m_pendingObjects)
-            pending.take(m_objects.Resolve(pending.node));
+        for (const auto* kind : {&m_pendingRoots, &m_pendingElements, &m_pendingChildren})
+            for (const Pending& pending : *kind)
+                pending.take(m_objects.Resolve(pending.node));
         for (const Pending& pending : m_pendingInterfaces)
             pending.take(m_interfaces.Resolve(pending.node));
         for (const auto& [node, object] : m_keys) {
@@ -354,7 +355,9 @@ class ModelReader {
     std::unordered_set<std::string> m_storages;
     References m_objects{"object"};
     References m_interfaces{"interface"};
-    std::vector<Pending> m_pendingObjects;
+    std::vector<Pending> m_pendingRoots;
+    std::vector<Pending> m_pendingElements;
+    std::vector<Pending> m_pendingChildren;
     std::vector<Pending> m_pendingInterfaces;
     std::vector<std::pair<JsonNode, std::size_t>> m_keys;  ///< objects with key entries
 };
