@@ -1,5 +1,6 @@
 #include "hosts/cli/app.h"
 #include "hosts/cli/apply/apply_run.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/database_file.h"
 #include "hosts/cli/session.h"
@@ -30,7 +31,7 @@ struct DatabaseOptions : CommonOptions {
 };
 
 TargetTables OpenTables(const DatabaseOptions& options, Console& console) {
-    ReadCatalogForWriting(options, console);
+    RefuseDanger(ReadCatalog(options, console), options.storage, options.fkPrefix);
     return {Session(console).platform, options.repository, options.storage, options.fkPrefix};
 }
 

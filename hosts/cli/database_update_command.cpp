@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/commands.h"
 #include "hosts/cli/diff_source.h"
 #include "hosts/cli/session.h"
@@ -109,7 +110,7 @@ std::string KeepRest(const DefinitionDiff& diff, std::span<const AlterStep> rest
 }
 
 void RunUpdate(const UpdateSettings& settings, Console& console) {
-    ReadCatalogForWriting(settings, console);
+    RefuseDanger(ReadCatalog(settings, console), settings.storage, settings.fkPrefix);
     const DefinitionState now = DescribeSource(settings.repository, settings, console);
     const auto connection = Connect(settings.connection, console);
     const EngineDialect& dialect = ReadableDialect(*connection);

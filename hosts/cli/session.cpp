@@ -116,12 +116,6 @@ repository::Catalog ReadCatalog(const CommonOptions& options, Console& console, 
     return repository::Catalog::Read(repository.Open());
 }
 
-repository::Catalog ReadCatalogForWriting(const CommonOptions& options, Console& console) {
-    repository::Catalog catalog = ReadCatalog(options, console);
-    RefuseDanger(catalog, options.storage, options.fkPrefix);
-    return catalog;
-}
-
 void CheckBeforeRun(const CommonOptions& options, Console& console) {
     repository::Repository repository(Session(console).platform);
     OpenComplete(repository, options.repository);

@@ -60,9 +60,6 @@ void ExpectStorage(repository::Repository& repository, const std::string& storag
 /// name, or any at all when that is empty, unless no definition is expected.
 repository::Catalog ReadCatalog(const CommonOptions& options, Console& console,
                                 bool expectsDefinition = true);
-/// The same for a command that stores or deletes data: refuses a definition with which data would be mixed up
-/// or lost (RefuseDanger), before anything else happens.
-repository::Catalog ReadCatalogForWriting(const CommonOptions& options, Console& console);
 
 /// Makes sure that the repository is complete and has the definition: before a command that changes or writes
 /// anything. The errors of the definition, which do not hinder a run, are printed as warnings.

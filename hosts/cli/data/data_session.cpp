@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/cli/app.h"
+#include "hosts/cli/check/check.h"
 #include "hosts/cli/text_file.h"
 #include "objects/load_definition.h"
 
@@ -171,8 +172,10 @@ std::shared_ptr<objects::Definition> OpenDefinition(const CommonOptions& options
 
 std::shared_ptr<objects::Definition> OpenDefinitionForWriting(const CommonOptions& options,
                                                               Console& console) {
-    return objects::LoadDefinition(ReadCatalogForWriting(options, console), options.storage,
-                                   options.fkPrefix);
+    const repository::Catalog catalog = ReadCatalog(options, console);
+    auto definition = objects::LoadDefinition(catalog, options.storage, options.fkPrefix);
+    RefuseDanger(catalog, options.storage, options.fkPrefix);
+    return definition;
 }
 
 }  // namespace korvex::cli
