@@ -13,18 +13,13 @@ std::string Id(const char* column, repository::RowId auto id) {
     return std::string(column) + " " + std::to_string(Number(id));
 }
 
-/// `what` refers to a row, which is there or not.
-void ExpectRow(const void* row, const std::string& what, Findings& findings) {
-    if (row == nullptr) findings.Error(what + " does not exist");
-}
-
 void CheckDataDefs(const Catalog& catalog, Findings& findings) {
     std::set<std::string> storages;
     for (const repository::DataDefRow& row : catalog.DataDefs()) {
-        ExpectRow(
-            catalog.FindObject(row.RootObjectID),
-            "definition " + row.Storage + ": its root object, " + Id("ObjectID", row.RootObjectID) + ",",
-            findings);
+        if (catalog.FindObject(row.RootObjectID) == nullptr) {
+            findings.Error("definition " + row.Storage + ": its root object, " +
+                           Id("ObjectID", row.RootObjectID) + ", does not exist");
+        }
         if (!storages.insert(row.Storage).second) {
             findings.Warning("storage name " + row.Storage +
                              " stands for several definitions; their scripts go into the same files");
@@ -35,21 +30,22 @@ void CheckDataDefs(const Catalog& catalog, Findings& findings) {
 void CheckObjects(const Catalog& catalog, Findings& findings) {
     for (const repository::ObjectRow& row : catalog.Objects()) {
         const Findings::About about(findings, {row.ObjectID});
-        if (row.CollectionObjectID != repository::NoObject)
-            ExpectRow(catalog.FindObject(row.CollectionObjectID),
-                      ObjectText(row) + ": the object of its elements, " +
-                          Id("ObjectID", row.CollectionObjectID) + ",",
-                      findings);
+        if (row.CollectionObjectID != repository::NoObject &&
+            catalog.FindObject(row.CollectionObjectID) == nullptr) {
+            findings.Error(ObjectText(catalog, row.ObjectID) + ": the object of its elements, " +
+                           Id("ObjectID", row.CollectionObjectID) + ", does not exist");
+        }
     }
     std::set<std::pair<repository::ObjectId, repository::InterfaceId>> links;
     for (const repository::ObjectInterfaceRow& row : catalog.ObjectInterfaces()) {
         const Findings::About about(findings, {row.ObjectID});
-        ExpectRow(catalog.FindObject(row.ObjectID), "tObjectInterfaces: " + Id("ObjectID", row.ObjectID),
-                  findings);
-        ExpectRow(catalog.FindInterface(row.InterfaceID),
-                  ObjectText(catalog, row.ObjectID) + ": its interface, " +
-                      Id("InterfaceID", row.InterfaceID) + ",",
-                  findings);
+        if (catalog.FindObject(row.ObjectID) == nullptr) {
+            findings.Error("tObjectInterfaces: " + Id("ObjectID", row.ObjectID) + " does not exist");
+        }
+        if (catalog.FindInterface(row.InterfaceID) == nullptr) {
+            findings.Error(ObjectText(catalog, row.ObjectID) + ": its interface, " +
+                           Id("InterfaceID", row.InterfaceID) + ", does not exist");
+        }
         if (!links.insert({row.ObjectID, row.InterfaceID}).second) {
             findings.Error(ObjectText(catalog, row.ObjectID) + " has the interface " +
                            Id("InterfaceID", row.InterfaceID) + " twice");
@@ -60,11 +56,14 @@ void CheckObjects(const Catalog& catalog, Findings& findings) {
 void CheckValues(const Catalog& catalog, Findings& findings) {
     for (const repository::ValueRow& row : catalog.Values()) {
         const Findings::About about(findings, catalog.ObjectsWith(row.InterfaceID));
-        ExpectRow(catalog.FindInterface(row.InterfaceID),
-                  ValueText(row) + ": its interface, " + Id("InterfaceID", row.InterfaceID) + ",", findings);
-        if (row.ChildObjectID != repository::NoObject)
-            ExpectRow(catalog.FindObject(row.ChildObjectID),
-                      ValueText(row) + ": its child, " + Id("ObjectID", row.ChildObjectID) + ",", findings);
+        if (catalog.FindInterface(row.InterfaceID) == nullptr) {
+            findings.Error(ValueText(row) + ": its interface, " + Id("InterfaceID", row.InterfaceID) +
+                           ", does not exist");
+        }
+        if (row.ChildObjectID != repository::NoObject && catalog.FindObject(row.ChildObjectID) == nullptr) {
+            findings.Error(ValueText(row) + ": its child, " + Id("ObjectID", row.ChildObjectID) +
+                           ", does not exist");
+        }
     }
 }
 
