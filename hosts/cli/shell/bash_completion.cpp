@@ -1,6 +1,5 @@
 #include "hosts/cli/shell/completion.h"
 
-#include <array>
 #include <string_view>
 
 namespace korvex::cli {
@@ -139,9 +138,20 @@ complete -F _korvex korvex
 )bash";
 
 std::string KindText(const OptionDescription& option) {
-    if (option.kind == ValueKind::Choice) return CLI::detail::join(option.choices, " ");
-    constexpr std::array Words = {"", "", "", "files", "folders", "storages"};  // by kind
-    return Words.at(static_cast<std::size_t>(option.kind));
+    switch (option.kind) {
+        case ValueKind::Choice:
+            return CLI::detail::join(option.choices, " ");
+        case ValueKind::File:
+            return "files";
+        case ValueKind::Folder:
+            return "folders";
+        case ValueKind::Storage:
+            return "storages";
+        case ValueKind::None:
+        case ValueKind::Text:
+            break;
+    }
+    return {};
 }
 
 /// What _korvex_command says of one command.

@@ -1,7 +1,6 @@
 #include "hosts/cli/shell/completion.h"
 #include "hosts/cli/wording.h"
 
-#include <array>
 #include <string_view>
 
 namespace korvex::cli {
@@ -37,12 +36,22 @@ std::string Escaped(std::string_view text) {
 
 /// "NAME:(mssql oracle)": what stands behind an option, or at a place.
 std::string ValueText(const OptionDescription& option, bool hasPlacedRepository) {
-    if (option.kind == ValueKind::None) return {};
     const std::string label = Escaped(option.label);
-    if (option.kind == ValueKind::Choice) return label + ":(" + CLI::detail::join(option.choices, " ") + ")";
-    constexpr std::array Actions = {"", ": ", "", ":_files", ":_files -/", ":_korvex_storages"};  // by kind
-    const bool asksPlace = option.kind == ValueKind::Storage && hasPlacedRepository;
-    return label + Actions.at(static_cast<std::size_t>(option.kind)) + (asksPlace ? " place" : "");
+    switch (option.kind) {
+        case ValueKind::Choice:
+            return label + ":(" + CLI::detail::join(option.choices, " ") + ")";
+        case ValueKind::File:
+            return label + ":_files";
+        case ValueKind::Folder:
+            return label + ":_files -/";
+        case ValueKind::Storage:
+            return label + ":_korvex_storages" + (hasPlacedRepository ? " place" : "");
+        case ValueKind::Text:
+            return label + ": ";
+        case ValueKind::None:
+            break;
+    }
+    return {};
 }
 
 /// The specifications of an option, one for each of its names.
