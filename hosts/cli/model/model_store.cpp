@@ -9,7 +9,6 @@
 #include <limits>
 #include <memory>
 #include <string_view>
-#include <type_traits>
 #include <unordered_map>
 
 namespace korvex::cli {
@@ -70,12 +69,13 @@ class TableWriter {
         Store();
     }
     /// Stores the row. A new one's identifier becomes `id`.
-    void Store(RowId auto& id) {
+    template <RowId Id>
+    void Store(Id& id) {
         const bool isNew = !m_edited;
         Store();
         if (!isNew) return;
         m_added->MoveLast();
-        id = std::remove_reference_t<decltype(id)>(automation::ToLong(m_added->Fields(m_id).Value()));
+        id = Id{automation::ToLong(m_added->Fields(m_id).Value())};
     }
     void Store() {
         Placed({}, [this] { Row().Update(); });
