@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <initializer_list>
 #include <new>
 #include <string>
 #include <string_view>
@@ -20,36 +21,25 @@ namespace {
 
 constexpr std::int32_t InternalError = 51;
 
+void Add(CLI::App& parent, Console& console,
+         std::initializer_list<void (*)(CLI::App& parent, Console& console)> commands) {
+    for (const auto add : commands)
+        add(parent, console);
+}
+
 void AddCommands(CLI::App& app, Console& console) {
-    AddScriptCommand(app, console);
-    AddDiffCommand(app, console);
-    AddRelateCommand(app, console);
-    CLI::App& repository =
-        AddGroup(app, console, "repository", "Make, fill, show and check definition repositories");
-    AddRepositoryNewCommand(repository, console);
-    AddRepositoryImportCommand(repository, console);
-    AddRepositoryPullCommand(repository, console);
-    AddRepositoryShowCommand(repository, console);
-    AddRepositoryRemoveCommand(repository, console);
-    AddRepositoryCheckCommand(repository, console);
-    CLI::App& database =
-        AddGroup(app, console, "database", "Make, change, remove and check the tables of a target database");
-    AddDatabaseCommands(database, console);
-    AddDatabaseUpdateCommand(database, console);
-    AddApplyCommand(app, console);
-    AddSchemaCommand(app, console);
-    AddSaveCommand(app, console);
-    AddLoadCommand(app, console);
-    AddListCommand(app, console);
-    AddUpdateCommand(app, console);
-    AddDeleteCommand(app, console);
-    AddExistsCommand(app, console);
-    CLI::App& field = AddGroup(app, console, "field", "Read or write one column of one record");
-    AddFieldGetCommand(field, console);
-    AddFieldSetCommand(field, console);
-    AddHelpCommand(app, console);
-    AddCompletionCommands(app, console);
-    AddManCommand(app, console);
+    Add(app, console, {AddScriptCommand, AddDiffCommand, AddRelateCommand});
+    Add(AddGroup(app, console, "repository", "Make, fill, show and check definition repositories"), console,
+        {AddRepositoryNewCommand, AddRepositoryImportCommand, AddRepositoryPullCommand,
+         AddRepositoryShowCommand, AddRepositoryRemoveCommand, AddRepositoryCheckCommand});
+    Add(AddGroup(app, console, "database", "Make, change, remove and check the tables of a target database"),
+        console, {AddDatabaseCommands, AddDatabaseUpdateCommand});
+    Add(app, console,
+        {AddApplyCommand, AddSchemaCommand, AddSaveCommand, AddLoadCommand, AddListCommand, AddUpdateCommand,
+         AddDeleteCommand, AddExistsCommand});
+    Add(AddGroup(app, console, "field", "Read or write one column of one record"), console,
+        {AddFieldGetCommand, AddFieldSetCommand});
+    Add(app, console, {AddHelpCommand, AddCompletionCommands, AddManCommand});
     ListWhenAlone(app, console);
 }
 
