@@ -119,11 +119,8 @@ void AddApplyCommand(CLI::App& parent, Console& console) {
     AddConnectionOption(command, options);
     command.add_flag("--create", options.create, "Make the database file when it is missing");
     command.add_flag("--dry-run", options.dryRun, "Print what would be done, and change nothing");
-    command
-        .add_option("--style", options.style,
-                    "How statements end: go, sqlplus, plain, or as each file looks (auto)")
-        ->type_name("STYLE")
-        ->check(CLI::IsMember({"auto", "go", "sqlplus", "plain"}));
+    AddChoice(command, "--style", "STYLE", options.style, {"auto", "go", "sqlplus", "plain"},
+              "How statements end: go, sqlplus, plain, or as each file looks (auto)");
     AddFormatOption(command, console);
     AddOption(command, "FILE", "FILE", options.files, "Script files, run in this order")->required();
 }

@@ -156,11 +156,10 @@ void AddDatabaseUpdateCommand(CLI::App& parent, Console& console) {
         RunUpdate);
     AddRepositoryOption(command, settings);
     AddConnectionOption(command, settings);
-    command
-        .add_option("--from", settings.from,
-                    "The definition as the database has it: renames are told by it, and what it has beside "
-                    "the new one is dropped")
-        ->type_name("OLD");
+    AddOption(
+        command, "--from", "OLD", settings.from,
+        "The definition as the database has it: renames are told by it, and what it has beside the new one "
+        "is dropped");
     AddDiffOptions(command, settings);
     command.add_flag("--dry-run", settings.dryRun, "Print and count only");
     command.add_flag("--yes", settings.yes, "With --allow-loss: do not ask");

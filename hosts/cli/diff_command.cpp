@@ -77,17 +77,13 @@ void AddDiffCommand(CLI::App& parent, Console& console) {
     const auto [command, options] =
         AddCommand(parent, console, "diff", "Compare two states of a definition",
                    "korvex diff old.json orders.db --dialect sqlite --out sql", RunDiff);
-    command
-        .add_option("sources", options.sources,
-                    "OLD NEW: repository files, ODBC strings with DSN=, or models (JSON)")
+    AddOption(command, "sources", "OLD NEW", options.sources,
+              "OLD NEW: repository files, ODBC strings with DSN=, or models (JSON)")
         ->required()
-        ->expected(1, 2)
-        ->type_name("OLD NEW");
-    command
-        .add_option(
-            "--connection", options.connection,
-            "In place of OLD: a database as it stands; KORVEX_CONNECTION stands in for it where NEW is alone")
-        ->type_name("C");
+        ->expected(1, 2);
+    AddOption(
+        command, "--connection", "C", options.connection,
+        "In place of OLD: a database as it stands; KORVEX_CONNECTION stands in for it where NEW is alone");
     AddChoice(command, "--dialect", "D", options.dialect,
               {"sqlite", "mariadb", "postgresql", "mssql", "oracle", "sybase"},
               "sqlite, mariadb, postgresql, mssql or oracle");

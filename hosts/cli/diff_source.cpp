@@ -55,10 +55,8 @@ Json ChangeJson(const scriptgen::TableChange& change) {
 void AddDiffOptions(CLI::App& command, DiffSettings& settings) {
     AddStorageOption(command, settings, "; without it all definitions, as one run");
     AddFKPrefixOption(command, settings);
-    command
-        .add_option("--rename", settings.renames,
-                    "Old.Column=New.Column, or Old=New for a table: what keeps its values under another name")
-        ->type_name("OLD=NEW");
+    AddOption(command, "--rename", "OLD=NEW", settings.renames,
+              "Old.Column=New.Column, or Old=New for a table: what keeps its values under another name");
     command.add_flag("--allow-loss", settings.allowsLoss, "Run what rounds, cuts or drops values, too");
 }
 

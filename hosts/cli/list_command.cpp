@@ -45,26 +45,20 @@ void AddListCommand(CLI::App& parent, Console& console) {
         AddCommand(parent, console, "list", "List stored objects, one line each",
                    DataExample("list", "--where \"State = 3\" --fields OrderNumber,Total", true), RunList);
     AddDataOptions(command, options, true);
-    command
-        .add_option(
-            "--where", options.where,
-            "Only those whose value compares so: \"State = 4\", \"Customer.Rating > 3\"; operators are =, "
-            "<>, <, <=, >, >=, like (with % and _), is null, is not null. All of several must hold")
+    AddOption(
+        command, "--where", "CONDITION", options.where,
+        "Only those whose value compares so: \"State = 4\", \"Customer.Rating > 3\"; operators are =, <>, "
+        "<, <=, >, >=, like (with % and _), is null, is not null. All of several must hold")
         ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->type_name("CONDITION");
-    command
-        .add_option("--fields", options.fields,
-                    "Values to give, Customer.Name too (all of the object unless given)")
-        ->delimiter(',')
-        ->type_name("NAMES");
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddOption(command, "--fields", "NAMES", options.fields,
+              "Values to give, Customer.Name too (all of the object unless given)")
+        ->delimiter(',');
     AddOption(command, "--order", "NAME", options.order, "Value to sort by (the key unless given)");
     command.add_flag("--descending", options.isDescending, "Sort from the highest down");
     AddOption(command, "--limit", "N", options.limit, "At most so many")->check(CLI::NonNegativeNumber);
-    command
-        .add_option("--format", options.format, "table, json (a line each), csv or keys (table unless given)")
-        ->check(CLI::IsMember({"table", "json", "csv", "keys"}))
-        ->type_name("FORMAT");
+    AddChoice(command, "--format", "FORMAT", options.format, {"table", "json", "csv", "keys"},
+              "table, json (a line each), csv or keys (table unless given)");
 }
 
 }  // namespace korvex::cli

@@ -59,11 +59,9 @@ void AddRepositoryCheckCommand(CLI::App& parent, Console& console) {
         "korvex repository check orders.db --dialect all-engines", RunCheck);
     AddRepositoryOption(command, options);
     AddFKPrefixOption(command, options, " in the runs (FK_)");
-    command
-        .add_option("--dialect", options.dialect,
-                    "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines")
-        ->type_name("NAME")
-        ->check(CLI::IsMember({"sqlite", "mariadb", "postgresql", "all-engines"}));
+    AddChoice(command, "--dialect", "NAME", options.dialect,
+              {"sqlite", "mariadb", "postgresql", "all-engines"},
+              "Report as errors what an engine will not take: sqlite, mariadb, postgresql, all-engines");
     AddFormatOption(command, console);
 }
 

@@ -95,16 +95,12 @@ void AddRepositoryImportCommand(CLI::App& parent, Console& console) {
     const auto [command, options] =
         AddCommand(parent, console, "import", "Add the definitions of a model or of another repository",
                    "korvex repository import orders.db orders.json --replace", RunImport);
-    command
-        .add_option("R_MODEL", options.words,
-                    "R, unless --repository names it, and the model file (JSON) or repository to add")
+    AddOption(command, "R_MODEL", "R MODEL", options.words,
+              "R, unless --repository names it, and the model file (JSON) or repository to add")
         ->required()
-        ->expected(1, 2)
-        ->type_name("R MODEL");
-    command
-        .add_option("--repository", options.repository,
-                    "Repository file, or ODBC string with DSN=; KORVEX_REPOSITORY stands in for it")
-        ->type_name("R");
+        ->expected(1, 2);
+    AddOption(command, "--repository", "R", options.repository,
+              "Repository file, or ODBC string with DSN=; KORVEX_REPOSITORY stands in for it");
     command.add_flag("--replace", options.replace,
                      "Bring definitions that are there already to the model's state; prints what changes");
     command.add_flag("--dry-run", options.isDry, "Print what --replace would change, and change nothing");

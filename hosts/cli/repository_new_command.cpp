@@ -91,13 +91,11 @@ void RunNew(const CommonOptions& options, Console& console) {
 void AddRepositoryNewCommand(CLI::App& parent, Console& console) {
     const auto [command, options] = AddCommand(parent, console, "new", "Make an empty repository",
                                                "korvex repository new new.db", RunNew);
-    command
-        .add_option(
-            "R,--repository", options.repository,
-            "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
+    AddOption(
+        command, "R,--repository", "R", options.repository,
+        "File to create, which must not hold anything yet, or ODBC string with DSN= of an empty database")
         ->required()
-        ->envname(RepositoryVariable)
-        ->type_name("R");
+        ->envname(RepositoryVariable);
 }
 
 }  // namespace korvex::cli

@@ -109,12 +109,9 @@ void AddScriptCommand(CLI::App& parent, Console& console) {
     for (const Dialect& dialect : AllDialects())
         names.push_back(dialect.name);
     names.insert(names.end(), {"all", "all-engines"});
-    command
-        .add_option("--dialect", options.dialect,
-                    "mssql, oracle, sybase (all: these three), sqlite, mariadb, postgresql (all-engines)")
-        ->required()
-        ->type_name("NAME")
-        ->check(CLI::IsMember(names));
+    AddChoice(command, "--dialect", "NAME", options.dialect, names,
+              "mssql, oracle, sybase (all: these three), sqlite, mariadb, postgresql (all-engines)")
+        ->required();
     AddStorageOption(command, options, "; without it all definitions go into the same files");
     AddFKPrefixOption(command, options);
     AddOption(command, "--out", "FOLDER", options.out,
