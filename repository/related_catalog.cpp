@@ -134,7 +134,9 @@ void RelatedCatalog::Relate(std::string_view storageName, std::string_view sFKPr
 }
 
 void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string_view sFKPrefix) {
-    if (storageName.empty()) return Relate(storageName, sFKPrefix);
+    const auto isOther = [&](const DataDefRow& row) { return row.Storage != storageName; };
+    if (storageName.empty() || std::ranges::none_of(m_catalog.DataDefs(), isOther))
+        return Relate(storageName, sFKPrefix);
     const auto own = CountWays(m_catalog, storageName);
     const auto isOwn = [&](const auto& object) { return own.contains(object.first); };
     std::set<std::string_view> storages;
@@ -142,10 +144,10 @@ void RelatedCatalog::RelateAmongOthers(std::string_view storageName, std::string
     for (const DataDefRow& row : m_catalog.DataDefs()) {
         if (!storages.insert(row.Storage).second) continue;
         try {
-            if (std::ranges::none_of(CountWays(m_catalog, row.Storage), isOwn)) continue;
+            if (isOther(row) && std::ranges::none_of(CountWays(m_catalog, row.Storage), isOwn)) continue;
             namesAreOwn = false;
             Relate(row.Storage, sFKPrefix);
-            namesAreOwn = row.Storage == storageName;
+            namesAreOwn = !isOther(row);
         } catch (const Error&) {
             // What is wrong with another definition does not concern this one.
         }
