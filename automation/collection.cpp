@@ -72,13 +72,9 @@ void Collection::Add(Variant item, const Variant& key, const Variant& before, co
     Entry entry{std::move(item), std::nullopt};
     if (!IsLeftOut(key)) {
         const auto* text = key.If<std::string>();
-        if (text == nullptr)
-            throw Error(TypeMismatch, "Type mismatch: the key of a collection item is no text");
+        if (text == nullptr) throw Error::About(TypeMismatch, "the key of a collection item is no text");
         entry.key = ToUpperAscii(*text);
-        if (FindKey(*entry.key)) {
-            throw Error(KeyAlreadyUsed,
-                        std::string(StandardErrorText(KeyAlreadyUsed)) + ": " + Quoted(*text));
-        }
+        if (FindKey(*entry.key)) throw Error::About(KeyAlreadyUsed, Quoted(*text));
     }
     const std::size_t position = InsertPosition(before, after);
     if (position != m_entries.size()) {
