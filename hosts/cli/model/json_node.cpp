@@ -6,7 +6,6 @@
 #include "hosts/cli/text_file.h"
 
 #include <algorithm>
-#include <optional>
 #include <set>
 #include <span>
 #include <utility>
@@ -40,19 +39,32 @@ std::string_view Reason(std::string_view message) {
     return colon == std::string_view::npos ? message : message.substr(colon + 2);
 }
 
-/// Finds members that stand twice in one object: the document itself keeps only the last one.
-class DuplicateMembers {
+/// Finds members that stand twice in one object: the document itself keeps only the last one. In a pass of
+/// its own, as a parser that calls back looks through an array anew after each object in it.
+class DuplicateMembers : public nlohmann::json_sax<json> {
   public:
-    void Take(json::parse_event_t event, const json& parsed) {
-        using Event = json::parse_event_t;
-        if (event == Event::key) return TakeMember(parsed.get<std::string>());
-        if (event == Event::array_end || event == Event::object_end) return m_levels.pop_back();
-        if (!m_levels.empty() && m_levels.back().isArray) ++m_levels.back().items;
-        if (event != Event::value) m_levels.push_back({event == Event::array_start, 0, {}, {}});
+    bool null() override { return Item(); }
+    bool boolean(bool) override { return Item(); }
+    bool number_integer(number_integer_t) override { return Item(); }
+    bool number_unsigned(number_unsigned_t) override { return Item(); }
+    bool number_float(number_float_t, const string_t&) override { return Item(); }
+    bool string(string_t&) override { return Item(); }
+    bool binary(binary_t&) override { return Item(); }
+    bool start_array(std::size_t) override { return Start(true); }
+    bool end_array() override { return End(); }
+    bool start_object(std::size_t) override { return Start(false); }
+    bool end_object() override { return End(); }
+    bool key(string_t& name) override {
+        Level& level = m_levels.back();
+        level.member = name;
+        if (level.members.insert(name).second) return true;
+        m_first = Path();
+        return false;
     }
+    bool parse_error(std::size_t, const std::string&, const json::exception&) override { return false; }
 
-    /// Path of the first one, if there is one.
-    const std::optional<std::string>& First() const { return m_first; }
+    /// Path of the first one; empty for none.
+    const std::string& First() const { return m_first; }
 
   private:
     struct Level {
@@ -62,9 +74,18 @@ class DuplicateMembers {
         std::set<std::string> members;
     };
 
-    void TakeMember(const std::string& name) {
-        m_levels.back().member = name;
-        if (!m_levels.back().members.insert(name).second && !m_first) m_first = Path();
+    bool Item() {
+        if (!m_levels.empty() && m_levels.back().isArray) ++m_levels.back().items;
+        return true;
+    }
+    bool Start(bool isArray) {
+        Item();
+        m_levels.push_back({isArray, 0, {}, {}});
+        return true;
+    }
+    bool End() {
+        m_levels.pop_back();
+        return true;
     }
 
     std::string Path() const {
@@ -80,7 +101,7 @@ class DuplicateMembers {
     }
 
     std::vector<Level> m_levels;
-    std::optional<std::string> m_first;
+    std::string m_first;
 };
 
 }  // namespace
@@ -91,20 +112,16 @@ json ReadJsonFile(const std::string& path) {
         throw Error(automation::InvalidProcedureCall, path + ": This is no JSON text, but a binary file.");
     }
     json document;
-    DuplicateMembers duplicates;
-    const auto watch = [&](int, json::parse_event_t event, const json& parsed) {
-        duplicates.Take(event, parsed);
-        return true;
-    };
     try {
-        document = json::parse(text, watch, true, true);
+        document = json::parse(text, nullptr, true, true);
     } catch (const json::parse_error& error) {
         throw Error(automation::InvalidProcedureCall,
                     path + ": " + PlaceText(text, error.byte) + ": " + std::string(Reason(error.what())));
     }
-    if (duplicates.First()) {
+    DuplicateMembers duplicates;
+    if (!json::sax_parse(text, &duplicates, json::input_format_t::json, true, true)) {
         throw Error(automation::InvalidProcedureCall,
-                    path + ": " + *duplicates.First() + ": stands twice in the same object");
+                    path + ": " + duplicates.First() + ": stands twice in the same object");
     }
     return document;
 }
