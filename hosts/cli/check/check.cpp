@@ -43,12 +43,13 @@ void CheckDefinition(const Catalog& catalog, const std::string& storage, std::st
     CheckScriptNames(definition, findings);
 }
 
-/// Definitions of one storage name are one for a run. What `check` raises is an error of the definition.
+/// Definitions of one storage name (of each when it is empty) are one for a run. What `check` raises is an
+/// error of the definition.
 template <class Check>
-void ForEachDefinition(const Catalog& catalog, Findings& findings, Check&& check) {
+void ForEachDefinition(const Catalog& catalog, std::string_view storage, Findings& findings, Check&& check) {
     std::set<std::string_view> seen;
     for (const repository::DataDefRow& row : catalog.DataDefs()) {
-        if (!seen.insert(row.Storage).second) continue;
+        if ((!storage.empty() && row.Storage != storage) || !seen.insert(row.Storage).second) continue;
         try {
             check(row.Storage);
         } catch (const automation::Error& error) {
@@ -125,14 +126,13 @@ Findings CheckCatalog(const Catalog& catalog, std::string_view fkPrefix, std::st
 
 void CheckDefinitions(const Catalog& catalog, std::string_view storage, std::string_view fkPrefix,
                       Findings& findings) {
-    ForEachDefinition(catalog, findings, [&](const std::string& name) {
-        if (storage.empty() || name == storage) CheckDefinition(catalog, name, fkPrefix, findings);
-    });
+    ForEachDefinition(catalog, storage, findings,
+                      [&](const std::string& name) { CheckDefinition(catalog, name, fkPrefix, findings); });
 }
 
 void CheckForEngine(const Catalog& catalog, std::string_view fkPrefix,
                     const scriptgen::EngineDialect& dialect, Findings& findings) {
-    ForEachDefinition(catalog, findings, [&](const std::string& name) {
+    ForEachDefinition(catalog, {}, findings, [&](const std::string& name) {
         try {
             const auto tables = scriptgen::DescribeDefinition(catalog, name, fkPrefix);
             for (const std::string& problem : dialect.Problems(tables))
