@@ -28,7 +28,7 @@ class LanguageService : public automation::Object {
             call += ", " + automation::Describe(argument);
         }
         asked.push_back(call);
-        const Variant answer = m_answers[automation::ToLong(arguments[2])];
+        Variant answer = m_answers[automation::ToLong(arguments[2])];
         arguments[2] = std::int32_t{0};  // by reference: the callee may change it
         return answer;
     }
