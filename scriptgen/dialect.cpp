@@ -12,8 +12,17 @@
 namespace korvex::scriptgen {
 
 const Dialect* FindDialect(ScriptType type) noexcept {
-    static const Dialect* const byType[] = {nullptr, &SqlServerDialect(), &OracleDialect(), &SybaseDialect()};
-    return byType[static_cast<std::size_t>(type)];
+    switch (type) {
+        case ScriptType::SqlServer:
+            return &SqlServerDialect();
+        case ScriptType::Oracle:
+            return &OracleDialect();
+        case ScriptType::Sybase:
+            return &SybaseDialect();
+        case ScriptType::None:
+            break;
+    }
+    return nullptr;
 }
 
 const Column* CounterOf(const DescribedTable& table) {

@@ -37,12 +37,6 @@ using TextMember = const std::string& (clsCreateDb::*)();
 constexpr TextMember Texts[] = {&clsCreateDb::DbSQL, &clsCreateDb::DropSQL, &clsCreateDb::StoredProcSQL,
                                 &clsCreateDb::FkConstraintSQL, &clsCreateDb::DropFkConstraintSQL};
 
-/// The members that run a dialect, by ScriptType.
-using RunMember = void (clsCreateDb::*)(const std::string& FileName, const std::string& storageName,
-                                        const Variant& sFKPrefix);
-constexpr RunMember Runs[] = {nullptr, &clsCreateDb::DoMSsqlDb, &clsCreateDb::DoOracleDb,
-                              &clsCreateDb::DoSybaseDb};
-
 template <class Action>
 void IgnoreErrors(Action action) noexcept {
     try {
@@ -194,7 +188,16 @@ void clsCreateDb::DoScript(const std::string& sID, const std::string& sFilename,
     const automation::ObjectRef service = LanguageService(oLanguageSvr);
     for (const ScriptTypeInfo& type : scriptgen::AllScriptTypes()) {
         if (sID != ScriptTypeName(service, type)) continue;
-        return (this->*Runs[static_cast<std::size_t>(type.type)])(sFilename, storageName, sFKPrefix);
+        switch (type.type) {
+            case ScriptType::None:
+                return;
+            case ScriptType::SqlServer:
+                return DoMSsqlDb(sFilename, storageName, sFKPrefix);
+            case ScriptType::Oracle:
+                return DoOracleDb(sFilename, storageName, sFKPrefix);
+            case ScriptType::Sybase:
+                return DoSybaseDb(sFilename, storageName, sFKPrefix);
+        }
     }
 }
 
